@@ -1,0 +1,31 @@
+# Settings that every target of ours takes from one interface target.
+add_library(vantor_settings INTERFACE)
+target_compile_options(vantor_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                                                 -Wno-missing-field-initializers)
+target_compile_definitions(vantor_settings INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
+                                                     QT_NO_FOREACH)
+target_include_directories(vantor_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
+if(VANTOR_SANITIZE)
+  add_compile_options(-fsanitize=${VANTOR_SANITIZE} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=${VANTOR_SANITIZE})
+endif()
+
+# vantor_library(name SOURCES… ) makes one static library a folder.
+function(vantor_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC vantor_settings ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  vantor_precompile(${name})
+endfunction()
+
+# vantor_test(name SOURCES… LIBRARIES…) makes one test program a folder.
+function(vantor_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} vantor_test_support)
+  vantor_precompile(${name})
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+                       PROPERTIES TIMEOUT 120 LABELS "${ARG_LABELS}")
+endfunction()
