@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace vantor {
+
+/// The user's own folders, from the XDG base directory variables. Absolute paths.
+struct Folders {
+  QString applicationSupport;  // $XDG_DATA_HOME
+  QString configuration;       // $XDG_CONFIG_HOME
+  QString temporary;           // $TMPDIR
+
+  static Folders ofUser();
+};
+
+/// Creates `path` with missing parents, giving each folder that it creates the mode 0700.
+bool makePrivateFolder(const QString& path);
+
+}  // namespace vantor

@@ -1,0 +1,35 @@
+#include "platform/job.h"
+
+#include "platform/pending.h"
+
+namespace vantor {
+
+Job Job::start(Body body) {
+  Job job;
+  job.state_ = std::make_shared<State>();
+  drive(job.state_, std::move(body));
+  return job;
+}
+
+void Job::cancel() {
+  if (state_) state_->source.request_stop();
+}
+
+bool Job::running() const {
+  return state_ && !state_->finished;
+}
+
+QCoro::Task<> Job::drive(std::shared_ptr<State> state, Body body) {
+  Pending<Done> turn;
+  turn.resolve({});
+  co_await turn;
+  try {
+    const QCoro::Task<> task = body(state->source.get_token());
+    co_await task;
+  } catch (...) {
+    // Failures are the body's to report; see the class comment.
+  }
+  state->finished = true;
+}
+
+}  // namespace vantor

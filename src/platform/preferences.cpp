@@ -1,0 +1,102 @@
+#include "platform/preferences.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMutex>
+#include <QSettings>
+
+namespace vantor {
+
+/// What waits to be written; a value that changes again before its turn is written once.
+struct Preferences::Writer {
+  QString file;
+  QMutex mutex;
+  QHash<QString, QByteArray> waiting;
+
+  void write() {
+    QHash<QString, QByteArray> batch;
+    {
+      const QMutexLocker lock(&mutex);
+      batch.swap(waiting);
+    }
+    if (batch.isEmpty()) return;
+    QSettings settings(file, QSettings::IniFormat);
+    for (auto it = batch.cbegin(); it != batch.cend(); ++it)
+      settings.setValue(it.key(), QString::fromUtf8(it.value()));
+    settings.sync();
+  }
+};
+
+Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>()) {
+  writer_->file = file;
+  QDir().mkpath(QFileInfo(file).absolutePath());
+  const QSettings settings(file, QSettings::IniFormat);
+  for (const QString& key : settings.allKeys())
+    values_.insert(key, settings.value(key).toString().toUtf8());
+}
+
+Preferences::~Preferences() {
+  writer_->write();
+}
+
+void Preferences::store(const QString& key, const QByteArray& json) {
+  values_.insert(key, json);
+  {
+    const QMutexLocker lock(&writer_->mutex);
+    writer_->waiting.insert(key, json);
+  }
+  worker_.post([writer = writer_] { writer->write(); });
+}
+
+std::optional<QString> Preferences::text(const QString& key) const {
+  const QStringList list = textList(key);
+  if (list.size() != 1) return std::nullopt;
+  return list.first();
+}
+
+void Preferences::setText(const QString& key, const QString& value) {
+  setTextList(key, {value});
+}
+
+QStringList Preferences::textList(const QString& key) const {
+  QStringList list;
+  for (const QJsonValue& element : QJsonDocument::fromJson(values_.value(key)).array()) {
+    if (!element.isString()) return {};
+    list.append(element.toString());
+  }
+  return list;
+}
+
+void Preferences::setTextList(const QString& key, const QStringList& value) {
+  store(key, QJsonDocument(QJsonArray::fromStringList(value)).toJson(QJsonDocument::Compact));
+}
+
+NumberLists Preferences::numberLists(const QString& key) const {
+  const QJsonObject object = QJsonDocument::fromJson(values_.value(key)).object();
+  NumberLists lists;
+  for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
+    if (!it.value().isArray()) return {};
+    QList<double> numbers;
+    for (const QJsonValue& number : it.value().toArray()) {
+      if (!number.isDouble()) return {};
+      numbers.append(number.toDouble());
+    }
+    lists.insert(it.key(), numbers);
+  }
+  return lists;
+}
+
+void Preferences::setNumberLists(const QString& key, const NumberLists& value) {
+  QJsonObject object;
+  for (auto it = value.cbegin(); it != value.cend(); ++it) {
+    QJsonArray numbers;
+    for (const double number : it.value()) numbers.append(number);
+    object.insert(it.key(), numbers);
+  }
+  store(key, QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+}  // namespace vantor

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+#include "platform/worker.h"
+
+class QSettings;
+
+namespace vantor {
+
+using NumberLists = QHash<QString, QList<double>>;
+
+/// The user's preferences: values under text keys in one INI file. Main thread only.
+///
+/// Reads answer from memory; a write is on its way to the file when the call returns and has
+/// reached it when the destructor ends. Damaged or foreign values read as absent.
+class Preferences {
+ public:
+  explicit Preferences(const QString& file);
+  ~Preferences();
+
+  std::optional<QString> text(const QString& key) const;
+  void setText(const QString& key, const QString& value);
+
+  QStringList textList(const QString& key) const;
+  void setTextList(const QString& key, const QStringList& value);
+
+  NumberLists numberLists(const QString& key) const;
+  void setNumberLists(const QString& key, const NumberLists& value);
+
+ private:
+  void store(const QString& key, const QByteArray& json);
+
+  struct Writer;
+  QHash<QString, QByteArray> values_;  // JSON text of each value
+  std::shared_ptr<Writer> writer_;
+  Worker worker_;
+};
+
+}  // namespace vantor

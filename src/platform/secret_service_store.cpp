@@ -1,0 +1,128 @@
+#include "platform/secret_service_store.h"
+
+#include <libsecret/secret.h>
+
+#include <memory>
+
+namespace vantor {
+namespace {
+
+const SecretSchema schema = {"tv.vantor.player.Credential",
+                             SECRET_SCHEMA_DONT_MATCH_NAME,
+                             {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING},
+                              {"account", SECRET_SCHEMA_ATTRIBUTE_STRING},
+                              {nullptr, SECRET_SCHEMA_ATTRIBUTE_STRING}}};
+
+struct Unref {
+  void operator()(void* object) const { g_object_unref(object); }
+  void operator()(GHashTable* table) const { g_hash_table_unref(table); }
+  void operator()(SecretValue* value) const { secret_value_unref(value); }
+  void operator()(GError* error) const { g_error_free(error); }
+};
+template <class T>
+using Owned = std::unique_ptr<T, Unref>;
+
+/// A GCancellable that a stop request cancels.
+class Cancellation {
+ public:
+  explicit Cancellation(const std::stop_token& token)
+      : cancellable_(g_cancellable_new()), onStop_(token, CancelCall{cancellable_.get()}) {}
+  GCancellable* get() const { return cancellable_.get(); }
+
+ private:
+  struct CancelCall {
+    GCancellable* cancellable;
+    void operator()() const { g_cancellable_cancel(cancellable); }
+  };
+  Owned<GCancellable> cancellable_;
+  std::stop_callback<CancelCall> onStop_;
+};
+
+Owned<GHashTable> attributes(const CredentialKey& key) {
+  return Owned<GHashTable>(secret_attributes_build(&schema, "service",
+                                                   key.service.toUtf8().constData(), "account",
+                                                   key.account.toUtf8().constData(), nullptr));
+}
+
+Owned<SecretValue> secretValue(const QByteArray& bytes) {
+  return Owned<SecretValue>(
+      secret_value_new(bytes.constData(), bytes.size(), "application/octet-stream"));
+}
+
+struct Found {
+  CredentialStatus status = CredentialStatus::failure;
+  Owned<SecretItem> item;
+};
+
+/// The first item that matches, unlocked, with its value.
+Found find(const CredentialKey& key, GCancellable* cancellable) {
+  GError* error = nullptr;
+  const auto query = attributes(key);
+  GList* items = secret_service_search_sync(
+      nullptr, &schema, query.get(),
+      static_cast<SecretSearchFlags>(SECRET_SEARCH_UNLOCK | SECRET_SEARCH_LOAD_SECRETS),
+      cancellable, &error);
+  if (error) {
+    Owned<GError> owned(error);
+    return {};
+  }
+  if (!items) return {CredentialStatus::itemNotFound, nullptr};
+  Owned<SecretItem> first(static_cast<SecretItem*>(g_object_ref(items->data)));
+  g_list_free_full(items, g_object_unref);
+  // A prompt that the user dismissed is no error to libsecret, but leaves the item locked.
+  if (secret_item_get_locked(first.get())) return {};
+  return {CredentialStatus::success, std::move(first)};
+}
+
+}  // namespace
+
+CredentialStore::Match SecretServiceStore::copyMatching(const CredentialKey& key,
+                                                        std::stop_token token) {
+  const Cancellation cancellation(token);
+  const Found found = find(key, cancellation.get());
+  if (found.status != CredentialStatus::success) return {found.status, {}};
+  const Owned<SecretValue> value(secret_item_get_secret(found.item.get()));
+  if (!value) return {CredentialStatus::failure, {}};
+  gsize length = 0;
+  const gchar* bytes = secret_value_get(value.get(), &length);
+  return {CredentialStatus::success, QByteArray(bytes, static_cast<qsizetype>(length))};
+}
+
+CredentialStatus SecretServiceStore::update(const CredentialKey& key, const QByteArray& value,
+                                            std::stop_token token) {
+  const Cancellation cancellation(token);
+  const Found found = find(key, cancellation.get());
+  if (found.status != CredentialStatus::success) return found.status;
+  GError* error = nullptr;
+  const auto secret = secretValue(value);
+  secret_item_set_secret_sync(found.item.get(), secret.get(), cancellation.get(), &error);
+  const Owned<GError> owned(error);
+  return error ? CredentialStatus::failure : CredentialStatus::success;
+}
+
+CredentialStatus SecretServiceStore::add(const CredentialKey& key, const QByteArray& value,
+                                         std::stop_token token) {
+  const Cancellation cancellation(token);
+  GError* error = nullptr;
+  const auto query = attributes(key);
+  const auto secret = secretValue(value);
+  // The label is what a keyring browser lists; the Secret Service wants one.
+  const QByteArray label = (key.service + QLatin1Char(' ') + key.account).toUtf8();
+  const gboolean stored =
+      secret_service_store_sync(nullptr, &schema, query.get(), SECRET_COLLECTION_DEFAULT,
+                                label.constData(), secret.get(), cancellation.get(), &error);
+  const Owned<GError> owned(error);
+  return stored && !error ? CredentialStatus::success : CredentialStatus::failure;
+}
+
+CredentialStatus SecretServiceStore::remove(const CredentialKey& key, std::stop_token token) {
+  const Cancellation cancellation(token);
+  const Found found = find(key, cancellation.get());
+  if (found.status != CredentialStatus::success) return found.status;
+  GError* error = nullptr;
+  const gboolean removed = secret_item_delete_sync(found.item.get(), cancellation.get(), &error);
+  const Owned<GError> owned(error);
+  return removed && !error ? CredentialStatus::success : CredentialStatus::failure;
+}
+
+}  // namespace vantor

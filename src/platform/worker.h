@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QThreadPool>
+#include <exception>
+#include <functional>
+#include <type_traits>
+
+#include "platform/pending.h"
+
+namespace vantor {
+
+/// Threads for work that takes processor time or blocks.
+///
+/// With one thread (the default) operations run one at a time, in the order of the calls. The
+/// destructor waits for what runs and drops what has not begun.
+class Worker {
+ public:
+  explicit Worker(int threads = 1);
+  ~Worker();
+  Worker(const Worker&) = delete;
+  Worker& operator=(const Worker&) = delete;
+
+  /// Runs `work` on a thread of this worker; its result or exception reaches the awaiting
+  /// coroutine.
+  template <class Work>
+  auto run(Work work) {
+    using Value = std::invoke_result_t<Work&>;
+    using Result = std::conditional_t<std::is_void_v<Value>, Done, Value>;
+    Pending<Result> pending;
+    post([pending, work = std::move(work)]() mutable {
+      try {
+        if constexpr (std::is_void_v<Value>) {
+          work();
+          pending.resolve({});
+        } else {
+          pending.resolve(work());
+        }
+      } catch (...) {
+        pending.fail(std::current_exception());
+      }
+    });
+    return pending;
+  }
+
+  /// Runs `work` with nobody waiting for it.
+  void post(std::function<void()> work);
+
+ private:
+  QThreadPool pool_;
+};
+
+}  // namespace vantor

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+#include <cstdint>
+#include <functional>
+
+namespace vantor {
+
+enum class EngineState { idle, opening, playing, paused, ended, error };
+
+struct EngineTrack {
+  std::int32_t id = -1;
+  QString name;
+  bool operator==(const EngineTrack&) const = default;
+};
+
+/// What the engine knows of its current media at one moment.
+struct EngineStatus {
+  EngineState state = EngineState::idle;
+  bool hasMedia = false;
+  std::int64_t time = 0;    // milliseconds
+  std::int64_t length = 0;  // milliseconds, 0 while unknown
+  bool seekable = false;
+  std::int64_t decodedVideo = 0;  // pictures
+  std::int64_t decodedAudio = 0;  // blocks
+  QList<std::int32_t> videoTracks;
+  QList<EngineTrack> audioTracks;
+  QList<EngineTrack> subtitleTracks;
+};
+
+/// One media to load; the engine gets the texts as values, never as options to parse.
+struct MediaSource {
+  QUrl address;
+  QString userAgent;
+  int networkCaching = 1200;  // milliseconds
+};
+
+/// The media engine, one player for the whole run. Called on the main thread; no call waits for the
+/// engine. Commands are carried out in their order, and `status` speaks of the media of the last
+/// `load` or `unload` only, never of an earlier one.
+class MediaEngine {
+ public:
+  virtual ~MediaEngine() = default;
+
+  virtual void load(const MediaSource& source) = 0;
+  /// Stops and drops the media.
+  virtual void unload() = 0;
+  virtual void play() = 0;
+  virtual void pause() = 0;
+  virtual void setTime(std::int64_t milliseconds) = 0;
+  virtual void setVolume(int percent) = 0;  // 0 to 100; 100 is the engine's normal level
+  virtual void setAudioTrack(std::int32_t id) = 0;
+  virtual void setSubtitleTrack(std::int32_t id) = 0;  // -1: none
+  virtual void setRate(float rate) = 0;
+  virtual EngineStatus status() const = 0;
+
+  /// Writes the current picture to `file` as PNG, `width` pixels wide with its aspect ratio kept;
+  /// the file appears some time later, or never.
+  virtual void saveSnapshot(const QString& file, int width) = 0;
+
+  /// Called on the main thread when the status changed in a way that should not wait for the next
+  /// look at it: the first picture of a media, its end, its failure.
+  std::function<void()> onChange;
+};
+
+}  // namespace vantor

@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include "platform/job.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+
+QCoro::Task<> sleepThenSet(std::stop_token token, Clock* clock, std::chrono::milliseconds duration,
+                           bool* over) {
+  const QCoro::Task<> sleep = clock->sleep(duration, token);
+  co_await sleep;
+  *over = true;
+}
+
+TEST(ManualClock, SleepEndsAtItsTimeAndNotBefore) {
+  test::ManualClock clock;
+  bool over = false;
+  const auto begin = clock.steadyNow();
+  const Job job =
+      Job::start([&](std::stop_token token) { return sleepThenSet(token, &clock, 250ms, &over); });
+  clock.advance(249ms);
+  EXPECT_FALSE(over);
+  clock.advance(1ms);
+  EXPECT_TRUE(over);
+  EXPECT_EQ(clock.steadyNow() - begin, 250ms);
+}
+
+TEST(Clock, CancelledSleepEndsAtOnce) {
+  test::ManualClock manual;
+  SystemClock system;
+  for (Clock* clock : std::initializer_list<Clock*>{&manual, &system}) {
+    bool over = false;
+    Job job = Job::start(
+        [&](std::stop_token token) { return sleepThenSet(token, clock, 3'600'000ms, &over); });
+    test::settle();
+    EXPECT_FALSE(over);
+    job.cancel();
+    test::settle();
+    EXPECT_TRUE(over);
+  }
+  EXPECT_EQ(manual.waiting(), 0u) << "a cancelled sleep takes its call back";
+}
+
+TEST(SystemClock, SleepsForReal) {
+  SystemClock clock;
+  bool over = false;
+  const auto begin = clock.steadyNow();
+  const Job job =
+      Job::start([&](std::stop_token token) { return sleepThenSet(token, &clock, 20ms, &over); });
+  ASSERT_TRUE(test::eventually([&] { return over; }));
+  EXPECT_GE(clock.steadyNow() - begin, 20ms);
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,132 @@
+#include "platform/job.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/cancelled.h"
+#include "platform/worker.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using test::eventually;
+using test::settle;
+
+struct Trace {
+  bool began = false;
+  bool stoppedAtBegin = false;
+  bool stoppedAtEnd = false;
+  bool ended = false;
+};
+
+QCoro::Task<> traced(std::stop_token token, Trace* trace, Pending<Done> gate) {
+  trace->began = true;
+  trace->stoppedAtBegin = token.stop_requested();
+  co_await gate;
+  trace->stoppedAtEnd = token.stop_requested();
+  trace->ended = true;
+}
+
+class JobTest : public ::testing::Test {
+ protected:
+  Trace trace;
+  Pending<Done> gate;
+  Job start() {
+    return Job::start([this](std::stop_token token) { return traced(token, &trace, gate); });
+  }
+};
+
+TEST_F(JobTest, RunsFromTheEventLoopToItsEnd) {
+  const Job job = start();
+  EXPECT_FALSE(trace.began);
+  settle();
+  EXPECT_TRUE(trace.began);
+  EXPECT_TRUE(job.running());
+  gate.resolve({});
+  EXPECT_FALSE(trace.ended) << "a coroutine must not resume inside resolve()";
+  settle();
+  EXPECT_TRUE(trace.ended);
+  EXPECT_FALSE(trace.stoppedAtEnd);
+  EXPECT_FALSE(job.running());
+}
+
+TEST_F(JobTest, CancelledBeforeItStartsSeesTheStopFromTheBeginning) {
+  Job job = start();
+  job.cancel();
+  settle();
+  EXPECT_TRUE(trace.stoppedAtBegin);
+}
+
+TEST_F(JobTest, CancelledWhileSuspendedSeesTheStopWhenItResumes) {
+  Job job = start();
+  settle();
+  job.cancel();
+  job.cancel();
+  gate.resolve({});
+  settle();
+  EXPECT_FALSE(trace.stoppedAtBegin);
+  EXPECT_TRUE(trace.stoppedAtEnd);
+}
+
+TEST_F(JobTest, DroppedHandleDoesNotCancel) {
+  start();
+  gate.resolve({});
+  settle();
+  EXPECT_TRUE(trace.ended);
+  EXPECT_FALSE(trace.stoppedAtEnd);
+}
+
+QCoro::Task<> throwing(std::stop_token) {
+  throw Cancelled();
+  co_return;
+}
+
+TEST(Job, FailureEndsItQuietly) {
+  const Job job = Job::start(throwing);
+  settle();
+  EXPECT_FALSE(job.running());
+}
+
+QCoro::Task<> collect(std::stop_token, Worker* worker, int count, std::vector<int>* seen,
+                      bool* failed) {
+  for (int i = 0; i < count; ++i) {
+    auto pending = worker->run([i] { return i; });
+    const int value = co_await pending;
+    seen->push_back(value);
+  }
+  auto failing = worker->run([]() -> int { throw Cancelled(); });
+  try {
+    co_await failing;
+  } catch (const Cancelled&) {
+    *failed = true;
+  }
+}
+
+TEST(Worker, ReturnsResultsAndFailuresToTheMainThread) {
+  Worker worker;
+  std::vector<int> seen;
+  bool failed = false;
+  const Job job =
+      Job::start([&](std::stop_token token) { return collect(token, &worker, 3, &seen, &failed); });
+  ASSERT_TRUE(eventually([&] { return !job.running(); }));
+  EXPECT_EQ(seen, (std::vector<int>{0, 1, 2}));
+  EXPECT_TRUE(failed);
+}
+
+TEST(Worker, OneThreadKeepsTheOrderOfTheCalls) {
+  std::vector<int> order;
+  {
+    Worker worker;
+    for (int i = 0; i < 100; ++i) worker.run([&order, i] { order.push_back(i); });
+    auto last = worker.run([] {});
+    const Job job = Job::start([last](std::stop_token token) {
+      return [](std::stop_token, Pending<Done> end) -> QCoro::Task<> { co_await end; }(token, last);
+    });
+    ASSERT_TRUE(eventually([&] { return !job.running(); }));
+  }
+  ASSERT_EQ(order.size(), 100u);
+  EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+}  // namespace
+}  // namespace vantor

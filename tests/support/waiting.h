@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+
+namespace vantor::test {
+
+/// Lets the event loop run until nothing is posted to the main thread any more.
+void settle();
+
+/// Lets the event loop run until `condition` holds; false when it still does not after a time so
+/// long that only a fault explains it.
+[[nodiscard]] bool eventually(const std::function<bool()>& condition);
+
+}  // namespace vantor::test
