@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QNetworkAccessManager>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include "platform/pending.h"
+#include "provider/http_client.h"
+
+class QNetworkReply;
+
+namespace vantor {
+
+/// One transfer, used once, confined to the network thread. Its result is settled exactly once,
+/// with a cancellation when the transfer is destroyed before its end.
+class BoundedTransfer final : public QObject {
+  Q_OBJECT
+ public:
+  BoundedTransfer(std::int64_t limit, TransferTimes times, Pending<QByteArray> body);
+  ~BoundedTransfer() override;
+
+  void start(const HTTPRequest& request);
+  void cancel();
+
+  /// Called once, when the result has been settled.
+  std::function<void()> onFinished;
+
+ private:
+  void send(const QUrl& address);
+  void receiveHead();
+  void receiveData();
+  void complete();
+  bool followsRedirect();
+  void finish(QByteArray bytes);
+  void fail(std::exception_ptr error);
+  void end();
+
+  const std::int64_t limit_;
+  const TransferTimes times_;
+  const Pending<QByteArray> body_;
+  HTTPRequest request_;
+  QNetworkAccessManager session_;
+  QTimer withoutData_;
+  QTimer inAll_;
+  std::unique_ptr<QNetworkReply, void (*)(QNetworkReply*)> reply_;
+  QByteArray bytes_;
+  int status_ = 0;
+  int redirects_ = 0;
+  bool finished_ = false;
+};
+
+}  // namespace vantor

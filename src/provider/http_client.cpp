@@ -1,0 +1,68 @@
+#include "provider/http_client.h"
+
+#include <map>
+
+#include "platform/cancelled.h"
+#include "platform/pending.h"
+#include "provider/bounded_transfer.h"
+
+namespace vantor {
+
+/// The transfers under way, by number; lives on the network thread.
+class TransferThread final : public QObject {
+ public:
+  void start(std::uint64_t number, const HTTPRequest& request, std::int64_t limit,
+             TransferTimes times, const Pending<QByteArray>& body) {
+    auto transfer = std::make_unique<BoundedTransfer>(limit, times, body);
+    transfer->onFinished = [this, number] {
+      // Still inside the transfer's own call.
+      QMetaObject::invokeMethod(
+          this, [this, number] { running_.erase(number); }, Qt::QueuedConnection);
+    };
+    BoundedTransfer& started = *transfer;
+    running_.emplace(number, std::move(transfer));
+    started.start(request);
+  }
+
+  void cancel(std::uint64_t number) {
+    const auto transfer = running_.find(number);
+    if (transfer != running_.end()) transfer->second->cancel();
+  }
+
+ private:
+  std::map<std::uint64_t, std::unique_ptr<BoundedTransfer>> running_;
+};
+
+HTTPClient::HTTPClient(TransferTimes times) : transfers_(new TransferThread), times_(times) {
+  thread_.setObjectName(QStringLiteral("network"));
+  transfers_->moveToThread(&thread_);
+  QObject::connect(&thread_, &QThread::finished, transfers_, &QObject::deleteLater);
+  thread_.start();
+}
+
+HTTPClient::~HTTPClient() {
+  thread_.quit();
+  thread_.wait();
+}
+
+QCoro::Task<QByteArray> HTTPClient::fetch(HTTPRequest request, std::int64_t limit,
+                                          std::stop_token token) {
+  throwIfStopped(token);
+  const Pending<QByteArray> body;
+  const std::uint64_t number = ++lastTransfer_;
+  TransferThread* const transfers = transfers_;
+  QMetaObject::invokeMethod(
+      transfers,
+      [transfers, number, request, limit, times = times_, body] {
+        transfers->start(number, request, limit, times, body);
+      },
+      Qt::QueuedConnection);
+  const std::stop_callback onStop(token, [transfers, number] {
+    QMetaObject::invokeMethod(
+        transfers, [transfers, number] { transfers->cancel(number); }, Qt::QueuedConnection);
+  });
+  QByteArray bytes = co_await body;
+  co_return bytes;
+}
+
+}  // namespace vantor

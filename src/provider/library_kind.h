@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <array>
+#include <optional>
+
+namespace vantor {
+
+/// The provider's three libraries, in the order used wherever all of them are walked.
+enum class LibraryKind : unsigned char { live, movies, shows };
+
+inline constexpr std::array allLibraryKinds = {LibraryKind::live, LibraryKind::movies,
+                                               LibraryKind::shows};
+
+QString rawValue(LibraryKind kind);        // "live", "movies", "shows"
+QString title(LibraryKind kind);           // as the interface shows it
+QString symbol(LibraryKind kind);          // name of its icon
+QString action(LibraryKind kind);          // player API action of its entries
+QString categoryAction(LibraryKind kind);  // player API action of its categories
+
+/// Absent for any text but the three raw values.
+std::optional<LibraryKind> libraryKind(QStringView rawValue);
+
+}  // namespace vantor

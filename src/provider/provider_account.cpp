@@ -1,0 +1,160 @@
+#include "provider/provider_account.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include "provider/error_wording.h"
+#include "provider/json_reading.h"
+
+namespace vantor {
+namespace {
+
+AppError addressError() {
+  return AppError(
+      QStringLiteral("Enter a provider address beginning with https:// or http://, without account "
+                     "details in the address."));
+}
+
+QString withoutSlashes(QString path) {
+  while (path.startsWith(QLatin1Char('/'))) path.remove(0, 1);
+  while (path.endsWith(QLatin1Char('/'))) path.chop(1);
+  return path;
+}
+
+QUrl serverAddress(const QString& typed) {
+  const QString text = typed.trimmed();
+  QUrl address(text, QUrl::StrictMode);
+  const bool web =
+      address.scheme() == QLatin1String("https") || address.scheme() == QLatin1String("http");
+  if (!address.isValid() || !web || address.host().isEmpty()) throw addressError();
+  // QUrl cannot tell an empty user from none.
+  const bool userInfo = address.authority().contains(QLatin1Char('@')) ||
+                        text.section(QLatin1Char('/'), 2, 2).contains(QLatin1Char('@'));
+  if (userInfo || address.hasQuery() || address.hasFragment()) throw addressError();
+  const QString path = withoutSlashes(address.path(QUrl::FullyEncoded));
+  address.setPath(path.isEmpty() ? QString() : QLatin1Char('/') + path, QUrl::StrictMode);
+  return address;
+}
+
+QByteArray percentEncoded(const QString& text) {
+  return QUrl::toPercentEncoding(text);
+}
+
+QString pathSegment(LibraryKind kind) {
+  switch (kind) {
+    case LibraryKind::live:
+      return QStringLiteral("live");
+    case LibraryKind::movies:
+      return QStringLiteral("movie");
+    case LibraryKind::shows:
+      return QStringLiteral("series");
+  }
+  return {};
+}
+
+bool isNumeric(const QString& id) {
+  const auto codes = id.toUcs4();
+  return !codes.isEmpty() && std::all_of(codes.begin(), codes.end(), [](char32_t code) {
+    return QChar::category(code) == QChar::Number_DecimalDigit ||
+           QChar::category(code) == QChar::Number_Letter ||
+           QChar::category(code) == QChar::Number_Other;
+  });
+}
+
+}  // namespace
+
+QString canonicalText(const QUuid& id) {
+  return id.toString(QUuid::WithoutBraces).toUpper();
+}
+
+QString ProviderAccount::idText() const {
+  return canonicalText(id);
+}
+
+QString ProviderAccount::serverText() const {
+  return QString::fromLatin1(server.toEncoded());
+}
+
+ProviderAccount ProviderAccount::validated(const QString& name, const QString& server,
+                                           const QString& username, const QString& password) {
+  ProviderAccount account;
+  account.server = serverAddress(server);
+  account.username = username.trimmed();
+  account.password = password;
+  if (account.username.isEmpty() || password.isEmpty())
+    throw AppError(QStringLiteral("Enter your provider username and password."));
+  account.name = name.trimmed();
+  if (account.name.isEmpty()) account.name = QStringLiteral("My provider");
+  return account;
+}
+
+QUrl ProviderAccount::api(const QString& action, const QueryItems& extra) const {
+  QueryItems items{{QStringLiteral("username"), username}, {QStringLiteral("password"), password}};
+  if (!action.isEmpty()) items.append({QStringLiteral("action"), action});
+  items.append(extra);
+  QByteArray address = server.toEncoded() + "/player_api.php";
+  char separator = '?';
+  for (const auto& [key, value] : items) {
+    address += separator + percentEncoded(key) + '=' + percentEncoded(value);
+    separator = '&';
+  }
+  return QUrl::fromEncoded(address, QUrl::StrictMode);
+}
+
+QUrl ProviderAccount::stream(const QString& streamID, LibraryKind kind,
+                             const QString& fileExtension) const {
+  static const QRegularExpression extensionForm(QStringLiteral("\\A[A-Za-z0-9]{1,8}\\z"));
+  if (!isNumeric(streamID) || !extensionForm.match(fileExtension).hasMatch())
+    throw AppError(QStringLiteral("This provider item has an invalid playback address."));
+  const QByteArray address = server.toEncoded() + '/' + pathSegment(kind).toLatin1() + '/' +
+                             percentEncoded(username) + '/' + percentEncoded(password) + '/' +
+                             percentEncoded(streamID + QLatin1Char('.') + fileExtension);
+  return QUrl::fromEncoded(address, QUrl::StrictMode);
+}
+
+QByteArray ProviderAccount::toJSON() const {
+  rapidjson::StringBuffer buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+  const auto field = [&](const char* key, const QString& value) {
+    const QByteArray utf8 = value.toUtf8();
+    writer.Key(key);
+    writer.String(utf8.constData(), static_cast<rapidjson::SizeType>(utf8.size()));
+  };
+  writer.StartObject();
+  field("id", idText());
+  field("name", name);
+  field("server", serverText());
+  field("username", username);
+  field("password", password);
+  field("userAgent", userAgent);
+  writer.EndObject();
+  return QByteArray(buffer.GetString(), static_cast<qsizetype>(buffer.GetSize()));
+}
+
+ProviderAccount ProviderAccount::fromJSON(const QByteArray& json) {
+  return readJSON([&] {
+    JSONDocument document(json);
+    simdjson::ondemand::object object = document.root().get_object();
+    const auto field = [&](std::string_view key) {
+      simdjson::ondemand::value value = object.find_field_unordered(key);
+      if (value.type() != simdjson::ondemand::json_type::string) throw JSONError();
+      std::string text;
+      appendString(value, text);
+      return QString::fromStdString(text);
+    };
+    ProviderAccount account;
+    account.id = QUuid::fromString(field("id"));
+    account.name = field("name");
+    account.server = QUrl::fromEncoded(field("server").toUtf8(), QUrl::StrictMode);
+    account.username = field("username");
+    account.password = field("password");
+    account.userAgent = field("userAgent");
+    if (account.id.isNull() || !account.server.isValid()) throw JSONError();
+    return account;
+  });
+}
+
+}  // namespace vantor

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QCoroTask>
+#include <stop_token>
+
+#include "provider/catalog.h"
+#include "provider/http_transport.h"
+#include "provider/provider_account.h"
+#include "provider/provider_details.h"
+
+namespace vantor {
+
+class Worker;
+
+/// Speaks the Xtream Codes player API for one account. A small value, made afresh for each request;
+/// keeps no state. Main thread; answers are parsed on `worker`. Operations fail with what the
+/// transport fails with, `JSONError` or `AppError`.
+class ProviderClient {
+ public:
+  /// Both references outlive every operation.
+  ProviderClient(ProviderAccount account, HTTPTransport& transport, Worker& worker);
+
+  QCoro::Task<ProviderDetails> authenticate(std::stop_token token) const;
+  QCoro::Task<Catalog> catalog(LibraryKind kind, std::stop_token token) const;
+
+ private:
+  // Static, and with a client of their own: a member coroutine would outlive the client it ran on.
+  static QCoro::Task<ProviderDetails> signIn(ProviderClient client, std::stop_token token);
+  static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, std::stop_token token);
+  QCoro::Task<QByteArray> request(const QString& action, const QueryItems& extra,
+                                  std::stop_token token) const;
+
+  ProviderAccount account_;
+  HTTPTransport* transport_;
+  Worker* worker_;
+};
+
+/// Reads a sign-in answer; fails with `AppError` unless it accepts the account.
+ProviderDetails parseSignIn(QByteArray answer);
+
+}  // namespace vantor

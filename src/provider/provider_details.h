@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <chrono>
+#include <optional>
+
+namespace vantor {
+
+/// The subscription as the provider reports it at sign-in.
+struct ProviderDetails {
+  std::optional<std::chrono::system_clock::time_point> expires;
+  QString maximumConnections;  // as the provider wrote it, may be empty
+  QString activeConnections;   // likewise
+  QStringList formats;         // output formats the provider allows
+};
+
+}  // namespace vantor

@@ -1,0 +1,85 @@
+#include "provider/vantor_configuration.h"
+
+#include "platform/preferences.h"
+#include "provider/error_wording.h"
+#include "provider/http_transport.h"
+#include "provider/json_reading.h"
+
+namespace vantor {
+namespace {
+
+const QString serverKey = QStringLiteral("vantor.server");
+constexpr std::int64_t documentLimit = 16'384;  // bytes
+
+AppError invalid() {
+  return AppError(QStringLiteral("Invalid Vantor TV server configuration."));
+}
+
+bool isServerAddress(const QString& text) {
+  const QUrl address(text, QUrl::StrictMode);
+  const QString scheme = text.section(QLatin1Char(':'), 0, 0);
+  const QString authority = text.section(QLatin1Char('/'), 2, 2);
+  return address.isValid() &&
+         (scheme == QLatin1String("http") || scheme == QLatin1String("https")) &&
+         !address.host().isEmpty() && !authority.contains(QLatin1Char('@')) &&
+         !address.hasQuery() && !address.hasFragment();
+}
+
+}  // namespace
+
+VantorConfiguration::VantorConfiguration(HTTPTransport& transport, Preferences& preferences,
+                                         QUrl endpoint, QString fallback)
+    : transport_(transport),
+      preferences_(preferences),
+      endpoint_(std::move(endpoint)),
+      fallback_(std::move(fallback)) {}
+
+QString VantorConfiguration::currentServer() const {
+  return preferences_.text(serverKey).value_or(fallback_);
+}
+
+QCoro::Task<QString> VantorConfiguration::resolve(std::stop_token token) const {
+  HTTPRequest request;
+  request.address = endpoint_;
+  request.timeout = std::chrono::seconds(8);
+  try {
+    const QCoro::Task<QByteArray> fetched = transport_.fetch(request, documentLimit, token);
+    const QByteArray document = co_await fetched;
+    co_return decode(document);
+  } catch (...) {
+    // Every failure has the same answer, below.
+  }
+  co_return currentServer();
+}
+
+void VantorConfiguration::accept(const QString& server) {
+  preferences_.setText(serverKey, server);
+}
+
+QString VantorConfiguration::decode(const QByteArray& bytes) {
+  return readJSON([&] {
+    JSONDocument document(bytes);
+    if (document.root().type() != simdjson::ondemand::json_type::object) throw invalid();
+    simdjson::ondemand::object object = document.root().get_object();
+    simdjson::ondemand::value version;
+    if (object.find_field_unordered("schemaVersion").get(version) != simdjson::SUCCESS ||
+        version.type() != simdjson::ondemand::json_type::number)
+      throw invalid();
+    std::string versionText;
+    appendValueText(version, versionText);
+    simdjson::ondemand::value server;
+    if (versionText != "1" ||
+        object.find_field_unordered("serverUrl").get(server) != simdjson::SUCCESS ||
+        server.type() != simdjson::ondemand::json_type::string)
+      throw invalid();
+    std::string text;
+    appendString(server, text);
+    QString address = QString::fromStdString(text);
+    if (!isServerAddress(address)) throw invalid();
+    while (address.startsWith(QLatin1Char('/'))) address.remove(0, 1);
+    while (address.endsWith(QLatin1Char('/'))) address.chop(1);
+    return address;
+  });
+}
+
+}  // namespace vantor

@@ -1,0 +1,61 @@
+#include "storage/catalog_disk_store.h"
+
+#include <QFileInfo>
+
+#include "platform/folders.h"
+#include "provider/catalog_stored_form.h"
+#include "provider/error_wording.h"
+#include "provider/provider_account.h"
+#include "storage/private_file.h"
+#include "storage/sealed_box.h"
+#include "storage/secure_store.h"
+
+namespace vantor {
+
+CatalogDiskStore::CatalogDiskStore(QString folder, QByteArray key)
+    : folder_(std::move(folder)), key_(std::move(key)) {}
+
+std::shared_ptr<CatalogDiskStore> CatalogDiskStore::create(const SecureStore& secrets,
+                                                           const Folders& folders,
+                                                           std::stop_token token) {
+  const QString folder =
+      folders.applicationSupport + QStringLiteral("/Vantor Player Mac Preview/Catalog");
+  std::optional<QByteArray> key = secrets.read(catalogKeyItem, token);
+  if (!key) {
+    key = sealed_box::randomBytes(sealed_box::keySize);
+    secrets.write(*key, catalogKeyItem, token);
+  }
+  if (!makePrivateFolder(folder))
+    throw std::system_error(errno, std::generic_category(), "catalogue folder");
+  return std::shared_ptr<CatalogDiskStore>(new CatalogDiskStore(folder, *key));
+}
+
+QString CatalogDiskStore::file(const QUuid& account, LibraryKind kind) const {
+  return folder_ + QLatin1Char('/') + canonicalText(account) + QLatin1Char('-') + rawValue(kind) +
+         QStringLiteral(".bin");
+}
+
+Pending<std::optional<Catalog>> CatalogDiskStore::load(const QUuid& account, LibraryKind kind) {
+  return worker_.run([path = file(account, kind), key = key_]() -> std::optional<Catalog> {
+    if (!QFileInfo::exists(path)) return std::nullopt;
+    return catalogFromJSON(sealed_box::open(private_file::read(path), key));
+  });
+}
+
+Pending<Done> CatalogDiskStore::save(const Catalog& catalog, const QUuid& account,
+                                     LibraryKind kind) {
+  return worker_.run([catalog, path = file(account, kind), key = key_] {
+    const QByteArray box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
+    if (box.size() < sealed_box::nonceSize + sealed_box::tagSize)
+      throw AppError(QStringLiteral("The library could not be saved securely."));
+    private_file::replace(path, box);
+  });
+}
+
+Pending<Done> CatalogDiskStore::clear(const QUuid& account) {
+  return worker_.run([this, account] {
+    for (const LibraryKind kind : allLibraryKinds) private_file::remove(file(account, kind));
+  });
+}
+
+}  // namespace vantor

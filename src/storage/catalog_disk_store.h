@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUuid>
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+#include "platform/worker.h"
+#include "provider/catalog.h"
+
+namespace vantor {
+
+class SecureStore;
+struct Folders;
+
+/// The libraries of the last loads, one encrypted file per account and kind. Operations run one at
+/// a time on a thread of the store; the file system's and the cipher's failures pass through.
+class CatalogDiskStore {
+ public:
+  /// Takes the key from the secure store, making one on first use, and creates the folder. Blocks:
+  /// worker threads only.
+  static std::shared_ptr<CatalogDiskStore> create(const SecureStore& secrets,
+                                                  const Folders& folders, std::stop_token token);
+
+  /// Absent when there is no file.
+  Pending<std::optional<Catalog>> load(const QUuid& account, LibraryKind kind);
+  Pending<Done> save(const Catalog& catalog, const QUuid& account, LibraryKind kind);
+  /// Removes the account's three files; stops at the first that cannot be removed.
+  Pending<Done> clear(const QUuid& account);
+
+ private:
+  CatalogDiskStore(QString folder, QByteArray key);
+  QString file(const QUuid& account, LibraryKind kind) const;
+
+  const QString folder_;
+  const QByteArray key_;
+  Worker worker_;
+};
+
+}  // namespace vantor
