@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "playback_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+class ControllerTest : public PlaybackFixture {};
+
+TEST_F(ControllerTest, IsIdleAtFirst) {
+  EXPECT_EQ(look(), Look{});
+  EXPECT_EQ(playback.title(), u"Nothing playing yet"_s);
+  EXPECT_EQ(playback.transport()->volume(), 100);
+  EXPECT_FALSE(playback.isLocal());
+}
+
+TEST_F(ControllerTest, OpensASourceInOrderAndWithItsValues) {
+  playback.transport()->setSeconds(5);
+  playback.setVolume(42.9);
+  engine.takeCalls();
+  playback.play(channel(u"7"_s));
+  EXPECT_EQ(look(), (Look{u"7"_s, true, {}, false}));
+  EXPECT_EQ(playback.title(), u"Channel 7"_s);
+  EXPECT_TRUE(engine.calls.isEmpty()) << "the engine is touched from the event loop only";
+  settle();
+  EXPECT_EQ(
+      engine.calls,
+      (QStringList{u"unload"_s, u"load http://tv.example/live/7.ts agent=Agent/1 caching=1200"_s,
+                   u"setVolume 42"_s, u"play"_s}));
+  EXPECT_EQ(playback.transport()->seconds(), 0);
+  EXPECT_EQ(playback.transport()->volume(), 42.9);
+}
+
+TEST_F(ControllerTest, OfTwoPlaysInARowOnlyTheSecondReachesTheEngine) {
+  playback.play(channel(u"1"_s));
+  playback.play(channel(u"2"_s));
+  settle();
+  EXPECT_EQ(engine.calls.filter(u"load http"_s),
+            QStringList{u"load http://tv.example/live/2.ts agent=Agent/1 caching=1200"_s});
+  clock.advance(30s);
+  EXPECT_EQ(look(), (Look{u"2"_s, true, {}, false}));
+}
+
+TEST_F(ControllerTest, RetryOpensTheSameSourceFromItsBeginning) {
+  open(channel(u"7"_s, 15));
+  engine.now.state = EngineState::error;
+  clock.advance(250ms);
+  ASSERT_TRUE(playback.message());
+  engine.takeCalls();
+  playback.retry();
+  EXPECT_EQ(look(), (Look{u"7"_s, true, {}, false}));
+  EXPECT_EQ(playback.title(), u"Channel 7"_s);
+  settle();
+  EXPECT_TRUE(
+      engine.calls.contains(u"load http://tv.example/live/7.ts agent=Agent/1 caching=1200"_s));
+  engine.now = {.state = EngineState::playing,
+                .hasMedia = true,
+                .length = 60'000,
+                .seekable = true,
+                .decodedVideo = 1};
+  clock.advance(250ms);
+  EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty()) << "a retry does not resume";
+}
+
+TEST_F(ControllerTest, RetryWithoutASourceDoesNothing) {
+  playback.retry();
+  openPlaying(channel(u"7"_s));
+  playback.stop();
+  engine.takeCalls();
+  playback.retry();
+  settle();
+  EXPECT_TRUE(engine.calls.isEmpty());
+  EXPECT_EQ(look(), Look{});
+}
+
+TEST_F(ControllerTest, RestartPlaysTheSameSourceFromZero) {
+  openPlaying(channel(u"7"_s));
+  playback.togglePause();
+  ASSERT_TRUE(playback.paused());
+  engine.takeCalls();
+  playback.restart();
+  EXPECT_EQ(engine.calls, (QStringList{u"setTime 0"_s, u"play"_s}));
+  EXPECT_EQ(look(), (Look{u"7"_s, false, {}, false}));
+}
+
+TEST_F(ControllerTest, StopReportsTheLastPositionOnceAndReturnsToIdle) {
+  openPlaying(channel(u"7"_s));
+  engine.now.time = 12'500;
+  engine.now.length = 60'000;
+  clock.advance(250ms);
+  playback.setExpanded(true);
+  progress.clear();
+  engine.takeCalls();
+  playback.stop();
+  EXPECT_EQ(progress, QStringList{u"7 12.5/60"_s});
+  EXPECT_EQ(engine.calls, QStringList{u"unload"_s});
+  EXPECT_EQ(look(), Look{});
+  EXPECT_EQ(playback.title(), u"Nothing playing yet"_s);
+  EXPECT_FALSE(playback.expanded());
+  EXPECT_EQ(playback.transport()->seconds(), 12.5);
+  clock.advance(1s);
+  EXPECT_EQ(progress.size(), 1);
+  EXPECT_EQ(clock.waiting(), 0u) << "the progress loop goes on after a stop";
+}
+
+TEST_F(ControllerTest, StopOfALiveSourceReportsNoProgress) {
+  openPlaying(channel(u"7"_s));
+  playback.stop();
+  EXPECT_TRUE(progress.isEmpty());
+}
+
+TEST_F(ControllerTest, StopBeforeTheOpeningBeginsKeepsTheEngineEmpty) {
+  playback.play(channel(u"7"_s));
+  playback.stop();
+  settle();
+  EXPECT_EQ(engine.calls, QStringList{u"unload"_s});
+}
+
+TEST_F(ControllerTest, ShutdownStops) {
+  openPlaying(channel(u"7"_s));
+  const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
+  settle();
+  EXPECT_FALSE(job.running());
+  EXPECT_EQ(look(), Look{});
+  EXPECT_EQ(engine.calls.last(), u"unload"_s);
+}
+
+TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
+  const QString path = temporary.filePath(u"film.mkv"_s);
+  open({.url = QUrl::fromLocalFile(path), .title = u"Film"_s, .id = u"local"_s, .local = true});
+  const Look gone{u"local"_s, false, u"This media file is no longer available."_s, true};
+  EXPECT_EQ(look(), gone);
+  EXPECT_TRUE(playback.isLocal());
+  EXPECT_TRUE(engine.calls.filter(u"load "_s).isEmpty());
+  playback.retry();
+  settle();
+  EXPECT_EQ(look(), gone);
+
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  playback.retry();
+  settle();
+  EXPECT_EQ(look(), (Look{u"local"_s, true, {}, false}));
+  EXPECT_EQ(engine.calls.filter(u"load "_s).size(), 1);
+}
+
+TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
+  for (const bool settled : {false, true}) {
+    engine.calls.clear();
+    auto other = std::make_unique<Playback>(engine, clock, worker, folders(), false);
+    other->play(channel(u"7"_s));
+    if (settled) settle();
+    const QStringList calls = engine.calls;
+    other.reset();
+    engine.announce();
+    clock.advance(40s);
+    EXPECT_EQ(engine.calls, calls);
+    EXPECT_EQ(clock.waiting(), 0u);
+  }
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include "playback_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+/// The still of the previous source that is shown while the next one loads.
+class HeldFrameTest : public PlaybackFixture {
+ protected:
+  void SetUp() override {
+    PlaybackFixture::SetUp();
+    engine.picture = QImage(1280, 720, QImage::Format_RGB32);
+    engine.picture.fill(Qt::red);
+    openPlaying(channel(u"1"_s));
+    engine.takeCalls();
+  }
+
+  bool loaded() const { return engine.calls.contains(u"play"_s); }
+};
+
+TEST_F(HeldFrameTest, ShowsThePreviousPictureUntilTheNextSourceHasOne) {
+  playback.play(channel(u"2"_s));
+  ASSERT_TRUE(eventually([&] { return loaded(); }));
+  EXPECT_EQ(engine.calls.first(), u"saveSnapshot 640"_s);
+  EXPECT_EQ(engine.calls.at(1), u"unload"_s);
+  ASSERT_EQ(playback.heldFrame().size(), QSize(640, 360));
+  EXPECT_EQ(playback.heldFrame().pixelColor(320, 180), QColor(Qt::red));
+  EXPECT_TRUE(leftOvers().isEmpty());
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  EXPECT_TRUE(playback.heldFrame().isNull());
+  EXPECT_FALSE(playback.loading());
+}
+
+TEST_F(HeldFrameTest, IsReleasedByFailureAndStop) {
+  playback.play(channel(u"2"_s));
+  ASSERT_TRUE(eventually([&] { return loaded(); }));
+  ASSERT_FALSE(playback.heldFrame().isNull());
+  engine.now.state = EngineState::error;
+  clock.advance(250ms);
+  EXPECT_TRUE(playback.heldFrame().isNull());
+
+  openPlaying(channel(u"3"_s));
+  engine.takeCalls();
+  playback.play(channel(u"4"_s));
+  ASSERT_TRUE(eventually([&] { return loaded(); }));
+  ASSERT_FALSE(playback.heldFrame().isNull());
+  playback.stop();
+  EXPECT_TRUE(playback.heldFrame().isNull());
+}
+
+TEST_F(HeldFrameTest, IsGivenUpAfterSixWaits) {
+  engine.picture = {};
+  playback.play(channel(u"2"_s));
+  settle();
+  for (int wait = 1; wait <= 6; ++wait) {
+    EXPECT_FALSE(loaded()) << "before wait " << wait;
+    clock.advance(29ms);
+    EXPECT_FALSE(loaded()) << "during wait " << wait;
+    clock.advance(1ms);
+  }
+  EXPECT_TRUE(loaded());
+  EXPECT_TRUE(playback.heldFrame().isNull());
+  EXPECT_TRUE(leftOvers().isEmpty());
+}
+
+TEST_F(HeldFrameTest, ArrivesLateAndIsTaken) {
+  const QImage picture = std::exchange(engine.picture, {});
+  playback.play(channel(u"2"_s));
+  settle();
+  clock.advance(30ms);
+  ASSERT_FALSE(loaded());
+  ASSERT_TRUE(picture.save(engine.snapshot, "PNG"));
+  clock.advance(30ms);
+  ASSERT_TRUE(eventually([&] { return loaded(); }));
+  EXPECT_EQ(playback.heldFrame().pixelColor(10, 10), QColor(Qt::red));
+}
+
+TEST_F(HeldFrameTest, StopDuringTheWaitLeavesNoPictureAndNoFile) {
+  engine.picture = {};
+  playback.play(channel(u"2"_s));
+  settle();
+  playback.stop();
+  clock.advance(1s);
+  EXPECT_FALSE(loaded());
+  EXPECT_EQ(look(), Look{});
+  EXPECT_TRUE(playback.heldFrame().isNull());
+  EXPECT_TRUE(leftOvers().isEmpty());
+}
+
+TEST_F(HeldFrameTest, IsNotTakenWhenThePreviousMediaHadNoPicture) {
+  engine.now.decodedVideo = 0;
+  open(channel(u"2"_s));
+  EXPECT_EQ(engine.calls.first(), u"unload"_s);
+  EXPECT_TRUE(loaded());
+}
+
+TEST_F(HeldFrameTest, IsNeverTakenHeadless) {
+  Playback headless(engine, clock, worker, folders(), true);
+  engine.now.decodedVideo = 1;
+  headless.play(channel(u"2"_s));
+  settle();
+  EXPECT_FALSE(engine.calls.contains(u"saveSnapshot 640"_s));
+  EXPECT_TRUE(loaded());
+}
+
+TEST_F(HeldFrameTest, FailureToMakeTheFolderDoesNotStopTheOpening) {
+  ASSERT_TRUE(temporary.remove());
+  QFile obstacle(temporary.path());
+  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  playback.play(channel(u"2"_s));
+  clock.advance(180ms);
+  EXPECT_TRUE(loaded());
+  EXPECT_TRUE(playback.heldFrame().isNull());
+  obstacle.remove();
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <chrono>
+
+#include "platform/worker.h"
+#include "playback/playback.h"
+#include "support/fake_engine.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor::test {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/// What one look at the player shows.
+struct Look {
+  std::optional<QString> itemID;
+  bool loading = false;
+  std::optional<QString> message;
+  bool paused = false;
+  bool operator==(const Look&) const = default;
+};
+
+inline void PrintTo(const Look& look, std::ostream* out) {
+  *out << "item " << look.itemID.value_or(u"(none)"_s).toStdString() << ", loading " << look.loading
+       << ", message " << look.message.value_or(u"(none)"_s).toStdString() << ", paused "
+       << look.paused;
+}
+
+class PlaybackFixture : public ::testing::Test {
+ protected:
+  QTemporaryDir temporary;
+  ManualClock clock;
+  FakeEngine engine;
+  Worker worker;
+  Playback playback{engine, clock, worker, folders(), false};
+  QStringList progress;
+
+  void SetUp() override {
+    playback.onProgress = [this](const QString& id, double seconds, double duration) {
+      progress.append(u"%1 %2/%3"_s.arg(id).arg(seconds).arg(duration));
+    };
+  }
+
+  Folders folders() const { return {.temporary = temporary.path()}; }
+
+  static PlayRequest channel(const QString& id, double resume = 0) {
+    return {.url = QUrl(u"http://tv.example/live/%1.ts"_s.arg(id)),
+            .title = u"Channel %1"_s.arg(id),
+            .id = id,
+            .agent = u"Agent/1"_s,
+            .resume = resume};
+  }
+
+  Look look() const {
+    return {playback.itemID(), playback.loading(), playback.message(), playback.paused()};
+  }
+
+  /// Opens a source and lets its opening and first look at the engine happen.
+  void open(const PlayRequest& request) {
+    playback.play(request);
+    settle();
+  }
+
+  /// Opens a source whose first picture is there.
+  void openPlaying(const PlayRequest& request) {
+    open(request);
+    engine.now.state = EngineState::playing;
+    engine.now.decodedVideo = 1;
+    clock.advance(250ms);
+  }
+
+  QStringList leftOvers() const {
+    return QDir(temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+  }
+};
+
+}  // namespace vantor::test

@@ -1,0 +1,260 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "playback_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+const QString kNotOpened =
+    u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
+const QString kTooSlow =
+    u"This source did not start within 30 seconds. Retry or choose another item."_s;
+const QString kEndedEarly = u"The source ended before playback could start."_s;
+
+struct Tick {
+  const char* name;
+  EngineStatus status;
+  Look look;
+};
+
+void PrintTo(const Tick& tick, std::ostream* out) {
+  *out << tick.name;
+}
+
+/// What one look at a loading source leads to.
+class FirstTickTest : public PlaybackFixture, public ::testing::WithParamInterface<Tick> {};
+
+TEST_P(FirstTickTest, DecidesTheOpening) {
+  open(channel(u"7"_s));
+  ASSERT_TRUE(playback.loading());
+  engine.now = GetParam().status;
+  clock.advance(250ms);
+  EXPECT_EQ(look(), GetParam().look);
+  const bool goesOn = GetParam().status.state == EngineState::playing;
+  EXPECT_EQ(clock.waiting(), goesOn ? 1u : 0u);
+  EXPECT_EQ(engine.now.hasMedia, GetParam().status.hasMedia && !GetParam().look.message)
+      << "a failure unloads the media";
+}
+
+const Look kLoading{u"7"_s, true, {}, false};
+const Look kPlaying{u"7"_s, false, {}, false};
+constexpr auto playing = EngineState::playing;
+
+INSTANTIATE_TEST_SUITE_P(
+    All, FirstTickTest,
+    ::testing::Values(
+        Tick{"NothingDecoded", {.state = playing, .hasMedia = true, .time = 5000}, kLoading},
+        Tick{"FirstPicture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, kPlaying},
+        Tick{"CountsWithoutMedia", {.state = playing, .decodedVideo = 1}, kLoading},
+        Tick{"SoundWhileAPictureIsExpected",
+             {.state = playing,
+              .hasMedia = true,
+              .time = 9000,
+              .decodedAudio = 40,
+              .videoTracks = {0}},
+             kLoading},
+        Tick{"AudioOnlyAt1000",
+             {.state = playing, .hasMedia = true, .time = 1000, .decodedAudio = 40},
+             kLoading},
+        Tick{"AudioOnlyAt1001",
+             {.state = playing, .hasMedia = true, .time = 1001, .decodedAudio = 40},
+             kPlaying},
+        Tick{"Error",
+             {.state = EngineState::error, .hasMedia = true},
+             {u"7"_s, false, kNotOpened, true}},
+        Tick{"EndBeforeStart",
+             {.state = EngineState::ended, .hasMedia = true},
+             {u"7"_s, false, kEndedEarly, true}},
+        Tick{"EndWithAPicture",
+             {.state = EngineState::ended, .hasMedia = true, .decodedVideo = 3},
+             {u"7"_s, false, {}, true}}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+class ProgressTest : public PlaybackFixture {
+ protected:
+  void openMovie(double resume = 0) {
+    openPlaying(channel(u"m"_s, resume));
+    engine.now.length = 60'000;
+    engine.now.seekable = true;
+    engine.takeCalls();
+    clock.advance(250ms);
+  }
+};
+
+TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
+  open(channel(u"1"_s));
+  engine.now.state = EngineState::playing;
+  clock.advance(30s);
+  EXPECT_EQ(look(), (Look{u"1"_s, true, {}, false}));
+  clock.advance(250ms);
+  EXPECT_EQ(look(), (Look{u"1"_s, false, kTooSlow, true}));
+
+  openPlaying(channel(u"2"_s));
+  clock.advance(60s);
+  EXPECT_EQ(look(), (Look{u"2"_s, false, {}, false}));
+}
+
+TEST_F(ProgressTest, ErrorAfterTheStartFailsToo) {
+  openPlaying(channel(u"1"_s));
+  engine.now.state = EngineState::error;
+  clock.advance(250ms);
+  EXPECT_EQ(look(), (Look{u"1"_s, false, kNotOpened, true}));
+}
+
+TEST_F(ProgressTest, AnnouncedChangeIsSeenWithoutWaitingForTheTick) {
+  open(channel(u"1"_s));
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  settle();
+  ASSERT_TRUE(playback.loading());
+  engine.announce();
+  settle();
+  EXPECT_FALSE(playback.loading());
+  engine.now.state = EngineState::ended;
+  engine.announce();
+  settle();
+  EXPECT_TRUE(playback.paused());
+}
+
+TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
+  openMovie();
+  engine.now.time = 1'500;
+  engine.now.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
+  engine.now.subtitleTracks = {{3, u"English"_s}};
+  clock.advance(249ms);
+  EXPECT_EQ(playback.transport()->seconds(), 0);
+  clock.advance(1ms);
+  const TransportState& transport = *playback.transport();
+  EXPECT_EQ(transport.seconds(), 1.5);
+  EXPECT_EQ(transport.duration(), 60);
+  EXPECT_TRUE(transport.seekable());
+  EXPECT_EQ(transport.audio(), engine.now.audioTracks);
+  EXPECT_EQ(transport.audioItems().at(1).toMap(),
+            (QVariantMap{{u"id"_s, 2}, {u"name"_s, u"Deutsch"_s}}));
+  EXPECT_EQ(transport.subtitles(), engine.now.subtitleTracks);
+  EXPECT_EQ(progress.last(), u"m 1.5/60"_s);
+  engine.now.time = -1;
+  engine.now.length = -1;
+  clock.advance(250ms);
+  EXPECT_EQ(transport.seconds(), 0);
+  EXPECT_EQ(transport.duration(), 0);
+  EXPECT_FALSE(transport.seekable()) << "not without a duration";
+}
+
+TEST_F(ProgressTest, LiveSourceReportsNothingAndCannotSeek) {
+  openPlaying(channel(u"1"_s, 15));
+  engine.now.seekable = true;
+  engine.now.time = 90'000;
+  clock.advance(1s);
+  playback.seek(5);
+  EXPECT_TRUE(progress.isEmpty());
+  EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty());
+}
+
+TEST_F(ProgressTest, EndKeepsTheItemAndPlaysAgainOnToggle) {
+  openMovie();
+  engine.now.state = EngineState::ended;
+  clock.advance(250ms);
+  EXPECT_EQ(look(), (Look{u"m"_s, false, {}, true}));
+  EXPECT_EQ(clock.waiting(), 0u);
+  engine.takeCalls();
+  playback.togglePause();
+  EXPECT_EQ(engine.calls, QStringList{u"play"_s});
+  EXPECT_FALSE(playback.paused());
+  engine.now.state = EngineState::ended;
+  playback.togglePause();
+  EXPECT_EQ(engine.takeCalls().last(), u"play"_s) << "an ended source is played, never paused";
+}
+
+TEST_F(ProgressTest, TogglePausesAndResumes) {
+  openMovie();
+  playback.togglePause();
+  EXPECT_TRUE(playback.paused());
+  playback.togglePause();
+  EXPECT_FALSE(playback.paused());
+  EXPECT_EQ(engine.calls, (QStringList{u"pause"_s, u"play"_s}));
+}
+
+TEST_F(ProgressTest, ProgressReportThatStopsTheSourceEndsTheTick) {
+  openPlaying(channel(u"m"_s));
+  playback.onProgress = [this](const QString&, double, double) {
+    playback.onProgress = nullptr;
+    playback.stop();
+  };
+  engine.now.length = 60'000;
+  engine.now.state = EngineState::ended;
+  clock.advance(250ms);
+  EXPECT_EQ(look(), Look{});
+}
+
+TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
+  const struct {
+    double resume;
+    double length;  // seconds
+    QStringList expected;
+  } cases[] = {
+      {0, 60, {}},
+      {10, 60, {}},
+      {10.5, 60, {u"setTime 10500"_s}},
+      {39.9999, 60, {u"setTime 39999"_s}},
+      {40, 60, {}},
+      {41, 60, {}},
+      {3e6, 4e6, {u"setTime 2147483647"_s}},
+      {std::nan(""), 60, {}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.resume);
+    openPlaying(channel(u"m"_s, row.resume));
+    engine.takeCalls();
+    engine.now.length = static_cast<std::int64_t>(row.length * 1000);
+    clock.advance(250ms);
+    EXPECT_TRUE(engine.calls.isEmpty()) << "waits until the source can seek";
+    engine.now.seekable = true;
+    clock.advance(250ms);
+    EXPECT_EQ(engine.takeCalls(), row.expected);
+    engine.now.seekable = false;
+    clock.advance(250ms);
+    engine.now.seekable = true;
+    clock.advance(250ms);
+    EXPECT_TRUE(engine.calls.isEmpty()) << "once for each opening";
+    playback.stop();
+  }
+}
+
+TEST_F(ProgressTest, SeekConvertsToMilliseconds) {
+  openMovie();
+  const struct {
+    double seconds;
+    qint64 expected;
+  } cases[] = {{-5, 0},
+               {0, 0},
+               {12.3456, 12'345},
+               {2'147'483.6475, 2'147'483'647},
+               {1e300, 2'147'483'647},
+               {std::numeric_limits<double>::infinity(), 2'147'483'647},
+               {std::nan(""), 0}};
+  for (const auto& row : cases) {
+    playback.seek(row.seconds);
+    EXPECT_EQ(engine.takeCalls(), QStringList{u"setTime %1"_s.arg(row.expected)}) << row.seconds;
+  }
+}
+
+TEST_F(ProgressTest, VolumeTracksAndSpeedReachTheEngine) {
+  playback.setVolume(0);
+  EXPECT_EQ(playback.transport()->volume(), 0);
+  playback.setAudioTrack(2);
+  playback.setSubtitleTrack(-1);
+  playback.setRate(1.25);
+  EXPECT_EQ(engine.takeCalls(), (QStringList{u"setVolume 0"_s, u"setAudioTrack 2"_s,
+                                             u"setSubtitleTrack -1"_s, u"setRate 1.25"_s}));
+  open(channel(u"1"_s));
+  EXPECT_TRUE(engine.calls.contains(u"setVolume 0"_s)) << "the volume stays for the next source";
+}
+
+}  // namespace
+}  // namespace vantor

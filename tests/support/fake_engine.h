@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QImage>
+#include <QStringList>
+
+#include "playback/media_engine.h"
+
+namespace vantor::test {
+
+/// An engine whose media do what a test says.
+class FakeEngine final : public MediaEngine {
+ public:
+  EngineStatus now;   // what `status` answers; a load or unload starts it afresh
+  QStringList calls;  // every command with its values, in order
+  QImage picture;     // written by `saveSnapshot`; nothing is written while it is null
+  QString snapshot;   // path of the last snapshot asked for
+
+  void load(const MediaSource& source) override;
+  void unload() override;
+  void play() override;
+  void pause() override;
+  void setTime(std::int64_t milliseconds) override;
+  void setVolume(int percent) override;
+  void setAudioTrack(std::int32_t id) override;
+  void setSubtitleTrack(std::int32_t id) override;
+  void setRate(float rate) override;
+  EngineStatus status() const override { return now; }
+  void saveSnapshot(const QString& file, int width) override;
+
+  /// Announces that `now` was changed in a way that should not wait.
+  void announce() const {
+    if (onChange) onChange();
+  }
+  /// The calls since the last take.
+  QStringList takeCalls() { return std::exchange(calls, {}); }
+};
+
+}  // namespace vantor::test
