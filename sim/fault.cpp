@@ -1,0 +1,60 @@
+#include "sim/fault.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace sim {
+namespace {
+
+constexpr auto kNames = std::to_array<std::pair<Fault, std::string_view>>({
+    {Fault::none, "none"},
+    {Fault::slow, "slow"},
+    {Fault::silent, "silent"},
+    {Fault::cutOff, "cutOff"},
+    {Fault::oversizeAnnounced, "oversizeAnnounced"},
+    {Fault::oversizeUnannounced, "oversizeUnannounced"},
+    {Fault::oversizeCompressed, "oversizeCompressed"},
+    {Fault::redirectSameOrigin, "redirectSameOrigin"},
+    {Fault::redirectOtherPort, "redirectOtherPort"},
+    {Fault::redirectOtherHost, "redirectOtherHost"},
+    {Fault::redirectOtherScheme, "redirectOtherScheme"},
+    {Fault::redirectLoop, "redirectLoop"},
+    {Fault::status401, "status401"},
+    {Fault::status403, "status403"},
+    {Fault::status404, "status404"},
+    {Fault::status500, "status500"},
+    {Fault::status503, "status503"},
+    {Fault::html, "html"},
+    {Fault::truncatedJson, "truncatedJson"},
+    {Fault::deepNesting, "deepNesting"},
+    {Fault::expiredAccount, "expiredAccount"},
+    {Fault::connectionLimit, "connectionLimit"},
+    {Fault::garbage, "garbage"},
+    {Fault::notHttp, "notHttp"},
+    {Fault::empty, "empty"},
+    {Fault::wrongShape, "wrongShape"},
+    {Fault::invalidUtf8, "invalidUtf8"},
+    {Fault::hugeImage, "hugeImage"},
+});
+
+}  // namespace
+
+std::string_view faultName(Fault fault) {
+  const auto found = std::ranges::find(kNames, fault, &std::pair<Fault, std::string_view>::first);
+  return found == kNames.end() ? std::string_view() : found->second;
+}
+
+std::optional<Fault> faultNamed(std::string_view name) {
+  const auto found = std::ranges::find(kNames, name, &std::pair<Fault, std::string_view>::second);
+  if (found == kNames.end()) return std::nullopt;
+  return found->first;
+}
+
+std::vector<std::string_view> faultNames() {
+  std::vector<std::string_view> names;
+  for (const auto& [fault, name] : kNames) names.push_back(name);
+  return names;
+}
+
+}  // namespace sim

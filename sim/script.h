@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "sim/fault.h"
+#include "sim/http.h"
+
+namespace sim {
+
+// What tests and people asked each action to do. Safe from any thread.
+class Script {
+ public:
+  void setFault(const std::string& action, Fault fault);
+  void setBody(const std::string& action, Response response);
+  void hold(const std::string& action);
+  void release(const std::string& action);
+  void reset();
+
+  Fault fault(const std::string& action) const;
+  std::optional<Response> body(const std::string& action) const;
+  bool isHeld(const std::string& action) const;
+
+ private:
+  mutable std::mutex mutex_;
+  std::map<std::string, Fault> faults_;
+  std::map<std::string, Response> bodies_;
+  std::set<std::string> held_;
+};
+
+}  // namespace sim
