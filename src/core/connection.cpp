@@ -1,0 +1,238 @@
+// Signing in and out, following the service's server, loading libraries.
+#include "core/app_model.h"
+#include "platform/cancelled.h"
+#include "platform/worker.h"
+#include "playback/playback.h"
+#include "provider/error_wording.h"
+#include "provider/provider_client.h"
+#include "provider/vantor_configuration.h"
+#include "storage/catalog_disk_store.h"
+#include "storage/secure_store.h"
+
+namespace vantor {
+namespace {
+
+const QString keepingConnection =
+    QStringLiteral("The updated server could not be verified. Keeping your saved connection.");
+
+}  // namespace
+
+bool AppModel::isCurrent(const Generation& token, const std::stop_token& stop) const {
+  return generation_ == token && !stop.stop_requested();
+}
+
+void AppModel::setBusy(bool busy) {
+  assign(busy_, busy, &AppModel::busyChanged);
+}
+
+QCoro::Task<> AppModel::connectAccount(ProviderAccount account, std::stop_token token) {
+  return signIn(QPointer(this), std::move(account), token);
+}
+
+QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
+                               std::stop_token stop) {
+  if (self->busy_) co_return;
+  self->setBusy(true);
+  ProviderDetails details;
+  std::shared_ptr<CatalogDiskStore> disk;
+  try {
+    const ProviderClient client(account, self->services_.transport, self->services_.worker);
+    const QCoro::Task<ProviderDetails> answered = client.authenticate(stop);
+    details = co_await answered;
+    if (!self) throw Cancelled();
+    const auto stored = self->services_.secrets.run([&secrets = self->services_.secureStore,
+                                                     folders = self->services_.folders,
+                                                     json = account.toJSON(), stop] {
+      auto store = CatalogDiskStore::create(secrets, folders, stop);
+      secrets.write(json, providerItem, stop);
+      return store;
+    });
+    disk = co_await stored;
+    if (!self) throw Cancelled();
+  } catch (...) {
+    if (self) self->setBusy(false);
+    throw;
+  }
+  AppModel& model = *self;
+  model.services_.configuration.accept(account.serverText());
+  model.enterNewWorld();
+  model.playback_->stop();
+  model.resetBrowseState();
+  model.account_ = std::move(account);
+  model.details_ = std::move(details);
+  model.disk_ = std::move(disk);
+  model.demo_ = false;
+  model.catalogs_.clear();
+  model.loading_.clear();
+  model.errors_.clear();
+  model.favorites_.clear();
+  const bool sectionChanges = model.section_ != rawValue(LibraryKind::live);
+  model.section_ = rawValue(LibraryKind::live);
+  Q_EMIT model.accountChanged();
+  Q_EMIT model.detailsChanged();
+  Q_EMIT model.demoChanged();
+  Q_EMIT model.loadingChanged();
+  Q_EMIT model.errorsChanged();
+  Q_EMIT model.favoritesChanged();
+  if (sectionChanges) Q_EMIT model.sectionChanged();
+  model.contentsChanged();
+  model.setNotice(std::nullopt);
+  model.setShowingConnect(false);
+  model.load(LibraryKind::live, false);
+  model.setBusy(false);
+}
+
+QCoro::Task<> AppModel::disconnectAccount(std::stop_token token) {
+  return signOut(QPointer(this), token);
+}
+
+QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
+  if (self->busy_) co_return;
+  self->setBusy(true);
+  const auto removed = self->services_.secrets.run(
+      [&secrets = self->services_.secureStore, stop] { secrets.remove(providerItem, stop); });
+  try {
+    co_await removed;
+  } catch (...) {
+    if (!self) co_return;
+    self->setNotice(readableError(std::current_exception()));
+    self->setBusy(false);
+    co_return;
+  }
+  if (!self) co_return;
+  AppModel& model = *self;
+  const std::optional<ProviderAccount> left = std::exchange(model.account_, std::nullopt);
+  model.enterNewWorld();
+  model.playback_->stop();
+  model.resetBrowseState();
+  model.demo_ = false;
+  model.catalogs_.clear();
+  model.favorites_.clear();
+  model.loading_.clear();
+  model.errors_.clear();
+  const bool sectionChanges = model.section_ != rawValue(LibraryKind::live);
+  model.section_ = rawValue(LibraryKind::live);
+  Q_EMIT model.accountChanged();
+  Q_EMIT model.demoChanged();
+  Q_EMIT model.favoritesChanged();
+  Q_EMIT model.loadingChanged();
+  Q_EMIT model.errorsChanged();
+  if (sectionChanges) Q_EMIT model.sectionChanged();
+  model.contentsChanged();
+  model.setShowingSettings(false);
+  if (left && model.disk_) {
+    const std::shared_ptr<CatalogDiskStore> disk = model.disk_;
+    const Pending<Done> cleared = disk->clear(left->id);
+    try {
+      co_await cleared;
+    } catch (...) {
+      // The account is gone either way; its files are unreadable without the key.
+    }
+  }
+  if (self) self->setBusy(false);
+}
+
+QCoro::Task<> AppModel::refreshService(QPointer<AppModel> self, std::stop_token stop) {
+  if (!self->account_) co_return;
+  const QCoro::Task<QString> resolved = self->services_.configuration.resolve(stop);
+  const QString server = co_await resolved;
+  if (!self || stop.stop_requested() || !self->account_) co_return;
+  if (server == self->account_->serverText()) co_return;
+  ProviderAccount candidate = *self->account_;
+  candidate.server = QUrl(server, QUrl::StrictMode);
+  if (!candidate.server.isValid()) co_return;
+  // Someone who signed in or out meanwhile wants that account, not the candidate.
+  const auto isSuperseded = [&] {
+    return !self || stop.stop_requested() || !self->account_ || self->account_->id != candidate.id;
+  };
+  try {
+    const ProviderClient client(candidate, self->services_.transport, self->services_.worker);
+    const QCoro::Task<ProviderDetails> answered = client.authenticate(stop);
+    co_await answered;
+    if (isSuperseded()) co_return;
+    const auto written = self->services_.secrets.run(
+        [&secrets = self->services_.secureStore, json = candidate.toJSON(), stop] {
+          secrets.write(json, providerItem, stop);
+        });
+    co_await written;
+  } catch (...) {
+    if (!isSuperseded()) self->setNotice(keepingConnection);
+    co_return;
+  }
+  if (isSuperseded()) co_return;
+  self->account_ = candidate;
+  Q_EMIT self->accountChanged();
+  self->services_.configuration.accept(server);
+}
+
+void AppModel::load(LibraryKind kind, bool refresh) {
+  if (demo_ || !account_ || tasks_.contains(kind)) return;
+  if (!refresh && catalogs_.contains(kind)) return;
+  loading_.insert(kind);
+  Q_EMIT loadingChanged();
+  if (errors_.erase(kind) > 0) Q_EMIT errorsChanged();
+  tasks_[kind] = Job::start([self = QPointer(this), kind, refresh, account = *account_,
+                             token = generation_](std::stop_token stop) {
+    return loadLibrary(self, kind, refresh, account, token, stop);
+  });
+}
+
+void AppModel::arrived(LibraryKind kind, const Catalog& catalog) {
+  catalogs_.insert_or_assign(kind, catalog);
+  contentsChanged();
+  restoreSelection(kind);
+}
+
+QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, bool refresh,
+                                    ProviderAccount account, Generation token,
+                                    std::stop_token stop) {
+  if (!self) co_return;
+  const std::shared_ptr<CatalogDiskStore> disk = self->disk_;
+  std::optional<Catalog> catalog;
+  if (!refresh && disk) {
+    const auto reading = disk->load(account.id, kind);
+    try {
+      catalog = co_await reading;
+    } catch (...) {
+      // A copy that cannot be read is as good as none.
+    }
+    if (!self || !self->isCurrent(token, stop)) co_return;
+  }
+  if (catalog) {
+    self->arrived(kind, *catalog);
+  } else {
+    std::exception_ptr failure;
+    try {
+      const ProviderClient client(account, self->services_.transport, self->services_.worker);
+      const QCoro::Task<Catalog> answered = client.catalog(kind, stop);
+      catalog = co_await answered;
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    if (!self || !self->isCurrent(token, stop)) co_return;
+    if (failure) {
+      self->errors_[kind] = readableError(failure);
+      Q_EMIT self->errorsChanged();
+    } else {
+      self->arrived(kind, *catalog);
+    }
+    if (!failure && disk) {
+      const Pending<Done> saved = disk->save(*catalog, account.id, kind);
+      try {
+        co_await saved;
+      } catch (...) {
+        failure = std::current_exception();
+      }
+      if (!self || !self->isCurrent(token, stop)) co_return;
+      if (failure)
+        self->setNotice(
+            QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
+                           "remain available while the app is open."));
+    }
+  }
+  self->loading_.erase(kind);
+  self->tasks_.erase(kind);
+  Q_EMIT self->loadingChanged();
+}
+
+}  // namespace vantor

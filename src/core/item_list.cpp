@@ -1,0 +1,71 @@
+#include "core/item_list.h"
+
+#include <algorithm>
+
+namespace vantor {
+namespace {
+
+constexpr unsigned rowBits = 30;
+constexpr std::uint32_t rowMask = (1u << rowBits) - 1;
+
+std::uint32_t entry(std::size_t source, std::size_t row) {
+  return static_cast<std::uint32_t>(source << rowBits | row);
+}
+
+}  // namespace
+
+ItemList::Place ItemList::place(std::size_t index) const {
+  const std::uint32_t entry = entries_[index];
+  return {*sources_[entry >> rowBits], entry & rowMask};
+}
+
+MediaItem ItemList::item(std::size_t index) const {
+  const Place at = place(index);
+  return at.catalog.item(at.row);
+}
+
+QString ItemList::id(std::size_t index) const {
+  const Place at = place(index);
+  return at.catalog.id(at.row);
+}
+
+QString ItemList::name(std::size_t index) const {
+  const Place at = place(index);
+  return at.catalog.name(at.row);
+}
+
+LibraryKind ItemList::kind(std::size_t index) const {
+  const Place at = place(index);
+  return at.catalog.kind(at.row);
+}
+
+std::optional<std::size_t> ItemList::indexOf(const QString& id) const {
+  for (std::size_t source = 0; source < sources_.size(); ++source) {
+    if (!sources_[source]) continue;
+    const auto row = sources_[source]->indexOf(id);
+    if (!row) continue;
+    const auto found = std::lower_bound(entries_.begin(), entries_.end(), entry(source, *row));
+    if (found != entries_.end() && *found == entry(source, *row))
+      return static_cast<std::size_t>(found - entries_.begin());
+  }
+  return std::nullopt;
+}
+
+void ItemList::append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter) {
+  const auto number = static_cast<std::size_t>(source);
+  sources_[number] = catalog;
+  const std::size_t begin = entries_.size();
+  catalog.match(filter, entries_);
+  for (std::size_t i = begin; i < entries_.size(); ++i) entries_[i] |= entry(number, 0);
+}
+
+void ItemList::keepOnly(const std::vector<QString>& ids) {
+  std::vector<std::uint32_t> kept;
+  for (const QString& id : ids)
+    if (const auto index = indexOf(id)) kept.push_back(entries_[*index]);
+  std::sort(kept.begin(), kept.end());
+  kept.erase(std::unique(kept.begin(), kept.end()), kept.end());
+  entries_ = std::move(kept);
+}
+
+}  // namespace vantor

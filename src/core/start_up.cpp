@@ -1,0 +1,64 @@
+// Restoring the saved account when the program starts.
+#include "core/app_model.h"
+#include "platform/worker.h"
+#include "playback/playback.h"
+#include "provider/error_wording.h"
+#include "storage/catalog_disk_store.h"
+#include "storage/secure_store.h"
+
+namespace vantor {
+
+/// What the credential store held; a failure leaves what was restored before it.
+struct AppModel::Restored {
+  std::optional<ProviderAccount> account;
+  std::shared_ptr<CatalogDiskStore> disk;
+  std::optional<QString> notice;
+
+  static Restored read(const SecureStore& secrets, const Folders& folders, std::stop_token stop) {
+    Restored restored;
+    try {
+      const std::optional<QByteArray> saved = secrets.read(providerItem, stop);
+      if (!saved) return restored;
+      restored.account = ProviderAccount::fromJSON(*saved);
+      restored.disk = CatalogDiskStore::create(secrets, folders, stop);
+    } catch (...) {
+      restored.notice = readableError(std::current_exception());
+    }
+    return restored;
+  }
+};
+
+QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Generation token, std::stop_token stop) {
+  // Off the main thread: the credential store may wait for the user to unlock it.
+  const auto reading = self->services_.secrets.run(
+      [&secrets = self->services_.secureStore, folders = self->services_.folders, stop] {
+        return Restored::read(secrets, folders, stop);
+      });
+  Restored restored = co_await reading;
+  if (!self || stop.stop_requested()) co_return;
+  const bool superseded = self->generation_ != token;
+  if (!superseded) self->applyRestored(std::move(restored));
+  self->startingUp_ = false;
+  Q_EMIT self->startingUpChanged();
+  if (superseded || !self->account_) co_return;
+  const QCoro::Task<> refreshed = refreshService(self, stop);
+  co_await refreshed;
+  if (self && self->isCurrent(token, stop)) self->load(LibraryKind::live, false);
+}
+
+void AppModel::applyRestored(Restored restored) {
+  if (restored.notice) setNotice(restored.notice);
+  if (restored.account) {
+    const QString id = restored.account->idText();
+    const QStringList favorites = services_.preferences.textList(QStringLiteral("favorites-") + id);
+    favorites_ = QSet<QString>(favorites.begin(), favorites.end());
+    progress_ = services_.preferences.numberLists(QStringLiteral("progress-") + id);
+    account_ = std::move(restored.account);
+    disk_ = std::move(restored.disk);
+    Q_EMIT accountChanged();
+    Q_EMIT favoritesChanged();
+    contentsChanged();
+  }
+}
+
+}  // namespace vantor
