@@ -1,0 +1,71 @@
+#include "support/fake_transport.h"
+
+#include <QUrlQuery>
+#include <algorithm>
+
+namespace vantor::test {
+
+QCoro::Task<QByteArray> FakeTransport::fetch(HTTPRequest request, std::int64_t limit,
+                                             std::stop_token token) {
+  auto exchange = std::make_shared<Exchange>();
+  exchange->request = request;
+  exchange->limit = limit;
+  exchange->action = request.address.fileName() == QLatin1String("player_api.php")
+                         ? QUrlQuery(request.address).queryItemValue(QStringLiteral("action"))
+                         : request.address.fileName();
+  exchanges_.push_back(exchange);
+  const auto body = bodies_.constFind(exchange->action);
+  if (body != bodies_.constEnd()) {
+    exchange->over = true;
+    exchange->answer.resolve(*body);
+  }
+  return wait(exchange, token);
+}
+
+QCoro::Task<QByteArray> FakeTransport::wait(std::shared_ptr<Exchange> exchange,
+                                            std::stop_token token) {
+  const std::stop_callback onStop(token, [exchange] {
+    exchange->cancelled = true;
+    exchange->over = true;
+    exchange->answer.fail(std::make_exception_ptr(URLError(URLError::Code::cancelled)));
+  });
+  QByteArray body = co_await exchange->answer;
+  co_return body;
+}
+
+std::shared_ptr<FakeTransport::Exchange> FakeTransport::oldestOpen(const QString& action) const {
+  const auto found = std::find_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
+    return exchange->action == action && !exchange->over;
+  });
+  return found == exchanges_.end() ? nullptr : *found;
+}
+
+bool FakeTransport::answer(const QString& action, const QByteArray& body) {
+  const auto exchange = oldestOpen(action);
+  if (!exchange) return false;
+  exchange->over = true;
+  exchange->answer.resolve(body);
+  return true;
+}
+
+bool FakeTransport::fail(const QString& action, std::exception_ptr error) {
+  const auto exchange = oldestOpen(action);
+  if (!exchange) return false;
+  exchange->over = true;
+  exchange->answer.fail(std::move(error));
+  return true;
+}
+
+int FakeTransport::requests(const QString& action) const {
+  return static_cast<int>(std::count_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
+    return exchange->action == action;
+  }));
+}
+
+int FakeTransport::open(const QString& action) const {
+  return static_cast<int>(std::count_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
+    return exchange->action == action && !exchange->over;
+  }));
+}
+
+}  // namespace vantor::test

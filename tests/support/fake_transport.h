@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QHash>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/pending.h"
+#include "provider/http_transport.h"
+
+namespace vantor::test {
+
+/// A transport whose requests end when the test says so, in any order. Requests are named by their
+/// "action" query item; the sign-in is "", any other address its file name.
+class FakeTransport final : public HTTPTransport {
+ public:
+  struct Exchange {
+    HTTPRequest request;
+    std::int64_t limit = 0;
+    QString action;
+    bool cancelled = false;
+    bool over = false;
+    Pending<QByteArray> answer;
+  };
+
+  QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit,
+                                std::stop_token token) override;
+
+  /// Every later request of `action` is answered at once.
+  void always(const QString& action, const QByteArray& body) { bodies_.insert(action, body); }
+  void onDemand(const QString& action) { bodies_.remove(action); }
+
+  /// Ends the oldest open request of `action`; false when there is none.
+  bool answer(const QString& action, const QByteArray& body);
+  bool fail(const QString& action, std::exception_ptr error);
+
+  int requests(const QString& action) const;
+  int open(const QString& action) const;
+  const std::vector<std::shared_ptr<Exchange>>& exchanges() const { return exchanges_; }
+
+ private:
+  std::shared_ptr<Exchange> oldestOpen(const QString& action) const;
+  static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, std::stop_token token);
+
+  std::vector<std::shared_ptr<Exchange>> exchanges_;
+  QHash<QString, QByteArray> bodies_;
+};
+
+}  // namespace vantor::test
