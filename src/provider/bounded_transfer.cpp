@@ -54,7 +54,7 @@ void BoundedTransfer::start(const HTTPRequest& request) {
 
 void BoundedTransfer::send(const QUrl& address) {
   QNetworkRequest request(address);
-  request.setHeader(QNetworkRequest::UserAgentHeader, request_.userAgent);
+  request.setRawHeader("User-Agent", request_.userAgent);
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                        QNetworkRequest::ManualRedirectPolicy);
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);

@@ -13,7 +13,7 @@ bool redirectIsAllowed(const QUrl& original, const QByteArray& location) {
   const bool hasAuthority = slashes >= 0 && slashes == (hasScheme ? colon + 1 : 0);
   if (!hasAuthority) return !hasScheme;
   qsizetype end = slashes + 2;
-  while (end < location.size() && !QByteArrayView("/?#\\").contains(location.at(end))) ++end;
+  while (end < location.size() && !QByteArrayView("/?#").contains(location.at(end))) ++end;
   const QByteArray authority = location.mid(slashes + 2, end - slashes - 2);
   QByteArray expected = original.host(QUrl::FullyEncoded).toLatin1();
   if (expected.contains(':')) expected = '[' + expected + ']';

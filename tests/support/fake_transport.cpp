@@ -57,15 +57,15 @@ bool FakeTransport::fail(const QString& action, std::exception_ptr error) {
 }
 
 int FakeTransport::requests(const QString& action) const {
-  return static_cast<int>(std::count_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
-    return exchange->action == action;
-  }));
+  return static_cast<int>(
+      std::count_if(exchanges_.begin(), exchanges_.end(),
+                    [&](const auto& exchange) { return exchange->action == action; }));
 }
 
 int FakeTransport::open(const QString& action) const {
-  return static_cast<int>(std::count_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
-    return exchange->action == action && !exchange->over;
-  }));
+  return static_cast<int>(std::count_if(
+      exchanges_.begin(), exchanges_.end(),
+      [&](const auto& exchange) { return exchange->action == action && !exchange->over; }));
 }
 
 }  // namespace vantor::test
