@@ -1,0 +1,193 @@
+#include "storage/catalog_disk_store.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <sys/mount.h>
+#include <sys/stat.h>
+
+#include "platform/folders.h"
+#include "provider/catalog_builder.h"
+#include "provider/catalog_stored_form.h"
+#include "provider/error_wording.h"
+#include "storage/private_file.h"
+#include "storage/sealed_box.h"
+#include "storage/secure_store.h"
+#include "support/awaited.h"
+#include "support/fake_credential_store.h"
+
+namespace vantor {
+namespace {
+
+using test::awaited;
+using Operation = test::FakeCredentialStore::Operation;
+using MaybeCatalog = std::optional<Catalog>;
+
+Catalog library(int entries) {
+  CatalogBuilder builder;
+  for (int i = 0; i < entries; ++i) {
+    const std::string id = std::to_string(i);
+    CatalogEntry entry;
+    entry.providerID = id;
+    entry.name = "Channel";
+    entry.fileExtension = "m3u8";
+    builder.add(entry);
+  }
+  return builder.build(std::chrono::system_clock::now());
+}
+
+mode_t mode(const QString& path) {
+  struct stat status = {};
+  return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+class CatalogDiskStoreTest : public ::testing::Test {
+ protected:
+  QTemporaryDir home;
+  test::FakeCredentialStore credentials;
+  SecureStore secrets{credentials, QStringLiteral("tv.vantor.player")};
+  Folders folders{home.filePath(QStringLiteral("data")), home.path(), home.path()};
+  const QString folder =
+      home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
+  const QUuid account = QUuid(QStringLiteral("0f3c2a58-7b1d-4e2a-9c3f-5d6e7f8a9b0c"));
+
+  std::shared_ptr<CatalogDiskStore> create() {
+    return CatalogDiskStore::create(secrets, folders, std::stop_token());
+  }
+  QString file(const char* kind) const {
+    return folder + QStringLiteral("/0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-") +
+           QString::fromLatin1(kind) + QStringLiteral(".bin");
+  }
+};
+
+TEST_F(CatalogDiskStoreTest, KeepsALibraryAsNonceCiphertextAndTag) {
+  const auto store = create();
+  const Catalog catalog = library(3);
+  EXPECT_EQ(awaited<MaybeCatalog>(store->load(account, LibraryKind::live)), std::nullopt);
+  awaited<Done>(store->save(catalog, account, LibraryKind::live));
+  const QByteArray first = private_file::read(file("live"));
+  const std::string json = CatalogWriter::toJSON(catalog);
+  EXPECT_EQ(first.size(), static_cast<qsizetype>(json.size()) + 28);
+  EXPECT_FALSE(first.contains("Channel"));
+  const QByteArray key = *credentials.value(QStringLiteral("catalog-key"));
+  EXPECT_EQ(key.size(), 32);
+  EXPECT_EQ(sealed_box::open(first, key).toStdString(), json);
+  EXPECT_EQ(mode(file("live")), 0600u);
+  EXPECT_EQ(mode(folder), 0700u);
+  EXPECT_EQ(mode(home.filePath(QStringLiteral("data"))), 0700u);
+
+  awaited<Done>(store->save(catalog, account, LibraryKind::live));
+  const QByteArray second = private_file::read(file("live"));
+  EXPECT_NE(first, second);
+  EXPECT_EQ(first.size(), second.size());
+  const auto loaded = awaited<MaybeCatalog>(create()->load(account, LibraryKind::live));
+  ASSERT_TRUE(loaded.has_value());
+  EXPECT_EQ(loaded->size(), 3u);
+}
+
+TEST_F(CatalogDiskStoreTest, RefusesEveryDamagedFile) {
+  const auto store = create();
+  awaited<Done>(store->save(library(1), account, LibraryKind::movies));
+  const QByteArray good = private_file::read(file("movies"));
+  std::vector<QByteArray> damaged = {QByteArray(), good.left(27), good.left(good.size() - 1),
+                                     good + 'x'};
+  for (const qsizetype position : {qsizetype{0}, qsizetype{12}, good.size() - 1}) {
+    damaged.push_back(good);
+    damaged.back()[position] = static_cast<char>(damaged.back()[position] ^ 1);
+  }
+  damaged.push_back(sealed_box::seal("{\"items\":7}", *credentials.value(catalogKeyItem)));
+  damaged.push_back(sealed_box::seal("{}", QByteArray(32, 'k')));
+  for (const QByteArray& bytes : damaged) {
+    private_file::replace(file("movies"), bytes);
+    EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::movies)))
+        << bytes.size();
+  }
+  QFile::remove(file("movies"));
+  ASSERT_TRUE(QDir().mkdir(file("movies")));
+  EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::movies)));
+}
+
+TEST_F(CatalogDiskStoreTest, ClearRemovesTheFilesOfThatAccountOnly) {
+  const auto store = create();
+  awaited<Done>(store->clear(account));
+  const QUuid other = QUuid::createUuid();
+  for (const LibraryKind kind : allLibraryKinds) {
+    awaited<Done>(store->save(library(0), account, kind));
+    awaited<Done>(store->save(library(0), other, kind));
+  }
+  awaited<Done>(store->clear(account));
+  EXPECT_EQ(QDir(folder).entryList(QDir::Files).size(), 3);
+  EXPECT_TRUE(awaited<MaybeCatalog>(store->load(other, LibraryKind::shows)).has_value());
+}
+
+TEST_F(CatalogDiskStoreTest, CreationFailsWithTheCredentialStoresSentence) {
+  credentials.fail(Operation::add);
+  EXPECT_THROW(create(), AppError);
+  EXPECT_FALSE(QDir(folder).exists()) << "no folder without a key";
+  credentials.fail(Operation::copyMatching);
+  EXPECT_THROW(create(), AppError);
+}
+
+TEST_F(CatalogDiskStoreTest, AForeignKeyFailsEveryOperationButNotTheProgram) {
+  credentials.put(catalogKeyItem, "short");
+  const auto store = create();
+  EXPECT_ANY_THROW(awaited<Done>(store->save(library(1), account, LibraryKind::live)));
+  private_file::replace(file("live"), QByteArray(100, 'x'));
+  EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::live)));
+}
+
+TEST_F(CatalogDiskStoreTest, CreationFailsWhereNoFolderCanBeMade) {
+  QFile obstacle(home.filePath(QStringLiteral("data")));
+  ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+  EXPECT_ANY_THROW(create());
+}
+
+TEST(PrivateFile, AKilledSaveLeavesTheOldContentOrTheNew) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  for (int round = 0; round < 8; ++round) {
+    QProcess saver;
+    saver.start(QStringLiteral(STORAGE_SAVER), {path});
+    ASSERT_TRUE(saver.waitForStarted());
+    // Some rounds end inside a write, wherever that is.
+    saver.waitForFinished(40 + 7 * round);
+    saver.kill();
+    ASSERT_TRUE(saver.waitForFinished());
+    if (!QFile::exists(path)) continue;
+    const QByteArray content = private_file::read(path);
+    EXPECT_EQ(content.size(), 8 << 20);
+    EXPECT_EQ(content, QByteArray(8 << 20, content.at(0)));
+  }
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_LE(QDir(folder.path()).entryList(QDir::Files).size(), 2) << "remains must not pile up";
+}
+
+TEST(PrivateFile, AFullDiskKeepsTheOldContent) {
+  QTemporaryDir folder;
+  const QByteArray point = QFile::encodeName(folder.path());
+  if (::mount("tmpfs", point.constData(), "tmpfs", 0, "size=1m") != 0)
+    GTEST_SKIP() << "mounting a small disk needs root";
+  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  private_file::replace(path, "old");
+  EXPECT_THROW(private_file::replace(path, QByteArray(4 << 20, 'n')), std::system_error);
+  EXPECT_EQ(private_file::read(path), "old");
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+  ::umount(point.constData());
+}
+
+TEST(PrivateFile, FollowsNoLinkOutOfItsFolder) {
+  QTemporaryDir folder;
+  const QString target = folder.filePath(QStringLiteral("target"));
+  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  private_file::replace(target, "untouched");
+  ASSERT_TRUE(QFile::link(target, path + QStringLiteral(".new")));
+  EXPECT_THROW(private_file::replace(path, "new"), std::system_error);
+  EXPECT_EQ(private_file::read(target), "untouched");
+}
+
+}  // namespace
+}  // namespace vantor
