@@ -51,8 +51,7 @@ class CatalogDiskStoreTest : public ::testing::Test {
   test::FakeCredentialStore credentials;
   SecureStore secrets{credentials, QStringLiteral("tv.vantor.player")};
   Folders folders{home.filePath(QStringLiteral("data")), home.path(), home.path()};
-  const QString folder =
-      home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
+  const QString folder = home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
   const QUuid account = QUuid(QStringLiteral("0f3c2a58-7b1d-4e2a-9c3f-5d6e7f8a9b0c"));
 
   std::shared_ptr<CatalogDiskStore> create() {

@@ -4,9 +4,10 @@ namespace vantor::test {
 
 using namespace Qt::StringLiterals;
 
-void FakeEngine::load(const MediaSource& source) {
-  calls.append(u"load %1 agent=%2 caching=%3"_s.arg(source.address.toString(), source.userAgent)
-                   .arg(source.networkCaching));
+void FakeEngine::load(const MediaSource& loaded) {
+  calls.append(u"load %1 agent=%2 caching=%3"_s.arg(loaded.address.toString(), loaded.userAgent)
+                   .arg(loaded.networkCaching));
+  source = loaded;
   now = {.hasMedia = true};
 }
 

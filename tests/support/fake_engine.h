@@ -10,10 +10,11 @@ namespace vantor::test {
 /// An engine whose media do what a test says.
 class FakeEngine final : public MediaEngine {
  public:
-  EngineStatus now;   // what `status` answers; a load or unload starts it afresh
-  QStringList calls;  // every command with its values, in order
-  QImage picture;     // written by `saveSnapshot`; nothing is written while it is null
-  QString snapshot;   // path of the last snapshot asked for
+  EngineStatus now;    // what `status` answers; a load or unload starts it afresh
+  MediaSource source;  // of the last load
+  QStringList calls;   // every command with its values, in order
+  QImage picture;      // written by `saveSnapshot`; nothing is written while it is null
+  QString snapshot;    // path of the last snapshot asked for
 
   void load(const MediaSource& source) override;
   void unload() override;

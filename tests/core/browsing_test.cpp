@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using test::eventually;
+using test::settle;
+
+const QString live = QStringLiteral("live");
+const QString movies = QStringLiteral("movies");
+const QString shows = QStringLiteral("shows");
+const QString favorites = QStringLiteral("favorites");
+const QString searching = QStringLiteral("search");
+
+QStringList names(const AppModel& app) {
+  QStringList list;
+  for (std::size_t i = 0; i < app.items().size(); ++i) list.append(app.items().name(i));
+  return list;
+}
+
+class PreviewTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  AppModel& app = launch({QStringLiteral("--demo")});
+  MediaItem entry(const char* section, int index) {
+    app.navigate(QString::fromLatin1(section));
+    return app.items().item(static_cast<std::size_t>(index));
+  }
+};
+
+TEST_F(PreviewTest, HoldsThreeLibrariesOfSamples) {
+  EXPECT_EQ(app.catalogs().size(), 3u);
+  EXPECT_EQ(names(app),
+            (QStringList{QStringLiteral("World window"), QStringLiteral("The outdoors"),
+                         QStringLiteral("Studio sessions"), QStringLiteral("At the table"),
+                         QStringLiteral("City stories"), QStringLiteral("The quiet hour")}));
+  MediaItem expected;
+  expected.id = QStringLiteral("shows:example-5");
+  expected.providerID = QStringLiteral("5");
+  expected.kind = LibraryKind::shows;
+  expected.name = QStringLiteral("Extraordinary everyday");
+  expected.category = QStringLiteral("2");
+  expected.fileExtension = QStringLiteral("mp4");
+  expected.isExample = true;
+  EXPECT_EQ(entry("shows", 5), expected);
+}
+
+TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
+  app.navigate(movies);
+  app.setCategory(QStringLiteral("2"));
+  EXPECT_EQ(names(app),
+            (QStringList{QStringLiteral("The long way home"), QStringLiteral("A place to begin"),
+                         QStringLiteral("Open horizons")}));
+  EXPECT_EQ(app.selected()->name, QStringLiteral("The long way home"));
+  app.setSearch(QStringLiteral("PLACE"));
+  EXPECT_EQ(names(app), QStringList{QStringLiteral("A place to begin")});
+  app.navigate(searching);
+  app.setSearch(QStringLiteral("THE"));
+  EXPECT_EQ(names(app),
+            (QStringList{QStringLiteral("The outdoors"), QStringLiteral("At the table"),
+                         QStringLiteral("The quiet hour"), QStringLiteral("Across the valley"),
+                         QStringLiteral("The long way home"), QStringLiteral("After the rain"),
+                         QStringLiteral("The night garden"), QStringLiteral("The art of living"),
+                         QStringLiteral("Outside the frame"), QStringLiteral("Along the coast")}));
+}
+
+TEST_F(PreviewTest, ComesBackToWhereASectionWasLeft) {
+  app.navigate(movies);
+  app.setCategory(QStringLiteral("1"));
+  app.setSearch(QStringLiteral("the"));
+  app.select(app.items().item(1));
+  app.setBrowseAnchor(movies, QStringLiteral("movies:example-2"));
+  app.setShowingEpisodes(true);
+  app.setEpisodeSeason(3);
+  const MediaItem chosen = *app.selected();
+
+  app.navigate(live);
+  EXPECT_EQ(app.category(), QString());
+  EXPECT_EQ(app.search(), QString());
+  EXPECT_FALSE(app.selected() || app.showingEpisodes() || app.episodeSeason());
+  app.navigate(movies);
+  EXPECT_EQ(app.category(), QStringLiteral("1"));
+  EXPECT_EQ(app.search(), QStringLiteral("the"));
+  EXPECT_EQ(app.selected(), chosen);
+  EXPECT_EQ(app.browseAnchor(movies), QStringLiteral("movies:example-2"));
+
+  app.setShowingEpisodes(true);
+  app.navigate(movies);
+  EXPECT_TRUE(app.showingEpisodes()) << "navigating to the current section changes nothing";
+}
+
+TEST_F(PreviewTest, ACategoryWithoutEntriesKeepsTheSelection) {
+  app.select(app.items().item(2));
+  app.setBrowseAnchor(live, app.items().id(2));
+  app.setCategory(QStringLiteral("none"));
+  EXPECT_TRUE(app.items().empty());
+  EXPECT_EQ(app.selected()->name, QStringLiteral("Studio sessions"));
+  EXPECT_EQ(app.browseAnchor(live), std::nullopt);
+}
+
+TEST_F(PreviewTest, MyListHoldsTheMarkedEntriesOfAllLibraries) {
+  app.navigate(favorites);
+  EXPECT_TRUE(app.items().empty());
+  const MediaItem show = entry("shows", 1);
+  const MediaItem channel = entry("live", 4);
+  app.favorite(show);
+  app.favorite(channel);
+  app.navigate(favorites);
+  EXPECT_EQ(names(app), (QStringList{channel.name, show.name}));
+  app.favorite(channel);
+  EXPECT_EQ(names(app), QStringList{show.name});
+  app.setSearch(QStringLiteral("nothing like it"));
+  EXPECT_TRUE(app.items().empty());
+}
+
+TEST_F(PreviewTest, SamplesAreNotPlayed) {
+  app.play(app.items().item(0));
+  EXPECT_EQ(app.notice(),
+            QStringLiteral("These are sample library entries. Connect your provider or open your "
+                           "own media file to test playback."));
+  settle();
+  EXPECT_TRUE(engine.calls.isEmpty());
+  app.clearNotice();
+  EXPECT_EQ(app.notice(), std::nullopt);
+}
+
+TEST_F(PreviewTest, FavouritesOfThePreviewAreGoneAfterSigningIn) {
+  app.favorite(app.items().item(0));
+  signIn();
+  EXPECT_TRUE(app.favorites().isEmpty());
+  EXPECT_FALSE(app.demo());
+  EXPECT_TRUE(app.items().empty());
+}
+
+class LibraryTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  AppModel& app = launch();
+  void answer(LibraryKind kind, const QByteArray& body) {
+    ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
+    transport.answer(action(kind), body);
+    transport.answer(categoryAction(kind), "[]");
+    ASSERT_TRUE(eventually([&] { return !app.loading().contains(kind); }));
+  }
+};
+
+TEST_F(LibraryTest, RestoresTheSelectionWhenItsLibraryArrives) {
+  signIn(rows(LibraryKind::live, 0, 5));
+  app.navigate(movies);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
+  app.select(app.items().item(12));
+  app.navigate(live);
+  app.load(LibraryKind::movies, true);
+  app.navigate(movies);
+  EXPECT_EQ(app.selected()->id, QStringLiteral("movies:12")) << "from the library that is there";
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
+  app.navigate(live);
+  app.navigate(movies);
+  EXPECT_EQ(app.selected()->id, QStringLiteral("movies:12"));
+  app.navigate(live);
+  app.load(LibraryKind::movies, true);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 50, 3));
+  app.navigate(movies);
+  EXPECT_FALSE(app.selected().has_value()) << "an entry that is gone is not selected";
+}
+
+TEST_F(LibraryTest, SearchAsksForAllLibrariesAndListsThemInOrder) {
+  signIn(rows(LibraryKind::live, 1, 2));
+  app.navigate(searching);
+  answer(LibraryKind::shows, rows(LibraryKind::shows, 5, 1));
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 3, 2));
+  QStringList ids;
+  for (std::size_t i = 0; i < app.items().size(); ++i) ids.append(app.items().id(i));
+  EXPECT_EQ(ids, (QStringList{QStringLiteral("live:1"), QStringLiteral("live:2"),
+                              QStringLiteral("movies:3"), QStringLiteral("movies:4"),
+                              QStringLiteral("shows:5")}));
+  for (int i = 0; i < static_cast<int>(ids.size()); ++i)
+    EXPECT_EQ(app.items().indexOf(ids.at(i)), static_cast<std::size_t>(i));
+  app.setSearch(QStringLiteral("TITLE 4"));
+  EXPECT_EQ(app.items().size(), 1u);
+  EXPECT_EQ(app.items().indexOf(QStringLiteral("live:1")), std::nullopt);
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,282 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "provider/error_wording.h"
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using test::eventually;
+using test::settle;
+using Operation = test::FakeCredentialStore::Operation;
+
+const QString liveRequest = action(LibraryKind::live);
+const QString moviesRequest = action(LibraryKind::movies);
+
+class ConnectionTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  AppModel& app = launch();
+
+  bool waitForRequest(const QString& name) {
+    return eventually([&] { return transport.open(name) == 1; });
+  }
+  void answer(LibraryKind kind, const QByteArray& body) {
+    ASSERT_TRUE(waitForRequest(action(kind)));
+    transport.answer(action(kind), body);
+    transport.answer(categoryAction(kind), "[]");
+  }
+  bool finishSignIn() {
+    transport.answer(QString(), acceptedSignIn());
+    return eventually([&] { return signInOver; });
+  }
+  bool idle() {
+    return eventually([&] { return app.loading().empty() && !app.busy(); });
+  }
+  QStringList savedFiles() {
+    return QDir(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog")))
+        .entryList(QDir::Files);
+  }
+};
+
+TEST_F(ConnectionTest, SigningInSavesTheAccountAndLoadsTheLiveLibrary) {
+  app.setShowingConnect(true);
+  connectAccount(account);
+  EXPECT_TRUE(app.busy());
+  EXPECT_FALSE(app.account().has_value()) << "nothing changes before the provider accepts";
+  ASSERT_TRUE(finishSignIn());
+  EXPECT_EQ(signInFailure, nullptr);
+  EXPECT_EQ(app.account(), account);
+  EXPECT_EQ(app.section(), QStringLiteral("live"));
+  EXPECT_EQ(app.loading(), std::set{LibraryKind::live});
+  EXPECT_FALSE(app.busy() || app.demo() || app.showingConnect() || app.notice());
+  EXPECT_EQ(app.details()->formats.size(), 2);
+  EXPECT_EQ(credentials.value(providerItem), account.toJSON());
+  EXPECT_EQ(configuration->currentServer(), QStringLiteral("http://tv.example"));
+  answer(LibraryKind::live, rows(LibraryKind::live, 0, 4));
+  ASSERT_TRUE(idle());
+  EXPECT_EQ(app.items().size(), 4u);
+  EXPECT_EQ(savedFiles().size(), 1);
+}
+
+TEST_F(ConnectionTest, AFailedSignInLeavesEverythingAsItWas) {
+  signIn(rows(LibraryKind::live, 0, 4));
+  const QByteArray saved = *credentials.value(providerItem);
+  ProviderAccount other = account;
+  other.id = QUuid::createUuid();
+  struct Case {
+    Operation failing;
+    bool accepted;
+  };
+  for (const Case& example : {Case{Operation::remove, false}, Case{Operation::update, true},
+                              Case{Operation::copyMatching, true}}) {
+    credentials.fail(example.failing);
+    connectAccount(other);
+    transport.answer(QString(), example.accepted ? acceptedSignIn() : QByteArray("{}"));
+    ASSERT_TRUE(eventually([&] { return signInOver; }));
+    EXPECT_NE(signInFailure, nullptr);
+    EXPECT_FALSE(app.busy());
+    EXPECT_EQ(app.account(), account);
+    EXPECT_EQ(app.items().size(), 4u);
+    EXPECT_EQ(credentials.value(providerItem), saved);
+    credentials.work(example.failing);
+  }
+}
+
+TEST_F(ConnectionTest, ASecondSignInWhileOneRunsDoesNothing) {
+  connectAccount(account);
+  const Job first = signInJob;
+  connectAccount(account);
+  EXPECT_TRUE(signInOver) << "returns at once, without failure";
+  EXPECT_EQ(signInFailure, nullptr);
+  EXPECT_EQ(transport.requests(QString()), 1);
+  disconnectAccount();
+  EXPECT_EQ(credentials.calls(Operation::remove), 0);
+  transport.answer(QString(), acceptedSignIn());
+  EXPECT_TRUE(eventually([&] { return app.account().has_value() && !first.running(); }));
+}
+
+TEST_F(ConnectionTest, SigningOutForgetsTheAccountAndItsFiles) {
+  signIn(rows(LibraryKind::live, 0, 4));
+  app.select(app.items().item(1));
+  app.favorite(app.items().item(1));
+  app.setShowingSettings(true);
+  EXPECT_EQ(savedFiles().size(), 1);
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  EXPECT_FALSE(credentials.value(providerItem).has_value());
+  EXPECT_TRUE(app.items().empty() && app.catalogs().empty() && app.favorites().isEmpty());
+  EXPECT_FALSE(app.selected() || app.showingSettings());
+  EXPECT_TRUE(app.details().has_value());
+  EXPECT_TRUE(savedFiles().isEmpty());
+  EXPECT_EQ(preferences->textList(QStringLiteral("favorites-") + account.idText()).size(), 1)
+      << "marks wait for the account to come back";
+}
+
+TEST_F(ConnectionTest, SigningOutThatFailsKeepsEverything) {
+  signIn(rows(LibraryKind::live, 0, 4));
+  credentials.fail(Operation::remove);
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return app.notice().has_value(); }));
+  EXPECT_EQ(app.notice(), QStringLiteral("The saved account could not be removed from Keychain."));
+  EXPECT_EQ(app.account(), account);
+  EXPECT_EQ(app.items().size(), 4u);
+  EXPECT_FALSE(app.busy());
+}
+
+TEST_F(ConnectionTest, ALibraryIsAskedForOnce) {
+  signIn();
+  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, true);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 1));
+  ASSERT_TRUE(idle());
+  app.load(LibraryKind::movies, false);
+  settle();
+  EXPECT_TRUE(app.loading().empty());
+  EXPECT_EQ(transport.requests(moviesRequest), 1);
+}
+
+TEST_F(ConnectionTest, TheSavedCopySparesTheProvider) {
+  signIn(rows(LibraryKind::live, 0, 4));
+  ASSERT_TRUE(idle());
+  launch();
+  transport.answer(QStringLiteral("vantor-config.json"), "{}");
+  ASSERT_TRUE(eventually([&] { return model->items().size() == 4; }));
+  EXPECT_EQ(transport.requests(liveRequest), 1) << "only the first run's";
+  model->load(LibraryKind::live, true);
+  ASSERT_TRUE(waitForRequest(liveRequest));
+  EXPECT_EQ(model->items().size(), 4u) << "shown while the refresh runs";
+}
+
+TEST_F(ConnectionTest, AFailedLoadKeepsTheLibraryAndSaysSo) {
+  signIn(rows(LibraryKind::live, 0, 4));
+  app.load(LibraryKind::live, true);
+  answer(LibraryKind::live, "{}");
+  ASSERT_TRUE(idle());
+  EXPECT_EQ(app.errors().at(LibraryKind::live),
+            QStringLiteral("The provider returned an unreadable library."));
+  EXPECT_EQ(app.items().size(), 4u);
+  app.load(LibraryKind::live, true);
+  EXPECT_TRUE(app.errors().empty());
+}
+
+TEST_F(ConnectionTest, ALibraryThatCannotBeSavedIsShownAllTheSame) {
+  signIn();
+  const QString folder = home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
+  ASSERT_TRUE(QDir(folder).removeRecursively());
+  app.load(LibraryKind::movies, false);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 3));
+  ASSERT_TRUE(idle());
+  EXPECT_EQ(app.notice(),
+            QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
+                           "remain available while the app is open."));
+  EXPECT_EQ(app.catalogs().at(LibraryKind::movies).size(), 3u);
+}
+
+/// What can replace the world while a load is suspended.
+enum class Change { connect, disconnect, destroy };
+
+class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterface<Change> {
+ protected:
+  void change() {
+    switch (GetParam()) {
+      case Change::connect: {
+        ProviderAccount other = account;
+        other.id = QUuid::createUuid();
+        connectAccount(other);
+        ASSERT_TRUE(finishSignIn());
+        break;
+      }
+      case Change::disconnect:
+        disconnectAccount();
+        ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+        break;
+      case Change::destroy:
+        model.reset();
+        settle();
+        break;
+    }
+  }
+};
+
+TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
+  signIn();
+  app.load(LibraryKind::movies, false);
+  ASSERT_TRUE(waitForRequest(moviesRequest));
+  const auto request = transport.exchanges().at(transport.exchanges().size() - 2);
+  change();
+  EXPECT_TRUE(request->cancelled);
+  // Even an answer that was under way when the load was cancelled.
+  request->answer.resolve(rows(LibraryKind::movies, 0, 3));
+  settle();
+  if (!model) return;
+  EXPECT_FALSE(app.catalogs().contains(LibraryKind::movies));
+  EXPECT_FALSE(app.loading().contains(LibraryKind::movies));
+  EXPECT_TRUE(app.errors().empty());
+  if (GetParam() != Change::connect) return;
+  app.load(LibraryKind::movies, false);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2));
+  ASSERT_TRUE(eventually([&] { return app.catalogs().contains(LibraryKind::movies); }))
+      << "the new world's own load is not hindered";
+}
+
+TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
+  signIn();
+  app.load(LibraryKind::movies, false);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 3));
+  ASSERT_TRUE(idle());
+  launch();
+  transport.answer(QStringLiteral("vantor-config.json"),
+                   R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+  ASSERT_TRUE(eventually([&] { return model->catalogs().contains(LibraryKind::live); }));
+  const int before = transport.requests(moviesRequest);
+  model->load(LibraryKind::movies, false);
+  // The load now waits for the disk; the change comes first.
+  model->setShowingConnect(true);
+  if (GetParam() == Change::destroy) {
+    model.reset();
+    settle();
+    return;
+  }
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !model->account() && !model->busy(); }));
+  settle();
+  EXPECT_TRUE(model->catalogs().empty());
+  EXPECT_TRUE(model->loading().empty());
+  EXPECT_EQ(transport.requests(moviesRequest), before);
+}
+
+TEST_P(StaleLoadTest, AppliesNothingWhileItsCopyIsBeingSaved) {
+  signIn();
+  app.load(LibraryKind::movies, false);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2000));
+  ASSERT_TRUE(eventually([&] { return app.catalogs().contains(LibraryKind::movies); }));
+  change();
+  if (!model) return;
+  settle();
+  EXPECT_FALSE(app.catalogs().contains(LibraryKind::movies));
+  EXPECT_FALSE(app.loading().contains(LibraryKind::movies));
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, StaleLoadTest,
+                         ::testing::Values(Change::connect, Change::disconnect, Change::destroy));
+
+TEST_F(ConnectionTest, DestroyingTheModelEndsASignIn) {
+  for (const bool answered : {false, true}) {
+    launch();
+    connectAccount(account);
+    if (answered) {
+      transport.answer(QString(), acceptedSignIn());
+    }
+    model.reset();
+    signInJob.cancel();
+    EXPECT_TRUE(eventually([&] { return signInOver; })) << answered;
+    EXPECT_NE(signInFailure, nullptr);
+  }
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QTemporaryDir>
+#include <memory>
+
+#include "core/app_model.h"
+#include "platform/worker.h"
+#include "playback/playback.h"
+#include "provider/vantor_configuration.h"
+#include "storage/secure_store.h"
+#include "support/fake_credential_store.h"
+#include "support/fake_engine.h"
+#include "support/fake_file_panel.h"
+#include "support/fake_transport.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor::test {
+
+/// A whole model over fakes; destroying the model and making another is the next launch.
+struct ModelFixture {
+  ModelFixture();
+  ~ModelFixture();
+
+  /// Starts the program with these arguments. The saved account, if any, has been read when it
+  /// returns; what the start-up asks of the network waits for its answers.
+  AppModel& launch(const QStringList& arguments = {});
+  /// Destroys the model, and what it wrote to the preferences is on disk.
+  void quit();
+  /// Starts a sign-in whose result ends up in `signInFailure`.
+  void connectAccount(const ProviderAccount& account);
+  void disconnectAccount();
+  /// Signs in with `account` and loads the live library from `body`.
+  void signIn(const QByteArray& liveBody = "[]");
+
+  ProviderAccount account =
+      ProviderAccount::validated(QStringLiteral("Vantor TV"), QStringLiteral("http://tv.example"),
+                                 QStringLiteral("user"), QStringLiteral("secret"));
+  static QByteArray acceptedSignIn();
+  /// Rows with the ids first, first + 1, …, and names "Title <id>".
+  static QByteArray rows(LibraryKind kind, int first, int count);
+
+  QTemporaryDir home;
+  ManualClock clock;
+  FakeEngine engine;
+  FakeTransport transport;
+  FakeCredentialStore credentials;
+  FakeFilePanel filePanel;
+  Worker worker;
+  Worker secretsWorker;
+  Folders folders;
+  SecureStore secureStore{credentials, QStringLiteral("tv.vantor.player")};
+  std::unique_ptr<Preferences> preferences;
+  std::unique_ptr<VantorConfiguration> configuration;
+  std::unique_ptr<AppModel> model;
+
+  Job signInJob;
+  std::exception_ptr signInFailure;
+  bool signInOver = false;
+};
+
+}  // namespace vantor::test
