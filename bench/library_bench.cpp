@@ -1,0 +1,174 @@
+// Reading, saving and searching large libraries, each beside what bounds it, in turns in one run.
+#include <simdjson.h>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <ctime>
+
+#include "core/item_list.h"
+#include "measure.h"
+#include "platform/job.h"
+#include "platform/worker.h"
+#include "provider/catalog_parsing.h"
+#include "provider/catalog_stored_form.h"
+#include "provider/folded_text.h"
+#include "provider/http_client.h"
+#include "provider/provider_client.h"
+#include "sim/library.h"
+#include "sim/server.h"
+#include "storage/private_file.h"
+#include "storage/sealed_box.h"
+
+namespace vantor::bench {
+namespace {
+
+constexpr int rounds = 9;
+constexpr int largeLibrary = 90'000;
+
+QByteArray answer(sim::Kind kind, int rows) {
+  return QByteArray::fromStdString(sim::rowsJson(kind, rows, "http://provider.example"));
+}
+
+Catalog parse(const QByteArray& body, LibraryKind kind) {
+  return parseCatalog(body, "[]", kind, std::chrono::system_clock::now());
+}
+
+/// Parses and reads every value, which is the least that any reader of the answer does.
+std::size_t mereParse(const QByteArray& body) {
+  simdjson::dom::parser parser;
+  const simdjson::padded_string padded(body.constData(), static_cast<std::size_t>(body.size()));
+  const simdjson::dom::array rows = parser.parse(padded);
+  return rows.size();
+}
+
+void benchParsing(const QByteArray& body) {
+  Times simdjson;
+  Times ours;
+  for (int i = 0; i < rounds; ++i) {
+    simdjson.run([&] { mereParse(body); });
+    // As it comes from the transport: unshared, with room for the reader.
+    QByteArray own = body;
+    own.reserve(body.size() + 64);
+    std::optional<Catalog> catalog;
+    ours.run([&] {
+      catalog =
+          parseCatalog(std::move(own), "[]", LibraryKind::movies, std::chrono::system_clock::now());
+    });
+  }
+  const double ratio = ours.median() / simdjson.median();
+  row("answer of " + std::to_string(body.size() / 1'000'000) + " MB, 90,000 rows -> catalogue",
+      milliseconds(ours.median()), "simdjson parse " + milliseconds(simdjson.median()),
+      factor(ratio) + " (3 x)", ratio <= 3);
+}
+
+void benchStored(const QByteArray& body) {
+  const Catalog catalog = parse(body, LibraryKind::movies);
+  const QTemporaryDir home;
+  const QString path = home.filePath(QStringLiteral("library.bin"));
+  const QByteArray key = sealed_box::randomBytes(sealed_box::keySize);
+  Times simdjson;
+  Times save;
+  Times load;
+  for (int i = 0; i < rounds; ++i) {
+    simdjson.run([&] { mereParse(body); });
+    save.run([&] {
+      private_file::replace(path, sealed_box::seal(CatalogWriter::toJSON(catalog), key));
+    });
+    std::optional<Catalog> loaded;
+    load.run([&] { loaded = catalogFromJSON(sealed_box::open(private_file::read(path), key)); });
+  }
+  const double ratio = load.median() / simdjson.median();
+  row("encrypted copy of it -> catalogue", milliseconds(load.median()),
+      "simdjson parse " + milliseconds(simdjson.median()), factor(ratio) + " (3 x)", ratio <= 3);
+  row("saving the encrypted copy (on its worker)", milliseconds(save.median()), "", "", true);
+  const double bytes = static_cast<double>(catalog.memory()) / static_cast<double>(catalog.size());
+  row("memory of a loaded entry", std::to_string(static_cast<int>(bytes)) + " bytes",
+      std::to_string(body.size() / static_cast<qsizetype>(catalog.size())) + " bytes of answer",
+      "400 bytes", bytes <= 400);
+}
+
+double mainThreadMilliseconds() {
+  timespec time = {};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+QCoro::Task<> fetchLibrary(std::stop_token stop, const ProviderClient* client,
+                           std::optional<Catalog>* result, QEventLoop* waiting) {
+  const QCoro::Task<Catalog> answered = client->catalog(LibraryKind::movies, stop);
+  Catalog catalog = co_await answered;
+  *result = catalog;
+  waiting->quit();
+}
+
+void benchMainThread() {
+  sim::Options options;
+  options.movies = largeLibrary;
+  options.streams = false;
+  const sim::Server server(options);
+  HTTPClient transport;
+  Worker worker;
+  const ProviderClient client(
+      ProviderAccount::validated(QString(), QString::fromStdString(server.url()),
+                                 QString::fromStdString(options.username),
+                                 QString::fromStdString(options.password)),
+      transport, worker);
+  Times busy;
+  Times whole;
+  for (int i = 0; i < 5; ++i) {
+    const auto begin = std::chrono::steady_clock::now();
+    const double before = mainThreadMilliseconds();
+    // Waits in the event loop, as the program does, so that only its own work counts.
+    QEventLoop loop;
+    std::optional<Catalog> catalog;
+    const Job job = Job::start(
+        [&](std::stop_token token) { return fetchLibrary(token, &client, &catalog, &loop); });
+    loop.exec();
+    busy.add(std::chrono::duration<double, std::milli>(mainThreadMilliseconds() - before));
+    whole.add(std::chrono::steady_clock::now() - begin);
+  }
+  row("main thread busy while that library is fetched", milliseconds(busy.median()),
+      "fetch and parse " + milliseconds(whole.median()), "8 ms", busy.median() < 8);
+}
+
+void benchSearch() {
+  const Catalog live = parse(answer(sim::Kind::live, 100'000), LibraryKind::live);
+  const Catalog movies = parse(answer(sim::Kind::movie, 100'000), LibraryKind::movies);
+  const Catalog shows = parse(answer(sim::Kind::series, 100'000), LibraryKind::shows);
+  double worst = 0;
+  std::string worstText;
+  std::size_t entries = 0;
+  for (const char* text : {"", "a", "e", "th", "the", "the n", "xq", "night", "\xC3\xA9"}) {
+    Times keystroke;
+    for (int i = 0; i < rounds; ++i) {
+      keystroke.run([&] {
+        ItemList list;
+        const CatalogFilter filter{QString(), folded(text)};
+        list.append(LibraryKind::live, live, filter);
+        list.append(LibraryKind::movies, movies, filter);
+        list.append(LibraryKind::shows, shows, filter);
+        if (filter.foldedName.empty()) entries = list.size();
+      });
+    }
+    if (keystroke.median() > worst) {
+      worst = keystroke.median();
+      worstText = text;
+    }
+  }
+  row("a keystroke searching " + std::to_string(entries) + " entries", milliseconds(worst),
+      "slowest text \"" + worstText + "\"", "8 ms", worst <= 8);
+}
+
+}  // namespace
+}  // namespace vantor::bench
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  using namespace vantor::bench;
+  const QByteArray movies = answer(sim::Kind::movie, largeLibrary);
+  benchParsing(movies);
+  benchStored(movies);
+  benchMainThread();
+  benchSearch();
+  return 0;
+}
