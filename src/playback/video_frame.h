@@ -13,11 +13,11 @@ enum class ColorRange { limited, full };
 /// Tells the pictures of one loaded media from those of every other; never used twice.
 using SourceNumber = std::uint64_t;
 
-/// One 8-bit plane; rows follow each other `stride` bytes apart.
+/// One 8-bit plane.
 struct VideoPlane {
   const std::uint8_t* data = nullptr;
-  int stride = 0;
-  QSize size;  // samples that are shown; the rest of a row is padding
+  int stride = 0;  // bytes from row to row; a multiple of 4, or Qt 6.4 misreads them on OpenGL
+  QSize size;      // samples that are shown; the rest of a row is padding
 };
 
 /// One decoded picture: Y, U and V with halved chroma (I420).

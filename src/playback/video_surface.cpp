@@ -58,6 +58,8 @@ class SurfaceNode final : public QSGNode {
 
 VideoSurface::VideoSurface(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
+  // A parent's window was announced before this class could hear of it.
+  followFrames(window());
 }
 
 void VideoSurface::setFrames(VideoFrameQueue* frames) {
@@ -82,13 +84,15 @@ QSGNode* VideoSurface::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
 }
 
 void VideoSurface::itemChange(ItemChange change, const ItemChangeData& data) {
-  if (change == ItemSceneChange) {
-    disconnect(swapped_);
-    if (data.window)
-      swapped_ = connect(data.window, &QQuickWindow::frameSwapped, this,
-                         &VideoSurface::onFrameSwapped, Qt::DirectConnection);
-  }
+  if (change == ItemSceneChange) followFrames(data.window);
   QQuickItem::itemChange(change, data);
+}
+
+void VideoSurface::followFrames(QQuickWindow* window) {
+  disconnect(swapped_);
+  if (window)
+    swapped_ = connect(window, &QQuickWindow::frameSwapped, this, &VideoSurface::onFrameSwapped,
+                       Qt::DirectConnection);
 }
 
 void VideoSurface::geometryChange(const QRectF& now, const QRectF& before) {

@@ -30,6 +30,7 @@ class VideoSurface final : public QQuickItem {
   void geometryChange(const QRectF& now, const QRectF& before) override;
 
  private:
+  void followFrames(QQuickWindow* window);
   void onFrameSwapped();  // render thread
 
   QPointer<VideoFrameQueue> frames_;

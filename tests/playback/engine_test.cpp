@@ -50,7 +50,8 @@ class EngineTest : public ::testing::Test {
   }
 
   void playFile(const QString& file) {
-    playback.play({.url = QUrl::fromLocalFile(file), .title = u"Film"_s, .id = u"f"_s, .local = true});
+    playback.play(
+        {.url = QUrl::fromLocalFile(file), .title = u"Film"_s, .id = u"f"_s, .local = true});
   }
   void playAddress(const QUrl& address, const QString& agent = u"Agent/1"_s) {
     playback.play({.url = address, .title = u"Channel"_s, .id = u"c"_s, .agent = agent});
@@ -58,8 +59,7 @@ class EngineTest : public ::testing::Test {
   testing::AssertionResult starts() {
     if (!eventually([&] { return !playback.loading(); }))
       return testing::AssertionFailure() << "still loading";
-    if (playback.message())
-      return testing::AssertionFailure() << playback.message()->toStdString();
+    if (playback.message()) return testing::AssertionFailure() << playback.message()->toStdString();
     return testing::AssertionSuccess();
   }
   std::string failure() {
