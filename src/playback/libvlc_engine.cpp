@@ -1,0 +1,225 @@
+#include "playback/libvlc_engine.h"
+
+#include <QObject>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <thread>
+#include <utility>
+
+#include "playback/libvlc_options.h"
+#include "playback/libvlc_player.h"
+#include "playback/still.h"
+
+namespace vantor {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kSampleInterval = 100ms;
+constexpr auto kLongestGoodbye = 3s;
+
+bool isOver(const EngineStatus& status) {
+  return status.state == EngineState::ended || status.state == EngineState::error;
+}
+
+/// A difference that should not wait for the next look at the status.
+bool isNews(const EngineStatus& before, const EngineStatus& now) {
+  return (before.decodedVideo == 0 && now.decodedVideo > 0) ||
+         (before.state != now.state && isOver(now));
+}
+
+}  // namespace
+
+/// What the main thread and the engine's thread share. It outlives the engine when libVLC hangs.
+class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
+ public:
+  using Command = std::function<void(LibVLCPlayer&)>;
+
+  Core(LibVLCEngine* owner, std::shared_ptr<VideoFrameQueue> frames, QList<QByteArray> options)
+      : frames_(std::move(frames)), options_(std::move(options)), owner_(owner) {}
+
+  void start() {
+    thread_ = std::thread([self = shared_from_this()] { self->run(); });
+  }
+
+  void post(Command command) {
+    {
+      const std::lock_guard lock(mutex_);
+      commands_.push_back(std::move(command));
+    }
+    wake_.notify_one();
+  }
+
+  /// Begins a new source, of which nothing but `status` is known.
+  SourceNumber begin(const EngineStatus& status) {
+    const std::lock_guard lock(mutex_);
+    status_ = status;
+    return ++source_;
+  }
+
+  EngineStatus status() const {
+    const std::lock_guard lock(mutex_);
+    return status_;
+  }
+
+  void markOpening() {
+    const std::lock_guard lock(mutex_);
+    if (isOver(status_)) status_.state = EngineState::opening;
+  }
+
+  void finish() {
+    std::unique_lock lock(mutex_);
+    owner_ = nullptr;
+    receiver_.reset();
+    quitting_ = true;
+    commands_.clear();
+    wake_.notify_one();
+    const bool ended = ended_.wait_for(lock, kLongestGoodbye, [this] { return over_; });
+    lock.unlock();
+    if (ended)
+      thread_.join();
+    else
+      thread_.detach();
+  }
+
+ private:
+  void run() {
+    {
+      LibVLCPlayer player(options_, frames_, [this] { notice(); });
+      while (const Command command = next(player.source() != 0 && !isOver(seen_))) {
+        command(player);
+        publish(player.source(), player.sample());
+      }
+    }
+    const std::lock_guard lock(mutex_);
+    over_ = true;
+    ended_.notify_one();
+  }
+
+  /// The next command, none that does nothing when it is time to look at the player, empty at the
+  /// end.
+  Command next(bool watching) {
+    std::unique_lock lock(mutex_);
+    const auto due = [this] { return quitting_ || noticed_ || !commands_.empty(); };
+    if (watching)
+      wake_.wait_for(lock, kSampleInterval, due);
+    else
+      wake_.wait(lock, due);
+    noticed_ = false;
+    if (quitting_) return {};
+    if (commands_.empty()) return [](LibVLCPlayer&) {};
+    Command command = std::move(commands_.front());
+    commands_.pop_front();
+    return command;
+  }
+
+  void notice() {
+    {
+      const std::lock_guard lock(mutex_);
+      noticed_ = true;
+    }
+    wake_.notify_one();
+  }
+
+  void publish(SourceNumber source, const EngineStatus& status) {
+    const EngineStatus before = std::exchange(seen_, status);
+    const std::lock_guard lock(mutex_);
+    if (source != source_) return;
+    status_ = status;
+    if (!receiver_ || !isNews(before, status)) return;
+    QMetaObject::invokeMethod(
+        receiver_.get(), [self = shared_from_this(), source] { self->announce(source); },
+        Qt::QueuedConnection);
+  }
+
+  void announce(SourceNumber source) {
+    LibVLCEngine* owner = nullptr;
+    {
+      const std::lock_guard lock(mutex_);
+      if (source == source_) owner = owner_;
+    }
+    if (owner && owner->onChange) owner->onChange();
+  }
+
+  const std::shared_ptr<VideoFrameQueue> frames_;
+  const QList<QByteArray> options_;
+  std::thread thread_;
+  EngineStatus seen_;  // engine's thread only
+
+  mutable std::mutex mutex_;  // guards what follows
+  std::condition_variable wake_;
+  std::condition_variable ended_;
+  std::deque<Command> commands_;
+  bool noticed_ = false;
+  bool quitting_ = false;
+  bool over_ = false;
+  SourceNumber source_ = 0;
+  EngineStatus status_;
+  LibVLCEngine* owner_;
+  std::unique_ptr<QObject> receiver_ = std::make_unique<QObject>();  // lives on the main thread
+};
+
+LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless)
+    : frames_(std::move(frames)),
+      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()))) {
+  core_->start();
+}
+
+LibVLCEngine::~LibVLCEngine() {
+  core_->finish();
+}
+
+void LibVLCEngine::load(const MediaSource& source) {
+  const SourceNumber number = core_->begin({.hasMedia = true});
+  frames_->expect(number);
+  core_->post([source, number](LibVLCPlayer& player) { player.load(source, number); });
+}
+
+void LibVLCEngine::unload() {
+  const SourceNumber number = core_->begin({});
+  frames_->expect(number);
+  core_->post([number](LibVLCPlayer& player) { player.unload(number); });
+}
+
+void LibVLCEngine::play() {
+  core_->markOpening();
+  core_->post([](LibVLCPlayer& player) { player.play(); });
+}
+
+void LibVLCEngine::pause() {
+  core_->post([](LibVLCPlayer& player) { player.pause(); });
+}
+
+void LibVLCEngine::setTime(std::int64_t milliseconds) {
+  core_->post([milliseconds](LibVLCPlayer& player) { player.setTime(milliseconds); });
+}
+
+void LibVLCEngine::setVolume(int percent) {
+  core_->post([percent](LibVLCPlayer& player) { player.setVolume(percent); });
+}
+
+void LibVLCEngine::setAudioTrack(std::int32_t id) {
+  core_->post([id](LibVLCPlayer& player) { player.setAudioTrack(id); });
+}
+
+void LibVLCEngine::setSubtitleTrack(std::int32_t id) {
+  core_->post([id](LibVLCPlayer& player) { player.setSubtitleTrack(id); });
+}
+
+void LibVLCEngine::setRate(float rate) {
+  core_->post([rate](LibVLCPlayer& player) { player.setRate(rate); });
+}
+
+EngineStatus LibVLCEngine::status() const {
+  return core_->status();
+}
+
+void LibVLCEngine::saveSnapshot(const QString& file, int width) {
+  const SharedFrame frame = frames_->latest();
+  if (!frame) return;
+  core_->post([frame, file, width](LibVLCPlayer&) { savePNG(stillOf(*frame, width), file); });
+}
+
+}  // namespace vantor

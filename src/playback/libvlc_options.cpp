@@ -1,0 +1,48 @@
+#include "playback/libvlc_options.h"
+
+#include <QDir>
+#include <QFile>
+#include <algorithm>
+
+namespace vantor {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+bool hasControlCharacter(const QString& text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](QChar c) { return c.category() == QChar::Other_Control; });
+}
+
+}  // namespace
+
+AudioOutput availableAudio() {
+  if (qgetenv("VANTOR_AUDIO") == "none") return AudioOutput::none;
+  if (!qEnvironmentVariableIsEmpty("PULSE_SERVER")) return AudioOutput::device;
+  const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  const bool server = !runtime.isEmpty() && (QFile::exists(runtime + u"/pulse/native"_s) ||
+                                             QFile::exists(runtime + u"/pipewire-0"_s));
+  const bool card = !QDir(u"/dev/snd"_s).entryList({u"pcm*p"_s}, QDir::System).isEmpty();
+  return server || card ? AudioOutput::device : AudioOutput::none;
+}
+
+QList<QByteArray> libraryOptions(bool headless, AudioOutput audio) {
+  QList<QByteArray> options{"--quiet", "--no-video-title-show", "--no-osd",
+                            "--network-caching=1200", "--file-caching=500"};
+  if (headless)
+    options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
+  else if (audio == AudioOutput::none)
+    options += "--aout=dummy";
+  return options;
+}
+
+QList<QByteArray> mediaOptions(const MediaSource& source) {
+  QList<QByteArray> options;
+  if (!hasControlCharacter(source.userAgent))
+    options += ":http-user-agent=" + source.userAgent.toUtf8();
+  options += ":network-caching=" + QByteArray::number(source.networkCaching);
+  return options;
+}
+
+}  // namespace vantor

@@ -1,0 +1,198 @@
+#include "playback/libvlc_player.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "playback/libvlc_options.h"
+
+namespace vantor {
+
+namespace {
+
+constexpr std::array kNewsEvents{libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
+                                 libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESSelected,
+                                 libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerAudioVolume};
+
+// The library's own messages carry addresses, and those carry passwords.
+void discard(void*, int, const libvlc_log_t*, const char*, va_list) {}
+
+EngineState stateOf(libvlc_state_t state) {
+  switch (state) {
+    case libvlc_Opening:
+      return EngineState::opening;
+    case libvlc_Buffering:
+    case libvlc_Playing:
+      return EngineState::playing;
+    case libvlc_Paused:
+      return EngineState::paused;
+    case libvlc_Ended:
+      return EngineState::ended;
+    case libvlc_Error:
+      return EngineState::error;
+    case libvlc_NothingSpecial:
+    case libvlc_Stopped:
+      break;
+  }
+  return EngineState::idle;
+}
+
+/// The library lists "Disable" with the identifier -1 among the tracks.
+QList<EngineTrack> tracksOf(libvlc_track_description_t* first) {
+  const LibVLCHandle<libvlc_track_description_t> list(first);
+  QList<EngineTrack> tracks;
+  for (const libvlc_track_description_t* track = first; track; track = track->p_next) {
+    if (track->i_id >= 0 && track->psz_name)
+      tracks.append({track->i_id, QString::fromUtf8(track->psz_name)});
+  }
+  return tracks;
+}
+
+LibVLCHandle<libvlc_instance_t> makeInstance(const QList<QByteArray>& options) {
+  std::vector<const char*> arguments;
+  for (const QByteArray& option : options) arguments.push_back(option.constData());
+  LibVLCHandle<libvlc_instance_t> instance(
+      libvlc_new(static_cast<int>(arguments.size()), arguments.data()));
+  if (instance) libvlc_log_set(instance.get(), discard, nullptr);
+  return instance;
+}
+
+}  // namespace
+
+LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions,
+                           std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onNews)
+    : onNews_(std::move(onNews)), instance_(makeInstance(libraryOptions)) {
+  if (!instance_) return;
+  player_.reset(libvlc_media_player_new(instance_.get()));
+  if (!player_) return;
+  if (!libraryOptions.contains("--vout=dummy")) {
+    output_ = std::make_unique<LibVLCVideoOutput>(std::move(frames), onNews_);
+    output_->attach(player_.get());
+  }
+  libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
+  for (const auto event : kNewsEvents) {
+    libvlc_event_attach(events, event, onEvent, this);
+  }
+}
+
+void LibVLCPlayer::onEvent(const libvlc_event_t*, void* self) {
+  static_cast<LibVLCPlayer*>(self)->onNews_();
+}
+
+LibVLCPlayer::~LibVLCPlayer() {
+  if (!player_) return;
+  libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
+  for (const auto event : kNewsEvents) {
+    libvlc_event_detach(events, event, onEvent, this);
+  }
+  libvlc_media_player_stop(player_.get());
+}
+
+void LibVLCPlayer::load(const MediaSource& source, SourceNumber number) {
+  LibVLCHandle<libvlc_media_t> media;
+  if (instance_)
+    media.reset(libvlc_media_new_location(instance_.get(), source.address.toEncoded().constData()));
+  if (media) {
+    for (const QByteArray& option : mediaOptions(source))
+      libvlc_media_add_option(media.get(), option.constData());
+  }
+  const bool refused = !media;
+  replaceMedia(std::move(media), number);
+  refused_ = refused;
+}
+
+void LibVLCPlayer::unload(SourceNumber number) {
+  replaceMedia(nullptr, number);
+}
+
+void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number) {
+  if (player_) {
+    libvlc_media_player_stop(player_.get());
+    libvlc_media_player_set_media(player_.get(), media.get());
+  }
+  media_ = std::move(media);
+  source_ = number;
+  last_ = {};
+  refused_ = false;
+  volumeApplied_ = false;
+  if (output_) output_->beginSource(number);
+}
+
+void LibVLCPlayer::play() {
+  if (!media_ || !player_) return;
+  // A media that has ended keeps its input, which takes no order to play.
+  const EngineState state = stateOf(libvlc_media_player_get_state(player_.get()));
+  if (state == EngineState::ended || state == EngineState::error) {
+    libvlc_media_player_stop(player_.get());
+    volumeApplied_ = false;
+  }
+  refused_ = libvlc_media_player_play(player_.get()) != 0;
+}
+
+void LibVLCPlayer::pause() {
+  if (player_) libvlc_media_player_set_pause(player_.get(), 1);
+}
+
+void LibVLCPlayer::setTime(std::int64_t milliseconds) {
+  if (player_) libvlc_media_player_set_time(player_.get(), milliseconds);
+}
+
+void LibVLCPlayer::setVolume(int percent) {
+  volume_ = percent;
+  volumeApplied_ = false;
+  applyVolume();
+}
+
+void LibVLCPlayer::applyVolume() {
+  // There is nothing to set before the media's sound has an output.
+  if (volumeApplied_ || !player_ || libvlc_audio_get_volume(player_.get()) < 0) return;
+  volumeApplied_ = libvlc_audio_set_volume(player_.get(), volume_) == 0;
+}
+
+void LibVLCPlayer::setAudioTrack(std::int32_t id) {
+  if (player_) libvlc_audio_set_track(player_.get(), id);
+}
+
+void LibVLCPlayer::setSubtitleTrack(std::int32_t id) {
+  if (player_) libvlc_video_set_spu(player_.get(), id);
+}
+
+void LibVLCPlayer::setRate(float rate) {
+  if (player_) libvlc_media_player_set_rate(player_.get(), rate);
+}
+
+EngineStatus LibVLCPlayer::sample() {
+  if (refused_) return {.state = EngineState::error, .hasMedia = true};
+  if (!media_ || !player_) return {};
+  applyVolume();
+
+  libvlc_media_player_t* player = player_.get();
+  EngineStatus status;
+  status.hasMedia = true;
+  status.state = stateOf(libvlc_media_player_get_state(player));
+  status.time = libvlc_media_player_get_time(player);
+  status.length = libvlc_media_player_get_length(player);
+  status.seekable = libvlc_media_player_is_seekable(player);
+  for (const EngineTrack& track : tracksOf(libvlc_video_get_track_description(player)))
+    status.videoTracks.append(track.id);
+  status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));
+  status.subtitleTracks = tracksOf(libvlc_video_get_spu_description(player));
+  if (status.state == EngineState::ended) {
+    // The input that knew the rest is gone.
+    const EngineState ended = status.state;
+    status = last_;
+    status.hasMedia = true;
+    status.state = ended;
+  }
+  libvlc_media_stats_t counts = {};
+  if (libvlc_media_get_stats(media_.get(), &counts)) {
+    status.decodedVideo = std::max<std::int64_t>(last_.decodedVideo, counts.i_decoded_video);
+    status.decodedAudio = std::max<std::int64_t>(last_.decodedAudio, counts.i_decoded_audio);
+  }
+  // The library counts its pictures a few times a second only.
+  if (output_) status.decodedVideo = std::max(status.decodedVideo, output_->pictures());
+  last_ = status;
+  return status;
+}
+
+}  // namespace vantor

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "playback/libvlc_handles.h"
+#include "playback/libvlc_video_output.h"
+#include "playback/media_engine.h"
+
+namespace vantor {
+
+/// libVLC's player and its current media. Used on one thread; only `onNews` is called on others,
+/// when a look at `sample` is worth while.
+class LibVLCPlayer {
+ public:
+  LibVLCPlayer(const QList<QByteArray>& libraryOptions, std::shared_ptr<VideoFrameQueue> frames,
+               std::function<void()> onNews);
+  ~LibVLCPlayer();
+  LibVLCPlayer(const LibVLCPlayer&) = delete;
+  LibVLCPlayer& operator=(const LibVLCPlayer&) = delete;
+
+  void load(const MediaSource& source, SourceNumber number);
+  void unload(SourceNumber number);
+  void play();
+  void pause();
+  void setTime(std::int64_t milliseconds);
+  void setVolume(int percent);
+  void setAudioTrack(std::int32_t id);
+  void setSubtitleTrack(std::int32_t id);
+  void setRate(float rate);
+
+  /// The number given with the last load or unload.
+  SourceNumber source() const { return source_; }
+  /// The present status; also does what had to wait for the media to get this far.
+  EngineStatus sample();
+
+ private:
+  static void onEvent(const libvlc_event_t*, void* self);
+  void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
+  void applyVolume();
+
+  const std::function<void()> onNews_;
+  LibVLCHandle<libvlc_instance_t> instance_;
+  std::unique_ptr<LibVLCVideoOutput> output_;  // absent when no picture goes out
+  LibVLCHandle<libvlc_media_player_t> player_;
+  LibVLCHandle<libvlc_media_t> media_;
+  SourceNumber source_ = 0;
+  EngineStatus last_;
+  bool refused_ = false;  // the library took neither the media nor the order to play it
+  int volume_ = 100;
+  bool volumeApplied_ = false;
+};
+
+}  // namespace vantor

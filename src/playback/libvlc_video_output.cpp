@@ -1,0 +1,140 @@
+#include "playback/libvlc_video_output.h"
+
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "playback/libvlc_picture_format.h"
+
+namespace vantor {
+
+namespace {
+
+constexpr unsigned kLongestSide = 16'384;
+constexpr unsigned kMostPixels = 8'192 * 4'608;
+
+constexpr unsigned roundUp(unsigned value, unsigned unit) {
+  return (value + unit - 1) / unit * unit;
+}
+
+bool isTooLarge(unsigned width, unsigned height) {
+  return width == 0 || height == 0 || width > kLongestSide || height > kLongestSide ||
+         width * height > kMostPixels;
+}
+
+}  // namespace
+
+/// Picture memory of one format, used again when nobody holds it any more.
+class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> {
+ public:
+  explicit Buffers(const PictureFormat& pictures)
+      : format(pictures),
+        pitch(roundUp(static_cast<unsigned>(pictures.size.width()), 64)),
+        lines(roundUp(static_cast<unsigned>(pictures.size.height()), 32)) {}
+
+  std::shared_ptr<VideoFrame> take() {
+    const std::shared_ptr<std::uint8_t> memory = takeMemory();
+    auto frame = std::make_shared<VideoFrame>();
+    const QSize chroma((format.size.width() + 1) / 2, (format.size.height() + 1) / 2);
+    const std::size_t luma = std::size_t{pitch} * lines;
+    const int stride = static_cast<int>(pitch);
+    frame->planes = {VideoPlane{memory.get(), stride, format.size},
+                     VideoPlane{memory.get() + luma, stride / 2, chroma},
+                     VideoPlane{memory.get() + luma + luma / 4, stride / 2, chroma}};
+    frame->pixelAspect = format.pixelAspect;
+    frame->matrix = format.matrix;
+    frame->range = format.range;
+    frame->memory = memory;
+    return frame;
+  }
+
+  const PictureFormat format;
+  const unsigned pitch;
+  const unsigned lines;
+
+ private:
+  std::shared_ptr<std::uint8_t> takeMemory() {
+    std::unique_ptr<std::uint8_t[]> memory;
+    {
+      const std::lock_guard lock(mutex_);
+      if (!free_.empty()) {
+        memory = std::move(free_.back());
+        free_.pop_back();
+      }
+    }
+    if (!memory) memory = std::make_unique<std::uint8_t[]>(std::size_t{pitch} * lines * 3 / 2);
+    return {memory.release(), [self = shared_from_this()](std::uint8_t* bytes) {
+              const std::lock_guard lock(self->mutex_);
+              self->free_.emplace_back(bytes);
+            }};
+  }
+
+  std::mutex mutex_;
+  std::vector<std::unique_ptr<std::uint8_t[]>> free_;
+};
+
+LibVLCVideoOutput::LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames,
+                                     std::function<void()> onFirstPicture)
+    : frames_(std::move(frames)), onFirstPicture_(std::move(onFirstPicture)) {}
+
+void LibVLCVideoOutput::attach(libvlc_media_player_t* player) {
+  libvlc_video_set_format_callbacks(player, setUp, cleanUp);
+  libvlc_video_set_callbacks(player, lock, nullptr, display, this);
+}
+
+void LibVLCVideoOutput::beginSource(SourceNumber source) {
+  source_ = source;
+  pictures_ = 0;
+}
+
+unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, unsigned* height,
+                                  unsigned* pitches, unsigned* lines) {
+  auto* self = static_cast<LibVLCVideoOutput*>(*opaque);
+  if (isTooLarge(*width, *height)) return 0;
+  PictureFormat format{.size = QSize(static_cast<int>(*width), static_cast<int>(*height))};
+  if (const auto known = pictureFormat(chroma, width, height)) format = *known;
+  // J420 is I420 of full range, which libVLC would convert.
+  if (std::memcmp(chroma, "J420", 4) != 0) std::memcpy(chroma, "I420", 4);
+
+  const auto buffers = std::make_shared<Buffers>(format);
+  *width = static_cast<unsigned>(format.size.width());
+  *height = static_cast<unsigned>(format.size.height());
+  pitches[0] = buffers->pitch;
+  lines[0] = buffers->lines;
+  pitches[1] = pitches[2] = buffers->pitch / 2;
+  lines[1] = lines[2] = buffers->lines / 2;
+  const std::lock_guard guard(self->mutex_);
+  self->buffers_ = buffers;
+  return 1;
+}
+
+void LibVLCVideoOutput::cleanUp(void* opaque) {
+  auto* self = static_cast<LibVLCVideoOutput*>(opaque);
+  const std::lock_guard guard(self->mutex_);
+  self->writing_.reset();
+  self->buffers_.reset();
+}
+
+void* LibVLCVideoOutput::lock(void* opaque, void** planes) {
+  auto* self = static_cast<LibVLCVideoOutput*>(opaque);
+  const std::lock_guard guard(self->mutex_);
+  self->writing_ = self->buffers_->take();
+  for (std::size_t i = 0; i < 3; ++i)
+    planes[i] = const_cast<std::uint8_t*>(self->writing_->planes[i].data);
+  return nullptr;
+}
+
+void LibVLCVideoOutput::display(void* opaque, void*) {
+  auto* self = static_cast<LibVLCVideoOutput*>(opaque);
+  std::shared_ptr<VideoFrame> frame;
+  {
+    const std::lock_guard guard(self->mutex_);
+    frame = std::exchange(self->writing_, nullptr);
+  }
+  if (!frame) return;
+  frame->source = self->source_;
+  self->frames_->present(std::move(frame));
+  if (++self->pictures_ == 1) self->onFirstPicture_();
+}
+
+}  // namespace vantor

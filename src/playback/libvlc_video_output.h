@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vlc/vlc.h>
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+
+#include "playback/video_frame_queue.h"
+
+namespace vantor {
+
+/// Receives libVLC's pictures in memory of ours and passes them on.
+///
+/// `attach` and `beginSource` belong to the engine's thread; the callbacks come on libVLC's own and
+/// call nothing of libVLC.
+class LibVLCVideoOutput {
+ public:
+  /// `onFirstPicture` is called on libVLC's threads.
+  LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onFirstPicture);
+
+  void attach(libvlc_media_player_t* player);
+  void beginSource(SourceNumber source);
+  /// Pictures shown since `beginSource`.
+  std::int64_t pictures() const { return pictures_.load(); }
+
+ private:
+  class Buffers;
+
+  static unsigned setUp(void** self, char* chroma, unsigned* width, unsigned* height,
+                        unsigned* pitches, unsigned* lines);
+  static void cleanUp(void* self);
+  static void* lock(void* self, void** planes);
+  static void display(void* self, void* picture);
+
+  const std::shared_ptr<VideoFrameQueue> frames_;
+  const std::function<void()> onFirstPicture_;
+  std::atomic<SourceNumber> source_ = 0;
+  std::atomic<std::int64_t> pictures_ = 0;
+
+  std::mutex mutex_;  // guards what follows
+  std::shared_ptr<Buffers> buffers_;
+  std::shared_ptr<VideoFrame> writing_;
+};
+
+}  // namespace vantor

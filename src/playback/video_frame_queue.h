@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <mutex>
+
+#include "playback/video_frame.h"
+
+namespace vantor {
+
+/// Hands pictures from the engine to the surface, which shows the newest and misses the others.
+/// Safe from any thread.
+class VideoFrameQueue final : public QObject {
+  Q_OBJECT
+
+ public:
+  using QObject::QObject;
+
+  /// Drops the picture there is; from now on only those of `source` are taken.
+  void expect(SourceNumber source);
+  void present(SharedFrame frame);
+
+  /// The newest picture of the expected source, or null.
+  SharedFrame latest() const;
+  /// The same, for the surface: a later change is announced again.
+  SharedFrame take();
+
+ Q_SIGNALS:
+  /// `latest` changed since the last `take`; emitted once until then, on the thread that changed
+  /// it.
+  void changed();
+
+ private:
+  void announce(std::unique_lock<std::mutex> lock);
+
+  mutable std::mutex mutex_;
+  SourceNumber source_ = 0;
+  SharedFrame latest_;
+  bool announced_ = false;
+};
+
+}  // namespace vantor
