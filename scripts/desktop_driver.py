@@ -1,0 +1,207 @@
+"""Drives the player as a person would: finds things by their accessible names, sends real key and
+pointer events, takes screenshots. Needs a display, a session bus and at-spi-bus-launcher."""
+
+import os
+import signal
+import subprocess
+import time
+
+import pyatspi
+
+TIMEOUT = 40  # seconds after which what was waited for counts as not coming
+
+
+class Failed(Exception):
+    pass
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def start_accessibility():
+    launcher = "/usr/libexec/at-spi-bus-launcher"
+    process = subprocess.Popen([launcher, "--launch-immediately"],
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    time.sleep(0.5)
+    return process
+
+
+class Simulator:
+    """The simulated provider as a child process."""
+
+    def __init__(self, build, *options):
+        self.process = subprocess.Popen(
+            [f"{build}/sim/vantor-sim", "--media", os.environ["VANTOR_SIM_MEDIA"], *options],
+            stdout=subprocess.PIPE, text=True)
+        self.said = {}
+        for line in self.process.stdout:
+            name, _, value = line.strip().partition(": ")
+            self.said[name.strip().lower()] = value.strip()
+            if "password" in self.said:
+                break
+        else:
+            raise Failed("the simulator did not start")
+
+    def value(self, *words):
+        for name, value in self.said.items():
+            if all(word in name for word in words):
+                return value
+        raise Failed(f"the simulator did not say its {words}: {self.said}")
+
+    def stop(self):
+        self.process.send_signal(signal.SIGTERM)
+        self.process.wait(timeout=10)
+
+
+class Player:
+    """The player in its window, and what can be done with it."""
+
+    def __init__(self, build, output, config_url, *arguments):
+        self.output = output
+        self.shots = 0
+        self.record = open(os.path.join(output, "tour.txt"), "w")
+        environment = dict(os.environ, VANTOR_CONFIG_URL=config_url,
+                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", VANTOR_AUDIO="none")
+        self.process = subprocess.Popen([f"{build}/src/app/vantor", *arguments], env=environment)
+        self.wait("the window", lambda: self.application() is not None)
+        self.window = self.wait("the window's number", self.window_number)
+        run("xdotool", "windowfocus", "--sync", self.window)
+
+    def say(self, text):
+        print(text, flush=True)
+        self.record.write(text + "\n")
+        self.record.flush()
+
+    def wait(self, what, condition, timeout=TIMEOUT):
+        end = time.monotonic() + timeout
+        while time.monotonic() < end:
+            if self.process.poll() is not None and what != "the end":
+                raise Failed(f"the player ended with {self.process.returncode} before {what}")
+            try:
+                result = condition()
+            except Exception as error:  # the tree changes while it is read
+                result = None
+                last = error
+            if result:
+                return result
+            time.sleep(0.1)
+        self.shot("failed")
+        raise Failed(f"{what} did not come")
+
+    # What there is
+
+    def application(self):
+        desktop = pyatspi.Registry.getDesktop(0)
+        for application in desktop:
+            if application and application.get_process_id() == self.process.pid:
+                return application if application.childCount > 0 else None
+        return None
+
+    def window_number(self):
+        found = run("xdotool", "search", "--onlyvisible", "--name", "Vantor Player").split()
+        return found[-1] if found else None
+
+    def all(self):
+        def walk(node):
+            try:
+                for child in node:
+                    if child is None:
+                        continue
+                    yield child
+                    yield from walk(child)
+            except Exception:
+                return
+        application = self.application()
+        return walk(application) if application else iter(())
+
+    def find(self, name, role=None, showing=True):
+        """The first thing on screen with that name; a name that ends with "…" is a beginning."""
+        for node in self.all():
+            try:
+                matches = (node.name.startswith(name[:-1]) if name.endswith("…")
+                           else node.name == name)
+                if not matches or (role and role not in node.getRoleName()):
+                    continue
+                if showing and not node.getState().contains(pyatspi.STATE_SHOWING):
+                    continue
+                return node
+            except Exception:
+                continue
+        return None
+
+    def expect(self, name, role=None):
+        return self.wait(f'"{name}"', lambda: self.find(name, role))
+
+    def expect_gone(self, name):
+        self.wait(f'the end of "{name}"', lambda: self.find(name) is None)
+
+    def box(self, node):
+        extents = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        return extents.x, extents.y, extents.width, extents.height
+
+    def focused(self):
+        for node in self.all():
+            try:
+                if node.getState().contains(pyatspi.STATE_FOCUSED):
+                    return node
+            except Exception:
+                continue
+        return None
+
+    # What a person does
+
+    def type(self, text):
+        run("xdotool", "type", "--delay", "15", text)
+
+    def press(self, *keys):
+        for key in keys:
+            run("xdotool", "key", "--delay", "30", key)
+            time.sleep(0.08)
+
+    def point(self, node, clicks=1, button=1):
+        x, y, width, height = self.box(node)
+        run("xdotool", "mousemove", "--sync", str(x + width // 2), str(y + height // 2))
+        run("xdotool", "click", "--repeat", str(clicks), "--delay", "60", str(button))
+
+    def shot(self, name):
+        self.shots += 1
+        path = os.path.join(self.output, f"{self.shots:02}-{name}.png")
+        run("import", "-window", "root", path)
+        return path
+
+    def picture_moves(self, node):
+        """Whether the screen under `node` shows something that moves, and is not one colour."""
+        x, y, width, height = self.box(node)
+        # Away from the edges, where other things may be drawn over the picture.
+        crop = f"{width * 8 // 10}x{height * 6 // 10}+{x + width // 10}+{y + height // 10}"
+        frames = []
+        for number in range(2):
+            path = os.path.join(self.output, f".frame-{number}.png")
+            run("import", "-window", "root", "-crop", crop, "+repage", path)
+            frames.append(path)
+            time.sleep(0.4)
+        spread = float(run("convert", frames[0], "-colorspace", "Gray", "-format",
+                           "%[fx:standard_deviation]", "info:"))
+        difference = subprocess.run(["compare", "-metric", "RMSE", *frames, "null:"],
+                                    capture_output=True, text=True).stderr
+        for frame in frames:
+            os.remove(frame)
+        moved = float(difference.split("(")[1].rstrip(")"))
+        return spread > 0.02 and moved > 0.005
+
+    def expect_picture(self, node_name):
+        node = self.expect(node_name)
+        self.wait("a moving picture", lambda: self.picture_moves(node))
+
+    def quit(self):
+        """Ends the player as the desktop does, and says whether it ended well."""
+        self.press("ctrl+q")
+        end = time.monotonic() + 10
+        while self.process.poll() is None and time.monotonic() < end:
+            time.sleep(0.05)
+        if self.process.poll() is None:
+            self.process.kill()
+            raise Failed("the player did not quit")
+        if self.process.returncode != 0:
+            raise Failed(f"the player ended with {self.process.returncode}")
