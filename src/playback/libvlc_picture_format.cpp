@@ -51,8 +51,6 @@ std::optional<PictureFormat> pictureFormat(const char* chroma, const unsigned* w
   PictureFormat result;
   result.size =
       QSize(static_cast<int>(format.i_visible_width), static_cast<int>(format.i_visible_height));
-  if (format.i_sar_num > 0 && format.i_sar_den > 0)
-    result.pixelAspect = static_cast<double>(format.i_sar_num) / format.i_sar_den;
   result.matrix = matrixOf(format);
   const bool full = format.b_color_range_full || format.i_chroma == VLC_CODEC_J420 ||
                     format.i_chroma == VLC_CODEC_J422 || format.i_chroma == VLC_CODEC_J444;

@@ -10,7 +10,6 @@ namespace vantor {
 /// How a decoder's pictures are meant to be shown.
 struct PictureFormat {
   QSize size;  // without the decoder's padding
-  double pixelAspect = 1;
   ColorMatrix matrix = ColorMatrix::bt709;
   ColorRange range = ColorRange::limited;
 };

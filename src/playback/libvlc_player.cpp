@@ -75,8 +75,10 @@ LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions,
   }
 }
 
-void LibVLCPlayer::onEvent(const libvlc_event_t*, void* self) {
-  static_cast<LibVLCPlayer*>(self)->onNews_();
+void LibVLCPlayer::onEvent(const libvlc_event_t* event, void* opaque) {
+  auto* self = static_cast<LibVLCPlayer*>(opaque);
+  if (event->type == libvlc_MediaPlayerEncounteredError) self->failed_ = true;
+  self->onNews_();
 }
 
 LibVLCPlayer::~LibVLCPlayer() {
@@ -114,6 +116,7 @@ void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber
   source_ = number;
   last_ = {};
   refused_ = false;
+  failed_ = false;
   volumeApplied_ = false;
   if (output_) output_->beginSource(number);
 }
@@ -125,6 +128,7 @@ void LibVLCPlayer::play() {
   if (state == EngineState::ended || state == EngineState::error) {
     libvlc_media_player_stop(player_.get());
     volumeApplied_ = false;
+    failed_ = false;
   }
   refused_ = libvlc_media_player_play(player_.get()) != 0;
 }
@@ -165,11 +169,12 @@ EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
   applyVolume();
+  if (output_ && output_->pictures() > 0) output_->setPixelAspect(pixelAspect());
 
   libvlc_media_player_t* player = player_.get();
   EngineStatus status;
   status.hasMedia = true;
-  status.state = stateOf(libvlc_media_player_get_state(player));
+  status.state = failed_ ? EngineState::error : stateOf(libvlc_media_player_get_state(player));
   status.time = libvlc_media_player_get_time(player);
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);
@@ -193,6 +198,21 @@ EngineStatus LibVLCPlayer::sample() {
   if (output_) status.decodedVideo = std::max(status.decodedVideo, output_->pictures());
   last_ = status;
   return status;
+}
+
+double LibVLCPlayer::pixelAspect() const {
+  libvlc_media_track_t** tracks = nullptr;
+  const unsigned count = libvlc_media_tracks_get(media_.get(), &tracks);
+  double aspect = 1;
+  for (unsigned i = 0; i < count; ++i) {
+    if (tracks[i]->i_type != libvlc_track_video) continue;
+    const libvlc_video_track_t& video = *tracks[i]->video;
+    if (video.i_sar_num == 0 || video.i_sar_den == 0) continue;
+    aspect = static_cast<double>(video.i_sar_num) / video.i_sar_den;
+    break;
+  }
+  if (tracks) libvlc_media_tracks_release(tracks, count);
+  return aspect;
 }
 
 }  // namespace vantor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -35,9 +36,10 @@ class LibVLCPlayer {
   EngineStatus sample();
 
  private:
-  static void onEvent(const libvlc_event_t*, void* self);
+  static void onEvent(const libvlc_event_t* event, void* self);
   void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
   void applyVolume();
+  double pixelAspect() const;
 
   const std::function<void()> onNews_;
   LibVLCHandle<libvlc_instance_t> instance_;
@@ -46,7 +48,8 @@ class LibVLCPlayer {
   LibVLCHandle<libvlc_media_t> media_;
   SourceNumber source_ = 0;
   EngineStatus last_;
-  bool refused_ = false;  // the library took neither the media nor the order to play it
+  bool refused_ = false;              // the library took neither the media nor the order to play it
+  std::atomic<bool> failed_ = false;  // it announced an error, which its state forgets
   int volume_ = 100;
   bool volumeApplied_ = false;
 };

@@ -41,7 +41,6 @@ class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> 
     frame->planes = {VideoPlane{memory.get(), stride, format.size},
                      VideoPlane{memory.get() + luma, stride / 2, chroma},
                      VideoPlane{memory.get() + luma + luma / 4, stride / 2, chroma}};
-    frame->pixelAspect = format.pixelAspect;
     frame->matrix = format.matrix;
     frame->range = format.range;
     frame->memory = memory;
@@ -83,8 +82,19 @@ void LibVLCVideoOutput::attach(libvlc_media_player_t* player) {
 }
 
 void LibVLCVideoOutput::beginSource(SourceNumber source) {
+  const std::lock_guard guard(mutex_);
   source_ = source;
   pictures_ = 0;
+  waiting_.reset();
+  pixelAspect_ = 0;
+}
+
+void LibVLCVideoOutput::setPixelAspect(double widthByHeight) {
+  const std::lock_guard guard(mutex_);
+  // Before a picture is out, the media may know its shape only in part.
+  if (pictures_ == 0) return;
+  pixelAspect_ = widthByHeight;
+  if (waiting_) present(std::exchange(waiting_, nullptr));
 }
 
 unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, unsigned* height,
@@ -126,15 +136,20 @@ void* LibVLCVideoOutput::lock(void* opaque, void** planes) {
 
 void LibVLCVideoOutput::display(void* opaque, void*) {
   auto* self = static_cast<LibVLCVideoOutput*>(opaque);
-  std::shared_ptr<VideoFrame> frame;
   {
     const std::lock_guard guard(self->mutex_);
-    frame = std::exchange(self->writing_, nullptr);
+    if (!self->writing_) return;
+    ++self->pictures_;
+    self->waiting_ = std::exchange(self->writing_, nullptr);
+    if (self->pixelAspect_ > 0) self->present(std::exchange(self->waiting_, nullptr));
   }
-  if (!frame) return;
-  frame->source = self->source_;
-  self->frames_->present(std::move(frame));
-  if (++self->pictures_ == 1) self->onFirstPicture_();
+  if (self->pictures_ == 1) self->onFirstPicture_();
+}
+
+void LibVLCVideoOutput::present(std::shared_ptr<VideoFrame> frame) {
+  frame->source = source_;
+  frame->pixelAspect = pixelAspect_;
+  frames_->present(std::move(frame));
 }
 
 }  // namespace vantor

@@ -12,8 +12,9 @@ namespace vantor {
 
 /// Receives libVLC's pictures in memory of ours and passes them on.
 ///
-/// `attach` and `beginSource` belong to the engine's thread; the callbacks come on libVLC's own and
-/// call nothing of libVLC.
+/// The public operations belong to the engine's thread; the callbacks come on libVLC's own and call
+/// nothing of libVLC. They do not learn the shape of a pixel, so the first picture of a source
+/// waits until `setPixelAspect` says it.
 class LibVLCVideoOutput {
  public:
   /// `onFirstPicture` is called on libVLC's threads.
@@ -21,6 +22,7 @@ class LibVLCVideoOutput {
 
   void attach(libvlc_media_player_t* player);
   void beginSource(SourceNumber source);
+  void setPixelAspect(double widthByHeight);
   /// Pictures shown since `beginSource`.
   std::int64_t pictures() const { return pictures_.load(); }
 
@@ -32,15 +34,18 @@ class LibVLCVideoOutput {
   static void cleanUp(void* self);
   static void* lock(void* self, void** planes);
   static void display(void* self, void* picture);
+  void present(std::shared_ptr<VideoFrame> frame);
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const std::function<void()> onFirstPicture_;
-  std::atomic<SourceNumber> source_ = 0;
   std::atomic<std::int64_t> pictures_ = 0;
 
   std::mutex mutex_;  // guards what follows
+  SourceNumber source_ = 0;
   std::shared_ptr<Buffers> buffers_;
   std::shared_ptr<VideoFrame> writing_;
+  std::shared_ptr<VideoFrame> waiting_;
+  double pixelAspect_ = 0;  // 0 while unknown
 };
 
 }  // namespace vantor

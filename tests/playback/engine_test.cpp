@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -16,7 +17,10 @@ namespace {
 using namespace test;
 using namespace Qt::StringLiterals;
 
-const QStringList kCopyNothing{};
+const std::string kNotOpened =
+    "This source could not be opened. It may be offline or your provider may be refusing the "
+    "connection.";
+const std::string kEndedEarly = "The source ended before playback could start.";
 
 /// The real engine under the real controller.
 class EngineTest : public ::testing::Test {
@@ -69,7 +73,7 @@ class EngineTest : public ::testing::Test {
 };
 
 TEST_F(EngineTest, PlaysEveryContainer) {
-  for (const QString& name : {u"a.ts"_s, u"a.mkv"_s, u"a.mp4"_s, u"a.avi"_s}) {
+  for (const QString& name : {u"a.ts"_s, u"a.mkv"_s, u"a.mp4"_s, u"a.avi"_s, u"a.m3u8"_s}) {
     SCOPED_TRACE(name.toStdString());
     playFile(movie(name));
     ASSERT_TRUE(starts());
@@ -79,8 +83,223 @@ TEST_F(EngineTest, PlaysEveryContainer) {
     EXPECT_TRUE(eventually([&] { return playback.transport()->duration() > 2.5; }));
     EXPECT_LT(playback.transport()->duration(), 3.5);
     EXPECT_TRUE(playback.transport()->seekable());
-    EXPECT_EQ(playback.transport()->audio().size(), 1);
+    EXPECT_TRUE(eventually([&] { return playback.transport()->audio().size() == 1; }));
   }
+}
+
+TEST_F(EngineTest, PicturesKeepTheirShapeWithoutTheDecodersPadding) {
+  // The lower half is white from line 360 on; a stretched picture has that edge lower.
+  const QStringList half =
+      solidColor(u"black"_s, u"1280x720"_s, 2) +
+      QStringList{u"-vf"_s,  u"drawbox=y=360:h=360:color=white:t=fill,setsar=4/3"_s,
+                  u"-qp"_s,  u"4"_s,
+                  u"-c:v"_s, u"libx264"_s};
+  for (const QString& format : {u"yuv420p"_s, u"yuv420p10le"_s}) {
+    for (const QString& name : {u"half.mkv"_s, u"half.ts"_s}) {
+      SCOPED_TRACE((format + u' ' + name).toStdString());
+      playFile(make(name, half + QStringList{u"-pix_fmt"_s, format}));
+      ASSERT_TRUE(starts());
+      const SharedFrame frame = frames->latest();
+      ASSERT_TRUE(frame);
+      EXPECT_EQ(frame->size(), QSize(1280, 720));
+      EXPECT_NEAR(frame->pixelAspect, 4.0 / 3, 0.01);
+      const VideoPlane& luma = frame->planes[0];
+      const auto line = [&](int y) { return luma.data[y * luma.stride + 640]; };
+      EXPECT_LT(line(358), 40);
+      EXPECT_GT(line(361), 210);
+    }
+  }
+}
+
+TEST_F(EngineTest, AudioAloneStartsWithoutAPicture) {
+  playFile(make(u"a.mp3"_s, tone(4)));
+  ASSERT_TRUE(starts());
+  EXPECT_FALSE(frames->latest());
+  EXPECT_GE(engine.status().time, 1001);
+}
+
+TEST_F(EngineTest, FailuresGetTheirSentences) {
+  const QString garbage = path(u"garbage.ts"_s);
+  QFile file(garbage);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  QByteArray noise(200'000, 0);
+  std::uint32_t state = 1;
+  for (char& byte : noise)
+    byte = static_cast<char>((state = state * 1'664'525 + 1'013'904'223) >> 24);
+  file.write(noise);
+  file.close();
+  playFile(garbage);
+  EXPECT_THAT(failure(), testing::AnyOf(kNotOpened, kEndedEarly));
+  EXPECT_FALSE(engine.status().hasMedia);
+
+  StreamServer gone({});
+  const QUrl nobody = gone.address("/live/1.ts");
+  gone.close();
+  playAddress(nobody);
+  EXPECT_EQ(failure(), kNotOpened);
+
+  playFile(path(u"missing.mkv"_s));
+  EXPECT_EQ(failure(), "This media file is no longer available.");
+
+  playAddress(QUrl::fromLocalFile(path(u"missing.mkv"_s)));
+  EXPECT_EQ(failure(), kNotOpened);
+}
+
+TEST_F(EngineTest, StreamThatBreaksOffEndsAfterWhatItHad) {
+  const QByteArray whole = bytes(movie(u"a.ts"_s));
+  StreamServer server(whole.first(whole.size() / 2));
+  server.promised = static_cast<int>(whole.size());
+  playAddress(server.address("/a.ts"));
+  ASSERT_TRUE(starts());
+  EXPECT_TRUE(eventually([&] { return playback.paused(); })) << "no end was noticed";
+  EXPECT_FALSE(playback.message());
+}
+
+TEST_F(EngineTest, AsksForTheAddressAsItIsEncodedAndWithTheUserAgent) {
+  StreamServer server(bytes(movie(u"a.ts"_s)));
+  const struct {
+    QByteArray target;
+    QString agent;
+    bool sendsAgent;
+  } cases[] = {
+      {"/live/us%2Fer/p%40ss%3Aw%25rd/7.ts", u"VantorPlayerMac/0.1.0"_s, true},
+      {"/live/caf%C3%A9%20%2B/x%3Fy%23z/8.ts?a=%26b%3D",
+       u"Mozilla/5.0 (X11; Linux, :sout=#x) Odd/1"_s, true},
+      {"/live/u/p/9.ts", u"Agent\r\nX-Injected: yes"_s, false},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.target.toStdString());
+    server.requests.clear();
+    playAddress(server.address(row.target), row.agent);
+    EXPECT_TRUE(starts());
+    ASSERT_FALSE(server.requests.isEmpty());
+    EXPECT_EQ(server.requests.first().target.toStdString(), row.target.toStdString());
+    EXPECT_EQ(server.requests.first().head.contains("User-Agent: " + row.agent.toUtf8() + "\r\n"),
+              row.sendsAgent)
+        << server.requests.first().head.toStdString();
+    EXPECT_FALSE(server.requests.first().head.contains("X-Injected"));
+  }
+}
+
+TEST_F(EngineTest, EndsPausedAndPlaysAgain) {
+  playFile(movie(u"a.mkv"_s));
+  ASSERT_TRUE(starts());
+  playback.seek(2.5);
+  ASSERT_TRUE(eventually([&] { return playback.paused(); }));
+  EXPECT_FALSE(playback.message());
+  EXPECT_EQ(engine.status().state, EngineState::ended);
+  EXPECT_GT(playback.transport()->duration(), 2.5) << "is known to the end";
+  playback.togglePause();
+  EXPECT_TRUE(eventually([&] {
+    const EngineStatus status = engine.status();
+    return status.state == EngineState::playing && status.time > 0 && status.time < 2'000;
+  }));
+}
+
+TEST_F(EngineTest, ResumesPausesAndSeeks) {
+  const QString file = make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60));
+  playback.play({.url = QUrl::fromLocalFile(file), .id = u"f"_s, .local = true, .resume = 30});
+  ASSERT_TRUE(starts());
+  EXPECT_TRUE(eventually([&] { return playback.transport()->seconds() > 29; }));
+  playback.seek(5);
+  EXPECT_TRUE(eventually(
+      [&] { return playback.transport()->seconds() < 10 && playback.transport()->seconds() > 4; }));
+  playback.togglePause();
+  ASSERT_TRUE(eventually([&] { return engine.status().state == EngineState::paused; }));
+  const std::int64_t time = engine.status().time;
+  playback.togglePause();
+  EXPECT_TRUE(eventually([&] { return engine.status().time > time; }));
+  playback.setRate(2);
+  playback.restart();
+  EXPECT_TRUE(eventually([&] { return engine.status().time < 4'000; }));
+}
+
+TEST_F(EngineTest, ListsAndChoosesTracks) {
+  const QString words = path(u"words.srt"_s);
+  QFile subtitles(words);
+  ASSERT_TRUE(subtitles.open(QIODevice::WriteOnly));
+  subtitles.write("1\n00:00:00,000 --> 00:00:02,000\nWords\n");
+  subtitles.close();
+  const QString file =
+      make(u"tracks.mkv"_s,
+           solidColor(u"red"_s, u"160x90"_s, 5) + tone(5) + tone(5) +
+               QStringList{u"-i"_s, words, u"-i"_s, words} +
+               QStringList{u"-map"_s, u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-map"_s,
+                           u"3"_s, u"-map"_s, u"4"_s, u"-metadata:s:a:0"_s, u"title=One"_s,
+                           u"-metadata:s:a:1"_s, u"title=Two"_s, u"-metadata:s:s:0"_s,
+                           u"title=Three"_s, u"-metadata:s:s:1"_s, u"title=Four"_s});
+  playFile(file);
+  ASSERT_TRUE(starts());
+  const TransportState& transport = *playback.transport();
+  ASSERT_TRUE(eventually(
+      [&] { return transport.audio().size() == 2 && transport.subtitles().size() == 2; }));
+  EXPECT_TRUE(transport.audio().at(1).name.contains(u"Two"_s));
+  EXPECT_TRUE(transport.subtitles().at(0).name.contains(u"Three"_s));
+  EXPECT_NE(transport.audio().at(0).id, transport.audio().at(1).id);
+}
+
+TEST_F(EngineTest, HoldsTheLastPictureOfThePreviousSource) {
+  playFile(movie(u"red.mkv"_s));
+  ASSERT_TRUE(starts());
+  const QString second = movie(u"blue.mkv"_s, u"blue"_s);
+  QList<QImage> held;
+  QObject::connect(&playback, &Playback::heldFrameChanged,
+                   [&] { held.append(playback.heldFrame()); });
+  playFile(second);
+  ASSERT_TRUE(starts());
+  ASSERT_EQ(held.size(), 2);
+  EXPECT_EQ(held.at(0).size(), QSize(640, 360));
+  const QColor color = held.at(0).pixelColor(320, 180);
+  EXPECT_TRUE(color.red() > 230 && color.green() < 25 && color.blue() < 25)
+      << color.name().toStdString();
+  EXPECT_TRUE(held.at(1).isNull());
+  EXPECT_TRUE(QDir(folder.path()).entryList({u"quillet-frame-*"_s}, QDir::Dirs).isEmpty());
+}
+
+TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
+  const QString file = movie(u"a.mkv"_s);
+  playFile(file);
+  ASSERT_TRUE(starts());
+  engine.unload();
+  EXPECT_FALSE(engine.status().hasMedia);
+  EXPECT_FALSE(frames->latest());
+  for (int round = 0; round < 5; ++round) {
+    engine.load({.address = QUrl::fromLocalFile(file)});
+    EXPECT_EQ(engine.status().decodedVideo, 0);
+    EXPECT_EQ(engine.status().state, EngineState::idle);
+    EXPECT_FALSE(frames->latest());
+    engine.play();
+    EXPECT_TRUE(eventually([&] { return frames->latest() && engine.status().decodedVideo > 0; }));
+  }
+}
+
+TEST_F(EngineTest, HeadlessDecodesWithoutShowing) {
+  LibVLCEngine headless(frames, true);
+  headless.load({.address = QUrl::fromLocalFile(movie(u"a.mkv"_s))});
+  headless.play();
+  EXPECT_TRUE(eventually([&] {
+    const EngineStatus status = headless.status();
+    return status.decodedVideo > 0 && status.decodedAudio > 0;
+  }));
+  EXPECT_FALSE(frames->latest());
+}
+
+TEST_F(EngineTest, SilentServerHoldsUpNeitherCommandsNorTheEnd) {
+  QTcpServer silent;
+  ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+  const QUrl address(u"http://127.0.0.1:%1/live/1.ts"_s.arg(silent.serverPort()));
+  const QString file = movie(u"a.mkv"_s);
+  playAddress(address);
+  ASSERT_TRUE(eventually([&] { return silent.hasPendingConnections(); }));
+  playFile(file);
+  EXPECT_TRUE(starts());
+
+  auto other = std::make_unique<LibVLCEngine>(frames, false);
+  other->load({.address = address});
+  other->play();
+  ASSERT_TRUE(silent.nextPendingConnection());
+  ASSERT_TRUE(eventually([&] { return silent.hasPendingConnections(); }));
+  other.reset();
 }
 
 }  // namespace
