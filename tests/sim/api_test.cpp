@@ -1,0 +1,95 @@
+#include <ctime>
+#include <set>
+
+#include "sim_fixture.h"
+
+namespace sim {
+namespace {
+
+std::string idText(const rapidjson::Value& row, const char* name) {
+  if (!row.HasMember(name)) return {};
+  return row[name].IsString() ? row[name].GetString() : std::to_string(row[name].GetInt64());
+}
+
+TEST(SimApi, LogInMustBeExactAfterDecoding) {
+  const Server server({.streams = false});
+  const Options given;
+  const auto account = getJson(server, apiTarget());
+  ASSERT_TRUE(account.IsObject() && account["user_info"].HasMember("status"));
+  EXPECT_STREQ(account["user_info"]["status"].GetString(), "Active");
+
+  const auto plusLeftAlone =
+      "/player_api.php?username=demo&password=p%26ss%20w%2Frd%3D1+%25%C3%A9%23";
+  for (const auto& target :
+       {apiTarget("", "demo", ""), apiTarget("", "Demo", given.password),
+        apiTarget("", "demo", given.password + " "), std::string("/player_api.php"),
+        std::string(plusLeftAlone), apiTarget("get_live_streams", "demo", "wrong")}) {
+    const auto refusal = getJson(server, target);
+    ASSERT_TRUE(refusal.IsObject()) << target;
+    EXPECT_EQ(refusal["user_info"]["auth"].GetInt(), 0) << target;
+    EXPECT_FALSE(refusal["user_info"].HasMember("status")) << target;
+  }
+}
+
+TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
+  const Server server({.channels = 30, .movies = 7, .shows = 12, .streams = false});
+  const struct {
+    const char* action;
+    const char* id;
+    std::size_t distinct;
+  } libraries[] = {{"get_live_streams", "stream_id", 30},
+                   {"get_vod_streams", "stream_id", 7},
+                   {"get_series", "series_id", 12}};
+  for (const auto& [action, id, distinct] : libraries) {
+    const auto rows = getJson(server, apiTarget(action));
+    ASSERT_TRUE(rows.IsArray()) << action;
+    std::set<std::string> ids;
+    for (const auto& row : rows.GetArray()) ids.insert(idText(row, id));
+    ids.erase("");
+    EXPECT_EQ(ids.size(), distinct) << action;
+    EXPECT_EQ(rows.Size() > distinct, distinct > 10) << action;
+  }
+}
+
+TEST(SimApi, NinetyThousandMoviesComeCloseToThirtyTwoMebibytesButFit) {
+  const Server server({.movies = 90'000, .streams = false});
+  const auto answer = clientOf(server).Get(apiTarget("get_vod_streams"));
+  ASSERT_TRUE(answer);
+  EXPECT_GT(answer->body.size(), 32'000'000u);
+  EXPECT_LT(answer->body.size(), 33'554'432u);
+  rapidjson::Document rows;
+  EXPECT_FALSE(rows.Parse(answer->body.c_str(), answer->body.size()).HasParseError());
+}
+
+TEST(SimApi, GuideBeginsWithWhatIsOnNowAndHasNoGaps) {
+  const Server server({.streams = false});
+  const auto guide = getJson(server, apiTarget("get_short_epg&stream_id=1001&limit=8"));
+  const auto& listings = guide["epg_listings"];
+  ASSERT_EQ(listings.Size(), 8u);
+  const auto now = std::time(nullptr);
+  EXPECT_LE(std::stoll(idText(listings[0], "start_timestamp")), now);
+  EXPECT_GT(std::stoll(idText(listings[0], "stop_timestamp")), now);
+  for (rapidjson::SizeType i = 1; i < listings.Size(); ++i) {
+    EXPECT_EQ(idText(listings[i], "start_timestamp"), idText(listings[i - 1], "stop_timestamp"));
+  }
+}
+
+TEST(SimApi, ConfigurationPostersAndBasePathLeadWhereTheyShould) {
+  const Server server({.streams = false, .basePath = "/base/two"});
+  EXPECT_STREQ(getJson(server, "/vantor-config.json")["serverUrl"].GetString(),
+               server.url().c_str());
+  EXPECT_EQ(clientOf(server).Get(apiTarget())->status, 404);
+  const auto shows = getJson(server, "/base/two" + apiTarget("get_series"));
+  std::set<std::string> images;
+  for (rapidjson::SizeType i = 0; i < 3; ++i) {
+    const std::string cover = shows[i]["cover"].GetString();
+    ASSERT_TRUE(cover.starts_with(server.url() + "/poster/series/"));
+    const auto image = clientOf(server).Get(cover.substr(cover.find("/base")));
+    EXPECT_TRUE(image->body.starts_with("\x89PNG"));
+    images.insert(image->body);
+  }
+  EXPECT_EQ(images.size(), 3u);
+}
+
+}  // namespace
+}  // namespace sim

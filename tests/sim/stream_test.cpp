@@ -1,0 +1,157 @@
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "sim/broadcast.h"
+#include "sim_fixture.h"
+
+namespace sim {
+namespace {
+
+// What ffprobe prints on both outputs, so that its complaints fail a comparison.
+std::string probe(const std::string& arguments, const std::string& bytes) {
+  const auto file = testing::TempDir() + "/sim-probe-" + std::to_string(::getpid());
+  std::ofstream(file, std::ios::binary) << bytes;
+  const auto command = "ffprobe -v warning -of csv=p=0 " + arguments + " " + file + " 2>&1";
+  auto* pipe = ::popen(command.c_str(), "r");
+  std::string output;
+  for (int letter = std::fgetc(pipe); letter != EOF; letter = std::fgetc(pipe)) {
+    output += static_cast<char>(letter);
+  }
+  ::pclose(pipe);
+  std::filesystem::remove(file);
+  return output;
+}
+
+std::string readStream(httplib::Client client, const std::string& target, std::size_t most) {
+  std::string bytes;
+  client.Get(target, [&](const char* data, std::size_t size) {
+    bytes.append(data, size);
+    return bytes.size() < most;
+  });
+  return bytes;
+}
+
+TEST(SimStreams, ChannelGoesOnWithoutASeamWhereItsLoopStartsAgain) {
+  const Server server;
+  const Broadcast broadcast(server.mediaPath("channel1.ts"));
+  std::string bytes;
+  for (int number = 350; number < 450; ++number) bytes += broadcast.picture(number);
+
+  std::istringstream times(
+      probe("-count_frames -select_streams v -show_entries frame=pts_time", bytes));
+  double last = 0;
+  int pictures = 0;
+  for (std::string line; std::getline(times, line);) {
+    if (line.empty()) continue;
+    const double time = std::stod(line);
+    if (pictures++ > 0) {
+      EXPECT_NEAR(time - last, 0.04, 0.001) << pictures;
+    }
+    last = time;
+  }
+  EXPECT_EQ(pictures, 100);
+
+  std::map<int, int> counters;
+  for (std::size_t at = 0; at < bytes.size(); at += 188) {
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[at + i]); };
+    const int stream = (byte(1) & 0x1f) << 8 | byte(2);
+    const int counter = byte(3) & 0x0f;
+    if (!(byte(3) & 0x10)) continue;
+    if (counters.contains(stream)) {
+      ASSERT_EQ(counter, (counters[stream] + 1) % 16) << at;
+    }
+    counters[stream] = counter;
+  }
+}
+
+TEST(SimStreams, ChannelAndSegmentStartWithAPictureThatDecodes) {
+  const Server server;
+  // Whole packets of less than the first burst, so that nothing waits for the clock.
+  auto bytes = readStream(clientOf(server), streamTarget("live", "1001.ts"), 188 * 1000);
+  bytes.resize(188 * 1000);
+  EXPECT_TRUE(
+      probe("-select_streams v -read_intervals %+#1 -show_entries frame=key_frame,height", bytes)
+          .starts_with("1,720"));
+  const auto list = clientOf(server).Get(streamTarget("live", "1002.m3u8"))->body;
+  const auto begin = list.find("/segment/");
+  ASSERT_NE(begin, std::string::npos);
+  const auto segment = clientOf(server).Get(list.substr(begin, list.find('\n', begin) - begin));
+  EXPECT_EQ(probe("-select_streams v -count_frames -show_entries stream=nb_read_frames,height",
+                  segment->body)
+                .substr(0, 7),
+            "720,50\n");
+}
+
+TEST(SimStreams, FilmsHaveTwoSoundAndTwoSubtitleTracks) {
+  const Server server;
+  for (const auto& name : {"movie.mkv", "movie.mp4", "episode.mkv"}) {
+    std::ifstream file(server.mediaPath(name), std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const auto tracks = probe("-show_entries stream=codec_type:stream_tags=language", bytes);
+    EXPECT_NE(tracks.find("audio,eng\naudio,deu\nsubtitle,eng\nsubtitle,deu"), std::string::npos)
+        << tracks;
+  }
+}
+
+TEST(SimStreams, RangesAreServedExactly) {
+  const Server server;
+  auto client = clientOf(server);
+  const auto target = streamTarget("movie", "200001.mp4");
+  const auto whole = client.Get(target)->body;
+  const auto size = std::to_string(whole.size());
+  const struct {
+    std::string range;
+    int status;
+    std::string content;
+    std::string body;
+  } cases[] = {
+      {"bytes=0-9", 206, "bytes 0-9/" + size, whole.substr(0, 10)},
+      {"bytes=1000-", 206, "", whole.substr(1000)},
+      {"bytes=-7", 206, "", whole.substr(whole.size() - 7)},
+      {"bytes=5-" + size + "0", 206, "", whole.substr(5)},
+      {"bytes=" + size + "-", 416, "bytes */" + size, ""},
+  };
+  for (const auto& [range, status, content, body] : cases) {
+    const auto answer = client.Get(target, {{"Range", range}});
+    EXPECT_EQ(answer->status, status) << range;
+    EXPECT_TRUE(answer->get_header_value("Content-Range").starts_with(content)) << range;
+    if (status == 206) {
+      EXPECT_TRUE(answer->body == body) << range;
+    }
+  }
+}
+
+TEST(SimStreams, OnlyTheRightLogInOpensAnEntryThatExists) {
+  const Server server;
+  const auto right = streamTarget("live", "1001.m3u8");
+  const auto unescaped = "/live/demo/p&ss%20w/rd=1+%25%C3%A9%23/1001.m3u8";
+  EXPECT_EQ(clientOf(server).Get(right)->status, 200);
+  for (const auto& target : {std::string(unescaped), std::string("/live/demo/wrong/1001.m3u8"),
+                             streamTarget("live", "999.m3u8"), streamTarget("live", "1001.avi"),
+                             streamTarget("movies", "200001.mkv"), right + "/more"}) {
+    EXPECT_EQ(clientOf(server).Get(target)->status, 404) << target;
+  }
+}
+
+TEST(SimStreams, LimitRefusesASecondStreamAndCutOffEndsOne) {
+  Server server;
+  server.setFault("live", Fault::connectionLimit);
+  auto first = clientOf(server);
+  int second = 0;
+  first.Get(streamTarget("live", "1001.ts"), [&](const char*, std::size_t) {
+    second = clientOf(server).Get(streamTarget("live", "1002.ts"))->status;
+    return false;
+  });
+  EXPECT_EQ(second, 403);
+  server.setFault("live", Fault::cutOff);
+  const auto bytes = readStream(clientOf(server), streamTarget("live", "1002.ts"), SIZE_MAX);
+  EXPECT_GT(bytes.size(), 50'000u);
+  EXPECT_EQ(bytes.size() % 188, 0u);
+}
+
+}  // namespace
+}  // namespace sim
