@@ -9,7 +9,7 @@ namespace vantor {
 
 /// Hands pictures from the engine to the surface, which shows the newest and misses the others.
 /// Safe from any thread.
-class VideoFrameQueue final : public QObject {
+class VideoFrameQueue : public QObject {
   Q_OBJECT
 
  public:

@@ -9,7 +9,7 @@
 namespace vantor {
 
 /// Shows the queue's newest picture, as large as fits, on black.
-class VideoSurface final : public QQuickItem {
+class VideoSurface : public QQuickItem {
   Q_OBJECT
   Q_PROPERTY(vantor::VideoFrameQueue* frames READ frames WRITE setFrames NOTIFY framesChanged)
 

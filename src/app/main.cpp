@@ -1,0 +1,43 @@
+#include <QGuiApplication>
+#include <QQuickStyle>
+#include <QtQml/qqmlextensionplugin.h>
+#include <cstdio>
+
+#include "app/program.h"
+
+Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+
+namespace {
+
+constexpr char usage[] =
+    "Usage: vantor [--demo | --smoke-test FILE]\n"
+    "Watch Vantor TV: channels, movies and shows.\n\n"
+    "  --demo             show a sample library, without an account\n"
+    "  --smoke-test FILE  play a media file\n"
+    "  --version          say which version this is\n"
+    "  --help             say this\n";
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const QByteArrayView argument(argv[i]);
+    if (argument == "--help" || argument == "--version") {
+      std::fputs(argument == "--help" ? usage : "vantor " VANTOR_VERSION "\n", stdout);
+      return 0;
+    }
+  }
+  QGuiApplication::setApplicationName(QStringLiteral("vantor"));
+  QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
+  QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
+  QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
+  const QGuiApplication application(argc, argv);
+  // Quitting waits for playback; see AppDelegate.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  vantor::Program program(vantor::LaunchArguments::read(
+      QGuiApplication::arguments(), vantor::ServiceValues::ofBuild().bundleIdentifier));
+  if (!program.open()) return 1;
+  return QGuiApplication::exec();
+}

@@ -1,0 +1,79 @@
+#include "app/program.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include "playback/playback.h"
+
+namespace vantor {
+namespace {
+
+QString preferencesFile(const Folders& folders) {
+  return folders.configuration + QStringLiteral("/Vantor Player/preferences.ini");
+}
+
+/// Where the program's own files are installed, empty when it runs from its build.
+QString resourceFolder() {
+  const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vantor"));
+  return folder.exists() ? folder.canonicalPath() : QString();
+}
+
+}  // namespace
+
+Program::Program(const LaunchArguments& launch)
+    : launch_(launch),
+      preferences_(preferencesFile(folders_)),
+      configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
+      secureStore_(credentials_, values_.bundleIdentifier),
+      frames_(std::make_shared<VideoFrameQueue>()),
+      engine_(frames_, false),
+      model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
+                         configuration_, filePanel_, folders_, launch_},
+             std::make_unique<Playback>(engine_, clock_, worker_, folders_, false)),
+      views_(model_, filePanel_, *frames_, opener_,
+             SettingsLinks{values_.supportSite, resourceFolder()}) {
+  const auto quit = [this] { delegate_.applicationShouldTerminate(); };
+  connect(&signals_, &TerminationSignals::received, this, quit);
+  connect(views_.menu(), &MenuCommands::quitRequested, this, quit);
+  connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, quit);
+  connect(&delegate_, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
+}
+
+Program::~Program() = default;
+
+bool Program::open() {
+  qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  qml_.setInitialProperties({{QStringLiteral("views"), QVariant::fromValue(&views_)}});
+  qml_.load(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")));
+  if (qml_.rootObjects().isEmpty()) return false;
+  startUp();
+  return true;
+}
+
+void Program::startUp() {
+  delegate_.setPlayback(&model_.playback());
+  if (model_.startingUp())
+    connect(&model_, &AppModel::startingUpChanged, this, &Program::offerSignIn);
+  else
+    offerSignIn();
+  if (auto* window = qobject_cast<QQuickWindow*>(qml_.rootObjects().constFirst())) {
+    window->raise();
+    window->requestActivate();
+  }
+  if (!launch_.smokeTest) return;
+  PlayRequest request;
+  request.url = QUrl::fromLocalFile(QDir::current().absoluteFilePath(*launch_.smokeTest));
+  request.title = QStringLiteral("Local playback test");
+  request.id = QStringLiteral("smoke");
+  request.agent = defaultUserAgent;
+  request.local = true;
+  model_.playback().play(request);
+}
+
+void Program::offerSignIn() {
+  if (!model_.account() && !model_.demo()) model_.setShowingConnect(true);
+}
+
+}  // namespace vantor

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QQmlApplicationEngine>
+#include <memory>
+
+#include "app/app_delegate.h"
+#include "app/termination_signals.h"
+#include "core/app_model.h"
+#include "platform/clock.h"
+#include "platform/opener.h"
+#include "platform/preferences.h"
+#include "platform/secret_service_store.h"
+#include "platform/worker.h"
+#include "playback/libvlc_engine.h"
+#include "provider/http_client.h"
+#include "provider/service_values.h"
+#include "provider/vantor_configuration.h"
+#include "storage/secure_store.h"
+#include "ui/dialog_file_panel.h"
+#include "ui/views.h"
+
+namespace vantor {
+
+/// The composition root: every part of the program, made in the order in which they need each other.
+class Program final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Program(const LaunchArguments& launch);
+  ~Program() override;
+
+  /// Opens the window; false when it could not be made.
+  bool open();
+
+ private:
+  void startUp();
+  void offerSignIn();
+
+  const LaunchArguments launch_;
+  const ServiceValues values_ = ServiceValues::ofBuild();
+  const Folders folders_ = Folders::ofUser();
+  SystemClock clock_;
+  Worker worker_{2};
+  Worker secretsWorker_;
+  Preferences preferences_;
+  HTTPClient transport_;
+  VantorConfiguration configuration_;
+  SecretServiceStore credentials_;
+  SecureStore secureStore_;
+  DialogFilePanel filePanel_;
+  DesktopOpener opener_;
+  std::shared_ptr<VideoFrameQueue> frames_;
+  LibVLCEngine engine_;
+  AppModel model_;
+  Views views_;
+  AppDelegate delegate_;
+  TerminationSignals signals_;
+  QQmlApplicationEngine qml_;
+};
+
+}  // namespace vantor

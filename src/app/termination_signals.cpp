@@ -1,0 +1,49 @@
+#include "app/termination_signals.h"
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace vantor {
+namespace {
+
+constexpr int signals[] = {SIGTERM, SIGINT, SIGHUP};
+
+volatile std::sig_atomic_t writeEnd = -1;
+
+void handle(int) {
+  // Nothing but this is allowed in a signal handler.
+  const char byte = 0;
+  [[maybe_unused]] const ssize_t written = ::write(writeEnd, &byte, 1);
+}
+
+}  // namespace
+
+TerminationSignals::TerminationSignals() {
+  if (::pipe2(ends_, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  writeEnd = ends_[1];
+  notifier_.setSocket(ends_[0]);
+  notifier_.setEnabled(true);
+  connect(&notifier_, &QSocketNotifier::activated, this, &TerminationSignals::read);
+  struct sigaction action = {};
+  action.sa_handler = handle;
+  action.sa_flags = SA_RESTART;
+  for (const int signal : signals) ::sigaction(signal, &action, nullptr);
+}
+
+TerminationSignals::~TerminationSignals() {
+  for (const int signal : signals) std::signal(signal, SIG_DFL);
+  notifier_.setEnabled(false);
+  for (const int end : ends_)
+    if (end >= 0) ::close(end);
+}
+
+void TerminationSignals::read() {
+  char bytes[16];
+  while (::read(ends_[0], bytes, sizeof bytes) > 0) {
+  }
+  Q_EMIT received();
+}
+
+}  // namespace vantor

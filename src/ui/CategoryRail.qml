@@ -1,0 +1,84 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+Rectangle {
+    id: rail
+
+    required property CategoryListModel categories
+
+    color: Style.faded(Style.panelColor, 0.22)
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        leftMargin: 12
+        rightMargin: 12
+        topMargin: 12
+        bottomMargin: 12
+        spacing: 5
+        clip: true
+        reuseItems: true
+        boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: true
+        keyNavigationEnabled: false
+        currentIndex: -1
+        model: rail.categories
+        ScrollBar.vertical: ThinScrollBar {}
+        Accessible.role: Accessible.List
+        Accessible.name: "CATEGORIES"
+
+        // The category that the keys stand on.
+        property int keyRow: rail.categories.currentRow
+
+        function moveTo(row: int) {
+            keyRow = Math.max(0, Math.min(row, count - 1));
+            positionViewAtIndex(keyRow, ListView.Contain);
+        }
+
+        onActiveFocusChanged: if (activeFocus)
+            moveTo(rail.categories.currentRow)
+        Keys.onUpPressed: moveTo(keyRow - 1)
+        Keys.onDownPressed: moveTo(keyRow + 1)
+        Keys.onReturnPressed: rail.categories.choose(keyRow)
+        Keys.onEnterPressed: rail.categories.choose(keyRow)
+        Keys.onSpacePressed: rail.categories.choose(keyRow)
+
+        header: Item {
+            width: list.width - 24
+            height: heading.implicitHeight + 11
+
+            StyledText {
+                id: heading
+                x: 2
+                y: 2
+                text: "CATEGORIES"
+                font: Style.font(10, Font.DemiBold)
+                color: Style.mint
+            }
+        }
+
+        delegate: TVButton {
+            id: button
+
+            required property int index
+            required property string name
+
+            width: list.width - 24
+            text: name
+            font: Style.font(13)
+            textAlignment: Text.AlignLeft
+            focusPolicy: Qt.NoFocus
+            selected: rail.categories.currentRow === index
+            Accessible.selectable: true
+            Accessible.selected: selected
+            onClicked: rail.categories.choose(index)
+
+            FocusRing {
+                shown: list.activeFocus && list.keyRow === button.index
+            }
+        }
+    }
+}

@@ -1,0 +1,110 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantor.Style
+import Vantor.Ui
+
+Sheet {
+    id: sheet
+
+    required property ConnectView view
+
+    name: qsTr("Sign in")
+    width: 480
+    height: column.implicitHeight + 2 * 28
+    firstFocus: view.username === "" ? username : password
+    onEscaped: view.close()
+
+    ColumnLayout {
+        id: column
+        x: 28
+        y: 28
+        width: 480 - 2 * 28
+        spacing: 18
+
+        RowLayout {
+            Layout.fillWidth: true
+
+            StyledText {
+                text: "Vantor TV"
+                font: Style.title
+                Layout.fillWidth: true
+            }
+
+            TVButton {
+                text: "Close"
+                enabled: sheet.view.closable
+                onClicked: sheet.view.close()
+            }
+        }
+
+        StyledText {
+            text: "Sign in with your existing Vantor TV account."
+            Layout.fillWidth: true
+            wrapMode: Text.Wrap
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: Style.gap
+
+            InputField {
+                id: username
+                Layout.fillWidth: true
+                placeholderText: "Username"
+                text: sheet.view.username
+                enabled: !sheet.view.working
+                Accessible.name: placeholderText
+                inputMethodHints: Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+                onTextEdited: sheet.view.username = text
+                onAccepted: sheet.view.connectAccount()
+            }
+
+            PasswordField {
+                id: password
+                Layout.fillWidth: true
+                placeholderText: "Password"
+                text: sheet.view.password
+                enabled: !sheet.view.working
+                onTextEdited: sheet.view.password = text
+                onAccepted: sheet.view.connectAccount()
+            }
+        }
+
+        StyledText {
+            text: sheet.view.error
+            visible: text !== ""
+            font: Style.caption
+            color: Style.warning
+            wrapMode: Text.Wrap
+            Layout.fillWidth: true
+            Accessible.role: Accessible.AlertMessage
+        }
+
+        StyledText {
+            text: "Your login is stored securely in this Mac's Keychain."
+            font: Style.caption
+            color: Style.secondary
+            wrapMode: Text.Wrap
+            Layout.fillWidth: true
+        }
+
+        RowLayout {
+            spacing: 12
+
+            ProminentButton {
+                text: "Connect"
+                leftPadding: 28
+                rightPadding: 28
+                enabled: sheet.view.canConnect
+                onClicked: sheet.view.connectAccount()
+            }
+
+            Spinner {
+                visible: sheet.view.working
+                Accessible.ignored: false
+                Accessible.role: Accessible.Animation
+                Accessible.name: qsTr("Signing in")
+            }
+        }
+    }
+}

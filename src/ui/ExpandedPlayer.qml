@@ -1,0 +1,39 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+FocusScope {
+    id: screen
+
+    required property Views views
+    required property PersistentVideoOverlay overlay
+
+    PlayerPanel {
+        anchors.fill: parent
+        anchors.leftMargin: Style.inset
+        anchors.rightMargin: Style.inset
+        anchors.bottomMargin: buttons.height + 10
+        fill: true
+        player: screen.views.player
+        transport: screen.views.transport
+        overlay: screen.overlay
+    }
+
+    Row {
+        id: buttons
+        anchors.bottom: parent.bottom
+        x: Style.inset
+        spacing: Style.gap
+
+        TVButton {
+            text: "Back to browsing"
+            focus: true
+            onClicked: screen.views.shell.backToBrowsing()
+        }
+
+        TVButton {
+            text: "Start over"
+            onClicked: screen.views.shell.startOver()
+        }
+    }
+}

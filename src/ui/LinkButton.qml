@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+AbstractButton {
+    id: link
+
+    padding: 4
+    focusPolicy: Qt.TabFocus
+    font: Style.body
+    Accessible.role: Accessible.Link
+    Accessible.name: text
+    Accessible.onPressAction: link.click()
+    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
+    Keys.onReturnPressed: link.click()
+    Keys.onEnterPressed: link.click()
+    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+
+    contentItem: Text {
+        text: link.text
+        font: link.font
+        color: Style.mint
+        textFormat: Text.PlainText
+
+        HoverHandler {
+            cursorShape: Qt.PointingHandCursor
+        }
+    }
+
+    background: Item {
+        FocusRing {
+            shown: link.visualFocus
+            anchors.margins: 0
+        }
+    }
+}

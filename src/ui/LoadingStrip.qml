@@ -1,0 +1,30 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Rectangle {
+    id: strip
+
+    required property string text
+
+    implicitHeight: label.implicitHeight + 2 * 10
+    color: Style.faded("black", 0.55)
+
+    Spinner {
+        id: spinner
+        x: 10
+        anchors.verticalCenter: parent.verticalCenter
+    }
+
+    StyledText {
+        id: label
+        anchors.left: spinner.right
+        anchors.leftMargin: 8
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        text: strip.text
+        font: Style.caption
+        elide: Text.ElideRight
+    }
+}

@@ -1,0 +1,49 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Item {
+    id: bar
+
+    required property PlayerPane player
+
+    implicitHeight: buttons.height + 2 * 8
+
+    StyledText {
+        anchors.left: parent.left
+        anchors.right: buttons.left
+        anchors.rightMargin: Style.gap
+        anchors.verticalCenter: parent.verticalCenter
+        text: bar.player.title
+        font: Style.caption
+        elide: Text.ElideRight
+    }
+
+    Row {
+        id: buttons
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+
+        IconButton {
+            implicitHeight: 30
+            symbol: bar.player.playPauseSymbol
+            help: "Play / pause"
+            onClicked: bar.player.togglePause()
+        }
+
+        IconButton {
+            implicitHeight: 30
+            symbol: bar.player.expandSymbol
+            help: "Expand player"
+            size: 18
+            onClicked: bar.player.toggleExpanded()
+        }
+
+        IconButton {
+            implicitHeight: 30
+            symbol: "stop.fill"
+            help: "Stop playback"
+            onClicked: bar.player.stop()
+        }
+    }
+}

@@ -1,0 +1,85 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Item {
+    id: panel
+
+    required property PlayerPane player
+    required property TransportControls transport
+    required property PersistentVideoOverlay overlay
+    // Whether the area takes all the height there is, instead of what its width asks for.
+    property bool fill: false
+
+    implicitHeight: area.height + below.height
+
+    Rectangle {
+        id: area
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: panel.fill ? Math.max(0, Math.min(panel.width, (panel.height - below.height) * 16 / 9)) : panel.width
+        height: width * 9 / 16
+        radius: 4
+        color: "black"
+
+        Component.onCompleted: panel.overlay.area = area
+
+        Column {
+            anchors.centerIn: parent
+            visible: panel.player.idle
+            spacing: 12
+            opacity: 0.7
+
+            Icon {
+                anchors.horizontalCenter: parent.horizontalCenter
+                symbol: "play.rectangle"
+                size: 34
+                color: "white"
+            }
+
+            StyledText {
+                text: panel.player.placeholder
+                font: Style.headline
+                color: "white"
+            }
+        }
+
+        StillImage {
+            anchors.fill: parent
+            visible: panel.player.holdingFrame
+            image: panel.player.heldFrame
+        }
+
+        LoadingStrip {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            visible: panel.player.loading && panel.player.holdingFrame
+            text: panel.player.openingText
+        }
+
+        FailureCard {
+            anchors.centerIn: parent
+            width: Math.min(400, parent.width - 16)
+            message: panel.player.message
+            onRetryChosen: panel.player.retry()
+            onCloseChosen: panel.player.stop()
+        }
+    }
+
+    Column {
+        id: below
+        anchors.top: area.bottom
+        width: panel.width
+        visible: !panel.player.idle
+        height: visible ? implicitHeight : 0
+
+        PlayerBar {
+            width: parent.width
+            player: panel.player
+        }
+
+        TransportBar {
+            width: parent.width
+            transport: panel.transport
+        }
+    }
+}

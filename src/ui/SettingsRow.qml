@@ -1,0 +1,53 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+TVButton {
+    id: row
+
+    required property string title
+    required property string subtitle
+
+    text: title
+    plainColor: Style.faded(Style.focusWhite, 0.07)
+    Accessible.description: subtitle
+    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+
+    contentItem: Item {
+        implicitHeight: words.implicitHeight
+
+        Column {
+            id: words
+            anchors.left: parent.left
+            anchors.right: chevron.left
+            spacing: 3
+
+            Text {
+                width: parent.width
+                text: row.title
+                font: Style.headline
+                color: row.textColor
+                elide: Text.ElideRight
+            }
+
+            Text {
+                width: parent.width
+                text: row.subtitle
+                font: Style.caption
+                color: row.textColor
+                opacity: 0.65
+                elide: Text.ElideRight
+            }
+        }
+
+        Icon {
+            id: chevron
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "chevron.right"
+            size: 20
+            color: row.textColor
+        }
+    }
+}

@@ -1,0 +1,46 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Vantor.Style
+import Vantor.Ui
+
+// A modal panel in the middle of the window. Keyboard focus stays in it and goes back where it was.
+Popup {
+    id: sheet
+
+    required property string name
+    default property alias body: scope.data
+    property Item firstFocus: null
+    property int contentPadding: 24
+
+    signal escaped
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    modal: true
+    focus: true
+    padding: 0
+    closePolicy: Popup.NoAutoClose
+
+    T.Overlay.modal: Rectangle {
+        color: Style.faded("black", 0.6)
+    }
+
+    background: Rectangle {
+        radius: 10
+        color: Style.canvas
+        border.color: Style.hairline
+    }
+
+    contentItem: FocusScope {
+        id: scope
+
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.name
+        Keys.onEscapePressed: sheet.escaped()
+    }
+
+    onAboutToShow: if (firstFocus)
+        firstFocus.forceActiveFocus(Qt.TabFocusReason)
+}

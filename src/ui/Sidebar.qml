@@ -1,0 +1,96 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Rectangle {
+    id: sidebar
+
+    required property TVShell shell
+    required property WindowActions window
+
+    // A section was entered.
+    signal chosen
+
+    color: Style.faded(Style.panelColor, 0.65)
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Sections")
+
+    WindowDrag {
+        width: parent.width
+        height: sections.y
+        window: sidebar.window
+    }
+
+    Image {
+        id: brand
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 24
+        width: 160
+        height: 90
+        source: "qrc:/qt/qml/Vantor/Ui/brand.svg"
+        sourceSize: Qt.size(160, 90)
+        fillMode: Image.PreserveAspectFit
+        asynchronous: true
+    }
+
+    StyledText {
+        id: caption
+        anchors.top: brand.bottom
+        anchors.topMargin: 2
+        anchors.horizontalCenter: parent.horizontalCenter
+        // The spacing after the last letter is no part of the word.
+        anchors.horizontalCenterOffset: 2.5
+        text: "PLAYER"
+        font: Style.font(8, Font.Medium, 5)
+        color: Style.secondary
+    }
+
+    Column {
+        id: sections
+        anchors.top: caption.bottom
+        anchors.topMargin: 28
+        x: 12
+        width: parent.width - 24
+        spacing: 8
+
+        Repeater {
+            model: sidebar.shell.sections
+
+            delegate: TVButton {
+                required property var modelData
+
+                width: sections.width
+                text: modelData.title
+                symbol: modelData.symbol
+                font: Style.font(16)
+                textAlignment: Text.AlignLeft
+                plainColor: "transparent"
+                selected: sidebar.shell.section === modelData.section
+                Accessible.selectable: true
+                Accessible.selected: selected
+                Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                Keys.onRightPressed: sidebar.chosen()
+                onClicked: {
+                    sidebar.chosen();
+                    sidebar.shell.navigate(modelData.section);
+                }
+            }
+        }
+    }
+
+    TVButton {
+        x: 12
+        width: parent.width - 24
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 20
+        text: "Settings"
+        symbol: "gearshape"
+        font: Style.font(17)
+        textAlignment: Text.AlignLeft
+        plainColor: "transparent"
+        Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+        Keys.onRightPressed: sidebar.chosen()
+        onClicked: sidebar.shell.openSettings()
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Rectangle {
+    id: strip
+
+    required property StatusLine line
+
+    implicitHeight: label.implicitHeight + 2 * 10
+    color: Style.faded(Style.panelColor, 0.35)
+
+    StyledText {
+        id: label
+        x: Style.inset
+        width: Math.min(implicitWidth, strip.width - 2 * Style.inset - count.width - spinner.width - 2 * Style.gap)
+        anchors.verticalCenter: parent.verticalCenter
+        text: strip.line.label
+        font: Style.headline
+        elide: Text.ElideRight
+    }
+
+    Spinner {
+        id: spinner
+        anchors.left: label.right
+        anchors.leftMargin: Style.gap
+        anchors.verticalCenter: parent.verticalCenter
+        visible: strip.line.loading
+        Accessible.ignored: false
+        Accessible.role: Accessible.Animation
+        Accessible.name: qsTr("Loading")
+    }
+
+    StyledText {
+        id: count
+        anchors.right: parent.right
+        anchors.rightMargin: Style.inset
+        anchors.verticalCenter: parent.verticalCenter
+        text: strip.line.count
+        font: Style.caption
+        color: Style.secondary
+    }
+
+    StyledText {
+        x: Style.inset
+        width: parent.width - 2 * Style.inset
+        anchors.top: parent.bottom
+        anchors.topMargin: -4
+        visible: text !== ""
+        text: strip.line.error
+        font: Style.caption
+        color: Style.warning
+        elide: Text.ElideRight
+        Accessible.role: Accessible.AlertMessage
+    }
+}

@@ -1,0 +1,97 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantor.Style
+import Vantor.Ui
+
+ColumnLayout {
+    id: bar
+
+    required property TransportControls transport
+
+    spacing: 7
+    Component.onDestruction: transport.abandonSeek()
+
+    RowLayout {
+        spacing: 8
+        Layout.fillWidth: true
+
+        StyledText {
+            text: bar.transport.positionText
+            font: Style.font(10)
+        }
+
+        ThinSlider {
+            id: position
+            Layout.fillWidth: true
+            from: 0
+            to: bar.transport.sliderEnd
+            stepSize: 10
+            snapMode: ThinSlider.NoSnap
+            value: bar.transport.sliderValue
+            Accessible.name: qsTr("Position")
+            onPressedChanged: pressed ? bar.transport.beginSeek() : bar.transport.endSeek()
+            onMoved: bar.transport.dragTo(value)
+
+            // A drag by the user ends the binding of the value.
+            Connections {
+                target: bar.transport
+
+                function onPositionChanged() {
+                    position.value = bar.transport.sliderValue;
+                }
+            }
+        }
+
+        StyledText {
+            text: bar.transport.durationText
+            font: Style.font(10)
+        }
+    }
+
+    RowLayout {
+        spacing: 8
+        Layout.fillWidth: true
+
+        Icon {
+            symbol: "speaker.wave.2"
+            size: 18
+        }
+
+        ThinSlider {
+            Layout.preferredWidth: 80
+            from: 0
+            to: 100
+            stepSize: 5
+            snapMode: ThinSlider.NoSnap
+            value: bar.transport.volume
+            Accessible.name: qsTr("Volume")
+            onMoved: bar.transport.volume = value
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        ChoiceButton {
+            symbol: "waveform"
+            help: "Audio tracks"
+            enabled: bar.transport.audioEnabled
+            choices: bar.transport.audio
+            onChosen: choice => bar.transport.chooseAudio(choice.id)
+        }
+
+        ChoiceButton {
+            symbol: "captions.bubble"
+            help: "Subtitles"
+            choices: bar.transport.subtitles
+            onChosen: choice => bar.transport.chooseSubtitle(choice.id)
+        }
+
+        ChoiceButton {
+            symbol: "speedometer"
+            help: "Playback speed"
+            choices: bar.transport.speeds
+            onChosen: choice => bar.transport.chooseSpeed(choice.rate)
+        }
+    }
+}

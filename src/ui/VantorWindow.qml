@@ -1,0 +1,62 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Window
+import Vantor.Style
+import Vantor.Ui
+
+ApplicationWindow {
+    id: window
+
+    required property Views views
+
+    title: "Vantor Player"
+    width: Math.min(1320, Math.max(minimumWidth, Screen.desktopAvailableWidth))
+    height: Math.min(820, Math.max(minimumHeight, Screen.desktopAvailableHeight))
+    minimumWidth: 1100
+    minimumHeight: 720
+    visible: true
+    // The window draws its own frame.
+    flags: Qt.Window | Qt.FramelessWindowHint
+    color: Style.canvas
+    font: Style.body
+
+    palette.window: Style.canvas
+    palette.windowText: Style.focusWhite
+    palette.text: Style.focusWhite
+    palette.base: Style.panelColor
+    palette.toolTipBase: Style.panelColor
+    palette.toolTipText: Style.focusWhite
+    palette.highlight: Style.mint
+    palette.highlightedText: Style.canvas
+
+    WindowActions {
+        id: actions
+        window: window
+    }
+
+    ShellScreen {
+        anchors.fill: parent
+        focus: true
+        views: window.views
+        window: actions
+    }
+
+    WindowFrame {
+        anchors.fill: parent
+        window: actions
+    }
+
+    MediaFileDialog {
+        panel: window.views.filePanel
+    }
+
+    ConnectSheet {
+        visible: window.views.shell.showingConnect
+        view: window.views.connectView
+    }
+
+    SettingsSheet {
+        visible: window.views.shell.showingSettings
+        view: window.views.settingsView
+    }
+}

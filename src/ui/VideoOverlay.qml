@@ -1,0 +1,46 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// The engine's picture, laid over the video area of the player panel.
+PersistentVideoOverlay {
+    id: overlay
+
+    required property PlayerPane player
+    required property VideoFrameQueue frames
+
+    Item {
+        anchors.fill: parent
+        opacity: overlay.area && overlay.player.surfaceVisible ? 1 : 0
+
+        Rectangle {
+            anchors.fill: parent
+            color: "black"
+        }
+
+        VideoSurface {
+            anchors.fill: parent
+            frames: overlay.frames
+            Accessible.role: Accessible.Graphic
+            Accessible.name: "Video"
+            Accessible.ignored: parent.opacity === 0
+        }
+
+        // The picture has square corners, the area under it round ones.
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            radius: 4 + 3
+            color: "transparent"
+            border.width: 3
+            border.color: Style.canvas
+        }
+    }
+
+    LoadingStrip {
+        width: parent.width
+        y: parent.height - 38 - height / 2
+        visible: overlay.area && overlay.player.loading && !overlay.player.holdingFrame
+        text: overlay.player.openingText
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+#include "platform/file_panel.h"
+
+namespace vantor {
+
+/// The file panel as a dialog of the window. Main thread only.
+class DialogFilePanel : public QObject, public FilePanel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+
+ public:
+  using QObject::QObject;
+
+  Pending<std::optional<QUrl>> chooseMediaFile() override;
+
+  Q_INVOKABLE void choose(const QUrl& file);
+  Q_INVOKABLE void cancel();
+
+ Q_SIGNALS:
+  /// The dialog is wanted; `choose` or `cancel` answers.
+  void requested();
+
+ private:
+  std::optional<Pending<std::optional<QUrl>>> choice_;
+};
+
+}  // namespace vantor

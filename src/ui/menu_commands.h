@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantor {
+
+class AppModel;
+
+/// The commands of the menu, with the keys that run them from anywhere. Main thread only.
+class MenuCommands final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantList commands READ commands CONSTANT)
+
+ public:
+  explicit MenuCommands(AppModel& model, QObject* parent = nullptr);
+
+  /// Maps of "heading" (the menu's title before its first command, else empty), "title" and "keys".
+  QVariantList commands() const;
+  Q_INVOKABLE void run(int command);
+
+ Q_SIGNALS:
+  void quitRequested();
+
+ private:
+  AppModel& model_;
+};
+
+}  // namespace vantor

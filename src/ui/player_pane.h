@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QImage>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantor {
+
+class Playback;
+
+/// What the player panel and the picture over it show. Main thread only.
+class PlayerPane final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(bool idle READ idle NOTIFY changed)
+  Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
+  Q_PROPERTY(QString title READ title NOTIFY changed)
+  Q_PROPERTY(bool loading READ loading NOTIFY changed)
+  Q_PROPERTY(QString openingText READ openingText NOTIFY changed)
+  Q_PROPERTY(QString message READ message NOTIFY changed)
+  Q_PROPERTY(QImage heldFrame READ heldFrame NOTIFY heldFrameChanged)
+  Q_PROPERTY(bool holdingFrame READ holdingFrame NOTIFY heldFrameChanged)
+  Q_PROPERTY(bool surfaceVisible READ surfaceVisible NOTIFY changed)
+  Q_PROPERTY(QString playPauseSymbol READ playPauseSymbol NOTIFY changed)
+  Q_PROPERTY(QString expandSymbol READ expandSymbol NOTIFY changed)
+
+ public:
+  explicit PlayerPane(Playback& playback, QObject* parent = nullptr);
+
+  bool idle() const;
+  QString placeholder() const;
+  QString title() const;
+  bool loading() const;
+  QString openingText() const;
+  QString message() const;  // failure; empty: none
+  QImage heldFrame() const;
+  bool holdingFrame() const;
+  /// Whether the engine's picture is shown where there is a place for it.
+  bool surfaceVisible() const;
+  QString playPauseSymbol() const;
+  QString expandSymbol() const;
+
+  Q_INVOKABLE void togglePause();
+  Q_INVOKABLE void toggleExpanded();
+  Q_INVOKABLE void stop();
+  Q_INVOKABLE void retry();
+
+ Q_SIGNALS:
+  void changed();
+  void heldFrameChanged();
+
+ private:
+  Playback& playback_;
+};
+
+}  // namespace vantor

@@ -1,0 +1,75 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantor.Style
+
+T.AbstractButton {
+    id: button
+
+    property bool selected: false
+    property string symbol: ""
+    property int symbolBox: 22
+    property int textAlignment: Text.AlignHCenter
+    property color plainColor: Style.panelColor
+    property color plainTextColor: Style.focusWhite
+    readonly property bool highlighted: selected || down
+    readonly property color textColor: highlighted ? Style.canvas : plainTextColor
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    leftPadding: 14
+    rightPadding: 14
+    topPadding: 11
+    bottomPadding: 11
+    spacing: Style.gap
+    font: Style.body
+    opacity: enabled ? 1 : Style.disabledOpacity
+    focusPolicy: Qt.TabFocus
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: button.click()
+
+    // Space is also a shortcut of the window; here it presses the button.
+    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
+
+    background: Rectangle {
+        radius: Style.radius
+        color: button.highlighted ? Style.focusWhite : button.plainColor
+
+        FocusRing {
+            shown: button.visualFocus
+        }
+    }
+
+    contentItem: Item {
+        implicitWidth: icon.width + label.spacingBefore + label.implicitWidth
+        implicitHeight: Math.max(label.implicitHeight, icon.visible ? icon.implicitHeight : 0)
+
+        Icon {
+            id: icon
+            visible: button.symbol !== ""
+            width: visible ? button.symbolBox : 0
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: button.symbol
+            size: button.font.pixelSize + 3
+            color: button.textColor
+        }
+
+        Text {
+            id: label
+            readonly property int spacingBefore: icon.visible && button.text !== "" ? button.spacing : 0
+            anchors.left: icon.right
+            anchors.leftMargin: spacingBefore
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: button.text
+            font: button.font
+            color: button.textColor
+            horizontalAlignment: button.textAlignment
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+        }
+    }
+}

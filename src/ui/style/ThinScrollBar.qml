@@ -1,0 +1,17 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+
+ScrollBar {
+    id: bar
+
+    padding: 2
+    minimumSize: 0.05
+
+    contentItem: Rectangle {
+        implicitWidth: 5
+        radius: 2.5
+        color: Style.faded(Style.focusWhite, bar.pressed ? 0.5 : bar.hovered ? 0.35 : 0.2)
+        visible: bar.size < 1
+    }
+}

@@ -1,0 +1,35 @@
+#include "ui/style/style.h"
+
+#include "ui/style/symbols.h"
+
+namespace vantor {
+
+Style::Style(QObject* parent) : QObject(parent), iconFamily_(loadIconFont()) {}
+
+QFont Style::font(int size, int weight, double letterSpacing) {
+  static const QStringList families = {QStringLiteral("Inter"), QStringLiteral("Noto Sans"),
+                                       QStringLiteral("DejaVu Sans"), QStringLiteral("sans-serif")};
+  QFont font(families);
+  font.setPixelSize(size);
+  font.setWeight(static_cast<QFont::Weight>(weight));
+  if (letterSpacing != 0) font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
+  return font;
+}
+
+QFont Style::iconFont(int size) const {
+  QFont font(iconFamily_);
+  font.setPixelSize(size);
+  return font;
+}
+
+QString Style::glyph(const QString& symbol) {
+  return vantor::glyph(symbol);
+}
+
+QColor Style::faded(const QColor& color, double opacity) {
+  QColor result = color;
+  result.setAlphaF(static_cast<float>(opacity));
+  return result;
+}
+
+}  // namespace vantor

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantor {
+
+/// The look that every screen shares. Sizes are logical pixels.
+class Style : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_SINGLETON
+  Q_PROPERTY(QColor canvas MEMBER canvas CONSTANT)
+  Q_PROPERTY(QColor mint MEMBER mint CONSTANT)
+  Q_PROPERTY(QColor focusWhite MEMBER focusWhite CONSTANT)
+  Q_PROPERTY(QColor panelColor MEMBER panelColor CONSTANT)
+  Q_PROPERTY(QColor secondary MEMBER secondary CONSTANT)
+  Q_PROPERTY(QColor warning MEMBER warning CONSTANT)
+  Q_PROPERTY(QColor hairline MEMBER hairline CONSTANT)
+
+  Q_PROPERTY(QFont largeTitle READ largeTitle CONSTANT)
+  Q_PROPERTY(QFont title READ title CONSTANT)
+  Q_PROPERTY(QFont title2 READ title2 CONSTANT)
+  Q_PROPERTY(QFont headline READ headline CONSTANT)
+  Q_PROPERTY(QFont body READ body CONSTANT)
+  Q_PROPERTY(QFont callout READ callout CONSTANT)
+  Q_PROPERTY(QFont caption READ caption CONSTANT)
+
+  Q_PROPERTY(int radius MEMBER radius CONSTANT)
+  Q_PROPERTY(int gap MEMBER gap CONSTANT)
+  Q_PROPERTY(int inset MEMBER inset CONSTANT)
+  Q_PROPERTY(double disabledOpacity MEMBER disabledOpacity CONSTANT)
+
+ public:
+  explicit Style(QObject* parent = nullptr);
+
+  const QColor canvas{16, 23, 27};        // window background; text on what is highlighted
+  const QColor mint{103, 232, 197};       // accent
+  const QColor focusWhite{232, 237, 237};  // text; background of what is highlighted
+  const QColor panelColor{31, 41, 46};    // background of a plain button
+  const QColor secondary{232, 237, 237, 150};
+  const QColor warning{255, 159, 10};
+  const QColor hairline{232, 237, 237, 28};
+
+  const int radius = 5;
+  const int gap = 10;    // between things that belong together
+  const int inset = 22;  // from the edge of the content
+  const double disabledOpacity = 0.4;
+
+  QFont largeTitle() const { return font(28); }
+  QFont title() const { return font(24, QFont::Bold); }
+  QFont title2() const { return font(18, QFont::DemiBold); }
+  QFont headline() const { return font(14, QFont::DemiBold); }
+  QFont body() const { return font(13); }
+  QFont callout() const { return font(13); }
+  QFont caption() const { return font(11); }
+
+  /// The interface font.
+  Q_INVOKABLE static QFont font(int size, int weight = QFont::Normal, double letterSpacing = 0);
+  Q_INVOKABLE QFont iconFont(int size) const;
+  Q_INVOKABLE static QString glyph(const QString& symbol);
+  Q_INVOKABLE static QColor faded(const QColor& color, double opacity);
+
+ private:
+  const QString iconFamily_;
+};
+
+}  // namespace vantor

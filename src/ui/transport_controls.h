@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantor {
+
+class Playback;
+class TransportState;
+
+/// The control bar of the player: position, volume, tracks and speed. Main thread only.
+class TransportControls final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QString positionText READ positionText NOTIFY positionChanged)
+  Q_PROPERTY(QString durationText READ durationText NOTIFY durationChanged)
+  Q_PROPERTY(double sliderEnd READ sliderEnd NOTIFY durationChanged)
+  Q_PROPERTY(double sliderValue READ sliderValue NOTIFY positionChanged)
+  Q_PROPERTY(double volume READ volume WRITE setVolume NOTIFY volumeChanged)
+  Q_PROPERTY(QVariantList audio READ audio NOTIFY audioChanged)
+  Q_PROPERTY(bool audioEnabled READ audioEnabled NOTIFY audioChanged)
+  Q_PROPERTY(QVariantList subtitles READ subtitles NOTIFY subtitlesChanged)
+  Q_PROPERTY(QVariantList speeds READ speeds CONSTANT)
+
+ public:
+  explicit TransportControls(Playback& playback, QObject* parent = nullptr);
+
+  /// "9:05", "1:00:00"; negative times are 0:00.
+  static QString clock(double seconds);
+
+  QString positionText() const;
+  QString durationText() const;
+  double sliderEnd() const;
+  double sliderValue() const;
+  double volume() const;
+  void setVolume(double percent);
+  QVariantList audio() const;  // maps of "id" and "name"
+  bool audioEnabled() const;
+  QVariantList subtitles() const;  // likewise, "Off" first
+  QVariantList speeds() const;     // maps of "rate" and "name"
+
+  /// A drag of the position: only its end moves the playback.
+  Q_INVOKABLE void beginSeek();
+  Q_INVOKABLE void dragTo(double seconds);
+  Q_INVOKABLE void endSeek();
+  /// Forgets a drag whose slider went away.
+  Q_INVOKABLE void abandonSeek();
+
+  Q_INVOKABLE void chooseAudio(int id);
+  Q_INVOKABLE void chooseSubtitle(int id);
+  Q_INVOKABLE void chooseSpeed(double rate);
+
+ Q_SIGNALS:
+  void positionChanged();
+  void durationChanged();
+  void volumeChanged();
+  void audioChanged();
+  void subtitlesChanged();
+
+ private:
+  double shownPosition() const;
+
+  Playback& playback_;
+  TransportState& state_;
+  bool seeking_ = false;
+  double seekValue_ = 0;  // seconds
+};
+
+}  // namespace vantor

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantor {
+
+class AppModel;
+class Playback;
+struct MediaItem;
+
+/// The browsing screen around its content: sections, header, notice, footer, keyboard actions and
+/// the way back that Esc takes. Main thread only.
+class TVShell final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QVariantList sections READ sections CONSTANT)
+  Q_PROPERTY(QString section READ section NOTIFY sectionChanged)
+  Q_PROPERTY(QString headerTitle READ headerTitle NOTIFY sectionChanged)
+  Q_PROPERTY(QString selectedName READ selectedName NOTIFY selectedNameChanged)
+  Q_PROPERTY(bool searchOffered READ searchOffered NOTIFY accountChanged)
+  Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder NOTIFY sectionChanged)
+  Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
+  Q_PROPERTY(bool refreshOffered READ refreshOffered NOTIFY sectionChanged)
+  Q_PROPERTY(bool refreshEnabled READ refreshEnabled NOTIFY refreshEnabledChanged)
+  Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
+  Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged)
+  Q_PROPERTY(bool showingConnect READ showingConnect NOTIFY showingConnectChanged)
+  Q_PROPERTY(bool showingSettings READ showingSettings NOTIFY showingSettingsChanged)
+  Q_PROPERTY(QString accountLabel READ accountLabel NOTIFY accountChanged)
+  Q_PROPERTY(QString browseHint READ browseHint CONSTANT)
+  Q_PROPERTY(QString versionLabel READ versionLabel CONSTANT)
+
+ public:
+  // Upper case, because QML takes no other.
+  enum class Direction { Up, Down, Left, Right };
+  Q_ENUM(Direction)
+
+  explicit TVShell(AppModel& model, QObject* parent = nullptr);
+
+  /// Maps of "section", "title" and "symbol", top to bottom.
+  QVariantList sections() const;
+  QString section() const;
+  QString title() const;
+  QString headerTitle() const;
+  QString selectedName() const;  // the header title when nothing is selected
+  bool searchOffered() const;
+  QString searchPlaceholder() const;
+  QString search() const;
+  void setSearch(const QString& text);
+  bool refreshOffered() const;
+  bool refreshEnabled() const;
+  QString notice() const;  // empty: none
+  bool expanded() const;
+  bool showingConnect() const;
+  bool showingSettings() const;
+  QString accountLabel() const;
+  QString browseHint() const;
+  QString versionLabel() const;
+
+  Q_INVOKABLE void navigate(const QString& section);
+  Q_INVOKABLE void refresh();
+  Q_INVOKABLE void openFile();
+  Q_INVOKABLE void clearNotice();
+  Q_INVOKABLE void openSettings();
+  Q_INVOKABLE void connectProvider();
+  Q_INVOKABLE void backToBrowsing();
+  Q_INVOKABLE void startOver();
+  Q_INVOKABLE void escape();
+
+  // keyboard_navigation.cpp; rows are positions in the list of entries.
+  Q_INVOKABLE void moveSelection(vantor::TVShell::Direction direction, int columns);
+  Q_INVOKABLE void activateSelection();
+  Q_INVOKABLE void selectRow(int row);
+  Q_INVOKABLE void openRow(int row);
+  Q_INVOKABLE void playRow(int row);
+  Q_INVOKABLE void favoriteRow(int row);
+
+ Q_SIGNALS:
+  void sectionChanged();
+  void selectedNameChanged();
+  void accountChanged();
+  void searchChanged();
+  void refreshEnabledChanged();
+  void noticeChanged();
+  void expandedChanged();
+  void showingConnectChanged();
+  void showingSettingsChanged();
+  /// The search field is to take the keyboard focus.
+  void searchFocusRequested();
+
+ private:
+  void open(const MediaItem& item);
+  bool hasRow(int row) const;
+
+  AppModel& model_;
+  Playback& playback_;
+};
+
+/// The title of the section that the model shows: "TV", "Movies", "Search".
+QString sectionTitle(const AppModel& model);
+
+}  // namespace vantor

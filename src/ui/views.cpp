@@ -1,0 +1,23 @@
+#include "ui/views.h"
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+
+namespace vantor {
+
+Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, Opener& opener,
+             SettingsLinks links)
+    : filePanel_(filePanel),
+      frames_(frames),
+      shell_(model),
+      statusLine_(model),
+      emptyState_(model),
+      items_(model),
+      categories_(model),
+      connectView_(model),
+      settingsView_(model, opener, std::move(links)),
+      player_(model.playback()),
+      transport_(model.playback()),
+      menu_(model) {}
+
+}  // namespace vantor

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include "ui/category_list_model.h"
+#include "ui/connect_view.h"
+#include "ui/dialog_file_panel.h"
+#include "ui/empty_state.h"
+#include "playback/video_frame_queue.h"
+#include "ui/item_list_model.h"
+#include "ui/menu_commands.h"
+#include "ui/player_pane.h"
+#include "ui/settings_view.h"
+#include "ui/status_line.h"
+#include "ui/transport_controls.h"
+#include "ui/tv_shell.h"
+
+namespace vantor {
+
+/// The view object of every screen of the window. Main thread only; what it is made of outlives it.
+class Views final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(vantor::TVShell* shell READ shell CONSTANT)
+  Q_PROPERTY(vantor::StatusLine* statusLine READ statusLine CONSTANT)
+  Q_PROPERTY(vantor::EmptyState* emptyState READ emptyState CONSTANT)
+  Q_PROPERTY(vantor::ItemListModel* items READ items CONSTANT)
+  Q_PROPERTY(vantor::CategoryListModel* categories READ categories CONSTANT)
+  Q_PROPERTY(vantor::ConnectView* connectView READ connectView CONSTANT)
+  Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
+  Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
+  Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
+  Q_PROPERTY(vantor::MenuCommands* menu READ menu CONSTANT)
+  Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
+  Q_PROPERTY(vantor::VideoFrameQueue* frames READ frames CONSTANT)
+
+ public:
+  Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, Opener& opener,
+        SettingsLinks links);
+
+  TVShell* shell() { return &shell_; }
+  StatusLine* statusLine() { return &statusLine_; }
+  EmptyState* emptyState() { return &emptyState_; }
+  ItemListModel* items() { return &items_; }
+  CategoryListModel* categories() { return &categories_; }
+  ConnectView* connectView() { return &connectView_; }
+  SettingsView* settingsView() { return &settingsView_; }
+  PlayerPane* player() { return &player_; }
+  TransportControls* transport() { return &transport_; }
+  MenuCommands* menu() { return &menu_; }
+  DialogFilePanel* filePanel() { return &filePanel_; }
+  VideoFrameQueue* frames() { return &frames_; }
+
+ private:
+  DialogFilePanel& filePanel_;
+  VideoFrameQueue& frames_;
+  TVShell shell_;
+  StatusLine statusLine_;
+  EmptyState emptyState_;
+  ItemListModel items_;
+  CategoryListModel categories_;
+  ConnectView connectView_;
+  SettingsView settingsView_;
+  PlayerPane player_;
+  TransportControls transport_;
+  MenuCommands menu_;
+};
+
+}  // namespace vantor
