@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kSampleInterval = 100ms;
+constexpr auto kHurriedInterval = 5ms;
 constexpr auto kLongestGoodbye = 3s;
 
 bool isOver(const EngineStatus& status) {
@@ -88,7 +90,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   void run() {
     {
       LibVLCPlayer player(options_, frames_, [this] { notice(); });
-      while (const Command command = next(player.source() != 0 && !isOver(seen_))) {
+      while (const Command command = next(interval(player))) {
         command(player);
         publish(player.source(), player.sample());
       }
@@ -98,13 +100,20 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     ended_.notify_one();
   }
 
-  /// The next command, none that does nothing when it is time to look at the player, empty at the
+  /// How long to wait for a command before looking at the player; absent when nothing can change.
+  std::optional<std::chrono::milliseconds> interval(const LibVLCPlayer& player) const {
+    if (player.isHurried()) return kHurriedInterval;
+    if (seen_.hasMedia && !isOver(seen_)) return kSampleInterval;
+    return {};
+  }
+
+  /// The next command, one that does nothing when it is time to look at the player, none at the
   /// end.
-  Command next(bool watching) {
+  Command next(std::optional<std::chrono::milliseconds> wait) {
     std::unique_lock lock(mutex_);
     const auto due = [this] { return quitting_ || noticed_ || !commands_.empty(); };
-    if (watching)
-      wake_.wait_for(lock, kSampleInterval, due);
+    if (wait)
+      wake_.wait_for(lock, *wait, due);
     else
       wake_.wait(lock, due);
     noticed_ = false;

@@ -14,6 +14,9 @@ constexpr std::array kNewsEvents{libvlc_MediaPlayerPlaying,          libvlc_Medi
                                  libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESSelected,
                                  libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerAudioVolume};
 
+// Pictures decoded after which a source has started although none was in time to be shown.
+constexpr std::int64_t kUnseenPictures = 250;
+
 // The library's own messages carry addresses, and those carry passwords.
 void discard(void*, int, const libvlc_log_t*, const char*, va_list) {}
 
@@ -169,7 +172,7 @@ EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
   applyVolume();
-  if (output_ && output_->pictures() > 0) output_->setPixelAspect(pixelAspect());
+  if (output_) output_->setPixelAspect(pixelAspect());
 
   libvlc_media_player_t* player = player_.get();
   EngineStatus status;
@@ -194,22 +197,22 @@ EngineStatus LibVLCPlayer::sample() {
     status.decodedVideo = std::max<std::int64_t>(last_.decodedVideo, counts.i_decoded_video);
     status.decodedAudio = std::max<std::int64_t>(last_.decodedAudio, counts.i_decoded_audio);
   }
-  // The library counts its pictures a few times a second only.
-  if (output_) status.decodedVideo = std::max(status.decodedVideo, output_->pictures());
+  // Decoded is not yet seen, and the library counts a few times a second only.
+  if (output_ && status.decodedVideo < kUnseenPictures) status.decodedVideo = output_->pictures();
   last_ = status;
   return status;
 }
 
-double LibVLCPlayer::pixelAspect() const {
+std::optional<double> LibVLCPlayer::pixelAspect() const {
   libvlc_media_track_t** tracks = nullptr;
   const unsigned count = libvlc_media_tracks_get(media_.get(), &tracks);
-  double aspect = 1;
-  for (unsigned i = 0; i < count; ++i) {
+  std::optional<double> aspect;
+  for (unsigned i = 0; i < count && !aspect; ++i) {
     if (tracks[i]->i_type != libvlc_track_video) continue;
     const libvlc_video_track_t& video = *tracks[i]->video;
-    if (video.i_sar_num == 0 || video.i_sar_den == 0) continue;
-    aspect = static_cast<double>(video.i_sar_num) / video.i_sar_den;
-    break;
+    if (video.i_width == 0) continue;
+    const bool told = video.i_sar_num > 0 && video.i_sar_den > 0;
+    aspect = told ? static_cast<double>(video.i_sar_num) / video.i_sar_den : 1;
   }
   if (tracks) libvlc_media_tracks_release(tracks, count);
   return aspect;

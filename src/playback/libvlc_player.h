@@ -3,6 +3,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "playback/libvlc_handles.h"
 #include "playback/libvlc_video_output.h"
@@ -34,12 +35,15 @@ class LibVLCPlayer {
   SourceNumber source() const { return source_; }
   /// The present status; also does what had to wait for the media to get this far.
   EngineStatus sample();
+  /// A picture cannot be shown until another look, very soon, has found out how.
+  bool isHurried() const { return output_ && output_->isWaiting(); }
 
  private:
   static void onEvent(const libvlc_event_t* event, void* self);
   void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
   void applyVolume();
-  double pixelAspect() const;
+  /// Absent while the media has not told its video's format.
+  std::optional<double> pixelAspect() const;
 
   const std::function<void()> onNews_;
   LibVLCHandle<libvlc_instance_t> instance_;

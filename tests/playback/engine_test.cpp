@@ -25,6 +25,7 @@ const std::string kEndedEarly = "The source ended before playback could start.";
 /// The real engine under the real controller.
 class EngineTest : public ::testing::Test {
  protected:
+  const Settled settled;
   QTemporaryDir folder;
   SystemClock clock;
   Worker worker;

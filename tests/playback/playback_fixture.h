@@ -34,6 +34,7 @@ inline void PrintTo(const Look& look, std::ostream* out) {
 
 class PlaybackFixture : public ::testing::Test {
  protected:
+  const Settled settled;
   QTemporaryDir temporary;
   ManualClock clock;
   FakeEngine engine;
