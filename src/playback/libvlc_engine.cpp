@@ -93,6 +93,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
       while (const Command command = next(interval(player))) {
         command(player);
         publish(player.source(), player.sample());
+        if (const auto file = player.takeRecording()) report(*file);
       }
     }
     const std::lock_guard lock(mutex_);
@@ -141,6 +142,19 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     QMetaObject::invokeMethod(
         receiver_.get(), [self = shared_from_this(), source] { self->announce(source); },
         Qt::QueuedConnection);
+  }
+
+  void report(const QString& file) {
+    const std::lock_guard lock(mutex_);
+    if (!receiver_) return;
+    QMetaObject::invokeMethod(
+        receiver_.get(), [self = shared_from_this(), file] { self->deliver(file); },
+        Qt::QueuedConnection);
+  }
+
+  void deliver(const QString& file) {
+    // Only the main thread clears the owner, and this is it.
+    if (owner_ && owner_->onRecordingStopped) owner_->onRecordingStopped(file);
   }
 
   void announce(SourceNumber source) {
@@ -229,6 +243,19 @@ void LibVLCEngine::saveSnapshot(const QString& file, int width) {
   const SharedFrame frame = frames_->latest();
   if (!frame) return;
   core_->post([frame, file, width](LibVLCPlayer&) { savePNG(stillOf(*frame, width), file); });
+}
+
+bool LibVLCEngine::startRecording(const QString& folder) {
+  if (recording_ || !core_->status().recordable) return false;
+  recording_ = true;
+  core_->post([folder](LibVLCPlayer& player) { player.startRecording(folder); });
+  return true;
+}
+
+bool LibVLCEngine::stopRecording() {
+  if (!std::exchange(recording_, false)) return false;
+  core_->post([](LibVLCPlayer& player) { player.stopRecording(); });
+  return true;
 }
 
 }  // namespace vantor

@@ -72,6 +72,7 @@ LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions,
     output_ = std::make_unique<LibVLCVideoOutput>(std::move(frames), onNews_);
     output_->attach(player_.get());
   }
+  recorder_ = std::make_unique<LibVLCRecorder>(player_.get(), onNews_);
   libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
   for (const auto event : kNewsEvents) {
     libvlc_event_attach(events, event, onEvent, this);
@@ -112,16 +113,21 @@ void LibVLCPlayer::unload(SourceNumber number) {
 
 void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number) {
   if (player_) {
-    libvlc_media_player_stop(player_.get());
+    stop();
     libvlc_media_player_set_media(player_.get(), media.get());
   }
   media_ = std::move(media);
   source_ = number;
   last_ = {};
   refused_ = false;
+  if (output_) output_->beginSource(number);
+}
+
+void LibVLCPlayer::stop() {
+  libvlc_media_player_stop(player_.get());
+  recorder_->inputEnded();
   failed_ = false;
   volumeApplied_ = false;
-  if (output_) output_->beginSource(number);
 }
 
 void LibVLCPlayer::play() {
@@ -129,9 +135,7 @@ void LibVLCPlayer::play() {
   // A media that has ended keeps its input, which takes no order to play.
   const EngineState state = stateOf(libvlc_media_player_get_state(player_.get()));
   if (state == EngineState::ended || state == EngineState::error) {
-    libvlc_media_player_stop(player_.get());
-    volumeApplied_ = false;
-    failed_ = false;
+    stop();
   }
   refused_ = libvlc_media_player_play(player_.get()) != 0;
 }
@@ -168,6 +172,18 @@ void LibVLCPlayer::setRate(float rate) {
   if (player_) libvlc_media_player_set_rate(player_.get(), rate);
 }
 
+bool LibVLCPlayer::startRecording(const QString& folder) {
+  return recorder_ && recorder_->start(folder);
+}
+
+void LibVLCPlayer::stopRecording() {
+  if (recorder_) recorder_->stop();
+}
+
+std::optional<QString> LibVLCPlayer::takeRecording() {
+  return recorder_ ? recorder_->takeFinished() : std::nullopt;
+}
+
 EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
@@ -181,6 +197,7 @@ EngineStatus LibVLCPlayer::sample() {
   status.time = libvlc_media_player_get_time(player);
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);
+  status.recordable = recorder_->canRecord();
   for (const EngineTrack& track : tracksOf(libvlc_video_get_track_description(player)))
     status.videoTracks.append(track.id);
   status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));

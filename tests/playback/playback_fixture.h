@@ -48,7 +48,9 @@ class PlaybackFixture : public ::testing::Test {
     };
   }
 
-  Folders folders() const { return {.temporary = temporary.path()}; }
+  Folders folders() const {
+    return {.applicationSupport = temporary.path() + u"/data"_s, .temporary = temporary.path()};
+  }
 
   static PlayRequest channel(const QString& id, double resume = 0) {
     return {.url = QUrl(u"http://tv.example/live/%1.ts"_s.arg(id)),
