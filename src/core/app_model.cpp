@@ -45,6 +45,7 @@ void AppModel::contentsChanged() {
 void AppModel::enterNewWorld() {
   for (auto& [kind, task] : tasks_) task.cancel();
   tasks_.clear();
+  liveCopy_.reset();
   generation_ = QUuid::createUuid();
 }
 

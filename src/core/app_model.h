@@ -11,6 +11,7 @@
 #include "core/item_list.h"
 #include "core/services.h"
 #include "platform/job.h"
+#include "platform/pending.h"
 #include "platform/preferences.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"
@@ -116,6 +117,7 @@ class AppModel final : public QObject {
  private:
   /// Names the current world of account and libraries; a job that holds another is stale.
   using Generation = QUuid;
+  using CatalogCopy = Pending<std::optional<Catalog>>;
   struct Restored;
   /// What the list of entries was made from.
   struct ListKey {
@@ -158,6 +160,7 @@ class AppModel final : public QObject {
   void arrived(LibraryKind kind, const Catalog& catalog);
   void setBusy(bool busy);
   void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
+  CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
 
   // playback_handoff.cpp
   void storeProgress(const QString& id, double seconds, double duration);
@@ -189,6 +192,7 @@ class AppModel final : public QObject {
   bool startingUp_ = false;
   // Jobs take it from here at each use, so that the model's end is the end of its thread.
   std::shared_ptr<CatalogDiskStore> disk_;
+  std::optional<CatalogCopy> liveCopy_;  // of this start, until the first load takes it
   Generation generation_ = QUuid::createUuid();
 
   std::uint64_t revision_ = 0;  // of catalogues and favourites
