@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QScreen>
+#include <QThread>
 #include <QTimer>
 
 #include "measure.h"

@@ -36,7 +36,7 @@ Certificate::Certificate() : context_(SSL_CTX_new(TLS_server_method()), SSL_CTX_
   X509_set_version(certificate.get(), X509_VERSION_3);
   ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
   X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -3600);
-  X509_gmtime_adj(X509_getm_notAfter(certificate.get()), 30 * 24 * 3600);
+  X509_gmtime_adj(X509_getm_notAfter(certificate.get()), 30L * 24 * 3600);
   X509_set_pubkey(certificate.get(), key.get());
   auto* name = X509_get_subject_name(certificate.get());
   X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_ASC,

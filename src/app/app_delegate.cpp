@@ -4,7 +4,9 @@
 
 namespace vantor {
 
-void AppDelegate::setPlayback(Playback* playback) { playback_ = playback; }
+void AppDelegate::setPlayback(Playback* playback) {
+  playback_ = playback;
+}
 
 AppDelegate::Reply AppDelegate::applicationShouldTerminate() {
   if (shutdownTask_.running()) return Reply::later;

@@ -1,6 +1,6 @@
+#include <QtQml/qqmlextensionplugin.h>
 #include <QGuiApplication>
 #include <QQuickStyle>
-#include <QtQml/qqmlextensionplugin.h>
 #include <cstdio>
 
 #include "app/program.h"

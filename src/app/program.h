@@ -21,7 +21,8 @@
 
 namespace vantor {
 
-/// The composition root: every part of the program, made in the order in which they need each other.
+/// The composition root: every part of the program, made in the order in which they need each
+/// other.
 class Program final : public QObject {
   Q_OBJECT
 

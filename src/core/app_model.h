@@ -200,6 +200,7 @@ class AppModel final : public QObject {
   bool isCurrent(const Generation& token, const std::stop_token& stop) const;
   void arrived(LibraryKind kind, const Catalog& catalog);
   void setBusy(bool busy);
+  void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
 
   // playback_handoff.cpp
   void storeProgress(const QString& id, double seconds, double duration);
@@ -238,6 +239,7 @@ class AppModel final : public QObject {
   QSet<QString> favorites_;
   bool busy_ = false;
   bool startingUp_ = false;
+  // Jobs take it from here at each use, so that the model's end is the end of its thread.
   std::shared_ptr<CatalogDiskStore> disk_;
   Generation generation_ = QUuid::createUuid();
 

@@ -21,6 +21,11 @@ bool AppModel::isCurrent(const Generation& token, const std::stop_token& stop) c
   return generation_ == token && !stop.stop_requested();
 }
 
+void AppModel::replaceDisk(std::shared_ptr<CatalogDiskStore> disk) {
+  // The old store may be in the middle of a save, and its end waits for that.
+  services_.worker.post([old = std::exchange(disk_, std::move(disk))] {});
+}
+
 void AppModel::setBusy(bool busy) {
   assign(busy_, busy, &AppModel::busyChanged);
 }
@@ -60,7 +65,7 @@ QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
   model.resetBrowseState();
   model.account_ = std::move(account);
   model.details_ = std::move(details);
-  model.disk_ = std::move(disk);
+  model.replaceDisk(std::move(disk));
   model.demo_ = false;
   model.catalogs_.clear();
   model.loading_.clear();
@@ -121,8 +126,7 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
   model.contentsChanged();
   model.setShowingSettings(false);
   if (left && model.disk_) {
-    const std::shared_ptr<CatalogDiskStore> disk = model.disk_;
-    const Pending<Done> cleared = disk->clear(left->id);
+    const Pending<Done> cleared = model.disk_->clear(left->id);
     try {
       co_await cleared;
     } catch (...) {
@@ -187,10 +191,9 @@ QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, b
                                     ProviderAccount account, Generation token,
                                     std::stop_token stop) {
   if (!self) co_return;
-  const std::shared_ptr<CatalogDiskStore> disk = self->disk_;
   std::optional<Catalog> catalog;
-  if (!refresh && disk) {
-    const auto reading = disk->load(account.id, kind);
+  if (!refresh && self->disk_) {
+    const auto reading = self->disk_->load(account.id, kind);
     try {
       catalog = co_await reading;
     } catch (...) {
@@ -216,8 +219,8 @@ QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, b
     } else {
       self->arrived(kind, *catalog);
     }
-    if (!failure && disk) {
-      const Pending<Done> saved = disk->save(*catalog, account.id, kind);
+    if (!failure && self->disk_) {
+      const Pending<Done> saved = self->disk_->save(*catalog, account.id, kind);
       try {
         co_await saved;
       } catch (...) {

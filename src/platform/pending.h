@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QMetaObject>
 #include <coroutine>
 #include <exception>
 #include <memory>
 #include <optional>
 #include <utility>
 #include <variant>
+
+#include "platform/mailbox.h"
 
 namespace vantor {
 
@@ -49,18 +49,13 @@ class Pending {
  private:
   template <class Result>
   void settle(Result result) const {
-    // Qt 6.4 copies functors, and a result need not be copyable.
+    // A function object must be copyable, a result need not be.
     auto boxed = std::make_shared<Result>(std::move(result));
-    QCoreApplication* application = QCoreApplication::instance();
-    if (!application) return;
-    QMetaObject::invokeMethod(
-        application,
-        [state = state_, boxed] {
-          if (state->result.index() != 0) return;
-          state->result = std::move(*boxed);
-          if (auto waiter = std::exchange(state->waiter, {})) waiter.resume();
-        },
-        Qt::QueuedConnection);
+    Mailbox::postToMain([state = state_, boxed] {
+      if (state->result.index() != 0) return;
+      state->result = std::move(*boxed);
+      if (auto waiter = std::exchange(state->waiter, {})) waiter.resume();
+    });
   }
 
   std::shared_ptr<State> state_;

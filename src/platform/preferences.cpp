@@ -63,7 +63,7 @@ void Preferences::setText(const QString& key, const QString& value) {
 
 QStringList Preferences::textList(const QString& key) const {
   QStringList list;
-  for (const QJsonValue& element : QJsonDocument::fromJson(values_.value(key)).array()) {
+  for (const auto element : QJsonDocument::fromJson(values_.value(key)).array()) {
     if (!element.isString()) return {};
     list.append(element.toString());
   }
@@ -80,7 +80,7 @@ NumberLists Preferences::numberLists(const QString& key) const {
   for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
     if (!it.value().isArray()) return {};
     QList<double> numbers;
-    for (const QJsonValue& number : it.value().toArray()) {
+    for (const auto number : it.value().toArray()) {
       if (!number.isDouble()) return {};
       numbers.append(number.toDouble());
     }

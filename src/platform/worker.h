@@ -1,9 +1,13 @@
 #pragma once
 
-#include <QThreadPool>
+#include <condition_variable>
+#include <deque>
 #include <exception>
 #include <functional>
+#include <mutex>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 #include "platform/pending.h"
 
@@ -42,11 +46,19 @@ class Worker {
     return pending;
   }
 
-  /// Runs `work` with nobody waiting for it.
+  /// Runs `work`, which throws nothing, with nobody waiting for it.
   void post(std::function<void()> work);
 
  private:
-  QThreadPool pool_;
+  void serve();
+
+  const std::size_t limit_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<std::function<void()>> waiting_;
+  std::size_t idle_ = 0;
+  bool ending_ = false;
+  std::vector<std::thread> threads_;  // started when first needed
 };
 
 }  // namespace vantor

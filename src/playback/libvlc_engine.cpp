@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kSampleInterval = 100ms;
+constexpr auto kHurriedInterval = 5ms;
 constexpr auto kLongestGoodbye = 3s;
 
 bool isOver(const EngineStatus& status) {
@@ -88,9 +90,10 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   void run() {
     {
       LibVLCPlayer player(options_, frames_, [this] { notice(); });
-      while (const Command command = next(player.source() != 0 && !isOver(seen_))) {
+      while (const Command command = next(interval(player))) {
         command(player);
         publish(player.source(), player.sample());
+        if (const auto file = player.takeRecording()) report(*file);
       }
     }
     const std::lock_guard lock(mutex_);
@@ -98,13 +101,20 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     ended_.notify_one();
   }
 
-  /// The next command, none that does nothing when it is time to look at the player, empty at the
+  /// How long to wait for a command before looking at the player; absent when nothing can change.
+  std::optional<std::chrono::milliseconds> interval(const LibVLCPlayer& player) const {
+    if (player.isHurried()) return kHurriedInterval;
+    if (seen_.hasMedia && !isOver(seen_)) return kSampleInterval;
+    return {};
+  }
+
+  /// The next command, one that does nothing when it is time to look at the player, none at the
   /// end.
-  Command next(bool watching) {
+  Command next(std::optional<std::chrono::milliseconds> wait) {
     std::unique_lock lock(mutex_);
     const auto due = [this] { return quitting_ || noticed_ || !commands_.empty(); };
-    if (watching)
-      wake_.wait_for(lock, kSampleInterval, due);
+    if (wait)
+      wake_.wait_for(lock, *wait, due);
     else
       wake_.wait(lock, due);
     noticed_ = false;
@@ -132,6 +142,19 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     QMetaObject::invokeMethod(
         receiver_.get(), [self = shared_from_this(), source] { self->announce(source); },
         Qt::QueuedConnection);
+  }
+
+  void report(const QString& file) {
+    const std::lock_guard lock(mutex_);
+    if (!receiver_) return;
+    QMetaObject::invokeMethod(
+        receiver_.get(), [self = shared_from_this(), file] { self->deliver(file); },
+        Qt::QueuedConnection);
+  }
+
+  void deliver(const QString& file) {
+    // Only the main thread clears the owner, and this is it.
+    if (owner_ && owner_->onRecordingStopped) owner_->onRecordingStopped(file);
   }
 
   void announce(SourceNumber source) {
@@ -220,6 +243,19 @@ void LibVLCEngine::saveSnapshot(const QString& file, int width) {
   const SharedFrame frame = frames_->latest();
   if (!frame) return;
   core_->post([frame, file, width](LibVLCPlayer&) { savePNG(stillOf(*frame, width), file); });
+}
+
+bool LibVLCEngine::startRecording(const QString& folder) {
+  if (recording_ || !core_->status().recordable) return false;
+  recording_ = true;
+  core_->post([folder](LibVLCPlayer& player) { player.startRecording(folder); });
+  return true;
+}
+
+bool LibVLCEngine::stopRecording() {
+  if (!std::exchange(recording_, false)) return false;
+  core_->post([](LibVLCPlayer& player) { player.stopRecording(); });
+  return true;
 }
 
 }  // namespace vantor

@@ -26,12 +26,15 @@ class LibVLCEngine final : public MediaEngine {
   void setRate(float rate) override;
   EngineStatus status() const override;
   void saveSnapshot(const QString& file, int width) override;
+  bool startRecording(const QString& folder) override;
+  bool stopRecording() override;
 
  private:
   class Core;
 
   std::shared_ptr<VideoFrameQueue> frames_;
   std::shared_ptr<Core> core_;
+  bool recording_ = false;  // started, and not asked to stop
 };
 
 }  // namespace vantor

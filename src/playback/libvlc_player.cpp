@@ -14,6 +14,9 @@ constexpr std::array kNewsEvents{libvlc_MediaPlayerPlaying,          libvlc_Medi
                                  libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESSelected,
                                  libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerAudioVolume};
 
+// Pictures decoded after which a source has started although none was in time to be shown.
+constexpr std::int64_t kUnseenPictures = 250;
+
 // The library's own messages carry addresses, and those carry passwords.
 void discard(void*, int, const libvlc_log_t*, const char*, va_list) {}
 
@@ -69,6 +72,7 @@ LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions,
     output_ = std::make_unique<LibVLCVideoOutput>(std::move(frames), onNews_);
     output_->attach(player_.get());
   }
+  recorder_ = std::make_unique<LibVLCRecorder>(player_.get(), onNews_);
   libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
   for (const auto event : kNewsEvents) {
     libvlc_event_attach(events, event, onEvent, this);
@@ -109,16 +113,21 @@ void LibVLCPlayer::unload(SourceNumber number) {
 
 void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number) {
   if (player_) {
-    libvlc_media_player_stop(player_.get());
+    stop();
     libvlc_media_player_set_media(player_.get(), media.get());
   }
   media_ = std::move(media);
   source_ = number;
   last_ = {};
   refused_ = false;
+  if (output_) output_->beginSource(number);
+}
+
+void LibVLCPlayer::stop() {
+  libvlc_media_player_stop(player_.get());
+  recorder_->inputEnded();
   failed_ = false;
   volumeApplied_ = false;
-  if (output_) output_->beginSource(number);
 }
 
 void LibVLCPlayer::play() {
@@ -126,9 +135,7 @@ void LibVLCPlayer::play() {
   // A media that has ended keeps its input, which takes no order to play.
   const EngineState state = stateOf(libvlc_media_player_get_state(player_.get()));
   if (state == EngineState::ended || state == EngineState::error) {
-    libvlc_media_player_stop(player_.get());
-    volumeApplied_ = false;
-    failed_ = false;
+    stop();
   }
   refused_ = libvlc_media_player_play(player_.get()) != 0;
 }
@@ -165,11 +172,23 @@ void LibVLCPlayer::setRate(float rate) {
   if (player_) libvlc_media_player_set_rate(player_.get(), rate);
 }
 
+bool LibVLCPlayer::startRecording(const QString& folder) {
+  return recorder_ && recorder_->start(folder);
+}
+
+void LibVLCPlayer::stopRecording() {
+  if (recorder_) recorder_->stop();
+}
+
+std::optional<QString> LibVLCPlayer::takeRecording() {
+  return recorder_ ? recorder_->takeFinished() : std::nullopt;
+}
+
 EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
   applyVolume();
-  if (output_ && output_->pictures() > 0) output_->setPixelAspect(pixelAspect());
+  if (output_) output_->setPixelAspect(pixelAspect());
 
   libvlc_media_player_t* player = player_.get();
   EngineStatus status;
@@ -178,6 +197,7 @@ EngineStatus LibVLCPlayer::sample() {
   status.time = libvlc_media_player_get_time(player);
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);
+  status.recordable = recorder_->canRecord();
   for (const EngineTrack& track : tracksOf(libvlc_video_get_track_description(player)))
     status.videoTracks.append(track.id);
   status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));
@@ -194,22 +214,22 @@ EngineStatus LibVLCPlayer::sample() {
     status.decodedVideo = std::max<std::int64_t>(last_.decodedVideo, counts.i_decoded_video);
     status.decodedAudio = std::max<std::int64_t>(last_.decodedAudio, counts.i_decoded_audio);
   }
-  // The library counts its pictures a few times a second only.
-  if (output_) status.decodedVideo = std::max(status.decodedVideo, output_->pictures());
+  // Decoded is not yet seen, and the library counts a few times a second only.
+  if (output_ && status.decodedVideo < kUnseenPictures) status.decodedVideo = output_->pictures();
   last_ = status;
   return status;
 }
 
-double LibVLCPlayer::pixelAspect() const {
+std::optional<double> LibVLCPlayer::pixelAspect() const {
   libvlc_media_track_t** tracks = nullptr;
   const unsigned count = libvlc_media_tracks_get(media_.get(), &tracks);
-  double aspect = 1;
-  for (unsigned i = 0; i < count; ++i) {
+  std::optional<double> aspect;
+  for (unsigned i = 0; i < count && !aspect; ++i) {
     if (tracks[i]->i_type != libvlc_track_video) continue;
     const libvlc_video_track_t& video = *tracks[i]->video;
-    if (video.i_sar_num == 0 || video.i_sar_den == 0) continue;
-    aspect = static_cast<double>(video.i_sar_num) / video.i_sar_den;
-    break;
+    if (video.i_width == 0) continue;
+    const bool told = video.i_sar_num > 0 && video.i_sar_den > 0;
+    aspect = told ? static_cast<double>(video.i_sar_num) / video.i_sar_den : 1;
   }
   if (tracks) libvlc_media_tracks_release(tracks, count);
   return aspect;

@@ -3,8 +3,10 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "playback/libvlc_handles.h"
+#include "playback/libvlc_recorder.h"
 #include "playback/libvlc_video_output.h"
 #include "playback/media_engine.h"
 
@@ -29,22 +31,31 @@ class LibVLCPlayer {
   void setAudioTrack(std::int32_t id);
   void setSubtitleTrack(std::int32_t id);
   void setRate(float rate);
+  bool startRecording(const QString& folder);
+  void stopRecording();
+  /// The file of a recording that has just become complete, empty when there is none; once.
+  std::optional<QString> takeRecording();
 
   /// The number given with the last load or unload.
   SourceNumber source() const { return source_; }
   /// The present status; also does what had to wait for the media to get this far.
   EngineStatus sample();
+  /// A picture cannot be shown until another look, very soon, has found out how.
+  bool isHurried() const { return output_ && output_->isWaiting(); }
 
  private:
   static void onEvent(const libvlc_event_t* event, void* self);
+  void stop();
   void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
   void applyVolume();
-  double pixelAspect() const;
+  /// Absent while the media has not told its video's format.
+  std::optional<double> pixelAspect() const;
 
   const std::function<void()> onNews_;
   LibVLCHandle<libvlc_instance_t> instance_;
   std::unique_ptr<LibVLCVideoOutput> output_;  // absent when no picture goes out
   LibVLCHandle<libvlc_media_player_t> player_;
+  std::unique_ptr<LibVLCRecorder> recorder_;
   LibVLCHandle<libvlc_media_t> media_;
   SourceNumber source_ = 0;
   EngineStatus last_;

@@ -13,6 +13,9 @@ namespace {
 constexpr unsigned kLongestSide = 16'384;
 constexpr unsigned kMostPixels = 8'192 * 4'608;
 
+// Pictures after which a media that has not told the shape of its pixels never will.
+constexpr int kPatience = 10;
+
 constexpr unsigned roundUp(unsigned value, unsigned unit) {
   return (value + unit - 1) / unit * unit;
 }
@@ -84,17 +87,22 @@ void LibVLCVideoOutput::attach(libvlc_media_player_t* player) {
 void LibVLCVideoOutput::beginSource(SourceNumber source) {
   const std::lock_guard guard(mutex_);
   source_ = source;
-  pictures_ = 0;
+  passedOn_ = 0;
+  received_ = 0;
   waiting_.reset();
   pixelAspect_ = 0;
 }
 
-void LibVLCVideoOutput::setPixelAspect(double widthByHeight) {
+void LibVLCVideoOutput::setPixelAspect(std::optional<double> widthByHeight) {
   const std::lock_guard guard(mutex_);
-  // Before a picture is out, the media may know its shape only in part.
-  if (pictures_ == 0) return;
-  pixelAspect_ = widthByHeight;
+  if (!widthByHeight && received_ < kPatience) return;
+  pixelAspect_ = widthByHeight.value_or(1);
   if (waiting_) present(std::exchange(waiting_, nullptr));
+}
+
+bool LibVLCVideoOutput::isWaiting() const {
+  const std::lock_guard guard(mutex_);
+  return waiting_ != nullptr;
 }
 
 unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, unsigned* height,
@@ -139,17 +147,23 @@ void LibVLCVideoOutput::display(void* opaque, void*) {
   {
     const std::lock_guard guard(self->mutex_);
     if (!self->writing_) return;
-    ++self->pictures_;
-    self->waiting_ = std::exchange(self->writing_, nullptr);
-    if (self->pixelAspect_ > 0) self->present(std::exchange(self->waiting_, nullptr));
+    const bool first = self->passedOn_ == 0;
+    if (self->pixelAspect_ > 0) {
+      self->present(std::exchange(self->writing_, nullptr));
+    } else {
+      self->waiting_ = std::exchange(self->writing_, nullptr);
+      ++self->received_;
+    }
+    if (!first) return;
   }
-  if (self->pictures_ == 1) self->onFirstPicture_();
+  self->onFirstPicture_();
 }
 
 void LibVLCVideoOutput::present(std::shared_ptr<VideoFrame> frame) {
   frame->source = source_;
   frame->pixelAspect = pixelAspect_;
   frames_->present(std::move(frame));
+  ++passedOn_;
 }
 
 }  // namespace vantor

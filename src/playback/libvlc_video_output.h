@@ -5,6 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <optional>
 
 #include "playback/video_frame_queue.h"
 
@@ -17,14 +18,16 @@ namespace vantor {
 /// waits until `setPixelAspect` says it.
 class LibVLCVideoOutput {
  public:
-  /// `onFirstPicture` is called on libVLC's threads.
+  /// `onFirstPicture` is called on libVLC's threads, when the first picture of a source waits.
   LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onFirstPicture);
 
   void attach(libvlc_media_player_t* player);
   void beginSource(SourceNumber source);
-  void setPixelAspect(double widthByHeight);
-  /// Pictures shown since `beginSource`.
-  std::int64_t pictures() const { return pictures_.load(); }
+  /// Absent while the media has not told it.
+  void setPixelAspect(std::optional<double> widthByHeight);
+  bool isWaiting() const;
+  /// Pictures passed on since `beginSource`.
+  std::int64_t pictures() const { return passedOn_.load(); }
 
  private:
   class Buffers;
@@ -38,10 +41,11 @@ class LibVLCVideoOutput {
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const std::function<void()> onFirstPicture_;
-  std::atomic<std::int64_t> pictures_ = 0;
+  std::atomic<std::int64_t> passedOn_ = 0;
 
-  std::mutex mutex_;  // guards what follows
+  mutable std::mutex mutex_;  // guards what follows
   SourceNumber source_ = 0;
+  int received_ = 0;  // while the pixel's shape was unknown
   std::shared_ptr<Buffers> buffers_;
   std::shared_ptr<VideoFrame> writing_;
   std::shared_ptr<VideoFrame> waiting_;

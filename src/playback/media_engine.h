@@ -23,6 +23,7 @@ struct EngineStatus {
   std::int64_t time = 0;    // milliseconds
   std::int64_t length = 0;  // milliseconds, 0 while unknown
   bool seekable = false;
+  bool recordable = false;
   std::int64_t decodedVideo = 0;  // pictures
   std::int64_t decodedAudio = 0;  // blocks
   QList<std::int32_t> videoTracks;
@@ -59,6 +60,16 @@ class MediaEngine {
   /// Writes the current picture to `file` as PNG, `width` pixels wide with its aspect ratio kept;
   /// the file appears some time later, or never.
   virtual void saveSnapshot(const QString& file, int width) = 0;
+
+  /// Records what plays into a file of the engine's naming in `folder`; false when it cannot.
+  virtual bool startRecording(const QString& folder) = 0;
+  /// False when nothing is being recorded; else `onRecordingStopped` follows, also when the media
+  /// is unloaded meanwhile.
+  virtual bool stopRecording() = 0;
+
+  /// Called on the main thread once the file of a recording is complete, with its path, which is
+  /// empty when there is no file.
+  std::function<void(const QString& path)> onRecordingStopped;
 
   /// Called on the main thread when the status changed in a way that should not wait for the next
   /// look at it: the first picture of a media, its end, its failure.

@@ -1,6 +1,7 @@
 #include "playback/playback.h"
 
 #include <QFile>
+#include <chrono>
 
 #include "platform/worker.h"
 #include "playback/held_frame.h"
@@ -11,6 +12,10 @@ namespace vantor {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+constexpr auto kSavingWait = 100ms;
+constexpr int kMostSavingWaits = 50;
 
 QString idleTitle() {
   return u"Nothing playing yet"_s;
@@ -25,7 +30,12 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       worker_(worker),
       folders_(folders),
       headless_(headless),
+      recording_(engine, clock, folders),
       title_(idleTitle()) {
+  connect(&recording_, &Recording::stageChanged, this, &Playback::recordingChanged);
+  connect(&recording_, &Recording::noticeChanged, this, &Playback::recordingNoticeChanged);
+  connect(&recording_, &Recording::filesChanged, this, &Playback::recordingsChanged);
+  if (!headless_) recording_.refresh();
   engine_.onChange = [this] { tickWait_.request_stop(); };
 }
 
@@ -35,11 +45,11 @@ Playback::~Playback() {
 }
 
 void Playback::play(const PlayRequest& request) {
-  start(request);
+  if (mayChangeSource()) start(request);
 }
 
 void Playback::retry() {
-  if (!currentURL_) return;
+  if (!currentURL_ || !mayChangeSource()) return;
   start({.url = *currentURL_,
          .title = title_,
          .id = itemID_.value_or(u"retry"_s),
@@ -54,6 +64,7 @@ void Playback::restart() {
 }
 
 void Playback::stop() {
+  finishRecording();
   reportProgress();
   ++generation_;
   cancelTasks();
@@ -69,8 +80,27 @@ void Playback::stop() {
 }
 
 QCoro::Task<> Playback::shutdown() {
-  stop();
-  co_return;
+  return finishAndStop(this);
+}
+
+QCoro::Task<> Playback::finishAndStop(QPointer<Playback> self) {
+  self->finishRecording();
+  const std::stop_token never;
+  for (int waits = 0; self && self->savingRecording() && waits < kMostSavingWaits; ++waits) {
+    const QCoro::Task<> nap = self->clock_.sleep(kSavingWait, never);
+    co_await nap;
+  }
+  if (self) self->stop();
+}
+
+bool Playback::mayChangeSource() {
+  if (recording_.stage() == Recording::Stage::idle) return true;
+  recording_.refuseChange();
+  return false;
+}
+
+void Playback::startRecording(const std::optional<QString>& folder) {
+  if (itemID_ && !loading_ && !message_ && !paused_) recording_.start(folder);
 }
 
 void Playback::start(const PlayRequest& request) {
@@ -121,6 +151,7 @@ void Playback::load(const PlayRequest& request) {
 }
 
 void Playback::fail(const QString& message) {
+  finishRecording();
   setLoading(false);
   setHeldFrame({});
   setMessage(message);

@@ -13,6 +13,7 @@
 #include "platform/folders.h"
 #include "platform/job.h"
 #include "playback/media_engine.h"
+#include "playback/recording.h"
 #include "playback/transport_state.h"
 
 namespace vantor {
@@ -44,6 +45,10 @@ class Playback final : public QObject {
   Q_PROPERTY(bool isLocal READ isLocal NOTIFY isLocalChanged)
   Q_PROPERTY(bool expanded READ expanded WRITE setExpanded NOTIFY expandedChanged)
   Q_PROPERTY(bool paused READ paused NOTIFY pausedChanged)
+  Q_PROPERTY(bool recording READ recording NOTIFY recordingChanged)
+  Q_PROPERTY(bool savingRecording READ savingRecording NOTIFY recordingChanged)
+  Q_PROPERTY(QString recordingNotice READ recordingNoticeText NOTIFY recordingNoticeChanged)
+  Q_PROPERTY(QList<QUrl> recordings READ recordings NOTIFY recordingsChanged)
 
  public:
   /// Everything passed outlives the controller. `headless`: no picture is ever taken.
@@ -51,13 +56,14 @@ class Playback final : public QObject {
            bool headless);
   ~Playback() override;
 
+  /// Refused, with a notice, while a recording runs or is being saved; so is `retry`.
   void play(const PlayRequest& request);
   /// Opens the current source again, from its beginning.
   Q_INVOKABLE void retry();
   /// Plays the current source from its beginning, without opening it again.
   Q_INVOKABLE void restart();
   Q_INVOKABLE void stop();
-  /// Ends playback when the program quits.
+  /// Ends playback when the program quits, after waiting at most 5 seconds for a recording.
   QCoro::Task<> shutdown();
 
   Q_INVOKABLE void togglePause();
@@ -66,6 +72,11 @@ class Playback final : public QObject {
   Q_INVOKABLE void setAudioTrack(int id);
   Q_INVOKABLE void setSubtitleTrack(int id);  // -1: none
   Q_INVOKABLE void setRate(double rate);
+
+  /// Does nothing unless a source is really playing. Without a folder it is `recordingsFolder`.
+  void startRecording(const std::optional<QString>& folder = {});
+  Q_INVOKABLE void finishRecording() { recording_.finish(); }
+  void refreshRecordings() { recording_.refresh(); }
 
   TransportState* transport() { return &transport_; }
   const QString& title() const { return title_; }
@@ -81,6 +92,13 @@ class Playback final : public QObject {
   void setExpanded(bool expanded);
   bool paused() const { return paused_; }  // also after the end and after a failure
 
+  bool recording() const { return recording_.stage() == Recording::Stage::running; }
+  bool savingRecording() const { return recording_.stage() == Recording::Stage::saving; }
+  const std::optional<QString>& recordingNotice() const { return recording_.notice(); }
+  QString recordingNoticeText() const { return recordingNotice().value_or(QString()); }
+  const QList<QUrl>& recordings() const { return recording_.files(); }  // the newest first
+  QString recordingsFolder() const { return recording_.folder(); }
+
   /// Where watch progress goes: item identifier, position and duration in seconds.
   std::function<void(const QString& id, double seconds, double duration)> onProgress;
 
@@ -93,6 +111,9 @@ class Playback final : public QObject {
   void isLocalChanged();
   void expandedChanged();
   void pausedChanged();
+  void recordingChanged();
+  void recordingNoticeChanged();
+  void recordingsChanged();
 
  private:
   using Ticket = std::int64_t;
@@ -100,9 +121,11 @@ class Playback final : public QObject {
 
   static QCoro::Task<> openSource(QPointer<Playback> self, Ticket ticket, bool takeStill,
                                   PlayRequest request, std::stop_token token);
+  static QCoro::Task<> finishAndStop(QPointer<Playback> self);
   static QCoro::Task<> watch(QPointer<Playback> self, Ticket ticket, double resume,
                              std::stop_token token);
 
+  bool mayChangeSource();
   void start(const PlayRequest& request);
   void load(const PlayRequest& request);
   void fail(const QString& message);
@@ -128,6 +151,7 @@ class Playback final : public QObject {
   const bool headless_;
 
   TransportState transport_;
+  Recording recording_;
   QString title_;
   std::optional<QString> itemID_;
   bool loading_ = false;

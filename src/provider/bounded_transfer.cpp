@@ -116,7 +116,9 @@ void BoundedTransfer::complete() {
   if (finished_) return;
   receiveData();
   if (finished_) return;
-  if (status_ == 0) {
+  const bool brokenOff =
+      status_ >= 200 && status_ <= 299 && reply_->error() != QNetworkReply::NoError;
+  if (status_ == 0 || brokenOff) {
     fail(std::make_exception_ptr(URLError(URLError::Code::unreachable)));
   } else if (followsRedirect()) {
     ++redirects_;
@@ -124,8 +126,6 @@ void BoundedTransfer::complete() {
     send(target);
   } else if (status_ < 200 || status_ > 299) {
     fail(std::make_exception_ptr(HTTPFailure(status_)));
-  } else if (reply_->error() != QNetworkReply::NoError) {
-    fail(std::make_exception_ptr(URLError(URLError::Code::unreachable)));
   } else {
     finish(std::move(bytes_));
   }

@@ -6,15 +6,14 @@
 namespace vantor {
 
 QString readableError(const std::exception_ptr& error) {
-  const QString cancelled = QStringLiteral("Canceled.");
   try {
     std::rethrow_exception(error);
   } catch (const AppError& failure) {
     return failure.message;
   } catch (const URLError& failure) {
-    if (failure.code == URLError::Code::cancelled) return cancelled;
+    if (failure.code == URLError::Code::cancelled) return QStringLiteral("Canceled.");
   } catch (const Cancelled&) {
-    return cancelled;
+    return QStringLiteral("Canceled.");
   } catch (...) {
     // Worded below with everything else.
   }

@@ -3,21 +3,21 @@
 #include <map>
 
 #include "platform/cancelled.h"
+#include "platform/mailbox.h"
 #include "platform/pending.h"
 #include "provider/bounded_transfer.h"
 
 namespace vantor {
 
 /// The transfers under way, by number; lives on the network thread.
-class TransferThread final : public QObject {
+class TransferThread final : public Mailbox {
  public:
   void start(std::uint64_t number, const HTTPRequest& request, std::int64_t limit,
              TransferTimes times, const Pending<QByteArray>& body) {
     auto transfer = std::make_unique<BoundedTransfer>(limit, times, body);
     transfer->onFinished = [this, number] {
       // Still inside the transfer's own call.
-      QMetaObject::invokeMethod(
-          this, [this, number] { running_.erase(number); }, Qt::QueuedConnection);
+      post([this, number] { running_.erase(number); });
     };
     BoundedTransfer& started = *transfer;
     running_.emplace(number, std::move(transfer));
@@ -51,15 +51,11 @@ QCoro::Task<QByteArray> HTTPClient::fetch(HTTPRequest request, std::int64_t limi
   const Pending<QByteArray> body;
   const std::uint64_t number = ++lastTransfer_;
   TransferThread* const transfers = transfers_;
-  QMetaObject::invokeMethod(
-      transfers,
-      [transfers, number, request, limit, times = times_, body] {
-        transfers->start(number, request, limit, times, body);
-      },
-      Qt::QueuedConnection);
+  transfers->post([transfers, number, request, limit, times = times_, body] {
+    transfers->start(number, request, limit, times, body);
+  });
   const std::stop_callback onStop(token, [transfers, number] {
-    QMetaObject::invokeMethod(
-        transfers, [transfers, number] { transfers->cancel(number); }, Qt::QueuedConnection);
+    transfers->post([transfers, number] { transfers->cancel(number); });
   });
   QByteArray bytes = co_await body;
   co_return bytes;

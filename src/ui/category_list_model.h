@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
+#include <QAbstractListModel>
 
 #include "provider/catalog.h"
 

@@ -57,7 +57,8 @@ void ConnectView::setAttempting(bool attempting) {
 void ConnectView::shownOrHidden() {
   setPassword({});
   setError({});
-  if (model_.showingConnect()) setUsername(model_.account() ? model_.account()->username : QString());
+  if (model_.showingConnect())
+    setUsername(model_.account() ? model_.account()->username : QString());
 }
 
 void ConnectView::close() {
@@ -71,10 +72,9 @@ void ConnectView::connectAccount() {
   if (!canConnect()) return;
   setError({});
   setAttempting(true);
-  connectTask_ = Job::start([self = QPointer(this), username = username_,
-                             password = password_](std::stop_token stop) {
-    return attempt(self, username, password, stop);
-  });
+  connectTask_ =
+      Job::start([self = QPointer(this), username = username_, password = password_](
+                     std::stop_token stop) { return attempt(self, username, password, stop); });
 }
 
 QCoro::Task<> ConnectView::attempt(QPointer<ConnectView> self, QString username, QString password,
@@ -85,8 +85,8 @@ QCoro::Task<> ConnectView::attempt(QPointer<ConnectView> self, QString username,
     const QCoro::Task<QString> resolving = self->model_.configuration().resolve(stop);
     const QString server = co_await resolving;
     if (!self || stop.stop_requested()) co_return;
-    const ProviderAccount account = ProviderAccount::validated(QStringLiteral("Vantor TV"), server,
-                                                               username, password);
+    const ProviderAccount account =
+        ProviderAccount::validated(QStringLiteral("Vantor TV"), server, username, password);
     const QCoro::Task<> connecting = self->model_.connectAccount(account, stop);
     co_await connecting;
   } catch (...) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QCoroTask>
 #include <QObject>
 #include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <stop_token>
 
 #include "platform/job.h"

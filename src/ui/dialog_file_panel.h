@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QObject>
 #include <QUrl>
-#include <QtQml/qqmlregistration.h>
 
 #include "platform/file_panel.h"
 

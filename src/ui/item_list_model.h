@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QAbstractListModel>
 #include <QSet>
-#include <QtQml/qqmlregistration.h>
 
 #include "provider/media_item.h"
 

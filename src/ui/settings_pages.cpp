@@ -35,24 +35,23 @@ QList<SettingsBlock> playlistsPage(const AppModel& model) {
                 "libraries stay available when you change sections."_s)};
   if (model.details())
     blocks.append(text(u"Provider connection limit: "_s + model.details()->maximumConnections));
-  blocks.append({row(u"Xtream Codes parameters"_s, u"Change your provider account"_s,
-                     Action::changeProvider),
-                 row(u"Refresh playlists"_s, u"Update TV, Movies and Shows"_s,
-                     Action::refreshPlaylists),
-                 row(u"Remove saved provider"_s, u"Remove this Mac's saved login and library"_s,
-                     Action::removeProvider)});
+  blocks.append(
+      {row(u"Xtream Codes parameters"_s, u"Change your provider account"_s, Action::changeProvider),
+       row(u"Refresh playlists"_s, u"Update TV, Movies and Shows"_s, Action::refreshPlaylists),
+       row(u"Remove saved provider"_s, u"Remove this Mac's saved login and library"_s,
+           Action::removeProvider)});
   return blocks;
 }
 
 QList<SettingsBlock> playbackPage() {
-  return {text(u"Use the player's controls for seeking, volume, audio, subtitles and fullscreen "
-               "when available for the source."_s),
-          row(u"Open media file"_s, u"Play a compatible file saved on your Mac"_s,
-              Action::openFile),
-          text(u"VideoLAN playback is built into Vantor. No external player is required for "
-               "supported MKV, MP4, HLS and TS sources. Use the controls for volume, seeking, "
-               "audio tracks, subtitles and speed."_s),
-          text(u"Space  Play / pause\nCtrl .  Stop\nCtrl O  Open file\nEsc  Back to browsing"_s)};
+  return {
+      text(u"Use the player's controls for seeking, volume, audio, subtitles and fullscreen "
+           "when available for the source."_s),
+      row(u"Open media file"_s, u"Play a compatible file saved on your Mac"_s, Action::openFile),
+      text(u"VideoLAN playback is built into Vantor. No external player is required for "
+           "supported MKV, MP4, HLS and TS sources. Use the controls for volume, seeking, "
+           "audio tracks, subtitles and speed."_s),
+      text(u"Space  Play / pause\nCtrl .  Stop\nCtrl O  Open file\nEsc  Back to browsing"_s)};
 }
 
 QList<SettingsBlock> guidePage() {

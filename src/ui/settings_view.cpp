@@ -62,9 +62,8 @@ QString SettingsView::heading() const {
 QVariantList SettingsView::blocks() const {
   QVariantList list;
   for (const SettingsBlock& block : settingsPage(page_, model_))
-    list.append(QVariantMap{{u"kind"_s, nameOf(block.kind)},
-                            {u"text"_s, block.text},
-                            {u"subtitle"_s, block.subtitle}});
+    list.append(QVariantMap{
+        {u"kind"_s, nameOf(block.kind)}, {u"text"_s, block.text}, {u"subtitle"_s, block.subtitle}});
   return list;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QCoroTask>
 #include <QObject>
 #include <QPointer>
 #include <QUrl>
 #include <QVariantList>
-#include <QtQml/qqmlregistration.h>
 #include <stop_token>
 
 #include "platform/job.h"

@@ -10,9 +10,9 @@ namespace vantor {
 using namespace Qt::StringLiterals;
 
 StatusLine::StatusLine(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
-  for (const auto signal : {&AppModel::sectionChanged, &AppModel::categoryChanged,
-                            &AppModel::itemsChanged, &AppModel::loadingChanged,
-                            &AppModel::errorsChanged})
+  for (const auto signal :
+       {&AppModel::sectionChanged, &AppModel::categoryChanged, &AppModel::itemsChanged,
+        &AppModel::loadingChanged, &AppModel::errorsChanged})
     connect(&model, signal, this, &StatusLine::changed);
 }
 

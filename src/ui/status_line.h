@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 namespace vantor {
 

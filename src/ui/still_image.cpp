@@ -35,10 +35,11 @@ QSGNode* StillImage::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     node->setFiltering(QSGTexture::Linear);
     textureStale_ = true;
   }
-  if (std::exchange(textureStale_, false)) node->setTexture(window()->createTextureFromImage(image_));
+  if (std::exchange(textureStale_, false))
+    node->setTexture(window()->createTextureFromImage(image_));
   const QSizeF shown = QSizeF(image_.size()).scaled(size(), Qt::KeepAspectRatio);
-  node->setRect(QRectF(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
-                       shown));
+  node->setRect(
+      QRectF(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), shown));
   return node;
 }
 

@@ -17,8 +17,10 @@ struct Section {
 };
 
 constexpr std::array sectionTable = {
-    Section{"search", "Search", "magnifyingglass"},     Section{"live", "TV", "tv"},
-    Section{"movies", "Movies", "film"},                Section{"shows", "Shows", "rectangle.stack"},
+    Section{"search", "Search", "magnifyingglass"},
+    Section{"live", "TV", "tv"},
+    Section{"movies", "Movies", "film"},
+    Section{"shows", "Shows", "rectangle.stack"},
     Section{"favorites", "My list", "bookmark"},
 };
 

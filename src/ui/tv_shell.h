@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QObject>
 #include <QVariantList>
-#include <QtQml/qqmlregistration.h>
 
 namespace vantor {
 

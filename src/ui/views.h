@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
+#include "playback/video_frame_queue.h"
 #include "ui/category_list_model.h"
 #include "ui/connect_view.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/empty_state.h"
-#include "playback/video_frame_queue.h"
 #include "ui/item_list_model.h"
 #include "ui/menu_commands.h"
 #include "ui/player_pane.h"

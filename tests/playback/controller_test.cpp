@@ -149,11 +149,11 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
 }
 
 TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
-  for (const bool settled : {false, true}) {
+  for (const bool begun : {false, true}) {
     engine.calls.clear();
     auto other = std::make_unique<Playback>(engine, clock, worker, folders(), false);
     other->play(channel(u"7"_s));
-    if (settled) settle();
+    if (begun) settle();
     const QStringList calls = engine.calls;
     other.reset();
     engine.announce();

@@ -25,6 +25,7 @@ const std::string kEndedEarly = "The source ended before playback could start.";
 /// The real engine under the real controller.
 class EngineTest : public ::testing::Test {
  protected:
+  const Settled settled;
   QTemporaryDir folder;
   SystemClock clock;
   Worker worker;
@@ -271,6 +272,50 @@ TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
     engine.play();
     EXPECT_TRUE(eventually([&] { return frames->latest() && engine.status().decodedVideo > 0; }));
   }
+}
+
+TEST_F(EngineTest, RecordsEveryContainerIntoAFileThatPlays) {
+  const QString target = path(u"recordings"_s);
+  for (const QString& name : {u"a.ts"_s, u"a.mp4"_s, u"a.m3u8"_s}) {
+    // `stopping`: the source is stopped, not only its recording.
+    for (const bool stopping : {false, true}) {
+      SCOPED_TRACE(name.toStdString() + (stopping ? " stopping" : ""));
+      playFile(make(name, solidColor(u"red"_s, u"320x180"_s, 10) + tone(10) +
+                              QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s, u"12"_s, u"-c:a"_s,
+                                          u"aac"_s}));
+      ASSERT_TRUE(starts());
+      ASSERT_TRUE(eventually([&] { return engine.status().recordable; }));
+      playback.startRecording(target);
+      ASSERT_TRUE(playback.recording());
+      const std::int64_t begin = engine.status().time;
+      ASSERT_TRUE(eventually([&] { return engine.status().time > begin + 1'500; }));
+      if (stopping)
+        playback.stop();
+      else
+        playback.finishRecording();
+      ASSERT_TRUE(eventually([&] { return !playback.savingRecording(); }));
+      EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
+      const QDir recordings(target);
+      ASSERT_EQ(recordings.entryList(QDir::Files).size(), 1);
+      const QString recorded = recordings.filePath(recordings.entryList(QDir::Files).first());
+      EXPECT_TRUE(recorded.contains(u"/Vantor-"_s));
+      playFile(recorded);
+      EXPECT_TRUE(starts());
+      ASSERT_TRUE(QFile::remove(recorded));
+    }
+  }
+}
+
+TEST_F(EngineTest, RecordingOfASourceThatEndsIsSavedToo) {
+  playFile(movie(u"a.ts"_s));
+  ASSERT_TRUE(starts());
+  ASSERT_TRUE(eventually([&] { return engine.status().recordable; }));
+  playback.startRecording(path(u"recordings"_s));
+  ASSERT_TRUE(playback.recording());
+  ASSERT_TRUE(eventually([&] { return playback.paused(); }));
+  playback.finishRecording();
+  ASSERT_TRUE(eventually([&] { return !playback.savingRecording(); }));
+  EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
 }
 
 TEST_F(EngineTest, HeadlessDecodesWithoutShowing) {

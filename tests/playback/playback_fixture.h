@@ -34,6 +34,7 @@ inline void PrintTo(const Look& look, std::ostream* out) {
 
 class PlaybackFixture : public ::testing::Test {
  protected:
+  const Settled settled;
   QTemporaryDir temporary;
   ManualClock clock;
   FakeEngine engine;
@@ -47,7 +48,9 @@ class PlaybackFixture : public ::testing::Test {
     };
   }
 
-  Folders folders() const { return {.temporary = temporary.path()}; }
+  Folders folders() const {
+    return {.applicationSupport = temporary.path() + u"/data"_s, .temporary = temporary.path()};
+  }
 
   static PlayRequest channel(const QString& id, double resume = 0) {
     return {.url = QUrl(u"http://tv.example/live/%1.ts"_s.arg(id)),

@@ -128,11 +128,10 @@ TEST(SimFaults, DestructionEndsHeldAndSilentRequests) {
     }
     ASSERT_TRUE(server.waitForRequests("get_series", 1));
     ASSERT_TRUE(server.waitForRequests("", 1));
-    ASSERT_TRUE(server.waitForRequests("unknown", 1));
+    EXPECT_TRUE(clients[2].get());
   }
   EXPECT_FALSE(clients[0].get());
   EXPECT_FALSE(clients[1].get());
-  EXPECT_TRUE(clients[2].get());
 }
 
 TEST(SimFaults, TlsAnswersUnderItsOwnCertificate) {

@@ -53,4 +53,14 @@ void FakeEngine::saveSnapshot(const QString& file, int width) {
   if (!picture.isNull()) picture.scaledToWidth(width).save(file, "PNG");
 }
 
+bool FakeEngine::startRecording(const QString& folder) {
+  calls.append(u"startRecording "_s + folder);
+  return now.recordable;
+}
+
+bool FakeEngine::stopRecording() {
+  calls.append(u"stopRecording"_s);
+  return recordingStops;
+}
+
 }  // namespace vantor::test

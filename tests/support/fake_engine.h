@@ -10,11 +10,12 @@ namespace vantor::test {
 /// An engine whose media do what a test says.
 class FakeEngine final : public MediaEngine {
  public:
-  EngineStatus now;    // what `status` answers; a load or unload starts it afresh
-  MediaSource source;  // of the last load
-  QStringList calls;   // every command with its values, in order
-  QImage picture;      // written by `saveSnapshot`; nothing is written while it is null
-  QString snapshot;    // path of the last snapshot asked for
+  EngineStatus now;            // what `status` answers; a load or unload starts it afresh
+  MediaSource source;          // of the last load
+  QStringList calls;           // every command with its values, in order
+  QImage picture;              // written by `saveSnapshot`; nothing is written while it is null
+  bool recordingStops = true;  // what `stopRecording` answers
+  QString snapshot;            // path of the last snapshot asked for
 
   void load(const MediaSource& source) override;
   void unload() override;
@@ -27,6 +28,10 @@ class FakeEngine final : public MediaEngine {
   void setRate(float rate) override;
   EngineStatus status() const override { return now; }
   void saveSnapshot(const QString& file, int width) override;
+
+  /// Succeeds when `now` is recordable.
+  bool startRecording(const QString& folder) override;
+  bool stopRecording() override;
 
   /// Announces that `now` was changed in a way that should not wait.
   void announce() const {

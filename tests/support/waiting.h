@@ -7,6 +7,11 @@ namespace vantor::test {
 /// Lets the event loop run until nothing is posted to the main thread any more.
 void settle();
 
+/// Declared first in a fixture, lets every cancelled job end before the next test.
+struct Settled {
+  ~Settled() { settle(); }
+};
+
 /// Lets the event loop run until `condition` holds; false when it still does not after a time so
 /// long that only a fault explains it.
 [[nodiscard]] bool eventually(const std::function<bool()>& condition);

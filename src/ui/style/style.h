@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QFont>
 #include <QObject>
-#include <QtQml/qqmlregistration.h>
 
 namespace vantor {
 
@@ -36,10 +36,10 @@ class Style : public QObject {
  public:
   explicit Style(QObject* parent = nullptr);
 
-  const QColor canvas{16, 23, 27};        // window background; text on what is highlighted
-  const QColor mint{103, 232, 197};       // accent
+  const QColor canvas{16, 23, 27};         // window background; text on what is highlighted
+  const QColor mint{103, 232, 197};        // accent
   const QColor focusWhite{232, 237, 237};  // text; background of what is highlighted
-  const QColor panelColor{31, 41, 46};    // background of a plain button
+  const QColor panelColor{31, 41, 46};     // background of a plain button
   const QColor secondary{232, 237, 237, 150};
   const QColor warning{255, 159, 10};
   const QColor hairline{232, 237, 237, 28};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <vlc/vlc.h>
+
+#include <QString>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace vantor {
+
+/// The recorder of libVLC 3, which its public interface leaves out: variables of the player's input
+/// start and stop it, a variable of the library names the file. Used on the engine's thread; only
+/// `onNews` is called on libVLC's.
+class LibVLCRecorder {
+ public:
+  LibVLCRecorder(libvlc_media_player_t* player, std::function<void()> onNews);
+  ~LibVLCRecorder();
+  LibVLCRecorder(const LibVLCRecorder&) = delete;
+  LibVLCRecorder& operator=(const LibVLCRecorder&) = delete;
+
+  bool canRecord() const;
+  /// False when the media cannot be recorded, and then nothing is.
+  bool start(const QString& folder);
+  /// `takeFinished` follows, whether or not anything was recorded.
+  void stop();
+  /// The player was stopped, which ends the input and closes every file of its own.
+  void inputEnded();
+  /// The path of a recording whose file has become complete, empty when it made none; once.
+  std::optional<QString> takeFinished();
+
+ private:
+  struct Signals;
+  class Input;
+  enum class Stage { idle, running, stopping };
+
+  bool isComplete() const;
+
+  libvlc_media_player_t* const player_;
+  const std::unique_ptr<Signals> signals_;
+  std::unique_ptr<Input> input_;  // of the recording that is not finished
+  Stage stage_ = Stage::idle;
+  bool inputEnded_ = false;
+  std::chrono::steady_clock::time_point stopAsked_;
+};
+
+}  // namespace vantor

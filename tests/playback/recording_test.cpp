@@ -1,0 +1,209 @@
+#include <gmock/gmock.h>
+
+#include <QFile>
+
+#include "playback_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+const QString kStarted = u"Recording the current video. Stop recording before changing sources."_s;
+const QString kRefused = u"Stop recording before changing sources."_s;
+const QString kNoFile = u"No recording file was produced. This source may not support recording."_s;
+
+class RecordingTest : public PlaybackFixture {
+ protected:
+  const QString folder = temporary.path() + u"/data/Vantor Player/Recordings"_s;
+
+  void SetUp() override {
+    PlaybackFixture::SetUp();
+    openPlaying(channel(u"1"_s));
+    engine.now.recordable = true;
+    engine.takeCalls();
+  }
+
+  void begin() {
+    playback.startRecording();
+    ASSERT_TRUE(playback.recording());
+  }
+
+  static QString write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    return path;
+  }
+
+  QStringList names() const {
+    QStringList list;
+    for (const QUrl& file : playback.recordings()) list.append(file.fileName());
+    return list;
+  }
+};
+
+TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
+  playback.startRecording();
+  EXPECT_TRUE(playback.recording());
+  EXPECT_EQ(playback.recordingNotice(), kStarted);
+  EXPECT_EQ(engine.calls, QStringList{u"startRecording "_s + folder});
+  EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther),
+            QFile::Permissions());
+  playback.finishRecording();
+  EXPECT_TRUE(playback.savingRecording());
+  EXPECT_FALSE(playback.recording());
+  EXPECT_EQ(playback.recordingNotice(), u"Saving recording…"_s);
+  engine.onRecordingStopped(write(folder + u"/vlc-record-1.TS"_s, "x"));
+  EXPECT_FALSE(playback.savingRecording());
+  EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
+  ASSERT_EQ(names().size(), 1);
+  EXPECT_THAT(names().first().toStdString(),
+              testing::MatchesRegex("Vantor-1800000000-[0-9A-F]{8}\\.TS"));
+
+  clock.advance(1500ms);
+  begin();
+  playback.finishRecording();
+  engine.onRecordingStopped(write(folder + u"/b.mp4"_s, "x"));
+  ASSERT_EQ(names().size(), 2);
+  EXPECT_TRUE(names().first().startsWith(u"Vantor-1800000001-"_s));
+}
+
+TEST_F(RecordingTest, StartsOnlyOnASourceThatPlays) {
+  const QString unused = u"unused"_s;
+  playback.togglePause();
+  playback.startRecording(unused);
+  playback.stop();
+  playback.startRecording(unused);
+  open(channel(u"2"_s));
+  engine.now.recordable = true;
+  playback.startRecording(unused);
+  engine.now.state = EngineState::error;
+  clock.advance(250ms);
+  playback.startRecording(unused);
+  EXPECT_TRUE(engine.calls.filter(u"startRecording"_s).isEmpty());
+  EXPECT_FALSE(playback.recordingNotice());
+
+  openPlaying(channel(u"3"_s));
+  playback.startRecording();
+  EXPECT_EQ(playback.recordingNotice(), u"This source does not support recording."_s);
+  EXPECT_FALSE(playback.recording());
+  playback.startRecording(write(temporary.filePath(u"file"_s), "") + u"/below"_s);
+  EXPECT_EQ(playback.recordingNotice(), u"The recording folder could not be created."_s);
+  engine.now.recordable = true;
+  begin();
+  engine.takeCalls();
+  playback.startRecording();
+  EXPECT_TRUE(engine.calls.isEmpty()) << "twice at once";
+}
+
+TEST_F(RecordingTest, KeepsTheSourceUntilItIsSaved) {
+  begin();
+  for (const bool saving : {false, true}) {
+    SCOPED_TRACE(saving);
+    if (saving) playback.finishRecording();
+    engine.takeCalls();
+    playback.play(channel(u"2"_s));
+    EXPECT_EQ(playback.recordingNotice(), kRefused);
+    playback.retry();
+    settle();
+    EXPECT_TRUE(engine.calls.isEmpty());
+    EXPECT_EQ(look(), (Look{u"1"_s, false, {}, false}));
+  }
+  engine.onRecordingStopped({});
+  open(channel(u"2"_s));
+  EXPECT_EQ(playback.itemID(), u"2"_s);
+}
+
+TEST_F(RecordingTest, StopAndFailureFinishIt) {
+  for (const bool failing : {false, true}) {
+    SCOPED_TRACE(failing);
+    playback.stop();
+    openPlaying(channel(u"1"_s));
+    engine.now.recordable = true;
+    begin();
+    engine.takeCalls();
+    if (failing) {
+      engine.now.state = EngineState::error;
+      clock.advance(250ms);
+    } else {
+      playback.stop();
+    }
+    EXPECT_EQ(engine.calls, (QStringList{u"stopRecording"_s, u"unload"_s}));
+    EXPECT_TRUE(playback.savingRecording());
+    engine.onRecordingStopped({});
+  }
+}
+
+TEST_F(RecordingTest, OutcomesGetTheirSentences) {
+  const QString elsewhere = temporary.path() + u"/elsewhere"_s;
+  ASSERT_TRUE(QDir().mkpath(elsewhere));
+  ASSERT_TRUE(QDir().mkpath(folder));
+  ASSERT_TRUE(QFile::link(folder, temporary.filePath(u"link"_s)));
+  const QString foreign = write(elsewhere + u"/a.ts"_s, "x");
+  const struct {
+    QString path;
+    std::optional<QByteArray> written;
+    QString notice;
+    int files;
+  } cases[] = {
+      {foreign, {}, kNoFile, 0},
+      {folder + u"/missing.ts"_s, {}, kNoFile, 0},
+      {{}, {}, kNoFile, 0},
+      {folder + u"/empty.ts"_s, QByteArray(),
+       u"No video was recorded. Try recording for longer or choose another source."_s, 0},
+      {temporary.filePath(u"link/through.ts"_s), QByteArray("x"), u"Recording saved."_s, 1},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.path.toStdString());
+    begin();
+    playback.finishRecording();
+    if (row.written) write(row.path, *row.written);
+    engine.onRecordingStopped(row.path);
+    EXPECT_EQ(playback.recordingNotice(), row.notice);
+    EXPECT_EQ(names().size(), row.files);
+  }
+  EXPECT_TRUE(QFile::exists(foreign));
+  EXPECT_FALSE(QFile::exists(folder + u"/empty.ts"_s));
+
+  begin();
+  engine.recordingStops = false;
+  playback.finishRecording();
+  EXPECT_EQ(playback.recordingNotice(),
+            u"Recording could not be finalized. Check the recording folder."_s);
+  EXPECT_FALSE(playback.savingRecording());
+}
+
+TEST_F(RecordingTest, ListShowsRecordingsOnly) {
+  ASSERT_TRUE(QDir().mkpath(folder + u"/folder.ts"_s));
+  for (const char* name : {"/a.ts", "/c.MKV", "/b.m4v", "/.hidden.ts", "/d.txt", "/e"})
+    write(folder + QLatin1String(name), "x");
+  playback.refreshRecordings();
+  EXPECT_EQ(names(), (QStringList{u"c.MKV"_s, u"b.m4v"_s, u"a.ts"_s}));
+  const Playback again(engine, clock, worker, folders(), false);
+  EXPECT_EQ(again.recordings().size(), 3);
+  const Playback headless(engine, clock, worker, folders(), true);
+  EXPECT_TRUE(headless.recordings().isEmpty());
+}
+
+TEST_F(RecordingTest, ShutdownWaitsForTheFileButNotForEver) {
+  for (const bool saved : {true, false}) {
+    SCOPED_TRACE(saved);
+    playback.stop();
+    openPlaying(channel(u"1"_s));
+    engine.now.recordable = true;
+    begin();
+    const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
+    clock.advance(4900ms);
+    EXPECT_EQ(playback.itemID(), u"1"_s);
+    EXPECT_TRUE(playback.savingRecording());
+    if (saved) engine.onRecordingStopped({});
+    clock.advance(100ms);
+    EXPECT_FALSE(job.running());
+    EXPECT_EQ(look(), Look{});
+    if (!saved) engine.onRecordingStopped({});
+  }
+}
+
+}  // namespace
+}  // namespace vantor
