@@ -7,6 +7,7 @@
 #include "platform/cancelled.h"
 #include "platform/job.h"
 #include "platform/pending.h"
+#include "platform/slot.h"
 
 namespace vantor {
 
@@ -42,22 +43,6 @@ struct GuideLoader::State {
     saved.insert(id, {clock.now(), entries});
   }
 };
-
-namespace {
-
-/// A request slot, taken for as long as it lives.
-class Slot {
- public:
-  explicit Slot(int& active) : active_(active) { ++active_; }
-  ~Slot() { --active_; }
-  Slot(const Slot&) = delete;
-  Slot& operator=(const Slot&) = delete;
-
- private:
-  int& active_;
-};
-
-}  // namespace
 
 GuideLoader::GuideLoader(ProviderClient client, Clock& clock)
     : state_(new State{std::move(client), clock, {}, {}}) {}
