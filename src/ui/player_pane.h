@@ -33,7 +33,7 @@ class PlayerPane final : public QObject {
   QString title() const;
   bool loading() const;
   QString openingText() const;
-  QString message() const;  // failure; empty: none
+  QString message() const;     // failure; empty: none
   QVariant heldFrame() const;  // a QImage
   bool holdingFrame() const;
   /// Whether the engine's picture is shown where there is a place for it.

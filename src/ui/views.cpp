@@ -9,13 +9,13 @@ Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frame
              SettingsLinks links)
     : filePanel_(filePanel),
       frames_(frames),
+      connectView_(model),
+      settingsView_(model, opener, std::move(links)),
       shell_(model),
       statusLine_(model),
       emptyState_(model),
       items_(model),
       categories_(model),
-      connectView_(model),
-      settingsView_(model, opener, std::move(links)),
       player_(model.playback()),
       transport_(model.playback()),
       menu_(model) {}

@@ -56,13 +56,14 @@ class Views final : public QObject {
  private:
   DialogFilePanel& filePanel_;
   VideoFrameQueue& frames_;
+  // These two hear of a sheet that opens before the shell shows it.
+  ConnectView connectView_;
+  SettingsView settingsView_;
   TVShell shell_;
   StatusLine statusLine_;
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
-  ConnectView connectView_;
-  SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
   MenuCommands menu_;
