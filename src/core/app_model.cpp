@@ -1,6 +1,7 @@
 #include "core/app_model.h"
 
 #include "playback/playback.h"
+#include "provider/guide_loader.h"
 #include "storage/catalog_disk_store.h"
 
 namespace vantor {
@@ -21,6 +22,8 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
 AppModel::~AppModel() {
   startUpTask_.cancel();
   filePanelTask_.cancel();
+  detailTask_.cancel();
+  for (Job& task : guideTasks_) task.cancel();
   for (auto& [kind, task] : tasks_) task.cancel();
 }
 
@@ -45,6 +48,11 @@ void AppModel::contentsChanged() {
 void AppModel::enterNewWorld() {
   for (auto& [kind, task] : tasks_) task.cancel();
   tasks_.clear();
+  liveCopy_.reset();
+  detailTask_.cancel();
+  guideCache_.clear();
+  episodeCache_.clear();
+  Q_EMIT guideCacheChanged({});
   generation_ = QUuid::createUuid();
 }
 

@@ -10,14 +10,18 @@
 
 #include "core/item_list.h"
 #include "core/services.h"
+#include "platform/clock.h"
 #include "platform/job.h"
+#include "platform/pending.h"
 #include "platform/preferences.h"
+#include "provider/guide_entry.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"
 
 namespace vantor {
 
 class CatalogDiskStore;
+class GuideLoader;
 class Playback;
 
 /// Where browsing stood in a section that was left.
@@ -59,6 +63,23 @@ class AppModel final : public QObject {
   void setShowingEpisodes(bool showing);
   int episodeSeason() const { return episodeSeason_; }
   void setEpisodeSeason(int season);
+
+  // guide.cpp
+  /// Programmes of the selected channel.
+  const GuideEntries& guide() const { return guide_; }
+  /// A channel's programmes as last fetched; absent when there are none to show yet.
+  std::optional<GuideEntries> guideOf(const QString& channelID) const;
+  /// Whether the channel's last background fetch failed.
+  bool guideFailed(const QString& channelID) const { return guideFailures_.contains(channelID); }
+  /// Fetches a channel's guide in the background, unless that was done lately or too many run: ask
+  /// again whenever the channel is shown.
+  void prefetchGuide(const MediaItem& item);
+  void refreshGuide();
+
+  // details.cpp
+  const QList<MediaItem>& episodes() const { return episodes_; }  // of the selected show
+  bool detailsLoading() const { return detailsLoading_; }
+  const std::optional<QString>& detailsError() const { return detailsError_; }
 
   // preview_library.cpp
   bool demo() const { return demo_; }
@@ -106,6 +127,12 @@ class AppModel final : public QObject {
   void browseAnchorsChanged();
   void episodeSeasonChanged();
   void showingEpisodesChanged();
+  void guideChanged();
+  void guideCacheChanged(const QString& channelID);     // empty: of every channel
+  void guideFailuresChanged(const QString& channelID);  // likewise
+  void episodesChanged();
+  void detailsLoadingChanged();
+  void detailsErrorChanged();
   void noticeChanged();
   void showingConnectChanged();
   void showingSettingsChanged();
@@ -116,6 +143,7 @@ class AppModel final : public QObject {
  private:
   /// Names the current world of account and libraries; a job that holds another is stale.
   using Generation = QUuid;
+  using CatalogCopy = Pending<std::optional<Catalog>>;
   struct Restored;
   /// What the list of entries was made from.
   struct ListKey {
@@ -144,6 +172,23 @@ class AppModel final : public QObject {
   void resetBrowseState();
   ItemList makeItems() const;
 
+  // guide.cpp
+  GuideLoader& loader(const ProviderAccount& account);
+  static QCoro::Task<> fetchGuide(QPointer<AppModel> self, ProviderAccount account, MediaItem item,
+                                  Generation token, std::stop_token stop);
+  void guideArrived(const QString& channelID, const GuideEntries& entries);
+  void setGuide(const GuideEntries& entries);
+  /// Absent when the channel was never checked, or at a time that is still to come.
+  std::optional<WallTime::duration> sinceGuideCheck(const QString& channelID) const;
+  void dropGuideFetches();
+
+  // details.cpp
+  void startDetails(const MediaItem& item);
+  void clearDetails();
+  static QCoro::Task<> loadDetails(QPointer<AppModel> self, ProviderAccount account, MediaItem item,
+                                   Generation token, std::stop_token stop);
+  void setEpisodes(const QList<MediaItem>& episodes);
+
   // preview_library.cpp
   void explore();
 
@@ -158,6 +203,7 @@ class AppModel final : public QObject {
   void arrived(LibraryKind kind, const Catalog& catalog);
   void setBusy(bool busy);
   void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
+  CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
 
   // playback_handoff.cpp
   void storeProgress(const QString& id, double seconds, double duration);
@@ -179,6 +225,15 @@ class AppModel final : public QObject {
   int episodeSeason_ = 0;
   bool showingEpisodes_ = false;
   std::map<QString, BrowsePosition> positions_;
+  GuideEntries guide_;
+  QHash<QString, GuideEntries> guideCache_;  // by channel entry id, as the next two
+  QSet<QString> guideFailures_;
+  QHash<QString, WallTime> guideChecked_;  // when last fetched, or last failed
+  std::unique_ptr<GuideLoader> guideLoader_;
+  QList<MediaItem> episodes_;
+  QHash<QString, QList<MediaItem>> episodeCache_;  // by show entry id
+  bool detailsLoading_ = false;
+  std::optional<QString> detailsError_;
   NumberLists progress_;
   std::optional<QString> notice_;
   bool showingConnect_ = false;
@@ -189,6 +244,7 @@ class AppModel final : public QObject {
   bool startingUp_ = false;
   // Jobs take it from here at each use, so that the model's end is the end of its thread.
   std::shared_ptr<CatalogDiskStore> disk_;
+  std::optional<CatalogCopy> liveCopy_;  // of this start, until the first load takes it
   Generation generation_ = QUuid::createUuid();
 
   std::uint64_t revision_ = 0;  // of catalogues and favourites
@@ -196,6 +252,8 @@ class AppModel final : public QObject {
   mutable ItemList items_;
 
   std::map<LibraryKind, Job> tasks_;
+  QHash<QString, Job> guideTasks_;  // by channel entry id
+  Job detailTask_;
   Job startUpTask_;
   Job filePanelTask_;
 };

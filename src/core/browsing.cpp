@@ -88,6 +88,8 @@ void AppModel::navigate(const QString& target) {
   Q_EMIT searchChanged();
   Q_EMIT itemsChanged();
   setSelected(std::nullopt);
+  detailTask_.cancel();
+  clearDetails();
   setShowingEpisodes(false);
   setEpisodeSeason(0);
   if (position.anchor) setBrowseAnchor(target, *position.anchor);
@@ -111,7 +113,12 @@ void AppModel::setCategory(const QString& id) {
 }
 
 void AppModel::select(const MediaItem& item) {
-  setSelected(item);
+  // Of its own: `item` may be the selection itself.
+  const MediaItem chosen = item;
+  detailTask_.cancel();
+  setSelected(chosen);
+  clearDetails();
+  startDetails(chosen);
 }
 
 void AppModel::restoreSelection(LibraryKind library) {
@@ -124,6 +131,7 @@ void AppModel::restoreSelection(LibraryKind library) {
 
 void AppModel::resetBrowseState() {
   setSelected(std::nullopt);
+  clearDetails();
   const bool filtered = !category_.isEmpty() || !search_.isEmpty();
   assign(category_, QString(), &AppModel::categoryChanged);
   assign(search_, QString(), &AppModel::searchChanged);
@@ -134,6 +142,7 @@ void AppModel::resetBrowseState() {
   progress_.clear();
   setShowingEpisodes(false);
   setEpisodeSeason(0);
+  dropGuideFetches();
 }
 
 }  // namespace vantor

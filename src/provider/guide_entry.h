@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <chrono>
 
@@ -13,5 +14,8 @@ struct GuideEntry {
   std::chrono::system_clock::time_point start;
   std::chrono::system_clock::time_point end;  // later than start
 };
+
+/// A channel's programmes in the provider's order; copies share them.
+using GuideEntries = QList<GuideEntry>;
 
 }  // namespace vantor

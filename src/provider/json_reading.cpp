@@ -175,6 +175,17 @@ std::string valueString(simdjson::ondemand::object& object, std::string_view key
   return text;
 }
 
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return std::nullopt;
+  }
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
 std::optional<double> decimalNumber(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
   double number = 0;

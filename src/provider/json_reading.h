@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <cstdint>
 #include <exception>
 #include <optional>
 #include <string>
@@ -53,6 +54,9 @@ void appendString(simdjson::ondemand::value value, std::string& text);
 
 /// `valueString` of the field `key`, the empty text when `object` has none.
 std::string valueString(simdjson::ondemand::object& object, std::string_view key);
+
+/// A whole text of decimal digits, with or without a sign, that fits in 64 bits.
+std::optional<std::int64_t> wholeNumber(std::string_view text);
 
 /// A whole text that is a decimal floating-point number.
 std::optional<double> decimalNumber(std::string_view text);

@@ -2,6 +2,8 @@
 
 #include "platform/worker.h"
 #include "provider/catalog_parsing.h"
+#include "provider/episodes_parsing.h"
+#include "provider/guide_parsing.h"
 
 namespace vantor {
 
@@ -22,6 +24,16 @@ QCoro::Task<ProviderDetails> ProviderClient::authenticate(std::stop_token token)
 
 QCoro::Task<Catalog> ProviderClient::catalog(LibraryKind kind, std::stop_token token) const {
   return load(*this, kind, token);
+}
+
+QCoro::Task<QList<MediaItem>> ProviderClient::episodes(const MediaItem& show,
+                                                       std::stop_token token) const {
+  return loadEpisodes(*this, show, token);
+}
+
+QCoro::Task<GuideEntries> ProviderClient::guide(const MediaItem& channel,
+                                                std::stop_token token) const {
+  return loadGuide(*this, channel, token);
 }
 
 QCoro::Task<ProviderDetails> ProviderClient::signIn(ProviderClient client, std::stop_token token) {
@@ -55,6 +67,34 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
     both.request_stop();
     throw;
   }
+}
+
+QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client, MediaItem show,
+                                                           std::stop_token token) {
+  const QueryItems extra{std::pair(QStringLiteral("series_id"), show.providerID)};
+  const QCoro::Task<QByteArray> answered =
+      client.request(QStringLiteral("get_series_info"), extra, token);
+  QByteArray answer = co_await answered;
+  const auto parsed =
+      client.worker_->run([answer = std::move(answer), show = std::move(show)]() mutable {
+        return parseEpisodes(std::move(answer), show);
+      });
+  QList<MediaItem> episodes = co_await parsed;
+  co_return episodes;
+}
+
+QCoro::Task<GuideEntries> ProviderClient::loadGuide(ProviderClient client, MediaItem channel,
+                                                    std::stop_token token) {
+  const QueryItems extra{std::pair(QStringLiteral("stream_id"), channel.providerID),
+                         std::pair(QStringLiteral("limit"), QStringLiteral("8"))};
+  const QCoro::Task<QByteArray> answered =
+      client.request(QStringLiteral("get_short_epg"), extra, token);
+  QByteArray answer = co_await answered;
+  const auto parsed = client.worker_->run([answer = std::move(answer), id = channel.id]() mutable {
+    return parseGuide(std::move(answer), id);
+  });
+  GuideEntries entries = co_await parsed;
+  co_return entries;
 }
 
 }  // namespace vantor

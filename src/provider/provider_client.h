@@ -4,6 +4,7 @@
 #include <stop_token>
 
 #include "provider/catalog.h"
+#include "provider/guide_entry.h"
 #include "provider/http_transport.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"
@@ -22,11 +23,19 @@ class ProviderClient {
 
   QCoro::Task<ProviderDetails> authenticate(std::stop_token token) const;
   QCoro::Task<Catalog> catalog(LibraryKind kind, std::stop_token token) const;
+  /// In viewing order.
+  QCoro::Task<QList<MediaItem>> episodes(const MediaItem& show, std::stop_token token) const;
+  /// What is on now and next, in the provider's order; may contain programmes that are over.
+  QCoro::Task<GuideEntries> guide(const MediaItem& channel, std::stop_token token) const;
 
  private:
   // Static, and with a client of their own: a member coroutine would outlive the client it ran on.
   static QCoro::Task<ProviderDetails> signIn(ProviderClient client, std::stop_token token);
   static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, std::stop_token token);
+  static QCoro::Task<QList<MediaItem>> loadEpisodes(ProviderClient client, MediaItem show,
+                                                    std::stop_token token);
+  static QCoro::Task<GuideEntries> loadGuide(ProviderClient client, MediaItem channel,
+                                             std::stop_token token);
   QCoro::Task<QByteArray> request(const QString& action, const QueryItems& extra,
                                   std::stop_token token) const;
 

@@ -1,0 +1,145 @@
+#include "artwork/artwork_item.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QQuickWindow>
+
+#include "platform/worker.h"
+#include "support/fake_transport.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using test::eventually;
+using test::settle;
+
+const QString red = QStringLiteral("red.png");
+const QString blue = QStringLiteral("blue.png");
+
+QUrl address(const QString& name) {
+  return QUrl(QStringLiteral("http://cdn.example/") + name);
+}
+
+QByteArray picture(QColor color, QSize size = {40, 20}) {
+  QBuffer buffer;
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(color);
+  image.save(&buffer, "PNG");
+  return buffer.data();
+}
+
+class ArtworkItemTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    window.setColor(Qt::green);
+    window.resize(200, 200);
+    item.setSize({100, 100});
+    item.setStore(&store);
+  }
+  void show(const QString& name) {
+    item.setSource(address(name));
+    settle();
+  }
+  bool cancelled(std::size_t number) const { return transport.exchanges().at(number)->cancelled; }
+  bool hasImage() {
+    return eventually([&] { return item.hasImage(); });
+  }
+  /// Grabs until the window shows `color` at a place, for pictures arrive a frame later.
+  bool shows(QColor color, QPoint place) {
+    return eventually([&] { return window.grabWindow().pixelColor(place) == color; });
+  }
+
+  test::FakeTransport transport;
+  test::ManualClock clock;
+  Worker worker;
+  ArtworkStore store{transport, clock, worker};
+  QQuickWindow window;
+  ArtworkItem item{window.contentItem()};
+};
+
+TEST_F(ArtworkItemTest, FollowsItsAddress) {
+  show(red);
+  EXPECT_FALSE(item.hasImage());
+  show(blue);
+  EXPECT_TRUE(cancelled(0)) << "the picture of another entry is not wanted any more";
+  transport.answer(blue, picture(Qt::blue));
+  ASSERT_TRUE(hasImage());
+  item.setSource({});
+  EXPECT_FALSE(item.hasImage());
+  item.setSource(address(blue));
+  EXPECT_TRUE(item.hasImage()) << "at once, from memory";
+  show(red);
+  EXPECT_FALSE(item.hasImage()) << "never the last entry's picture";
+  transport.fail(red, std::make_exception_ptr(HTTPFailure(404)));
+  settle();
+  EXPECT_FALSE(item.hasImage());
+  EXPECT_EQ(transport.exchanges().size(), 3u);
+}
+
+TEST_F(ArtworkItemTest, AsksOnlyWhileItIsShown) {
+  struct Case {
+    std::function<void(bool)> shown;
+    const char* what;
+  };
+  const Case cases[] = {
+      {[this](bool shown) { item.setVisible(shown); }, "visible"},
+      {[this](bool shown) { item.setActive(shown); }, "active"},
+      {[this](bool shown) { window.contentItem()->setVisible(shown); }, "its parent visible"},
+  };
+  std::size_t asked = 0;
+  for (const Case& example : cases) {
+    show(red);
+    ASSERT_EQ(transport.exchanges().size(), ++asked);
+    example.shown(false);
+    settle();
+    EXPECT_TRUE(cancelled(asked - 1)) << example.what;
+    show(blue);
+    EXPECT_EQ(transport.exchanges().size(), asked) << example.what;
+    example.shown(true);
+    settle();
+    EXPECT_EQ(transport.exchanges().size(), ++asked) << example.what;
+    EXPECT_EQ(transport.exchanges().back()->action, blue);
+    item.setSource({});
+    settle();
+  }
+}
+
+TEST_F(ArtworkItemTest, GoesAwayWithItsRequest) {
+  {
+    ArtworkItem other;
+    other.setStore(&store);
+    other.setSource(address(red));
+    settle();
+    ASSERT_EQ(transport.open(red), 1);
+  }
+  settle();
+  EXPECT_TRUE(cancelled(0));
+}
+
+TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
+  window.show();
+  ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
+  show(red);
+  EXPECT_TRUE(shows(Qt::green, {50, 50}));
+  transport.answer(red, picture(Qt::red));
+  EXPECT_TRUE(shows(Qt::red, {50, 50}));
+  EXPECT_TRUE(shows(Qt::red, {2, 50}));
+  EXPECT_TRUE(shows(Qt::red, {50, 72}));
+  EXPECT_TRUE(shows(Qt::green, {50, 78}));
+  EXPECT_TRUE(shows(Qt::green, {50, 22}));
+  item.setSize({40, 100});
+  EXPECT_TRUE(shows(Qt::green, {50, 50}));
+  EXPECT_TRUE(shows(Qt::red, {20, 50}));
+  EXPECT_TRUE(shows(Qt::green, {20, 65}));
+  show(blue);
+  EXPECT_TRUE(shows(Qt::green, {20, 50}));
+  transport.answer(blue, picture(Qt::blue, {10, 200}));
+  EXPECT_TRUE(shows(Qt::blue, {20, 2}));
+  EXPECT_TRUE(shows(Qt::green, {8, 50}));
+}
+
+}  // namespace
+}  // namespace vantor

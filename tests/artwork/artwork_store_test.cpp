@@ -1,0 +1,190 @@
+#include "artwork/artwork_store.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+
+#include "platform/job.h"
+#include "platform/worker.h"
+#include "support/fake_transport.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+using test::eventually;
+using test::settle;
+
+QByteArray picture(int width = 8) {
+  QBuffer buffer;
+  QImage image(width, 4, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  image.save(&buffer, "PNG");
+  return buffer.data();
+}
+
+QString fileName(int number) {
+  return QString::number(number) + QStringLiteral(".png");
+}
+
+QUrl address(int number) {
+  return QUrl(QStringLiteral("http://cdn.example/") + fileName(number));
+}
+
+/// One request of the store.
+struct Call {
+  Job job;
+  bool over = false;
+  QImage image;
+};
+
+QCoro::Task<> follow(std::stop_token stop, ArtworkStore* store, QUrl source,
+                     std::shared_ptr<Call> call) {
+  const QCoro::Task<QImage> loading = store->image(source, stop);
+  call->image = co_await loading;
+  call->over = true;
+}
+
+class ArtworkStoreTest : public ::testing::Test {
+ protected:
+  std::shared_ptr<Call> request(int number) {
+    auto call = std::make_shared<Call>();
+    call->job = Job::start([target = store.get(), number, call](std::stop_token stop) {
+      return follow(stop, target, address(number), call);
+    });
+    settle();
+    return call;
+  }
+  bool ends(const std::shared_ptr<Call>& call) {
+    return eventually([&] { return call->over; });
+  }
+  std::size_t downloads() const { return transport.exchanges().size(); }
+  bool deliver(int number) { return transport.answer(fileName(number), picture()); }
+  void fetch(int number) {
+    const auto call = request(number);
+    deliver(number);
+    ASSERT_TRUE(ends(call));
+    ASSERT_FALSE(call->image.isNull());
+  }
+
+  test::FakeTransport transport;
+  test::ManualClock clock;
+  Worker worker;
+  std::unique_ptr<ArtworkStore> store = std::make_unique<ArtworkStore>(transport, clock, worker);
+};
+
+TEST_F(ArtworkStoreTest, DownloadsOnceAndRemembers) {
+  EXPECT_TRUE(store->cached(address(1)).isNull());
+  fetch(1);
+  const HTTPRequest asked = transport.exchanges().front()->request;
+  EXPECT_EQ(asked.address, address(1));
+  EXPECT_EQ(asked.timeout, 60s);
+  EXPECT_EQ(asked.userAgent, QByteArray());
+  EXPECT_EQ(transport.exchanges().front()->limit, 4'194'304);
+  const auto again = request(1);
+  EXPECT_TRUE(again->over);
+  EXPECT_EQ(again->image.size(), QSize(8, 4));
+  EXPECT_EQ(store->cached(address(1)), again->image);
+  EXPECT_EQ(downloads(), 1u);
+}
+
+TEST_F(ArtworkStoreTest, AnyFailureGivesNoneAndIsTriedAgain) {
+  const auto failing = request(1);
+  transport.fail(fileName(1), std::make_exception_ptr(HTTPFailure(404)));
+  ASSERT_TRUE(ends(failing));
+  EXPECT_TRUE(failing->image.isNull());
+  for (const char* body : {"", "<html></html>", "\x89PNG\r\n\x1A\n"}) {
+    const auto unreadable = request(1);
+    transport.answer(fileName(1), body);
+    ASSERT_TRUE(ends(unreadable));
+    EXPECT_TRUE(unreadable->image.isNull());
+  }
+  fetch(1);
+  EXPECT_EQ(downloads(), 5u) << "a failed one gives its slot back";
+}
+
+TEST_F(ArtworkStoreTest, AFourthWaitsInStepsForASlot) {
+  for (int number = 1; number <= 3; ++number) request(number);
+  const auto fourth = request(4);
+  const auto sameAsFirst = request(1);
+  EXPECT_EQ(downloads(), 3u);
+  clock.advance(80ms);
+  EXPECT_EQ(downloads(), 3u);
+  deliver(1);
+  ASSERT_TRUE(eventually([&] { return !store->cached(address(1)).isNull(); }));
+  EXPECT_FALSE(sameAsFirst->over);
+  clock.advance(79ms);
+  EXPECT_EQ(downloads(), 3u);
+  clock.advance(1ms);
+  EXPECT_EQ(downloads(), 4u);
+  EXPECT_TRUE(sameAsFirst->over) << "answered from memory, although no slot was free";
+  EXPECT_FALSE(sameAsFirst->image.isNull());
+  deliver(4);
+  EXPECT_TRUE(ends(fourth));
+}
+
+TEST_F(ArtworkStoreTest, CancellingEndsARequestWhereverItIs) {
+  const auto unstarted = request(9);
+  unstarted->job.cancel();
+  std::vector<std::shared_ptr<Call>> calls;
+  for (int number = 1; number <= 4; ++number) calls.push_back(request(number));
+  const auto first = transport.exchanges().at(1);
+  calls[3]->job.cancel();
+  settle();
+  EXPECT_TRUE(calls[3]->over) << "at once, not at its next step";
+  EXPECT_EQ(downloads(), 4u);
+  calls[0]->job.cancel();
+  settle();
+  EXPECT_TRUE(first->cancelled && calls[0]->over && calls[0]->image.isNull());
+  request(5);
+  EXPECT_EQ(downloads(), 5u) << "its slot is free";
+
+  const auto stopped = std::make_shared<Call>();
+  std::stop_source stop;
+  stop.request_stop();
+  Job::start(
+      [&](std::stop_token) { return follow(stop.get_token(), store.get(), address(6), stopped); });
+  settle();
+  EXPECT_TRUE(stopped->over);
+  EXPECT_EQ(downloads(), 5u);
+}
+
+TEST_F(ArtworkStoreTest, KeepsTheLastEighty) {
+  for (int number = 0; number < 80; ++number) fetch(number);
+  EXPECT_TRUE(request(0)->over) << "a use does not make it younger";
+  fetch(80);
+  EXPECT_TRUE(store->cached(address(0)).isNull());
+  EXPECT_FALSE(store->cached(address(1)).isNull());
+  EXPECT_FALSE(store->cached(address(80)).isNull());
+  fetch(0);
+  EXPECT_TRUE(store->cached(address(1)).isNull());
+}
+
+TEST_F(ArtworkStoreTest, TwoDownloadsOfOneAddressAreStoredTwice) {
+  const auto first = request(0);
+  const auto second = request(0);
+  EXPECT_EQ(downloads(), 2u);
+  deliver(0);
+  deliver(0);
+  ASSERT_TRUE(ends(first) && ends(second));
+  for (int number = 1; number < 79; ++number) fetch(number);
+  EXPECT_FALSE(store->cached(address(0)).isNull());
+  fetch(79);
+  EXPECT_TRUE(store->cached(address(0)).isNull()) << "its older place has been reached";
+}
+
+TEST_F(ArtworkStoreTest, DestroyingItLetsItsRequestsEnd) {
+  std::vector<std::shared_ptr<Call>> calls;
+  for (int number = 1; number <= 4; ++number) calls.push_back(request(number));
+  store.reset();
+  for (int number = 1; number <= 3; ++number) deliver(number);
+  ASSERT_TRUE(ends(calls[0]) && ends(calls[1]) && ends(calls[2]));
+  clock.advance(80ms);
+  deliver(4);
+  EXPECT_TRUE(ends(calls[3]));
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,267 @@
+#include <gtest/gtest.h>
+
+#include <QSemaphore>
+#include <atomic>
+
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+using test::eventually;
+using test::settle;
+
+const QString episodesRequest = QStringLiteral("get_series_info");
+const QString guideRequest = QStringLiteral("get_short_epg");
+
+MediaItem entry(LibraryKind kind, int number) {
+  MediaItem item;
+  item.kind = kind;
+  item.providerID = QString::number(number);
+  item.id = entryID(kind, item.providerID);
+  item.name = item.id;
+  return item;
+}
+
+MediaItem show(int number) {
+  return entry(LibraryKind::shows, number);
+}
+
+QByteArray episode(const char* title) {
+  return QByteArray("{\"episodes\":{\"1\":[{\"id\":7,\"title\":\"") + title + "\"}]}}";
+}
+
+const QByteArray oneProgramme =
+    R"({"epg_listings":[{"title":"a b","start_timestamp":1,"stop_timestamp":2}]})";
+
+class DetailsTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  AppModel& app = launch();
+
+  void SetUp() override { signIn(); }
+  void select(const MediaItem& item) {
+    app.select(item);
+    settle();
+  }
+  int requests() const { return transport.requests(episodesRequest); }
+  bool loaded() {
+    return eventually([&] { return !app.detailsLoading(); });
+  }
+  void selectWhole(int number) {
+    select(show(number));
+    ASSERT_TRUE(transport.answer(episodesRequest, episode("one")));
+    ASSERT_TRUE(loaded());
+  }
+  QString firstTitle() const {
+    return app.episodes().isEmpty() ? QString() : app.episodes().first().name;
+  }
+};
+
+TEST_F(DetailsTest, MoviesAndSamplesHaveNone) {
+  const auto before = transport.exchanges().size();
+  select(entry(LibraryKind::movies, 1));
+  EXPECT_FALSE(app.detailsLoading());
+  MediaItem sample = show(1);
+  sample.isExample = true;
+  select(sample);
+  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_EQ(transport.exchanges().size(), before);
+}
+
+TEST_F(DetailsTest, AShowIsAskedForOnce) {
+  select(show(1));
+  EXPECT_TRUE(app.detailsLoading());
+  EXPECT_EQ(transport.exchanges().back()->request.address.query(),
+            QStringLiteral("username=user&password=secret&action=get_series_info&series_id=1"));
+  transport.answer(episodesRequest, episode("one"));
+  ASSERT_TRUE(loaded());
+  EXPECT_EQ(firstTitle(), QStringLiteral("one"));
+  select(entry(LibraryKind::movies, 1));
+  EXPECT_TRUE(app.episodes().isEmpty());
+  app.select(show(1));
+  EXPECT_EQ(firstTitle(), QStringLiteral("one")) << "at once";
+  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_EQ(requests(), 1);
+}
+
+TEST_F(DetailsTest, TheThirtyFirstShowStartsTheCacheAfresh) {
+  for (int number = 1; number <= 31; ++number) selectWhole(number);
+  app.select(show(31));
+  EXPECT_EQ(firstTitle(), QStringLiteral("one"));
+  app.select(show(30));
+  EXPECT_TRUE(app.detailsLoading());
+}
+
+TEST_F(DetailsTest, AFailureIsShownAndTheNextSelectionTriesAgain) {
+  struct Case {
+    const char* answer;  // null: the transport fails
+    QString message;
+  };
+  const Case cases[] = {
+      {R"({"episodes":[]})", QStringLiteral("This show's episodes could not be read.")},
+      {nullptr, QStringLiteral("Unable to connect. Check your internet connection and provider "
+                               "details, then try again.")},
+  };
+  int asked = 0;
+  for (const Case& example : cases) {
+    select(show(1));
+    EXPECT_EQ(requests(), ++asked);
+    if (example.answer)
+      transport.answer(episodesRequest, example.answer);
+    else
+      transport.fail(episodesRequest, std::make_exception_ptr(HTTPFailure(500)));
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(app.detailsError(), example.message);
+    EXPECT_TRUE(app.episodes().isEmpty());
+  }
+  app.select(entry(LibraryKind::movies, 1));
+  EXPECT_EQ(app.detailsError(), std::nullopt);
+}
+
+TEST_F(DetailsTest, AChannelsGuideIsUsedForFiveMinutes) {
+  const MediaItem channel = entry(LibraryKind::live, 1);
+  app.prefetchGuide(channel);
+  settle();
+  transport.answer(guideRequest, oneProgramme);
+  ASSERT_TRUE(eventually([&] { return app.guideOf(channel.id).has_value(); }));
+  clock.advance(10s);
+  app.select(channel);
+  EXPECT_EQ(app.guide().size(), 1);
+  EXPECT_FALSE(app.detailsLoading());
+  clock.advance(290s);
+  select(channel);
+  EXPECT_TRUE(app.guide().isEmpty() && app.detailsLoading());
+  EXPECT_EQ(transport.requests(guideRequest), 2);
+  transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
+  ASSERT_TRUE(loaded());
+  EXPECT_TRUE(app.detailsError().has_value());
+  EXPECT_FALSE(app.guideFailed(channel.id));
+  clock.advance(1s);
+  app.prefetchGuide(channel);
+  settle();
+  EXPECT_EQ(transport.requests(guideRequest), 3) << "the failed selection set no time";
+}
+
+TEST_F(DetailsTest, The129thGuideOfASelectionStartsTheCacheAfresh) {
+  transport.always(guideRequest, oneProgramme);
+  for (int number = 0; number <= 128; ++number) {
+    select(entry(LibraryKind::live, number));
+    ASSERT_TRUE(loaded());
+  }
+  EXPECT_TRUE(app.guideOf(QStringLiteral("live:128")).has_value());
+  EXPECT_FALSE(app.guideOf(QStringLiteral("live:127")).has_value());
+}
+
+/// What replaces the selection of show 1 while its episodes are on their way.
+enum class Change { otherShow, sameShow, movie, navigate, disconnect, connect, destroy };
+
+class StaleDetailsTest : public DetailsTest,
+                         public ::testing::WithParamInterface<std::tuple<Change, bool>> {
+ protected:
+  const Change kind = std::get<Change>(GetParam());
+  const bool fails = std::get<bool>(GetParam());
+
+  void change() {
+    switch (kind) {
+      case Change::otherShow:
+        return select(show(2));
+      case Change::sameShow:
+        return select(show(1));
+      case Change::movie:
+        return select(entry(LibraryKind::movies, 1));
+      case Change::navigate:
+        return app.navigate(QStringLiteral("favorites"));
+      case Change::disconnect:
+        disconnectAccount();
+        ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+        return;
+      case Change::connect:
+        connectAccount(account);
+        transport.answer(QString(), acceptedSignIn());
+        ASSERT_TRUE(eventually([&] { return signInOver; }));
+        return;
+      case Change::destroy:
+        model.reset();
+    }
+  }
+  /// Lets the worker finish what it was given.
+  bool drainWorker() {
+    std::atomic<bool> drained = false;
+    worker.post([&drained] { drained = true; });
+    const bool ended = eventually([&] { return drained.load(); });
+    settle();
+    return ended;
+  }
+  void expectNothingOfShowOne() {
+    if (!model) return;
+    const bool loadsAnew = kind == Change::otherShow || kind == Change::sameShow;
+    EXPECT_TRUE(app.episodes().isEmpty());
+    EXPECT_EQ(app.detailsError(), std::nullopt);
+    EXPECT_EQ(app.detailsLoading(), loadsAnew);
+    if (loadsAnew) {
+      ASSERT_TRUE(transport.answer(episodesRequest, episode("new")));
+      ASSERT_TRUE(loaded());
+      EXPECT_EQ(firstTitle(), QStringLiteral("new"));
+    }
+    if (!app.account() || kind == Change::sameShow) return;
+    app.select(show(1));
+    EXPECT_TRUE(app.detailsLoading()) << "the late answer is not in the cache";
+  }
+};
+
+TEST_P(StaleDetailsTest, ALateResultChangesNothing) {
+  select(show(1));
+  const auto request = transport.exchanges().back();
+  const auto settleRequest = [&] {
+    request->over = true;
+    if (fails)
+      request->answer.fail(std::make_exception_ptr(HTTPFailure(500)));
+    else
+      request->answer.resolve(episode("late"));
+  };
+  // What changes at once can come while the answer is under way; the others take turns of their
+  // own.
+  const bool atOnce = kind != Change::connect && kind != Change::disconnect;
+  if (atOnce) settleRequest();
+  change();
+  if (!atOnce) {
+    EXPECT_TRUE(request->cancelled) << "not worth finishing";
+    settleRequest();
+  }
+  settle();
+  ASSERT_TRUE(drainWorker());
+  expectNothingOfShowOne();
+}
+
+TEST_P(StaleDetailsTest, AnAnswerThatIsBeingReadChangesNothing) {
+  // A sign-in is itself read on the thread that is held here.
+  if (kind == Change::connect) return;
+  select(show(1));
+  QSemaphore gate;
+  const auto held = worker.run([&gate] { gate.acquire(); });
+  transport.answer(episodesRequest, fails ? QByteArray("{}") : episode("late"));
+  settle();
+  change();
+  gate.release();
+  ASSERT_TRUE(drainWorker());
+  expectNothingOfShowOne();
+}
+
+std::string changeName(const ::testing::TestParamInfo<std::tuple<Change, bool>>& info) {
+  static constexpr const char* names[] = {"OtherShow",  "SameShow", "Movie",  "Navigate",
+                                          "Disconnect", "Connect",  "Destroy"};
+  return names[static_cast<int>(std::get<Change>(info.param))] +
+         std::string(std::get<bool>(info.param) ? "BeforeAFailure" : "BeforeAnAnswer");
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, StaleDetailsTest,
+                         ::testing::Combine(::testing::Values(Change::otherShow, Change::sameShow,
+                                                              Change::movie, Change::navigate,
+                                                              Change::disconnect, Change::connect,
+                                                              Change::destroy),
+                                            ::testing::Bool()),
+                         changeName);
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,223 @@
+#include "provider/guide_loader.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/cancelled.h"
+#include "platform/job.h"
+#include "platform/worker.h"
+#include "support/fake_transport.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+using test::eventually;
+using test::settle;
+
+const QString guideRequest = QStringLiteral("get_short_epg");
+const QByteArray oneProgramme =
+    R"({"epg_listings":[{"title":"x y","start_timestamp":1,"stop_timestamp":2}]})";
+
+MediaItem channel(int number) {
+  MediaItem item;
+  item.providerID = QString::number(number);
+  item.id = entryID(LibraryKind::live, item.providerID);
+  return item;
+}
+
+/// One caller of the loader.
+struct Call {
+  Job job;
+  bool over = false;
+  bool cancelled = false;
+  std::exception_ptr failure;
+  GuideEntries entries;
+};
+
+QCoro::Task<> follow(std::stop_token stop, GuideLoader* loader, MediaItem item,
+                     std::shared_ptr<Call> call) {
+  try {
+    const QCoro::Task<GuideEntries> loading = loader->load(item, stop);
+    call->entries = co_await loading;
+  } catch (const Cancelled&) {
+    call->cancelled = true;
+  } catch (...) {
+    call->failure = std::current_exception();
+  }
+  call->over = true;
+}
+
+class GuideLoaderTest : public ::testing::Test {
+ protected:
+  std::shared_ptr<Call> load(int number) {
+    auto call = std::make_shared<Call>();
+    call->job = Job::start([target = loader.get(), number, call](std::stop_token stop) {
+      return follow(stop, target, channel(number), call);
+    });
+    settle();
+    return call;
+  }
+  bool ends(const std::shared_ptr<Call>& call) {
+    return eventually([&] { return call->over; });
+  }
+  /// Loads a channel from its request to its end.
+  void loadWhole(int number) {
+    transport.always(guideRequest, oneProgramme);
+    ASSERT_TRUE(ends(load(number)));
+    transport.onDemand(guideRequest);
+  }
+  int requests() const { return transport.requests(guideRequest); }
+
+  test::FakeTransport transport;
+  test::ManualClock clock;
+  Worker worker;
+  const ProviderAccount account = ProviderAccount::validated(
+      QString(), QStringLiteral("http://tv.example"), QStringLiteral("u"), QStringLiteral("p"));
+  std::unique_ptr<GuideLoader> loader =
+      std::make_unique<GuideLoader>(ProviderClient(account, transport, worker), clock);
+};
+
+TEST_F(GuideLoaderTest, CallersOfOneChannelShareItsRequest) {
+  const auto first = load(1);
+  const auto second = load(1);
+  EXPECT_EQ(requests(), 1);
+  EXPECT_EQ(transport.exchanges().front()->request.address.query(),
+            QStringLiteral("username=u&password=p&action=get_short_epg&stream_id=1&limit=8"));
+  transport.answer(guideRequest, oneProgramme);
+  ASSERT_TRUE(ends(first) && ends(second));
+  ASSERT_EQ(first->entries.size(), 1);
+  EXPECT_EQ(first->entries.at(0).id, QStringLiteral("live:1:0"));
+  EXPECT_TRUE(second->entries.isSharedWith(first->entries));
+}
+
+TEST_F(GuideLoaderTest, AnAnswerIsGoodForFiveMinutes) {
+  loadWhole(1);
+  clock.advance(299s);
+  EXPECT_TRUE(load(1)->over);
+  EXPECT_EQ(requests(), 1);
+  clock.advance(1s);
+  const auto again = load(1);
+  EXPECT_EQ(requests(), 2);
+  transport.answer(guideRequest, "{}");
+  ASSERT_TRUE(ends(again));
+  EXPECT_TRUE(again->entries.isEmpty());
+  EXPECT_TRUE(load(1)->over) << "an empty guide is an answer as well";
+  EXPECT_EQ(requests(), 2);
+}
+
+TEST_F(GuideLoaderTest, TwoRequestsRunAtATime) {
+  const auto first = load(1);
+  load(2);
+  const auto third = load(3);
+  EXPECT_EQ(requests(), 2);
+  transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
+  ASSERT_TRUE(ends(first));
+  EXPECT_NE(first->failure, nullptr);
+  EXPECT_EQ(requests(), 2) << "the slot is looked for in steps";
+  clock.advance(100ms);
+  EXPECT_EQ(requests(), 3);
+  const auto retried = load(1);
+  EXPECT_EQ(requests(), 3) << "a failure is not kept, and waits its turn";
+  transport.answer(guideRequest, oneProgramme);
+  transport.answer(guideRequest, oneProgramme);
+  ASSERT_TRUE(ends(third));
+  clock.advance(100ms);
+  EXPECT_EQ(requests(), 4);
+  EXPECT_FALSE(retried->over);
+}
+
+TEST_F(GuideLoaderTest, RefusesTheThirtyThirdButLetsCallersJoin) {
+  for (int number = 0; number < 32; ++number) load(number);
+  EXPECT_TRUE(load(32)->cancelled);
+  const auto joined = load(31);
+  EXPECT_FALSE(joined->over);
+  EXPECT_EQ(requests(), 2);
+  transport.always(guideRequest, oneProgramme);
+  transport.answer(guideRequest, oneProgramme);
+  transport.answer(guideRequest, oneProgramme);
+  EXPECT_TRUE(eventually([&] {
+    clock.advance(100ms);
+    return joined->over;
+  }));
+  EXPECT_FALSE(load(32)->cancelled);
+}
+
+TEST_F(GuideLoaderTest, TheOldestAnswerMakesRoom) {
+  for (int number = 0; number < 128; ++number) {
+    loadWhole(number);
+    clock.advance(10ms);
+  }
+  loadWhole(128);
+  EXPECT_TRUE(load(1)->over);
+  EXPECT_TRUE(load(128)->over);
+  EXPECT_FALSE(load(0)->over);
+  EXPECT_EQ(requests(), 130);
+}
+
+TEST_F(GuideLoaderTest, ACallerThatGivesUpLeavesTheLoadToTheOthers) {
+  const auto first = load(1);
+  const auto second = load(1);
+  first->job.cancel();
+  settle();
+  EXPECT_TRUE(first->cancelled);
+  EXPECT_FALSE(transport.exchanges().front()->cancelled);
+  transport.answer(guideRequest, oneProgramme);
+  ASSERT_TRUE(ends(second));
+  EXPECT_EQ(second->entries.size(), 1);
+  EXPECT_TRUE(load(1)->over);
+  EXPECT_EQ(requests(), 1);
+
+  const auto unstarted = load(2);
+  unstarted->job.cancel();
+  settle();
+  const auto late = load(2);
+  EXPECT_EQ(requests(), 2) << "the abandoned load serves who comes next";
+  transport.answer(guideRequest, oneProgramme);
+  EXPECT_TRUE(ends(late));
+}
+
+TEST_F(GuideLoaderTest, ClearingEndsEverythingAndFreesTheSlots) {
+  for (const bool destroy : {false, true}) {
+    const int before = requests();
+    loadWhole(1);
+    std::vector<std::shared_ptr<Call>> calls;
+    for (int number = 2; number < 6; ++number) calls.push_back(load(number));
+    const auto request = transport.exchanges().back();
+    if (destroy)
+      loader.reset();
+    else
+      loader->clear();
+    settle();
+    for (const auto& call : calls) EXPECT_TRUE(call->cancelled);
+    EXPECT_TRUE(request->cancelled);
+    clock.advance(1s);
+    EXPECT_EQ(requests(), before + 3) << "those that waited never ask";
+    EXPECT_EQ(clock.waiting(), 0u);
+    if (destroy) return;
+    load(1);
+    load(5);
+    EXPECT_EQ(requests(), before + 5);
+    loader->clear();
+    settle();
+  }
+}
+
+TEST_F(GuideLoaderTest, AnAnswerThatComesAfterClearingIsNotKept) {
+  const auto before = load(1);
+  const auto request = transport.exchanges().back();
+  request->answer.resolve(oneProgramme);  // under way when the loader is cleared
+  loader->clear();
+  const auto after = load(1);
+  settle();
+  EXPECT_TRUE(before->cancelled);
+  EXPECT_FALSE(after->over);
+  EXPECT_EQ(requests(), 2);
+  transport.answer(guideRequest, "{}");
+  ASSERT_TRUE(ends(after));
+  EXPECT_TRUE(after->entries.isEmpty());
+}
+
+}  // namespace
+}  // namespace vantor
