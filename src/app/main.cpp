@@ -1,6 +1,7 @@
 #include <QtQml/qqmlextensionplugin.h>
 #include <QGuiApplication>
 #include <QQuickStyle>
+#include <clocale>
 #include <cstdio>
 
 #include "app/program.h"
@@ -33,6 +34,8 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
   const QGuiApplication application(argc, argv);
+  // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
+  std::setlocale(LC_NUMERIC, "C");
   // Quitting waits for playback; see AppDelegate.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QQuickStyle::setStyle(QStringLiteral("Basic"));

@@ -21,6 +21,7 @@ Rectangle {
         spacing: 5
         clip: true
         reuseItems: true
+        cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         keyNavigationEnabled: false

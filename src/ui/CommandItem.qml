@@ -9,6 +9,7 @@ MenuItem {
     required property int index
     required property var modelData
     readonly property bool startsMenu: modelData.heading !== ""
+    readonly property string keysText: modelData.keys
 
     text: modelData.title
     implicitHeight: 32 + (startsMenu ? 26 : 0)
@@ -31,7 +32,7 @@ MenuItem {
         Text {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: item.modelData.keys
+            text: item.keysText
             font: Style.caption
             color: item.highlighted ? Style.canvas : Style.secondary
         }

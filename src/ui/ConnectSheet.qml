@@ -62,10 +62,10 @@ Sheet {
             PasswordField {
                 id: password
                 Layout.fillWidth: true
-                placeholderText: "Password"
-                text: sheet.view.password
+                name: "Password"
+                secret: sheet.view.password
                 enabled: !sheet.view.working
-                onTextEdited: sheet.view.password = text
+                onTextEdited: sheet.view.password = secret
                 onAccepted: sheet.view.connectAccount()
             }
         }

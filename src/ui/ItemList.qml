@@ -17,7 +17,9 @@ ListView {
     spacing: 6
     clip: true
     reuseItems: true
-    cacheBuffer: 400
+    // Rows made ahead of their time are made while idle, and Qt 6.4 complains when the list is
+    // replaced meanwhile.
+    cacheBuffer: 0
     boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: true
     // The highlight is the model's, not the view's.

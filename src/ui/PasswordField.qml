@@ -2,32 +2,39 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
-// The typed text stays out of the accessibility tree: what assistive programs see is this item,
-// which has none, and not the field in it, which with Qt 6.4 would tell them its text.
+// A field whose typed text stays out of the accessibility tree. With Qt 6.4 a password field gives
+// its text away there, and whatever says that it edits a password loses its name. So assistive
+// programs see a named group with a nameless, textless password entry, and not the field in it.
 FocusScope {
     id: scope
 
-    property alias text: field.text
-    property alias placeholderText: field.placeholderText
+    required property string name
+    // Not "text", which Qt would look for.
+    property alias secret: field.text
 
     signal textEdited
     signal accepted
 
     implicitHeight: field.implicitHeight
+    Accessible.role: Accessible.Grouping
+    Accessible.name: name
 
-    Accessible.role: Accessible.EditableText
-    Accessible.name: placeholderText
-    Accessible.passwordEdit: true
-    Accessible.focusable: true
-
-    InputField {
-        id: field
+    Item {
         anchors.fill: parent
-        focus: true
-        echoMode: TextInput.Password
-        inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
-        Accessible.ignored: true
-        onTextEdited: scope.textEdited()
-        onAccepted: scope.accepted()
+        Accessible.role: Accessible.EditableText
+        Accessible.passwordEdit: true
+        Accessible.focusable: true
+
+        InputField {
+            id: field
+            anchors.fill: parent
+            focus: true
+            placeholderText: scope.name
+            echoMode: TextInput.Password
+            inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+            Accessible.ignored: true
+            onTextEdited: scope.textEdited()
+            onAccepted: scope.accepted()
+        }
     }
 }

@@ -35,6 +35,7 @@ ApplicationWindow {
     }
 
     ShellScreen {
+        objectName: "shell"
         anchors.fill: parent
         focus: true
         views: window.views

@@ -19,6 +19,7 @@ struct SettingsBlock {
     changeProvider,
     refreshPlaylists,
     removeProvider,
+    refreshGuide,
     openFile,
     openLicenses,
     openSupport,

@@ -112,6 +112,9 @@ void SettingsView::run(Action action) {
       return refreshPlaylists();
     case Action::removeProvider:
       return setConfirmingRemoval(true);
+    case Action::refreshGuide:
+      model_.refreshGuide();
+      return setMessage(u"Guide information will reload when you select a channel."_s);
     case Action::openFile:
       return model_.openFile();
     case Action::openLicenses:

@@ -60,13 +60,14 @@ class Views final : public QObject {
   DialogFilePanel& filePanel_;
   VideoFrameQueue& frames_;
   ArtworkStore& artwork_;
+  // These two hear of a sheet that opens before the shell shows it.
+  ConnectView connectView_;
+  SettingsView settingsView_;
   TVShell shell_;
   StatusLine statusLine_;
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
-  ConnectView connectView_;
-  SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
   MenuCommands menu_;

@@ -77,6 +77,9 @@ TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesAndSaysSo) {
   EXPECT_EQ(view->message(), u"Refresh requested. Your saved library remains available."_s);
   view->back();
   EXPECT_EQ(view->message(), QString());
+  activate(u"TV guide"_s);
+  activate(u"Refresh guide information"_s);
+  EXPECT_EQ(view->message(), u"Guide information will reload when you select a channel."_s);
 }
 
 TEST_F(SettingsViewTest, RemovalAsksFirst) {

@@ -1,0 +1,296 @@
+#include <gmock/gmock.h>
+
+#include <QtQml/qqmlextensionplugin.h>
+#include <QAccessible>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "platform/opener.h"
+#include "support/model_fixture.h"
+#include "ui/persistent_video_overlay.h"
+#include "ui/views.h"
+
+Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using ::testing::IsEmpty;
+
+struct NoOpener final : Opener {
+  void open(const QUrl&) override {}
+};
+
+QStringList* warnings = nullptr;
+
+void collect(QtMsgType, const QMessageLogContext&, const QString& text) {
+  warnings->append(text);
+}
+
+/// The real window over the real model, driven by key and mouse events.
+class WindowTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  void open(const QStringList& arguments = {}) {
+    app = &launch(arguments);
+    views = std::make_unique<Views>(*app, dialog, frames, opener,
+                                    SettingsLinks{QUrl(u"https://support.example/"_s), {}});
+    qml = std::make_unique<QQmlApplicationEngine>();
+    qml->addImportPath(u"qrc:/qt/qml"_s);
+    qml->setInitialProperties({{u"views"_s, QVariant::fromValue(views.get())}});
+    qml->load(QUrl(u"qrc:/qt/qml/Vantor/Ui/VantorWindow.qml"_s));
+    ASSERT_FALSE(qml->rootObjects().isEmpty());
+    window = qobject_cast<QQuickWindow*>(qml->rootObjects().constFirst());
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  }
+
+  void SetUp() override {
+    warnings = &messages;
+    previous = qInstallMessageHandler(collect);
+  }
+
+  void TearDown() override {
+    qml.reset();
+    views.reset();
+    qInstallMessageHandler(previous);
+    EXPECT_THAT(messages, IsEmpty());
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window, key, modifiers);
+    QTest::qWait(0);
+  }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(window, letter.toLatin1());
+    QTest::qWait(0);
+  }
+
+  bool focusIsIn(const QQuickItem* item) const {
+    const QQuickItem* focused = window->activeFocusItem();
+    return focused && item && (focused == item || item->isAncestorOf(focused));
+  }
+  /// The first visible item whose property has that value.
+  QQuickItem* find(const char* property, const QVariant& value, QQuickItem* from = nullptr) const {
+    if (!from)
+      from = window->contentItem()->parentItem() ? window->contentItem()->parentItem()
+                                                 : window->contentItem();
+    if (from->isVisible() && from->property(property) == value) return from;
+    for (QQuickItem* child : from->childItems())
+      if (QQuickItem* found = find(property, value, child)) return found;
+    return nullptr;
+  }
+  void click(QQuickItem* item) {
+    ASSERT_TRUE(item);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
+                      item->mapToScene(item->boundingRect().center()).toPoint());
+    QTest::qWait(0);
+  }
+  QString selectedID() const { return app->selected() ? app->selected()->id : QString(); }
+
+  QStringList messages;
+  QtMessageHandler previous = nullptr;
+  DialogFilePanel dialog;
+  VideoFrameQueue frames;
+  NoOpener opener;
+  AppModel* app = nullptr;
+  std::unique_ptr<Views> views;
+  std::unique_ptr<QQmlApplicationEngine> qml;
+  QQuickWindow* window = nullptr;
+};
+
+TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  EXPECT_EQ(window->title(), u"Vantor Player"_s);
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:3"_s);
+  press(Qt::Key_Left);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+}
+
+TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 200));
+  app->select(app->items().item(100));
+  QQuickItem* row = nullptr;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 101"_s)) != nullptr; }));
+  const auto* list = row->parentItem()->parentItem();
+  const double middle = row->mapToItem(list, row->boundingRect().center()).y();
+  EXPECT_NEAR(middle, list->height() / 2, 2);
+}
+
+TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  const QQuickItem* before = window->activeFocusItem();
+  const QQuickItem* shell = before;
+  while (shell->parentItem() && shell->objectName() != u"shell"_s) shell = shell->parentItem();
+  press(Qt::Key_K, Qt::ControlModifier);
+  ASSERT_TRUE(app->showingConnect());
+  // The user name is filled in, so the password is next.
+  type(u"a b"_s);
+  EXPECT_EQ(views->connectView()->password(), u"a b"_s);
+  for (int i = 0; i < 12; ++i) {
+    press(Qt::Key_Tab, i < 6 ? Qt::NoModifier : Qt::ShiftModifier);
+    EXPECT_FALSE(focusIsIn(shell)) << "after Tab " << i;
+  }
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), QString());
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->showingConnect());
+  EXPECT_EQ(window->activeFocusItem(), before);
+}
+
+TEST_F(WindowTest, SignsInWithKeysAlone) {
+  open();
+  app->setShowingConnect(true);
+  QTest::qWait(0);
+  type(u"user"_s);
+  press(Qt::Key_Return);
+  EXPECT_FALSE(views->connectView()->working());
+  press(Qt::Key_Tab);
+  type(u"secret"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->connectView()->username(), u"user"_s);
+  EXPECT_EQ(views->connectView()->password(), u"secret"_s);
+  EXPECT_TRUE(views->connectView()->working());
+}
+
+void readAll(QAccessibleInterface* node, QStringList& texts) {
+  if (!node) return;
+  for (const auto kind : {QAccessible::Name, QAccessible::Value, QAccessible::Description})
+    texts.append(node->text(kind));
+  if (auto* text = node->textInterface()) texts.append(text->text(0, text->characterCount()));
+  for (int i = 0; i < node->childCount(); ++i) readAll(node->child(i), texts);
+}
+
+TEST_F(WindowTest, AssistiveProgramsReadTheTextsButNotThePassword) {
+  QAccessible::setActive(true);
+  open();
+  app->setShowingConnect(true);
+  QTest::qWait(0);
+  type(u"visible"_s);
+  press(Qt::Key_Tab);
+  type(u"topsecret"_s);
+  ASSERT_EQ(views->connectView()->password(), u"topsecret"_s);
+  QStringList texts;
+  readAll(QAccessible::queryAccessibleInterface(window), texts);
+  EXPECT_THAT(texts, ::testing::Contains(u"visible"_s));
+  EXPECT_THAT(texts, ::testing::Contains(u"Password"_s));
+  EXPECT_THAT(texts, ::testing::Contains(u"Connect"_s));
+  for (const QString& text : texts)
+    EXPECT_FALSE(text.contains(u"topsecret"_s)) << text.toStdString();
+}
+
+TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
+  open({u"--demo"_s});
+  click(find("text", u"Search"_s));
+  type(u"the n"_s);
+  EXPECT_EQ(app->search(), u"the n"_s);
+  EXPECT_EQ(app->items().size(), 1u);
+  press(Qt::Key_Return);
+  press(Qt::Key_Return);
+  EXPECT_EQ(selectedID(), u"movies:example-4"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(app->section(), u"live"_s);
+}
+
+TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
+  open({u"--demo"_s});
+  QStringList reached;
+  const QQuickItem* first = window->activeFocusItem();
+  for (int i = 0; i < 60; ++i) {
+    press(Qt::Key_Tab);
+    QQuickItem* item = window->activeFocusItem();
+    ASSERT_TRUE(item);
+    if (item == first) break;
+    const QString help = item->property("help").toString();
+    reached.append(help.isEmpty() ? item->property("text").toString() : help);
+    if (reached.last() == u"Movies"_s) press(Qt::Key_Space);
+    if (app->section() == u"movies"_s) break;
+  }
+  EXPECT_EQ(app->section(), u"movies"_s);
+  // Entering a section gives the keys to its list.
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"movies:example-1"_s);
+  press(Qt::Key_Backtab, Qt::ShiftModifier);
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->category(), u"2"_s);
+}
+
+TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
+  open({u"--demo"_s});
+  const QQuickItem* before = window->activeFocusItem();
+  press(Qt::Key_F10);
+  QQuickItem* shows = find("keysText", u"Ctrl+3"_s);
+  ASSERT_TRUE(shows);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(window->activeFocusItem(), before);
+  EXPECT_EQ(app->section(), u"live"_s);
+  press(Qt::Key_F10);
+  click(find("keysText", u"Ctrl+3"_s));
+  EXPECT_EQ(app->section(), u"shows"_s);
+  press(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(app->section(), u"movies"_s);
+}
+
+TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
+  open();
+  press(Qt::Key_Comma, Qt::ControlModifier);
+  ASSERT_TRUE(app->showingSettings());
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playback"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(views->settingsView()->page(), u"Settings"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  press(Qt::Key_Up);
+  press(Qt::Key_Up);
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->showingSettings());
+}
+
+TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 1));
+  const auto* overlay = window->findChild<PersistentVideoOverlay*>();
+  ASSERT_TRUE(overlay);
+  const auto covers = [&] {
+    const QQuickItem* area = overlay->area();
+    return area && overlay->width() > 0 && area->size() == overlay->size() &&
+           area->mapToScene({}) == overlay->mapToScene({});
+  };
+  EXPECT_TRUE(QTest::qWaitFor(covers));
+  const QSizeF small = overlay->size();
+  EXPECT_EQ(small.width(), 355);
+  press(Qt::Key_Return);
+  app->playback().setExpanded(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return covers() && overlay->width() > 2 * small.width(); }));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return covers() && overlay->size() == small; }));
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:1"_s);
+}
+
+}  // namespace
+}  // namespace vantor
