@@ -30,7 +30,7 @@ namespace {
 constexpr int rounds = 7;
 constexpr int channels = 50'000;
 // A place across every row of the list, past its texts.
-constexpr int listColumn = 380;
+constexpr int listColumn = 436;
 
 /// Whether the display shows rows of the list: two colours that only rows have, in turns, down a
 /// column that crosses them.

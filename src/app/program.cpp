@@ -61,6 +61,10 @@ void Program::startUp() {
   if (auto* window = qobject_cast<QQuickWindow*>(qml_.rootObjects().constFirst())) {
     window->raise();
     window->requestActivate();
+    // libVLC looks through its plugins, which would hold up the first picture of the window.
+    connect(
+        window, &QQuickWindow::frameSwapped, this, [this] { engine_.warmUp(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
   }
   if (!launch_.smokeTest) return;
   PlayRequest request;

@@ -48,6 +48,7 @@ void AppModel::contentsChanged() {
 void AppModel::enterNewWorld() {
   for (auto& [kind, task] : tasks_) task.cancel();
   tasks_.clear();
+  liveCopy_.reset();
   detailTask_.cancel();
   guideCache_.clear();
   episodeCache_.clear();

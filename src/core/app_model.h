@@ -12,6 +12,7 @@
 #include "core/services.h"
 #include "platform/clock.h"
 #include "platform/job.h"
+#include "platform/pending.h"
 #include "platform/preferences.h"
 #include "provider/guide_entry.h"
 #include "provider/provider_account.h"
@@ -142,6 +143,7 @@ class AppModel final : public QObject {
  private:
   /// Names the current world of account and libraries; a job that holds another is stale.
   using Generation = QUuid;
+  using CatalogCopy = Pending<std::optional<Catalog>>;
   struct Restored;
   /// What the list of entries was made from.
   struct ListKey {
@@ -201,6 +203,7 @@ class AppModel final : public QObject {
   void arrived(LibraryKind kind, const Catalog& catalog);
   void setBusy(bool busy);
   void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
+  CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
 
   // playback_handoff.cpp
   void storeProgress(const QString& id, double seconds, double duration);
@@ -241,6 +244,7 @@ class AppModel final : public QObject {
   bool startingUp_ = false;
   // Jobs take it from here at each use, so that the model's end is the end of its thread.
   std::shared_ptr<CatalogDiskStore> disk_;
+  std::optional<CatalogCopy> liveCopy_;  // of this start, until the first load takes it
   Generation generation_ = QUuid::createUuid();
 
   std::uint64_t revision_ = 0;  // of catalogues and favourites

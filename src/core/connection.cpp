@@ -21,6 +21,11 @@ bool AppModel::isCurrent(const Generation& token, const std::stop_token& stop) c
   return generation_ == token && !stop.stop_requested();
 }
 
+AppModel::CatalogCopy AppModel::takeCopy(const QUuid& account, LibraryKind kind) {
+  if (kind == LibraryKind::live && liveCopy_) return *std::exchange(liveCopy_, std::nullopt);
+  return disk_->load(account, kind);
+}
+
 void AppModel::replaceDisk(std::shared_ptr<CatalogDiskStore> disk) {
   // The old store may be in the middle of a save, and its end waits for that.
   services_.worker.post([old = std::exchange(disk_, std::move(disk))] {});
@@ -193,7 +198,7 @@ QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, b
   if (!self) co_return;
   std::optional<Catalog> catalog;
   if (!refresh && self->disk_) {
-    const auto reading = self->disk_->load(account.id, kind);
+    const CatalogCopy reading = self->takeCopy(account.id, kind);
     try {
       catalog = co_await reading;
     } catch (...) {

@@ -12,6 +12,8 @@ namespace vantor {
 struct AppModel::Restored {
   std::optional<ProviderAccount> account;
   std::shared_ptr<CatalogDiskStore> disk;
+  // Already being read while the window is made.
+  std::optional<CatalogCopy> liveCopy;
   std::optional<QString> notice;
 
   static Restored read(const SecureStore& secrets, const Folders& folders, std::stop_token stop) {
@@ -21,6 +23,7 @@ struct AppModel::Restored {
       if (!saved) return restored;
       restored.account = ProviderAccount::fromJSON(*saved);
       restored.disk = CatalogDiskStore::create(secrets, folders, stop);
+      restored.liveCopy = restored.disk->load(restored.account->id, LibraryKind::live);
     } catch (...) {
       restored.notice = readableError(std::current_exception());
     }
@@ -55,6 +58,7 @@ void AppModel::applyRestored(Restored restored) {
     progress_ = services_.preferences.numberLists(QStringLiteral("progress-") + id);
     account_ = std::move(restored.account);
     disk_ = std::move(restored.disk);
+    liveCopy_ = std::move(restored.liveCopy);
     Q_EMIT accountChanged();
     Q_EMIT favoritesChanged();
     contentsChanged();

@@ -42,11 +42,14 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   Core(LibVLCEngine* owner, std::shared_ptr<VideoFrameQueue> frames, QList<QByteArray> options)
       : frames_(std::move(frames)), options_(std::move(options)), owner_(owner) {}
 
+  /// Main thread only; once started it stays so.
   void start() {
+    if (thread_.joinable()) return;
     thread_ = std::thread([self = shared_from_this()] { self->run(); });
   }
 
   void post(Command command) {
+    start();
     {
       const std::lock_guard lock(mutex_);
       commands_.push_back(std::move(command));
@@ -72,6 +75,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   }
 
   void finish() {
+    if (!thread_.joinable()) return;
     std::unique_lock lock(mutex_);
     owner_ = nullptr;
     receiver_.reset();
@@ -186,7 +190,9 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
 
 LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless)
     : frames_(std::move(frames)),
-      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()))) {
+      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()))) {}
+
+void LibVLCEngine::warmUp() {
   core_->start();
 }
 

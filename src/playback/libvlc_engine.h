@@ -15,6 +15,9 @@ class LibVLCEngine final : public MediaEngine {
   /// Stops what plays, and waits for that at most a few seconds.
   ~LibVLCEngine() override;
 
+  /// Makes libVLC's instance before it is needed. Without this the first command does.
+  void warmUp();
+
   void load(const MediaSource& source) override;
   void unload() override;
   void play() override;
