@@ -6,7 +6,7 @@ import Vantor.Ui
 
 // Every command of the program, with its keys; also makes the keys work.
 Menu {
-    id: menu
+    id: commandMenu
 
     required property MenuCommands commands
 
@@ -22,17 +22,17 @@ Menu {
     }
 
     Instantiator {
-        model: menu.commands.commands
-        onObjectAdded: (index, object) => menu.insertItem(index, object as MenuItem)
-        onObjectRemoved: (index, object) => menu.removeItem(object as MenuItem)
+        model: commandMenu.commands.commands
+        onObjectAdded: (index, object) => commandMenu.insertItem(index, object as MenuItem)
+        onObjectRemoved: (index, object) => commandMenu.removeItem(object as MenuItem)
 
         delegate: CommandItem {
-            onTriggered: menu.commands.run(index)
+            onTriggered: commandMenu.commands.run(index)
         }
     }
 
     Instantiator {
-        model: menu.commands.commands
+        model: commandMenu.commands.commands
 
         delegate: Shortcut {
             required property int index
@@ -41,7 +41,7 @@ Menu {
             // A plain key belongs to what has the focus; the shell takes it when nothing did.
             enabled: modelData.keys !== "Space"
             sequence: modelData.keys
-            onActivated: menu.commands.run(index)
+            onActivated: commandMenu.commands.run(index)
         }
     }
 }

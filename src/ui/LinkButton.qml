@@ -11,10 +11,11 @@ AbstractButton {
     font: Style.body
     Accessible.role: Accessible.Link
     Accessible.name: text
-    Accessible.onPressAction: link.click()
+    Accessible.onPressAction: if (enabled)
+        link.clicked()
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
-    Keys.onReturnPressed: link.click()
-    Keys.onEnterPressed: link.click()
+    Keys.onReturnPressed: link.clicked()
+    Keys.onEnterPressed: link.clicked()
     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
 

@@ -13,6 +13,7 @@ FileDialog {
     nameFilters: ["Movies and audio (*.mkv *.mp4 *.m4v *.mov *.avi *.webm *.ts *.m2ts *.mpg *.mpeg *.wmv *.flv *.ogv *.3gp *.mp3 *.m4a *.aac *.flac *.ogg *.opus *.wav *.wma *.ac3 *.mka)"]
     onAccepted: panel.choose(selectedFile)
     onRejected: panel.cancel()
+    Component.onCompleted: open()
 
     readonly property Connections requests: Connections {
         target: dialog.panel

@@ -12,8 +12,8 @@ Sheet {
     name: view.page
     width: 430
     height: 580
-    firstFocus: column
     onEscaped: view.back()
+    onOpened: column.focusFirst()
 
     background: Rectangle {
         radius: 10
@@ -38,7 +38,7 @@ Sheet {
         RowLayout {
             Layout.fillWidth: true
 
-            ColumnLayout {
+            Column {
                 spacing: 4
                 Layout.fillWidth: true
 

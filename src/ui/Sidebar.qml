@@ -28,7 +28,8 @@ Rectangle {
         width: 160
         height: 90
         source: "qrc:/qt/qml/Vantor/Ui/brand.svg"
-        sourceSize: Qt.size(160, 90)
+        sourceSize.width: 160
+        sourceSize.height: 90
         fillMode: Image.PreserveAspectFit
         asynchronous: true
     }

@@ -46,8 +46,18 @@ ApplicationWindow {
         window: actions
     }
 
-    MediaFileDialog {
-        panel: window.views.filePanel
+    // The dialogs of the toolkit are loaded when the first one is wanted.
+    Loader {
+        id: fileDialog
+    }
+
+    Connections {
+        target: window.views.filePanel
+
+        function onRequested() {
+            if (fileDialog.status === Loader.Null)
+                fileDialog.setSource("MediaFileDialog.qml", { panel: window.views.filePanel });
+        }
     }
 
     ConnectSheet {

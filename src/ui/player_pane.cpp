@@ -39,7 +39,7 @@ QString PlayerPane::message() const {
   return playback_.messageText();
 }
 
-QImage PlayerPane::heldFrame() const {
+QVariant PlayerPane::heldFrame() const {
   return playback_.heldFrame();
 }
 

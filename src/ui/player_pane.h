@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
-#include <QImage>
 #include <QObject>
+#include <QVariant>
 
 namespace vantor {
 
@@ -19,7 +19,7 @@ class PlayerPane final : public QObject {
   Q_PROPERTY(bool loading READ loading NOTIFY changed)
   Q_PROPERTY(QString openingText READ openingText NOTIFY changed)
   Q_PROPERTY(QString message READ message NOTIFY changed)
-  Q_PROPERTY(QImage heldFrame READ heldFrame NOTIFY heldFrameChanged)
+  Q_PROPERTY(QVariant heldFrame READ heldFrame NOTIFY heldFrameChanged)
   Q_PROPERTY(bool holdingFrame READ holdingFrame NOTIFY heldFrameChanged)
   Q_PROPERTY(bool surfaceVisible READ surfaceVisible NOTIFY changed)
   Q_PROPERTY(QString playPauseSymbol READ playPauseSymbol NOTIFY changed)
@@ -33,8 +33,8 @@ class PlayerPane final : public QObject {
   QString title() const;
   bool loading() const;
   QString openingText() const;
-  QString message() const;  // failure; empty: none
-  QImage heldFrame() const;
+  QString message() const;     // failure; empty: none
+  QVariant heldFrame() const;  // a QImage
   bool holdingFrame() const;
   /// Whether the engine's picture is shown where there is a place for it.
   bool surfaceVisible() const;

@@ -71,8 +71,9 @@ void SettingsView::setPage(const QString& page) {
   if (page_ == page) return;
   page_ = page;
   setMessage({});
-  Q_EMIT pageChanged();
+  // What follows the page finds its blocks there.
   Q_EMIT blocksChanged();
+  Q_EMIT pageChanged();
 }
 
 void SettingsView::setMessage(const QString& message) {

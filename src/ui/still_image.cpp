@@ -9,7 +9,8 @@ StillImage::StillImage(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
 }
 
-void StillImage::setImage(const QImage& image) {
+void StillImage::setImage(const QVariant& value) {
+  const QImage image = value.value<QImage>();
   if (image_.cacheKey() == image.cacheKey()) return;
   image_ = image;
   textureStale_ = true;

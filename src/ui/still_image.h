@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QQuickItem>
+#include <QVariant>
 
 namespace vantor {
 
@@ -9,13 +10,13 @@ namespace vantor {
 class StillImage : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QImage image READ image WRITE setImage NOTIFY imageChanged)
+  Q_PROPERTY(QVariant image READ image WRITE setImage NOTIFY imageChanged)
 
  public:
   explicit StillImage(QQuickItem* parent = nullptr);
 
-  const QImage& image() const { return image_; }
-  void setImage(const QImage& image);
+  QVariant image() const { return image_; }  // a QImage, which QML has no type for
+  void setImage(const QVariant& image);
 
  Q_SIGNALS:
   void imageChanged();

@@ -19,11 +19,12 @@ AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: help
-    Accessible.onPressAction: button.click()
+    Accessible.onPressAction: if (enabled)
+        button.clicked()
 
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
     ToolTip.text: help
     ToolTip.visible: hovered && !down

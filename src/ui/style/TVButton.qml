@@ -27,12 +27,13 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: button.click()
+    Accessible.onPressAction: if (enabled)
+        button.clicked()
 
     // Space is also a shortcut of the window; here it presses the button.
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
     background: Rectangle {
         radius: Style.radius

@@ -37,7 +37,7 @@ constexpr std::array symbols = {
     Symbol{QLatin1String("play.fill"), 0xF40A},
     Symbol{QLatin1String("play.rectangle"), 0xF40B},
     Symbol{QLatin1String("play.tv"), 0xF503},
-    Symbol{QLatin1String("rectangle.stack"), 0xF639},
+    Symbol{QLatin1String("rectangle.stack"), 0xF137},
     Symbol{QLatin1String("speaker.wave.2"), 0xF580},
     Symbol{QLatin1String("speedometer"), 0xF4C5},
     Symbol{QLatin1String("stop.fill"), 0xF4DB},

@@ -21,6 +21,7 @@ FocusScope {
         id: column
         anchors.left: rail.right
         anchors.right: side.left
+        anchors.rightMargin: 14
         height: parent.height
 
         StatusStrip {
