@@ -27,12 +27,13 @@ Program::Program(const LaunchArguments& launch)
       preferences_(preferencesFile(folders_)),
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
+      artwork_(transport_, clock_, worker_),
       frames_(std::make_shared<VideoFrameQueue>()),
       engine_(frames_, false),
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
                          configuration_, filePanel_, folders_, launch_},
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, false)),
-      views_(model_, filePanel_, *frames_, opener_,
+      views_(model_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
   const auto quit = [this] { delegate_.applicationShouldTerminate(); };
   connect(&signals_, &TerminationSignals::received, this, quit);

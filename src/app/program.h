@@ -5,6 +5,7 @@
 
 #include "app/app_delegate.h"
 #include "app/termination_signals.h"
+#include "artwork/artwork_store.h"
 #include "core/app_model.h"
 #include "platform/clock.h"
 #include "platform/opener.h"
@@ -48,6 +49,7 @@ class Program final : public QObject {
   VantorConfiguration configuration_;
   SecretServiceStore credentials_;
   SecureStore secureStore_;
+  ArtworkStore artwork_;
   DialogFilePanel filePanel_;
   DesktopOpener opener_;
   std::shared_ptr<VideoFrameQueue> frames_;

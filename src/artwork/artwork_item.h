@@ -12,7 +12,7 @@ namespace vantor {
 
 /// Draws the picture at an address, as large as fits and in the middle. It is asked for as long as
 /// the item is visible and active, anew for each address; the item draws nothing until it is there.
-class ArtworkItem final : public QQuickItem {
+class ArtworkItem : public QQuickItem {
   Q_OBJECT
   Q_PROPERTY(vantor::ArtworkStore* store READ store WRITE setStore NOTIFY storeChanged)
   Q_PROPERTY(QUrl source READ source WRITE setSource NOTIFY sourceChanged)

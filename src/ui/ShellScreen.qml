@@ -52,13 +52,22 @@ FocusScope {
             anchors.bottom: footer.top
             width: parent.width
             focus: true
-            sourceComponent: screen.views.shell.expanded ? expandedPlayer : browser
+            sourceComponent: screen.views.shell.expanded ? expandedPlayer : screen.views.shell.showsChannels ? channels : posters
             onLoaded: item.focus = true
 
             Component {
-                id: browser
+                id: channels
 
-                BrowserScreen {
+                ChannelScreen {
+                    views: screen.views
+                    overlay: videoOverlay
+                }
+            }
+
+            Component {
+                id: posters
+
+                PosterScreen {
                     views: screen.views
                     overlay: videoOverlay
                 }

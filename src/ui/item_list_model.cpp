@@ -36,6 +36,8 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
       return readItem_.name;
     case ArtworkRole:
       return readItem_.artwork.value_or(QUrl());
+    case KindSymbolRole:
+      return symbol(readItem_.kind);
     case YearRole:
       return readItem_.year.value_or(QString());
     case RatingRole:
@@ -54,11 +56,11 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ItemListModel::roleNames() const {
-  return {{ItemIDRole, "itemID"},         {NameRole, "name"},
-          {ArtworkRole, "artwork"},       {YearRole, "year"},
-          {RatingRole, "rating"},         {IsExampleRole, "isExample"},
-          {IsFavoriteRole, "isFavorite"}, {IsPlayingRole, "isPlaying"},
-          {IsSelectedRole, "isSelected"}};
+  return {{ItemIDRole, "itemID"},       {NameRole, "name"},
+          {ArtworkRole, "artwork"},     {KindSymbolRole, "kindSymbol"},
+          {YearRole, "year"},           {RatingRole, "rating"},
+          {IsExampleRole, "isExample"}, {IsFavoriteRole, "isFavorite"},
+          {IsPlayingRole, "isPlaying"}, {IsSelectedRole, "isSelected"}};
 }
 
 void ItemListModel::reset() {

@@ -23,6 +23,7 @@ class ItemListModel final : public QAbstractListModel {
     ItemIDRole = Qt::UserRole + 1,
     NameRole,
     ArtworkRole,
+    KindSymbolRole,
     YearRole,
     RatingRole,
     IsExampleRole,

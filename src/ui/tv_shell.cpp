@@ -68,6 +68,10 @@ QString TVShell::section() const {
   return model_.section();
 }
 
+bool TVShell::showsChannels() const {
+  return model_.kind() == LibraryKind::live;
+}
+
 QString TVShell::title() const {
   return sectionTitle(model_);
 }

@@ -18,6 +18,7 @@ class TVShell final : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantList sections READ sections CONSTANT)
   Q_PROPERTY(QString section READ section NOTIFY sectionChanged)
+  Q_PROPERTY(bool showsChannels READ showsChannels NOTIFY sectionChanged)
   Q_PROPERTY(QString headerTitle READ headerTitle NOTIFY sectionChanged)
   Q_PROPERTY(QString selectedName READ selectedName NOTIFY selectedNameChanged)
   Q_PROPERTY(bool searchOffered READ searchOffered NOTIFY accountChanged)
@@ -43,6 +44,7 @@ class TVShell final : public QObject {
   /// Maps of "section", "title" and "symbol", top to bottom.
   QVariantList sections() const;
   QString section() const;
+  bool showsChannels() const;  // the channel guide, else posters
   QString title() const;
   QString headerTitle() const;
   QString selectedName() const;  // the header title when nothing is selected

@@ -5,10 +5,11 @@
 
 namespace vantor {
 
-Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, Opener& opener,
-             SettingsLinks links)
+Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames,
+             ArtworkStore& artwork, Opener& opener, SettingsLinks links)
     : filePanel_(filePanel),
       frames_(frames),
+      artwork_(artwork),
       connectView_(model),
       settingsView_(model, opener, std::move(links)),
       shell_(model),

@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
+#include "artwork/artwork_store.h"
 #include "playback/video_frame_queue.h"
 #include "ui/category_list_model.h"
 #include "ui/connect_view.h"
@@ -35,10 +36,11 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::MenuCommands* menu READ menu CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
   Q_PROPERTY(vantor::VideoFrameQueue* frames READ frames CONSTANT)
+  Q_PROPERTY(vantor::ArtworkStore* artwork READ artwork CONSTANT)
 
  public:
-  Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, Opener& opener,
-        SettingsLinks links);
+  Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, ArtworkStore& artwork,
+        Opener& opener, SettingsLinks links);
 
   TVShell* shell() { return &shell_; }
   StatusLine* statusLine() { return &statusLine_; }
@@ -52,10 +54,12 @@ class Views final : public QObject {
   MenuCommands* menu() { return &menu_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
   VideoFrameQueue* frames() { return &frames_; }
+  ArtworkStore* artwork() { return &artwork_; }
 
  private:
   DialogFilePanel& filePanel_;
   VideoFrameQueue& frames_;
+  ArtworkStore& artwork_;
   // These two hear of a sheet that opens before the shell shows it.
   ConnectView connectView_;
   SettingsView settingsView_;

@@ -1,0 +1,64 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// The picture of an entry, or what stands for it: the symbol of its kind and, with room, its name.
+Rectangle {
+    id: artwork
+
+    required property ArtworkStore store
+    property url source
+    property string symbol: "film"
+    property string name: ""
+    // Off while the item waits in a view's pool.
+    property alias active: picture.active
+
+    clip: true
+    gradient: Gradient {
+        orientation: Gradient.Vertical
+        GradientStop {
+            position: 0
+            color: Qt.rgba(0.17, 0.24, 0.27, 1)
+        }
+        GradientStop {
+            position: 1
+            color: Style.panelColor
+        }
+    }
+
+    Column {
+        anchors.centerIn: parent
+        width: parent.width
+        visible: !picture.hasImage
+        spacing: 14
+
+        Icon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            symbol: artwork.symbol
+            size: Math.min(38, artwork.width / 4)
+            color: Style.mint
+        }
+
+        Text {
+            width: parent.width
+            visible: artwork.height > 90 && artwork.name !== ""
+            leftPadding: 10
+            rightPadding: 10
+            text: artwork.name
+            textFormat: Text.PlainText
+            font: Style.headline
+            color: Style.focusWhite
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            maximumLineCount: 4
+            elide: Text.ElideRight
+        }
+    }
+
+    ArtworkItem {
+        id: picture
+        anchors.fill: parent
+        store: artwork.store
+        source: artwork.source
+    }
+}
