@@ -2,6 +2,7 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
+// Nothing in it has the focus at first, so that Space pauses.
 FocusScope {
     id: screen
 
@@ -27,7 +28,6 @@ FocusScope {
 
         TVButton {
             text: "Back to browsing"
-            focus: true
             onClicked: screen.views.shell.backToBrowsing()
         }
 

@@ -51,6 +51,7 @@ Rectangle {
         textFormat: Text.PlainText
         font: Style.font(13, Font.DemiBold)
         color: row.ink
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
     }
 

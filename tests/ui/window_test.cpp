@@ -5,12 +5,15 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRawFont>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "platform/opener.h"
 #include "support/model_fixture.h"
 #include "ui/persistent_video_overlay.h"
+#include "ui/style/style.h"
+#include "ui/style/symbols.h"
 #include "ui/views.h"
 
 Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
@@ -38,7 +41,7 @@ class WindowTest : public ::testing::Test, protected test::ModelFixture {
  protected:
   void open(const QStringList& arguments = {}) {
     app = &launch(arguments);
-    views = std::make_unique<Views>(*app, dialog, frames, opener,
+    views = std::make_unique<Views>(*app, dialog, frames, artwork, opener,
                                     SettingsLinks{QUrl(u"https://support.example/"_s), {}});
     qml = std::make_unique<QQmlApplicationEngine>();
     qml->addImportPath(u"qrc:/qt/qml"_s);
@@ -97,6 +100,7 @@ class WindowTest : public ::testing::Test, protected test::ModelFixture {
   QtMessageHandler previous = nullptr;
   DialogFilePanel dialog;
   VideoFrameQueue frames;
+  ArtworkStore artwork{transport, clock, worker};
   NoOpener opener;
   AppModel* app = nullptr;
   std::unique_ptr<Views> views;
@@ -267,6 +271,44 @@ TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
   press(Qt::Key_Escape);
   press(Qt::Key_Escape);
   EXPECT_FALSE(app->showingSettings());
+}
+
+void expectDrawnIcons(const QQuickItem* item, const QRawFont& font, int& seen) {
+  const QString symbol = item->property("symbol").toString();
+  if (!symbol.isEmpty()) {
+    ++seen;
+    const QString drawn = glyph(symbol);
+    EXPECT_TRUE(drawn.size() == 1 && font.supportsCharacter(drawn.front())) << symbol.toStdString();
+  }
+  for (const QQuickItem* child : item->childItems()) expectDrawnIcons(child, font, seen);
+}
+
+TEST_F(WindowTest, EveryIconIsInTheIconFont) {
+  open();
+  const QRawFont font = QRawFont::fromFont(Style().iconFont(20));
+  int seen = 0;
+  expectDrawnIcons(window->contentItem(), font, seen);
+  EXPECT_GT(seen, 30);
+}
+
+TEST_F(WindowTest, SpaceInTheExpandedPlayerPauses) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 1));
+  press(Qt::Key_Return);
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  app->playback().setExpanded(true);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+  press(Qt::Key_Tab);
+  QQuickItem* back = find("text", u"Back to browsing"_s);
+  for (int i = 0; i < 20 && window->activeFocusItem() != back; ++i) press(Qt::Key_Tab);
+  press(Qt::Key_Space);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_THAT(engine.takeCalls(), IsEmpty());
 }
 
 TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {

@@ -29,7 +29,6 @@ constexpr std::array symbols = {
     Symbol{QLatin1String("film"), 0xF230},
     Symbol{QLatin1String("folder"), 0xF256},
     Symbol{QLatin1String("gearshape"), 0xF493},
-    Symbol{QLatin1String("loading"), 0xF772},
     Symbol{QLatin1String("magnifyingglass"), 0xF349},
     Symbol{QLatin1String("menu"), 0xF35C},
     Symbol{QLatin1String("pause.fill"), 0xF3E4},
