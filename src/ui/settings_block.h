@@ -20,6 +20,7 @@ struct SettingsBlock {
     refreshPlaylists,
     removeProvider,
     openFile,
+    refreshGuide,
     openLicenses,
     openSupport,
   };

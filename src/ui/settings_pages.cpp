@@ -57,6 +57,8 @@ QList<SettingsBlock> playbackPage() {
 QList<SettingsBlock> guidePage() {
   return {text(u"The guide automatically loads your provider's Now / Next information for visible "
                "channels. The highlighted channel stays centered as you browse."_s),
+          row(u"Refresh guide information"_s, u"Reload the selected channel's schedule"_s,
+              Action::refreshGuide),
           text(u"This version shows Now / Next information."_s)};
 }
 

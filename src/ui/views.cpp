@@ -5,7 +5,7 @@
 
 namespace vantor {
 
-Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames,
+Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
              ArtworkStore& artwork, Opener& opener, SettingsLinks links)
     : filePanel_(filePanel),
       frames_(frames),
@@ -15,6 +15,7 @@ Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frame
       emptyState_(model),
       items_(model),
       categories_(model),
+      channels_(model, clock, items_),
       connectView_(model),
       settingsView_(model, opener, std::move(links)),
       player_(model.playback()),
