@@ -6,6 +6,7 @@
 #include "artwork/artwork_store.h"
 #include "playback/video_frame_queue.h"
 #include "ui/category_list_model.h"
+#include "ui/channel_view.h"
 #include "ui/connect_view.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/empty_state.h"
@@ -29,6 +30,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::EmptyState* emptyState READ emptyState CONSTANT)
   Q_PROPERTY(vantor::ItemListModel* items READ items CONSTANT)
   Q_PROPERTY(vantor::CategoryListModel* categories READ categories CONSTANT)
+  Q_PROPERTY(vantor::ChannelView* channels READ channels CONSTANT)
   Q_PROPERTY(vantor::ConnectView* connectView READ connectView CONSTANT)
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
@@ -39,14 +41,15 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::ArtworkStore* artwork READ artwork CONSTANT)
 
  public:
-  Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, ArtworkStore& artwork,
-        Opener& opener, SettingsLinks links);
+  Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
+        ArtworkStore& artwork, Opener& opener, SettingsLinks links);
 
   TVShell* shell() { return &shell_; }
   StatusLine* statusLine() { return &statusLine_; }
   EmptyState* emptyState() { return &emptyState_; }
   ItemListModel* items() { return &items_; }
   CategoryListModel* categories() { return &categories_; }
+  ChannelView* channels() { return &channels_; }
   ConnectView* connectView() { return &connectView_; }
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
@@ -68,6 +71,7 @@ class Views final : public QObject {
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
+  ChannelView channels_;
   PlayerPane player_;
   TransportControls transport_;
   MenuCommands menu_;
