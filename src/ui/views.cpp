@@ -15,6 +15,8 @@ Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frame
       emptyState_(model),
       items_(model),
       categories_(model),
+      posters_(model),
+      episodes_(model),
       connectView_(model),
       settingsView_(model, opener, std::move(links)),
       player_(model.playback()),

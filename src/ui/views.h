@@ -9,9 +9,11 @@
 #include "ui/connect_view.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/empty_state.h"
+#include "ui/episode_list_model.h"
 #include "ui/item_list_model.h"
 #include "ui/menu_commands.h"
 #include "ui/player_pane.h"
+#include "ui/poster_view.h"
 #include "ui/settings_view.h"
 #include "ui/status_line.h"
 #include "ui/transport_controls.h"
@@ -29,6 +31,8 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::EmptyState* emptyState READ emptyState CONSTANT)
   Q_PROPERTY(vantor::ItemListModel* items READ items CONSTANT)
   Q_PROPERTY(vantor::CategoryListModel* categories READ categories CONSTANT)
+  Q_PROPERTY(vantor::PosterView* posters READ posters CONSTANT)
+  Q_PROPERTY(vantor::EpisodeListModel* episodes READ episodes CONSTANT)
   Q_PROPERTY(vantor::ConnectView* connectView READ connectView CONSTANT)
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
@@ -47,6 +51,8 @@ class Views final : public QObject {
   EmptyState* emptyState() { return &emptyState_; }
   ItemListModel* items() { return &items_; }
   CategoryListModel* categories() { return &categories_; }
+  PosterView* posters() { return &posters_; }
+  EpisodeListModel* episodes() { return &episodes_; }
   ConnectView* connectView() { return &connectView_; }
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
@@ -65,6 +71,8 @@ class Views final : public QObject {
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
+  PosterView posters_;
+  EpisodeListModel episodes_;
   ConnectView connectView_;
   SettingsView settingsView_;
   PlayerPane player_;
