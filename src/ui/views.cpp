@@ -18,6 +18,8 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
       items_(model),
       categories_(model),
       channels_(model, clock, items_),
+      posters_(model),
+      episodes_(model),
       player_(model.playback()),
       transport_(model.playback()),
       menu_(model) {}
