@@ -21,7 +21,6 @@ struct SettingsBlock {
     removeProvider,
     refreshGuide,
     openFile,
-    refreshGuide,
     openLicenses,
     openSupport,
   };

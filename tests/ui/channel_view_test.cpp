@@ -59,7 +59,7 @@ class ChannelViewTest : public ::testing::Test, protected test::ModelFixture {
   }
   void arrive(int row, const QByteArray& body) {
     ASSERT_TRUE(transport.answer(guideRequest, body));
-    ASSERT_TRUE(eventually([&] { return model->guideOf(model->items().id(std::size_t(row))); }));
+    ASSERT_TRUE(eventually([&] { return model->guideOf(model->items().id(std::size_t(row))).has_value(); }));
   }
 
   std::unique_ptr<ItemListModel> items;
