@@ -63,6 +63,7 @@ Item {
             spacing: Style.gap
 
             TVButton {
+                id: open
                 symbol: hero.view.openSymbol
                 symbolBox: 18
                 selected: true
@@ -71,7 +72,7 @@ Item {
             }
 
             TVButton {
-                Layout.fillHeight: true
+                Layout.preferredHeight: open.implicitHeight
                 symbol: hero.view.favoriteSymbol
                 Accessible.name: qsTr("Add / remove from My list")
                 onClicked: hero.view.toggleFavorite()

@@ -62,7 +62,7 @@ FocusScope {
             id: browser
             anchors.fill: grid
             active: screen.views.posters.content === PosterView.Episodes
-            onLoaded: item.forceActiveFocus(Qt.OtherFocusReason)
+            onLoaded: (item as EpisodeBrowser).forceActiveFocus(Qt.OtherFocusReason)
             onActiveChanged: if (!active)
                 grid.forceActiveFocus(Qt.OtherFocusReason)
 

@@ -11,7 +11,7 @@ Rectangle {
     property string symbol: "film"
     property string name: ""
     // Off while the item waits in a view's pool.
-    property alias active: picture.active
+    property bool active: true
 
     clip: true
     gradient: Gradient {
@@ -35,7 +35,7 @@ Rectangle {
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
             symbol: artwork.symbol
-            size: Math.min(38, artwork.width / 4)
+            size: Math.max(1, Math.min(38, artwork.width / 4))
             color: Style.mint
         }
 
@@ -59,6 +59,7 @@ Rectangle {
         id: picture
         anchors.fill: parent
         store: artwork.store
+        active: artwork.active
         source: artwork.source
     }
 }
