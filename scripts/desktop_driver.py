@@ -130,6 +130,10 @@ class Player:
                 continue
         return None
 
+    def listed(self):
+        """The rows of every list on screen."""
+        return [node for node in self.all() if node.getRoleName() == "list item"]
+
     def expect(self, name, role=None):
         return self.wait(f'"{name}"', lambda: self.find(name, role))
 

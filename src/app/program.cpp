@@ -33,7 +33,7 @@ Program::Program(const LaunchArguments& launch)
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
                          configuration_, filePanel_, folders_, launch_},
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, false)),
-      views_(model_, filePanel_, *frames_, artwork_, opener_,
+      views_(model_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
   const auto quit = [this] { delegate_.applicationShouldTerminate(); };
   connect(&signals_, &TerminationSignals::received, this, quit);

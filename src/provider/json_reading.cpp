@@ -167,11 +167,18 @@ void appendValueText(simdjson::ondemand::value value, std::string& text) {
   }
 }
 
+std::optional<simdjson::ondemand::value> fieldOf(simdjson::ondemand::object& object,
+                                                 std::string_view key) {
+  simdjson::ondemand::value value;
+  const simdjson::error_code error = object.find_field_unordered(key).get(value);
+  if (error == simdjson::NO_SUCH_FIELD) return std::nullopt;
+  if (error != simdjson::SUCCESS) throw JSONError();
+  return value;
+}
+
 std::string valueString(simdjson::ondemand::object& object, std::string_view key) {
   std::string text;
-  simdjson::ondemand::value value;
-  if (object.find_field_unordered(key).get(value) == simdjson::SUCCESS)
-    appendValueText(value, text);
+  if (const auto value = fieldOf(object, key)) appendValueText(*value, text);
   return text;
 }
 

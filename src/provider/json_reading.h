@@ -52,6 +52,11 @@ void appendValueText(simdjson::ondemand::value value, std::string& text);
 /// The decoded text of a JSON string; unpaired surrogates become U+FFFD.
 void appendString(simdjson::ondemand::value value, std::string& text);
 
+/// The field `key`; absent when `object` has none. The reader gives up at the first damage and must
+/// not be asked again, so damage met on the way is thrown, not taken for absence.
+std::optional<simdjson::ondemand::value> fieldOf(simdjson::ondemand::object& object,
+                                                 std::string_view key);
+
 /// `valueString` of the field `key`, the empty text when `object` has none.
 std::string valueString(simdjson::ondemand::object& object, std::string_view key);
 

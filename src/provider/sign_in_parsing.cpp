@@ -24,11 +24,9 @@ std::optional<std::chrono::system_clock::time_point> expiry(std::string_view tex
 
 QStringList formats(simdjson::ondemand::object& info) {
   QStringList list;
-  simdjson::ondemand::value value;
-  if (info.find_field_unordered("allowed_output_formats").get(value) != simdjson::SUCCESS ||
-      value.type() != simdjson::ondemand::json_type::array)
-    return {};
-  simdjson::ondemand::array array = value.get_array();
+  auto value = fieldOf(info, "allowed_output_formats");
+  if (!value || value->type() != simdjson::ondemand::json_type::array) return {};
+  simdjson::ondemand::array array = value->get_array();
   bool onlyTexts = true;
   for (auto element : array) {
     simdjson::ondemand::value format = element.value();
@@ -50,11 +48,9 @@ ProviderDetails parseSignIn(QByteArray answer) {
     JSONDocument document(std::move(answer));
     if (document.root().type() != simdjson::ondemand::json_type::object) throw rejection();
     simdjson::ondemand::object root = document.root().get_object();
-    simdjson::ondemand::value value;
-    if (root.find_field_unordered("user_info").get(value) != simdjson::SUCCESS ||
-        value.type() != simdjson::ondemand::json_type::object)
-      throw rejection();
-    simdjson::ondemand::object info = value.get_object();
+    auto value = fieldOf(root, "user_info");
+    if (!value || value->type() != simdjson::ondemand::json_type::object) throw rejection();
+    simdjson::ondemand::object info = value->get_object();
     std::string status = valueString(info, "status");
     std::transform(status.begin(), status.end(), status.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });

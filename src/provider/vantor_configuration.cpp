@@ -61,19 +61,15 @@ QString VantorConfiguration::decode(const QByteArray& bytes) {
     JSONDocument document(bytes);
     if (document.root().type() != simdjson::ondemand::json_type::object) throw invalid();
     simdjson::ondemand::object object = document.root().get_object();
-    simdjson::ondemand::value version;
-    if (object.find_field_unordered("schemaVersion").get(version) != simdjson::SUCCESS ||
-        version.type() != simdjson::ondemand::json_type::number)
-      throw invalid();
+    auto version = fieldOf(object, "schemaVersion");
+    if (!version || version->type() != simdjson::ondemand::json_type::number) throw invalid();
     std::string versionText;
-    appendValueText(version, versionText);
-    simdjson::ondemand::value server;
-    if (versionText != "1" ||
-        object.find_field_unordered("serverUrl").get(server) != simdjson::SUCCESS ||
-        server.type() != simdjson::ondemand::json_type::string)
-      throw invalid();
+    appendValueText(*version, versionText);
+    if (versionText != "1") throw invalid();
+    auto server = fieldOf(object, "serverUrl");
+    if (!server || server->type() != simdjson::ondemand::json_type::string) throw invalid();
     std::string text;
-    appendString(server, text);
+    appendString(*server, text);
     QString address = QString::fromStdString(text);
     if (!isServerAddress(address)) throw invalid();
     while (address.startsWith(QLatin1Char('/'))) address.remove(0, 1);

@@ -2,47 +2,42 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
-// The content of a section: its categories, its entries, and the player beside them.
+// The channel guide, and beside it the player with the highlighted channel's programme.
 FocusScope {
-    id: browser
+    id: screen
 
     required property Views views
     required property PersistentVideoOverlay overlay
 
-    CategoryRail {
-        id: rail
-        height: parent.height
-        width: visible ? 178 : 0
-        visible: browser.views.categories.offered
-        categories: browser.views.categories
-    }
-
     Item {
-        id: column
-        anchors.left: rail.right
+        id: guide
+        anchors.left: parent.left
+        anchors.leftMargin: Style.inset
         anchors.right: side.left
         anchors.rightMargin: 14
         height: parent.height
 
-        StatusStrip {
-            id: status
+        GuideHeading {
+            id: heading
             width: parent.width
-            line: browser.views.statusLine
+            channels: screen.views.channels
+            line: screen.views.statusLine
         }
 
-        ItemList {
-            anchors.top: status.bottom
+        GuideList {
+            anchors.top: heading.bottom
             anchors.bottom: parent.bottom
             width: parent.width
             focus: true
-            items: browser.views.items
-            shell: browser.views.shell
+            visible: !emptyState.visible
+            views: screen.views
         }
 
         EmptyStateCard {
+            id: emptyState
             anchors.centerIn: parent
-            emptyState: browser.views.emptyState
-            onConnectChosen: browser.views.shell.connectProvider()
+            emptyState: screen.views.emptyState
+            onConnectChosen: screen.views.shell.connectProvider()
         }
     }
 
@@ -55,21 +50,20 @@ FocusScope {
 
         PlayerPanel {
             id: player
+            y: 6
             width: parent.width
-            player: browser.views.player
-            transport: browser.views.transport
-            overlay: browser.overlay
+            player: screen.views.player
+            transport: screen.views.transport
+            overlay: screen.overlay
         }
 
-        StyledText {
+        ProgrammePanel {
             anchors.top: player.bottom
             anchors.topMargin: 18
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 14
             width: parent.width
-            text: browser.views.shell.selectedName
-            font: Style.font(29, Font.DemiBold)
-            wrapMode: Text.Wrap
-            maximumLineCount: 3
-            elide: Text.ElideRight
+            channels: screen.views.channels
         }
     }
 }

@@ -2,9 +2,9 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
-// The content of a section: its categories, its entries, and the player beside them.
+// Movies, shows, search results and the list of favourites.
 FocusScope {
-    id: browser
+    id: screen
 
     required property Views views
     required property PersistentVideoOverlay overlay
@@ -13,63 +13,62 @@ FocusScope {
         id: rail
         height: parent.height
         width: visible ? 178 : 0
-        visible: browser.views.categories.offered
-        categories: browser.views.categories
+        visible: screen.views.categories.offered
+        categories: screen.views.categories
     }
 
-    Item {
+    FocusScope {
         id: column
         anchors.left: rail.right
-        anchors.right: side.left
-        anchors.rightMargin: 14
+        anchors.right: parent.right
         height: parent.height
+        focus: true
 
         StatusStrip {
             id: status
             width: parent.width
-            line: browser.views.statusLine
+            line: screen.views.statusLine
         }
 
-        ItemList {
+        HeroPanel {
+            id: hero
             anchors.top: status.bottom
+            width: parent.width
+            views: screen.views
+            overlay: screen.overlay
+        }
+
+        PosterGrid {
+            id: grid
+            anchors.top: hero.bottom
             anchors.bottom: parent.bottom
             width: parent.width
             focus: true
-            items: browser.views.items
-            shell: browser.views.shell
+            visible: screen.views.posters.content === PosterView.Grid
+            items: screen.views.items
+            view: screen.views.posters
+            shell: screen.views.shell
+            artwork: screen.views.artwork
         }
 
         EmptyStateCard {
-            anchors.centerIn: parent
-            emptyState: browser.views.emptyState
-            onConnectChosen: browser.views.shell.connectProvider()
-        }
-    }
-
-    Item {
-        id: side
-        anchors.right: parent.right
-        anchors.rightMargin: Style.inset
-        width: 355
-        height: parent.height
-
-        PlayerPanel {
-            id: player
-            width: parent.width
-            player: browser.views.player
-            transport: browser.views.transport
-            overlay: browser.overlay
+            anchors.centerIn: grid
+            visible: screen.views.posters.content === PosterView.Empty
+            emptyState: screen.views.emptyState
+            onConnectChosen: screen.views.shell.connectProvider()
         }
 
-        StyledText {
-            anchors.top: player.bottom
-            anchors.topMargin: 18
-            width: parent.width
-            text: browser.views.shell.selectedName
-            font: Style.font(29, Font.DemiBold)
-            wrapMode: Text.Wrap
-            maximumLineCount: 3
-            elide: Text.ElideRight
+        Loader {
+            id: browser
+            anchors.fill: grid
+            active: screen.views.posters.content === PosterView.Episodes
+            onLoaded: item.forceActiveFocus(Qt.OtherFocusReason)
+            onActiveChanged: if (!active)
+                grid.forceActiveFocus(Qt.OtherFocusReason)
+
+            sourceComponent: EpisodeBrowser {
+                episodes: screen.views.episodes
+            }
         }
     }
 }

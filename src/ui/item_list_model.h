@@ -42,6 +42,8 @@ class ItemListModel final : public QAbstractListModel {
 
   /// The row of the selected entry, -1 when it is not among the rows.
   int currentRow() const { return currentRow_; }
+  /// The row of the entry with that id, -1 likewise.
+  int rowOf(const QString& id) const;
 
  Q_SIGNALS:
   void currentRowChanged();
@@ -51,7 +53,6 @@ class ItemListModel final : public QAbstractListModel {
   void updateCurrentRow();
   void updatePlaying();
   void updateFavorites();
-  int rowOf(const QString& id) const;
   void touch(int row, Role role);
 
   AppModel& model_;

@@ -21,6 +21,7 @@ struct SettingsBlock {
     removeProvider,
     refreshGuide,
     openFile,
+    refreshGuide,
     openLicenses,
     openSupport,
   };

@@ -117,6 +117,9 @@ void SettingsView::run(Action action) {
       return setMessage(u"Guide information will reload when you select a channel."_s);
     case Action::openFile:
       return model_.openFile();
+    case Action::refreshGuide:
+      model_.refreshGuide();
+      return setMessage(u"Guide information will reload when you select a channel."_s);
     case Action::openLicenses:
       return openLicenses();
     case Action::openSupport:

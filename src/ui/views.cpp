@@ -5,7 +5,7 @@
 
 namespace vantor {
 
-Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames,
+Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
              ArtworkStore& artwork, Opener& opener, SettingsLinks links)
     : filePanel_(filePanel),
       frames_(frames),
@@ -17,6 +17,9 @@ Views::Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frame
       emptyState_(model),
       items_(model),
       categories_(model),
+      channels_(model, clock, items_),
+      posters_(model),
+      episodes_(model),
       player_(model.playback()),
       transport_(model.playback()),
       menu_(model) {}

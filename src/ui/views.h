@@ -6,12 +6,15 @@
 #include "artwork/artwork_store.h"
 #include "playback/video_frame_queue.h"
 #include "ui/category_list_model.h"
+#include "ui/channel_view.h"
 #include "ui/connect_view.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/empty_state.h"
+#include "ui/episode_list_model.h"
 #include "ui/item_list_model.h"
 #include "ui/menu_commands.h"
 #include "ui/player_pane.h"
+#include "ui/poster_view.h"
 #include "ui/settings_view.h"
 #include "ui/status_line.h"
 #include "ui/transport_controls.h"
@@ -29,6 +32,9 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::EmptyState* emptyState READ emptyState CONSTANT)
   Q_PROPERTY(vantor::ItemListModel* items READ items CONSTANT)
   Q_PROPERTY(vantor::CategoryListModel* categories READ categories CONSTANT)
+  Q_PROPERTY(vantor::ChannelView* channels READ channels CONSTANT)
+  Q_PROPERTY(vantor::PosterView* posters READ posters CONSTANT)
+  Q_PROPERTY(vantor::EpisodeListModel* episodes READ episodes CONSTANT)
   Q_PROPERTY(vantor::ConnectView* connectView READ connectView CONSTANT)
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
@@ -39,14 +45,17 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::ArtworkStore* artwork READ artwork CONSTANT)
 
  public:
-  Views(AppModel& model, DialogFilePanel& filePanel, VideoFrameQueue& frames, ArtworkStore& artwork,
-        Opener& opener, SettingsLinks links);
+  Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
+        ArtworkStore& artwork, Opener& opener, SettingsLinks links);
 
   TVShell* shell() { return &shell_; }
   StatusLine* statusLine() { return &statusLine_; }
   EmptyState* emptyState() { return &emptyState_; }
   ItemListModel* items() { return &items_; }
   CategoryListModel* categories() { return &categories_; }
+  ChannelView* channels() { return &channels_; }
+  PosterView* posters() { return &posters_; }
+  EpisodeListModel* episodes() { return &episodes_; }
   ConnectView* connectView() { return &connectView_; }
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
@@ -68,6 +77,9 @@ class Views final : public QObject {
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
+  ChannelView channels_;
+  PosterView posters_;
+  EpisodeListModel episodes_;
   PlayerPane player_;
   TransportControls transport_;
   MenuCommands menu_;

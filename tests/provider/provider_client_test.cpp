@@ -87,6 +87,11 @@ TEST(SignInAnswer, IsReadLeniently) {
     }
   }
   EXPECT_THROW(parseSignIn("<html>"), JSONError);
+  // Damage before a key that is asked for, where others are asked for afterwards.
+  for (const char* damage : {R"({"user_info":{"a":1,"f":["m","]t"s,}"e":{}})",
+                             R"({"user_info":{"auth":1 "status":"Active"}})",
+                             R"({"x":[}],"user_info":{"auth":1,"status":"Active"}})"})
+    EXPECT_ANY_THROW(parseSignIn(damage)) << damage;
   EXPECT_TRUE(parseSignIn(R"({"user_info":{"auth":1,"status":"Active",
                               "allowed_output_formats":["m3u8",7]}})")
                   .formats.isEmpty());
@@ -177,6 +182,7 @@ TEST(ConfigurationDocument, IsCheckedStrictly) {
                               R"({"schemaVersion":1,"serverUrl":"http://"})"})
     EXPECT_THROW(VantorConfiguration::decode(refused), AppError) << refused;
   EXPECT_THROW(VantorConfiguration::decode("nonsense"), JSONError);
+  EXPECT_ANY_THROW(VantorConfiguration::decode(R"({"x":["]t"s,}"schemaVersion":1})"));
   EXPECT_EQ(
       VantorConfiguration::decode(R"({"serverUrl":"https://a.example/base/","schemaVersion":1})"),
       QStringLiteral("https://a.example/base"));

@@ -114,5 +114,16 @@ TEST_F(SettingsViewTest, RowsLeadWhereTheySay) {
   EXPECT_EQ(filePanel.shown, 1);
 }
 
+TEST_F(SettingsViewTest, RefreshingTheGuideAsksForTheSelectedChannelAgain) {
+  signIn(rows(LibraryKind::live, 0, 1));
+  app.select(app.items().item(0));
+  settle();
+  activate(u"TV guide"_s);
+  activate(u"Refresh guide information"_s);
+  settle();
+  EXPECT_EQ(transport.requests(u"get_short_epg"_s), 2);
+  EXPECT_EQ(view->message(), u"Guide information will reload when you select a channel."_s);
+}
+
 }  // namespace
 }  // namespace vantor

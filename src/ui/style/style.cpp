@@ -16,6 +16,14 @@ QFont Style::font(int size, int weight, double letterSpacing) {
   return font;
 }
 
+QFont Style::serifFont(int size) {
+  static const QStringList families = {QStringLiteral("Noto Serif"), QStringLiteral("DejaVu Serif"),
+                                       QStringLiteral("serif")};
+  QFont font(families);
+  font.setPixelSize(size);
+  return font;
+}
+
 QFont Style::iconFont(int size) const {
   QFont font(iconFamily_);
   font.setPixelSize(size);

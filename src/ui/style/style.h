@@ -59,6 +59,8 @@ class Style : public QObject {
 
   /// The interface font.
   Q_INVOKABLE static QFont font(int size, int weight = QFont::Normal, double letterSpacing = 0);
+  /// For the name of a title that has the room.
+  Q_INVOKABLE static QFont serifFont(int size);
   Q_INVOKABLE QFont iconFont(int size) const;
   Q_INVOKABLE static QString glyph(const QString& symbol);
   Q_INVOKABLE static QColor faded(const QColor& color, double opacity);

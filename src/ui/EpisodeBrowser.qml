@@ -1,0 +1,103 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+FocusScope {
+    id: browser
+
+    required property EpisodeListModel episodes
+
+    StyledText {
+        id: heading
+        x: Style.inset
+        anchors.verticalCenter: season.verticalCenter
+        text: "Episodes"
+        font: Style.title2
+    }
+
+    SeasonPicker {
+        id: season
+        y: 8
+        anchors.right: parent.right
+        anchors.rightMargin: Style.inset
+        width: 200
+        episodes: browser.episodes
+    }
+
+    Column {
+        id: texts
+        x: Style.inset
+        anchors.top: season.bottom
+        width: parent.width - 2 * x
+
+        Repeater {
+            model: [browser.episodes.progress, browser.episodes.error, browser.episodes.emptyNote]
+
+            StyledText {
+                required property string modelData
+
+                width: texts.width
+                visible: text !== ""
+                topPadding: 12
+                text: modelData
+                color: Style.secondary
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+
+    ListView {
+        id: list
+
+        anchors.top: texts.bottom
+        anchors.topMargin: 10
+        anchors.bottom: parent.bottom
+        x: Style.inset
+        width: parent.width - 2 * x
+        topMargin: 4
+        bottomMargin: Style.inset
+        spacing: 6
+        model: browser.episodes
+        focus: true
+        activeFocusOnTab: true
+        reuseItems: true
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
+        preferredHighlightBegin: height / 2 - 22
+        preferredHighlightEnd: height / 2 + 22
+        highlightRangeMode: ListView.ApplyRange
+        ScrollBar.vertical: ThinScrollBar {
+            parent: browser
+            x: browser.width - width
+            y: list.y
+            height: list.height
+        }
+
+        Accessible.role: Accessible.List
+        Accessible.name: heading.text
+
+        Keys.onReturnPressed: browser.episodes.play(currentIndex)
+        Keys.onEnterPressed: browser.episodes.play(currentIndex)
+
+        Connections {
+            target: browser.episodes
+
+            function onModelReset() {
+                list.currentIndex = 0;
+                list.positionViewAtBeginning();
+            }
+        }
+
+        delegate: EpisodeRow {
+            width: list.width
+            focused: list.activeFocus && ListView.isCurrentItem
+            onChosen: row => {
+                list.forceActiveFocus(Qt.MouseFocusReason);
+                list.currentIndex = row;
+                browser.episodes.play(row);
+            }
+        }
+    }
+}

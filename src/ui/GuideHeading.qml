@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantor.Style
+import Vantor.Ui
+
+ColumnLayout {
+    id: heading
+
+    required property ChannelView channels
+    required property StatusLine line
+
+    spacing: 0
+
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: 6
+        Layout.bottomMargin: 10
+        spacing: Style.gap
+
+        StyledText {
+            text: "CHANNEL GUIDE"
+            font: Style.font(11, Font.Bold, 1)
+            color: Style.mint
+        }
+
+        Spinner {
+            visible: heading.line.loading
+            Accessible.ignored: false
+            Accessible.role: Accessible.Animation
+            Accessible.name: qsTr("Loading")
+        }
+
+        StyledText {
+            Layout.leftMargin: 14
+            text: "Group"
+            font: Style.body
+            color: Style.secondary
+            Accessible.ignored: true
+        }
+
+        GroupPicker {
+            Layout.fillWidth: true
+            Layout.maximumWidth: 320
+            channels: heading.channels
+        }
+
+        Item {
+            Layout.fillWidth: true
+        }
+
+        StyledText {
+            text: "Now / Next"
+            font: Style.body
+            color: Style.secondary
+        }
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        Layout.bottomMargin: 10
+        visible: text !== ""
+        text: heading.line.error
+        font: Style.caption
+        color: Style.warning
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+    }
+}

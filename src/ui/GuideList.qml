@@ -1,0 +1,117 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+ListView {
+    id: list
+
+    required property Views views
+    readonly property TVShell shell: views.shell
+    readonly property ItemListModel items: views.items
+    readonly property int rowHeight: 44
+    readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
+    readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
+
+    model: views.channels.rows
+    // Room for the focus ring, which is drawn around a row.
+    topMargin: 4
+    bottomMargin: 12
+    leftMargin: 4
+    rightMargin: 10
+    spacing: 6
+    clip: true
+    reuseItems: true
+    cacheBuffer: 400
+    boundsBehavior: Flickable.StopAtBounds
+    activeFocusOnTab: true
+    // The highlight is the model's, not the view's.
+    keyNavigationEnabled: false
+    currentIndex: -1
+    ScrollBar.vertical: ThinScrollBar {}
+
+    Accessible.role: Accessible.List
+    Accessible.name: shell.headerTitle
+
+    Keys.onUpPressed: shell.moveSelection(TVShell.Up, 1)
+    Keys.onDownPressed: shell.moveSelection(TVShell.Down, 1)
+    Keys.onLeftPressed: shell.moveSelection(TVShell.Left, 1)
+    Keys.onRightPressed: shell.moveSelection(TVShell.Right, 1)
+    Keys.onReturnPressed: shell.activateSelection()
+    Keys.onEnterPressed: shell.activateSelection()
+    Keys.onMenuPressed: openSelectionMenu()
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_F10 || event.modifiers !== Qt.ShiftModifier)
+            return;
+        event.accepted = true;
+        openSelectionMenu();
+    }
+
+    function centerSelection() {
+        if (items.currentRow >= 0)
+            positionViewAtIndex(items.currentRow, ListView.Center);
+    }
+
+    function openSelectionMenu() {
+        const row = itemAtIndex(items.currentRow) as GuideRow;
+        if (row)
+            menu.openAt(row, row.width / 3, row.height / 2);
+    }
+
+    function reportRows() {
+        views.channels.showRows(firstRow, lastRow);
+    }
+
+    Component.onCompleted: {
+        centerSelection();
+        reportRows();
+    }
+    Component.onDestruction: views.channels.showRows(0, -1)
+    onHeightChanged: centerSelection()
+    onFirstRowChanged: reportRows()
+    onLastRowChanged: reportRows()
+
+    Connections {
+        target: list.items
+
+        function onCurrentRowChanged() {
+            list.centerSelection();
+        }
+
+        function onModelReset() {
+            menu.close();
+            Qt.callLater(list.centerSelection);
+        }
+    }
+
+    // On the list, not on its rows: the first click of two moves the rows under the pointer.
+    TapHandler {
+        onSingleTapped: eventPoint => {
+            list.forceActiveFocus(Qt.MouseFocusReason);
+            list.shell.selectRow(list.indexAt(eventPoint.position.x, eventPoint.position.y));
+        }
+        onDoubleTapped: list.shell.activateSelection()
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => {
+            const row = list.itemAt(eventPoint.position.x, eventPoint.position.y) as GuideRow;
+            if (row)
+                menu.openAt(row, eventPoint.position.x - row.x, eventPoint.position.y - row.y);
+        }
+    }
+
+    GuideRowMenu {
+        id: menu
+        shell: list.shell
+    }
+
+    delegate: GuideRow {
+        width: list.width - list.leftMargin - list.rightMargin
+        height: list.rowHeight
+        focused: list.activeFocus
+        artworkStore: list.views.artwork
+        onOpened: row => list.shell.openRow(row)
+    }
+}

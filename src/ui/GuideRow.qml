@@ -1,0 +1,121 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// A channel with what it shows now and next.
+Item {
+    id: row
+
+    required property int index
+    required property string name
+    required property url artwork
+    required property string kindSymbol
+    required property bool isSelected
+    required property bool isPlaying
+    required property bool isFavorite
+    required property string nowText
+    required property string nextText
+    required property ArtworkStore artworkStore
+    property bool focused: false
+    readonly property string bookmarkSymbol: isFavorite ? "bookmark.fill" : "bookmark"
+    readonly property color ink: isSelected ? Style.canvas : Style.focusWhite
+    readonly property real programmeWidth: (width - channel.width - 2 * Style.gap) / 2
+
+    signal opened(int row)
+
+    implicitHeight: 44
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+    Accessible.description: nowText + " / " + nextText
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.onPressAction: row.opened(row.index)
+
+    ListView.onPooled: picture.active = false
+    ListView.onReused: picture.active = true
+
+    FocusRing {
+        shown: row.focused && row.isSelected
+    }
+
+    Rectangle {
+        id: channel
+        width: 275
+        height: parent.height
+        radius: Style.radius
+        color: row.isSelected ? Style.mint : Style.panelColor
+
+        Text {
+            id: number
+            x: 8
+            width: 22
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.index + 1
+            font: Style.caption
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 7
+            color: row.ink
+        }
+
+        ProviderArtwork {
+            id: picture
+            anchors.left: number.right
+            anchors.leftMargin: Style.gap
+            anchors.verticalCenter: parent.verticalCenter
+            width: 38
+            height: 32
+            radius: 3
+            store: row.artworkStore
+            source: row.artwork
+            symbol: row.kindSymbol
+            name: row.name
+        }
+
+        Text {
+            anchors.left: picture.right
+            anchors.leftMargin: Style.gap
+            anchors.right: playing.left
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.name
+            textFormat: Text.PlainText
+            font: Style.font(13, Font.DemiBold)
+            color: row.ink
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        Icon {
+            id: playing
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            width: visible ? 22 : 0
+            visible: row.isPlaying
+            symbol: "play.fill"
+            size: 18
+            horizontalAlignment: Text.AlignRight
+            color: row.isSelected ? Style.canvas : Style.mint
+        }
+    }
+
+    ProgrammeCell {
+        id: now
+        anchors.left: channel.right
+        anchors.leftMargin: Style.gap
+        width: row.programmeWidth
+        height: parent.height
+        text: row.nowText
+        ink: row.ink
+        color: row.isSelected ? Style.focusWhite : Style.faded(Style.panelColor, 0.7)
+    }
+
+    ProgrammeCell {
+        anchors.left: now.right
+        anchors.leftMargin: Style.gap
+        width: row.programmeWidth
+        height: parent.height
+        text: row.nextText
+        color: Style.faded(Style.panelColor, 0.6)
+    }
+}

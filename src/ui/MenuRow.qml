@@ -1,0 +1,43 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+// One line of a list of choices that drops down.
+ItemDelegate {
+    id: row
+
+    property bool marked: false
+
+    implicitHeight: 30
+    leftPadding: 12
+    rightPadding: 30
+    font: Style.body
+    Accessible.role: Accessible.ListItem
+    Accessible.name: text
+    Accessible.selectable: true
+    Accessible.selected: marked
+    Accessible.onPressAction: row.clicked()
+
+    contentItem: Text {
+        text: row.text
+        font: row.font
+        color: row.highlighted ? Style.canvas : Style.focusWhite
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    indicator: Icon {
+        x: row.width - width - 10
+        y: (row.height - height) / 2
+        visible: row.marked
+        symbol: "checkmark"
+        color: row.highlighted ? Style.canvas : Style.mint
+    }
+
+    background: Rectangle {
+        radius: Style.radius
+        color: row.highlighted ? Style.focusWhite : "transparent"
+    }
+}

@@ -1,0 +1,108 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Item {
+    id: card
+
+    required property int index
+    required property string name
+    required property url artwork
+    required property string kindSymbol
+    required property bool isSelected
+    required property bool isFavorite
+    required property ArtworkStore store
+    property bool focused: false
+    property bool inUse: true
+    readonly property real border: 3
+
+    signal chosen(int row)
+    signal opened(int row)
+    signal menuRequested(int row, point place)
+
+    implicitHeight: 242
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.focusable: true
+    Accessible.focused: focused
+    Accessible.onPressAction: card.chosen(card.index)
+
+    Item {
+        id: content
+        anchors.fill: parent
+        anchors.margins: card.border
+
+        ProviderArtwork {
+            id: picture
+            anchors.top: parent.top
+            anchors.bottom: strip.top
+            width: parent.width
+            store: card.store
+            active: card.inUse
+            source: card.artwork
+            symbol: card.kindSymbol
+            name: card.name
+        }
+
+        Rectangle {
+            anchors.top: parent.top
+            anchors.right: parent.right
+            width: badge.implicitWidth + 2 * 8
+            height: badge.implicitHeight + 2 * 8
+            visible: card.isFavorite
+            color: Style.faded(Style.canvas, 0.8)
+
+            Icon {
+                id: badge
+                anchors.centerIn: parent
+                symbol: "bookmark.fill"
+                size: 16
+                color: Style.mint
+            }
+        }
+
+        Rectangle {
+            id: strip
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: label.implicitHeight
+            color: card.isSelected ? Style.focusWhite : Style.panelColor
+
+            Text {
+                id: label
+                width: parent.width
+                padding: 9
+                text: card.name
+                textFormat: Text.PlainText
+                font: Style.font(12, Font.Medium)
+                color: card.isSelected ? Style.canvas : Style.focusWhite
+                elide: Text.ElideRight
+            }
+        }
+
+        RoundedFrame {
+            innerRadius: Style.radius
+            thickness: card.border
+            border.color: card.isSelected ? Style.focusWhite : Style.canvas
+        }
+    }
+
+    FocusRing {
+        shown: card.focused
+        cornerRadius: Style.radius + card.border
+    }
+
+    TapHandler {
+        onPressedChanged: if (pressed)
+            card.chosen(card.index)
+        onDoubleTapped: card.opened(card.index)
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: point => card.menuRequested(card.index, point.position)
+    }
+}

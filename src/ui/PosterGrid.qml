@@ -1,0 +1,183 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+FocusScope {
+    id: area
+
+    required property ItemListModel items
+    required property PosterView view
+    required property TVShell shell
+    required property ArtworkStore artwork
+
+    readonly property int columns: 4
+    readonly property int columnGap: 16
+    readonly property int rowGap: 20
+
+    function openMenu(row: int, place: Item, x: real, y: real) {
+        if (row < 0)
+            return;
+        menu.row = row;
+        menu.popup(place, x, y);
+    }
+
+    function openMenuByKey() {
+        const card = grid.itemAtIndex(view.keyRow);
+        if (card)
+            openMenu(view.keyRow, card, card.width / 2, card.height / 3);
+    }
+
+    GridView {
+        id: grid
+
+        // Each cell carries half of the gaps around its card.
+        x: Style.inset - area.columnGap / 2
+        width: parent.width - 2 * x
+        anchors.top: parent.top
+        anchors.bottom: limit.top
+        topMargin: Style.inset - area.rowGap / 2
+        bottomMargin: topMargin
+        cellWidth: Math.floor(width / area.columns)
+        cellHeight: 242 + area.rowGap
+        model: area.items
+        focus: true
+        activeFocusOnTab: true
+        clip: true
+        reuseItems: true
+        cacheBuffer: cellHeight * 2
+        boundsBehavior: Flickable.StopAtBounds
+        // The highlight is the model's, not the view's.
+        keyNavigationEnabled: false
+        currentIndex: -1
+        ScrollBar.vertical: ThinScrollBar {
+            parent: area
+            x: area.width - width
+            height: grid.height
+            onPressedChanged: if (!pressed)
+                grid.settle()
+        }
+
+        Accessible.role: Accessible.List
+        Accessible.name: area.shell.headerTitle
+
+        Keys.onUpPressed: area.shell.moveSelection(TVShell.Up, area.columns)
+        Keys.onDownPressed: area.shell.moveSelection(TVShell.Down, area.columns)
+        Keys.onLeftPressed: area.shell.moveSelection(TVShell.Left, area.columns)
+        Keys.onRightPressed: area.shell.moveSelection(TVShell.Right, area.columns)
+        Keys.onReturnPressed: area.shell.activateSelection()
+        Keys.onEnterPressed: area.shell.activateSelection()
+        Keys.onMenuPressed: area.openMenuByKey()
+        Keys.onPressed: event => {
+            if (event.key !== Qt.Key_F10 || !(event.modifiers & Qt.ShiftModifier))
+                return;
+            area.openMenuByKey();
+            event.accepted = true;
+        }
+
+        function settle() {
+            area.view.settledOn(indexAt(cellWidth / 2, contentY + height / 2));
+        }
+
+        Component.onCompleted: area.view.restorePosition()
+        onMovementEnded: settle()
+        onHeightChanged: area.view.restorePosition()
+
+        Connections {
+            target: area.view
+
+            function onCenterRequested(row: int) {
+                grid.forceLayout();
+                if (row >= 0)
+                    grid.positionViewAtIndex(row, GridView.Center);
+                else
+                    grid.positionViewAtBeginning();
+            }
+        }
+
+        delegate: Item {
+            id: cell
+
+            required property int index
+            required property string name
+            required property url artwork
+            required property string kindSymbol
+            required property bool isSelected
+            required property bool isFavorite
+
+            width: grid.cellWidth
+            height: grid.cellHeight
+
+            GridView.onPooled: card.inUse = false
+            GridView.onReused: card.inUse = true
+
+            PosterCard {
+                id: card
+                x: area.columnGap / 2
+                y: area.rowGap / 2
+                width: cell.width - area.columnGap
+                index: cell.index
+                name: cell.name
+                artwork: cell.artwork
+                kindSymbol: cell.kindSymbol
+                isSelected: cell.isSelected
+                isFavorite: cell.isFavorite
+                store: area.artwork
+                focused: grid.activeFocus && area.view.keyRow === cell.index
+                onChosen: row => {
+                    grid.forceActiveFocus(Qt.MouseFocusReason);
+                    area.view.choose(row);
+                }
+                onOpened: row => area.shell.openRow(row)
+                onMenuRequested: (row, place) => area.openMenu(row, card, place.x, place.y)
+            }
+        }
+    }
+
+    StyledText {
+        id: limit
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: visible ? implicitHeight : 0
+        visible: text !== ""
+        leftPadding: Style.inset
+        rightPadding: Style.inset
+        topPadding: 8
+        bottomPadding: 8
+        text: area.view.limitNote
+        font: Style.caption
+        color: Style.secondary
+        elide: Text.ElideRight
+    }
+
+    Menu {
+        id: menu
+
+        property int row: -1
+
+        width: 220
+        padding: 6
+        margins: 8
+        onClosed: grid.forceActiveFocus(Qt.PopupFocusReason)
+
+        background: Rectangle {
+            radius: 8
+            color: Style.panelColor
+            border.color: Style.hairline
+        }
+
+        ChoiceItem {
+            modelData: ({
+                    name: "Play"
+                })
+            onTriggered: area.shell.playRow(menu.row)
+        }
+
+        ChoiceItem {
+            modelData: ({
+                    name: "Add / remove from My list"
+                })
+            onTriggered: area.shell.favoriteRow(menu.row)
+        }
+    }
+}

@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Vantor.Style
+import Vantor.Ui
+
+// What the highlighted channel shows now, and what can be done with the channel.
+ColumnLayout {
+    id: panel
+
+    required property ChannelView channels
+
+    spacing: 8
+
+    StyledText {
+        Layout.fillWidth: true
+        text: panel.channels.channelName
+        font: Style.font(29, Font.DemiBold)
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        visible: text !== ""
+        text: panel.channels.programmeTitle
+        font: Style.title2
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        visible: text !== ""
+        text: panel.channels.programmeTimes
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        Layout.maximumHeight: implicitHeight
+        Layout.minimumHeight: 18
+        visible: text !== ""
+        text: panel.channels.programmeDescription
+        color: Style.secondary
+        wrapMode: Text.Wrap
+        lineHeight: 1.15
+        elide: Text.ElideRight
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        visible: text !== ""
+        text: panel.channels.programmeHint
+        color: Style.secondary
+        wrapMode: Text.Wrap
+    }
+
+    RowLayout {
+        Layout.topMargin: 6
+        visible: panel.channels.channelSelected
+        spacing: Style.gap
+
+        TVButton {
+            text: "Watch channel"
+            selected: true
+            onClicked: panel.channels.watch()
+        }
+
+        TVButton {
+            symbol: panel.channels.bookmarkSymbol
+            Accessible.name: "Add / remove from My list"
+            ToolTip.text: "Add / remove from My list"
+            ToolTip.visible: hovered
+            ToolTip.delay: 700
+            onClicked: panel.channels.toggleBookmark()
+        }
+    }
+
+    StyledText {
+        Layout.fillWidth: true
+        visible: text !== ""
+        text: panel.channels.error
+        font: Style.caption
+        color: Style.warning
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+    }
+
+    Item {
+        Layout.fillHeight: true
+    }
+}

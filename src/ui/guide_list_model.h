@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QIdentityProxyModel>
+
+#include "platform/clock.h"
+#include "provider/guide_entry.h"
+
+namespace vantor {
+
+class AppModel;
+class ItemListModel;
+
+/// The rows of the entries with what each channel shows now and next. Main thread only.
+class GuideListModel final : public QIdentityProxyModel {
+  Q_OBJECT
+
+ public:
+  enum Role { NowTextRole = Qt::UserRole + 100, NextTextRole };
+
+  GuideListModel(AppModel& model, const Clock& clock, ItemListModel& items,
+                 QObject* parent = nullptr);
+
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+  /// Programmes end as time passes: the texts of every row are to be read again.
+  void timePassed();
+
+ private:
+  GuideEntries upcoming(const QString& channelID) const;
+  QString nowText(const QModelIndex& index) const;
+  QString nextText(const QModelIndex& index) const;
+  void updateTexts(int first, int last);
+  void guideChanged(const QString& channelID);
+
+  AppModel& model_;
+  const Clock& clock_;
+  const ItemListModel& items_;
+};
+
+}  // namespace vantor

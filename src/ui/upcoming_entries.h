@@ -1,0 +1,20 @@
+#pragma once
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/clock.h"
+#include "provider/guide_entry.h"
+
+namespace vantor {
+
+/// The programmes that have not ended yet, in their stored order: what is on now, then what is
+/// next.
+inline GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
+  GuideEntries upcoming;
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(upcoming),
+               [now](const GuideEntry& entry) { return entry.end > now; });
+  return upcoming;
+}
+
+}  // namespace vantor
