@@ -2,18 +2,24 @@ import QtQuick
 import Vantor.Ui
 
 // A place by which the window is dragged.
-Item {
+MouseArea {
     id: handle
 
     required property WindowActions window
+    property point start
 
-    DragHandler {
-        target: null
-        onActiveChanged: if (active)
-            handle.window.move()
+    onPressed: mouse => start = Qt.point(mouse.x, mouse.y)
+    onPositionChanged: mouse => {
+        if (Math.hypot(mouse.x - start.x, mouse.y - start.y) < Application.styleHints.startDragDistance)
+            return;
+        release();
+        window.move();
     }
+    onDoubleClicked: window.toggleMaximized()
 
-    TapHandler {
-        onDoubleTapped: handle.window.toggleMaximized()
+    // The window manager takes the pointer, and the button's release with it.
+    function release() {
+        enabled = false;
+        enabled = true;
     }
 }
