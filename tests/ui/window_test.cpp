@@ -41,7 +41,7 @@ class WindowTest : public ::testing::Test, protected test::ModelFixture {
  protected:
   void open(const QStringList& arguments = {}) {
     app = &launch(arguments);
-    views = std::make_unique<Views>(*app, dialog, frames, artwork, opener,
+    views = std::make_unique<Views>(*app, clock, dialog, frames, artwork, opener,
                                     SettingsLinks{QUrl(u"https://support.example/"_s), {}});
     qml = std::make_unique<QQmlApplicationEngine>();
     qml->addImportPath(u"qrc:/qt/qml"_s);
