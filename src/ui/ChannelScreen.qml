@@ -27,7 +27,11 @@ FocusScope {
         GuideList {
             anchors.top: heading.bottom
             anchors.bottom: parent.bottom
-            width: parent.width
+            // The rows stand under the heading; the focus ring and the scroll bar beside it.
+            anchors.left: parent.left
+            anchors.leftMargin: -leftMargin
+            anchors.right: parent.right
+            anchors.rightMargin: -rightMargin
             focus: true
             visible: !emptyState.visible
             views: screen.views

@@ -32,6 +32,7 @@ ComboBox {
         font: picker.font
         color: Style.focusWhite
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
     }

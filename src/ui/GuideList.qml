@@ -80,7 +80,7 @@ ListView {
 
         function onModelReset() {
             menu.close();
-            Qt.callLater(list.centerSelection);
+            list.centerSelection();
         }
     }
 

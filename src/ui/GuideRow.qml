@@ -81,6 +81,7 @@ Item {
             textFormat: Text.PlainText
             font: Style.font(13, Font.DemiBold)
             color: row.ink
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             maximumLineCount: 1
         }

@@ -10,7 +10,7 @@ Menu {
     property int row: -1
     property string bookmarkSymbol: "bookmark"
 
-    width: 220
+    width: 250
     padding: 6
     margins: 8
 
@@ -24,6 +24,7 @@ Menu {
         row = item.index;
         bookmarkSymbol = item.bookmarkSymbol;
         popup(item, x, y);
+        currentIndex = 0;
     }
 
     SymbolItem {

@@ -24,6 +24,7 @@ ItemDelegate {
         font: row.font
         color: row.highlighted ? Style.canvas : Style.focusWhite
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
     }

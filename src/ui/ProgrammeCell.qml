@@ -18,6 +18,7 @@ Rectangle {
         textFormat: Text.PlainText
         font: Style.body
         color: cell.ink
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         maximumLineCount: 1
     }

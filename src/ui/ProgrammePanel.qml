@@ -16,6 +16,7 @@ ColumnLayout {
         Layout.fillWidth: true
         text: panel.channels.channelName
         font: Style.font(29, Font.DemiBold)
+        horizontalAlignment: Text.AlignLeft
         wrapMode: Text.Wrap
         maximumLineCount: 2
         elide: Text.ElideRight
@@ -26,6 +27,7 @@ ColumnLayout {
         visible: text !== ""
         text: panel.channels.programmeTitle
         font: Style.title2
+        horizontalAlignment: Text.AlignLeft
         wrapMode: Text.Wrap
         maximumLineCount: 2
         elide: Text.ElideRight
@@ -46,7 +48,6 @@ ColumnLayout {
         text: panel.channels.programmeDescription
         color: Style.secondary
         wrapMode: Text.Wrap
-        lineHeight: 1.15
         elide: Text.ElideRight
     }
 

@@ -17,8 +17,11 @@ namespace {
 QString shortTime(WallTime time) {
   const auto sinceEpoch =
       std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-  return QLocale().toString(QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).time(),
-                            QLocale::ShortFormat);
+  const QTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).time();
+  const QLocale locale;
+  // Where no locale is set, even the short style has seconds.
+  if (locale.language() == QLocale::C) return local.toString(u"HH:mm"_s);
+  return locale.toString(local, QLocale::ShortFormat);
 }
 
 Catalog liveCatalog(const AppModel& model) {
