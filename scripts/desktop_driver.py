@@ -9,6 +9,7 @@ import time
 import pyatspi
 
 TIMEOUT = 40  # seconds after which what was waited for counts as not coming
+PASSWORD = "p&ss+1"  # with characters that addresses need escaped, but that every keyboard has
 
 
 class Failed(Exception):
@@ -32,7 +33,8 @@ class Simulator:
 
     def __init__(self, build, *options):
         self.process = subprocess.Popen(
-            [f"{build}/sim/vantor-sim", "--media", os.environ["VANTOR_SIM_MEDIA"], *options],
+            [f"{build}/sim/vantor-sim", "--media", os.environ["VANTOR_SIM_MEDIA"],
+             "--password", PASSWORD, *options],
             stdout=subprocess.PIPE, text=True)
         self.said = {}
         for line in self.process.stdout:
