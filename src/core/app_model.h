@@ -202,6 +202,8 @@ class AppModel final : public QObject {
   bool isCurrent(const Generation& token, const std::stop_token& stop) const;
   void arrived(LibraryKind kind, const Catalog& catalog);
   void setBusy(bool busy);
+  /// Makes `account`, or none, the one that is shown, with nothing of it loaded yet.
+  void settleIn(std::optional<ProviderAccount> account);
   void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
   CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
 

@@ -31,6 +31,24 @@ void AppModel::replaceDisk(std::shared_ptr<CatalogDiskStore> disk) {
   services_.worker.post([old = std::exchange(disk_, std::move(disk))] {});
 }
 
+void AppModel::settleIn(std::optional<ProviderAccount> account) {
+  account_ = std::move(account);
+  demo_ = false;
+  catalogs_.clear();
+  loading_.clear();
+  errors_.clear();
+  favorites_.clear();
+  const bool sectionChanges = section_ != rawValue(LibraryKind::live);
+  section_ = rawValue(LibraryKind::live);
+  Q_EMIT accountChanged();
+  Q_EMIT demoChanged();
+  Q_EMIT loadingChanged();
+  Q_EMIT errorsChanged();
+  Q_EMIT favoritesChanged();
+  if (sectionChanges) Q_EMIT sectionChanged();
+  contentsChanged();
+}
+
 void AppModel::setBusy(bool busy) {
   assign(busy_, busy, &AppModel::busyChanged);
 }
@@ -68,24 +86,10 @@ QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
   model.enterNewWorld();
   model.playback_->stop();
   model.resetBrowseState();
-  model.account_ = std::move(account);
   model.details_ = std::move(details);
   model.replaceDisk(std::move(disk));
-  model.demo_ = false;
-  model.catalogs_.clear();
-  model.loading_.clear();
-  model.errors_.clear();
-  model.favorites_.clear();
-  const bool sectionChanges = model.section_ != rawValue(LibraryKind::live);
-  model.section_ = rawValue(LibraryKind::live);
-  Q_EMIT model.accountChanged();
+  model.settleIn(std::move(account));
   Q_EMIT model.detailsChanged();
-  Q_EMIT model.demoChanged();
-  Q_EMIT model.loadingChanged();
-  Q_EMIT model.errorsChanged();
-  Q_EMIT model.favoritesChanged();
-  if (sectionChanges) Q_EMIT model.sectionChanged();
-  model.contentsChanged();
   model.setNotice(std::nullopt);
   model.setShowingConnect(false);
   model.load(LibraryKind::live, false);
@@ -115,20 +119,7 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
   model.enterNewWorld();
   model.playback_->stop();
   model.resetBrowseState();
-  model.demo_ = false;
-  model.catalogs_.clear();
-  model.favorites_.clear();
-  model.loading_.clear();
-  model.errors_.clear();
-  const bool sectionChanges = model.section_ != rawValue(LibraryKind::live);
-  model.section_ = rawValue(LibraryKind::live);
-  Q_EMIT model.accountChanged();
-  Q_EMIT model.demoChanged();
-  Q_EMIT model.favoritesChanged();
-  Q_EMIT model.loadingChanged();
-  Q_EMIT model.errorsChanged();
-  if (sectionChanges) Q_EMIT model.sectionChanged();
-  model.contentsChanged();
+  model.settleIn(std::nullopt);
   model.setShowingSettings(false);
   if (left && model.disk_) {
     const Pending<Done> cleared = model.disk_->clear(left->id);
