@@ -4,11 +4,18 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QTimer>
+#include <utility>
 
 #include "playback/playback.h"
 
 namespace vantor {
 namespace {
+
+using namespace std::chrono_literals;
+
+// The window comes up with the first library in it, unless that takes long enough to be noticed.
+constexpr auto kLongestWaitForLibrary = 150ms;
 
 QString preferencesFile(const Folders& folders) {
   return folders.configuration + QStringLiteral("/Vantor Player/preferences.ini");
@@ -46,9 +53,11 @@ Program::~Program() = default;
 
 bool Program::open() {
   qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-  qml_.setInitialProperties({{QStringLiteral("views"), QVariant::fromValue(&views_)}});
+  qml_.setInitialProperties({{QStringLiteral("views"), QVariant::fromValue(&views_)},
+                             {QStringLiteral("visible"), false}});
   qml_.load(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")));
-  if (qml_.rootObjects().isEmpty()) return false;
+  window_ = qobject_cast<QQuickWindow*>(qml_.rootObjects().value(0));
+  if (!window_) return false;
   startUp();
   return true;
 }
@@ -59,14 +68,10 @@ void Program::startUp() {
     connect(&model_, &AppModel::startingUpChanged, this, &Program::offerSignIn);
   else
     offerSignIn();
-  if (auto* window = qobject_cast<QQuickWindow*>(qml_.rootObjects().constFirst())) {
-    window->raise();
-    window->requestActivate();
-    // libVLC looks through its plugins, which would hold up the first picture of the window.
-    connect(
-        window, &QQuickWindow::frameSwapped, this, [this] { engine_.warmUp(); },
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-  }
+  connect(&model_, &AppModel::startingUpChanged, this, &Program::showWindowWhenReady);
+  connect(&model_, &AppModel::itemsChanged, this, &Program::showWindowWhenReady);
+  QTimer::singleShot(kLongestWaitForLibrary, this, &Program::showWindow);
+  showWindowWhenReady();
   if (!launch_.smokeTest) return;
   PlayRequest request;
   request.url = QUrl::fromLocalFile(QDir::current().absoluteFilePath(*launch_.smokeTest));
@@ -75,6 +80,22 @@ void Program::startUp() {
   request.agent = defaultUserAgent;
   request.local = true;
   model_.playback().play(request);
+}
+
+void Program::showWindowWhenReady() {
+  if (model_.startingUp()) return;
+  if (!model_.account() || model_.items().size() > 0) showWindow();
+}
+
+void Program::showWindow() {
+  if (std::exchange(windowShown_, true)) return;
+  window_->show();
+  window_->raise();
+  window_->requestActivate();
+  // libVLC looks through its plugins, which would hold up the first picture of the window.
+  connect(
+      window_, &QQuickWindow::frameSwapped, this, [this] { engine_.warmUp(); },
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void Program::offerSignIn() {

@@ -20,6 +20,8 @@
 #include "ui/dialog_file_panel.h"
 #include "ui/views.h"
 
+class QQuickWindow;
+
 namespace vantor {
 
 /// The composition root: every part of the program, made in the order in which they need each
@@ -36,6 +38,8 @@ class Program final : public QObject {
 
  private:
   void startUp();
+  void showWindowWhenReady();
+  void showWindow();
   void offerSignIn();
 
   const LaunchArguments launch_;
@@ -59,6 +63,8 @@ class Program final : public QObject {
   AppDelegate delegate_;
   TerminationSignals signals_;
   QQmlApplicationEngine qml_;
+  QQuickWindow* window_ = nullptr;
+  bool windowShown_ = false;
 };
 
 }  // namespace vantor

@@ -12,14 +12,11 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
     storeProgress(id, seconds, duration);
   };
   if (services_.launch.demo) explore();
-  if (services_.launch.isolated) return;
-  startingUp_ = true;
-  startUpTask_ = Job::start([self = QPointer(this), token = generation_](std::stop_token stop) {
-    return startUp(self, token, stop);
-  });
+  if (!services_.launch.isolated) beginStartUp();
 }
 
 AppModel::~AppModel() {
+  startUpReading_.request_stop();
   startUpTask_.cancel();
   filePanelTask_.cancel();
   detailTask_.cancel();

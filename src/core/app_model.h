@@ -164,7 +164,9 @@ class AppModel final : public QObject {
   void enterNewWorld();
 
   // start_up.cpp
-  static QCoro::Task<> startUp(QPointer<AppModel> self, Generation token, std::stop_token stop);
+  void beginStartUp();
+  static QCoro::Task<> startUp(QPointer<AppModel> self, Generation token, Pending<Restored> reading,
+                               std::stop_token stop);
   void applyRestored(Restored restored);
 
   // browsing.cpp
@@ -256,6 +258,7 @@ class AppModel final : public QObject {
   std::map<LibraryKind, Job> tasks_;
   QHash<QString, Job> guideTasks_;  // by channel entry id
   Job detailTask_;
+  std::stop_source startUpReading_;
   Job startUpTask_;
   Job filePanelTask_;
 };

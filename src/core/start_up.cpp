@@ -31,12 +31,21 @@ struct AppModel::Restored {
   }
 };
 
-QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Generation token, std::stop_token stop) {
-  // Off the main thread: the credential store may wait for the user to unlock it.
-  const auto reading = self->services_.secrets.run(
-      [&secrets = self->services_.secureStore, folders = self->services_.folders, stop] {
-        return Restored::read(secrets, folders, stop);
+void AppModel::beginStartUp() {
+  startingUp_ = true;
+  // Off the main thread: the credential store may wait for the user to unlock it. At once, so that
+  // it goes on while the window is made.
+  const Pending<Restored> reading = services_.secrets.run(
+      [&secrets = services_.secureStore, folders = services_.folders,
+       stop = startUpReading_.get_token()] { return Restored::read(secrets, folders, stop); });
+  startUpTask_ =
+      Job::start([self = QPointer(this), token = generation_, reading](std::stop_token stop) {
+        return startUp(self, token, reading, stop);
       });
+}
+
+QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Generation token,
+                                Pending<Restored> reading, std::stop_token stop) {
   Restored restored = co_await reading;
   if (!self || stop.stop_requested()) co_return;
   const bool superseded = self->generation_ != token;

@@ -33,15 +33,19 @@ FocusScope {
             anchors.right: parent.right
             anchors.rightMargin: -rightMargin
             focus: true
-            visible: !emptyState.visible
+            visible: !emptyState.wanted
             views: screen.views
         }
 
-        EmptyStateCard {
+        OnDemand {
             id: emptyState
             anchors.centerIn: parent
-            emptyState: screen.views.emptyState
-            onConnectChosen: screen.views.shell.connectProvider()
+            wanted: screen.views.emptyState.shown
+
+            sourceComponent: EmptyStateCard {
+                emptyState: screen.views.emptyState
+                onConnectChosen: screen.views.shell.connectProvider()
+            }
         }
     }
 

@@ -15,30 +15,34 @@ IconButton {
     implicitHeight: 28
     size: 18
     Accessible.role: Accessible.ButtonMenu
-    onClicked: menu.open()
+    onClicked: menu.toggle()
 
-    Menu {
+    MenuLoader {
         id: menu
 
-        y: -height - 4
-        x: button.width - width
-        width: 200
-        padding: 6
-        margins: 8
+        sourceComponent: Menu {
+            id: choiceMenu
 
-        background: Rectangle {
-            radius: 8
-            color: Style.panelColor
-            border.color: Style.hairline
-        }
+            y: -height - 4
+            x: button.width - width
+            width: 200
+            padding: 6
+            margins: 8
 
-        Instantiator {
-            model: button.choices
-            onObjectAdded: (index, object) => menu.insertItem(index, object as MenuItem)
-            onObjectRemoved: (index, object) => menu.removeItem(object as MenuItem)
+            background: Rectangle {
+                radius: 8
+                color: Style.panelColor
+                border.color: Style.hairline
+            }
 
-            delegate: ChoiceItem {
-                onTriggered: button.chosen(modelData)
+            Instantiator {
+                model: button.choices
+                onObjectAdded: (index, object) => choiceMenu.insertItem(index, object as MenuItem)
+                onObjectRemoved: (index, object) => choiceMenu.removeItem(object as MenuItem)
+
+                delegate: ChoiceItem {
+                    onTriggered: button.chosen(modelData)
+                }
             }
         }
     }

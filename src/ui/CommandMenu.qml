@@ -4,7 +4,7 @@ import QtQml.Models
 import Vantor.Style
 import Vantor.Ui
 
-// Every command of the program, with its keys; also makes the keys work.
+// Every command of the program, with its keys.
 Menu {
     id: commandMenu
 
@@ -28,20 +28,6 @@ Menu {
 
         delegate: CommandItem {
             onTriggered: commandMenu.commands.run(index)
-        }
-    }
-
-    Instantiator {
-        model: commandMenu.commands.commands
-
-        delegate: Shortcut {
-            required property int index
-            required property var modelData
-
-            // A plain key belongs to what has the focus; the shell takes it when nothing did.
-            enabled: modelData.keys !== "Space"
-            sequence: modelData.keys
-            onActivated: commandMenu.commands.run(index)
         }
     }
 }

@@ -6,9 +6,11 @@ import Vantor.Ui
 Sheet {
     id: sheet
 
-    required property ConnectView view
+    required property Views views
+    readonly property ConnectView view: views.connectView
 
     name: qsTr("Sign in")
+    visible: views.shell.showingConnect
     width: 480
     height: column.implicitHeight + 2 * 28
     firstFocus: view.username === "" ? username : password

@@ -55,7 +55,12 @@ ListView {
     function openSelectionMenu() {
         const row = itemAtIndex(items.currentRow) as GuideRow;
         if (row)
-            menu.openAt(row, row.width / 3, row.height / 2);
+            openMenu(row, row.width / 3, row.height / 2);
+    }
+
+    function openMenu(row: GuideRow, x: real, y: real) {
+        menu.active = true;
+        (menu.item as GuideRowMenu).openAt(row, x, y);
     }
 
     function reportRows() {
@@ -79,7 +84,7 @@ ListView {
         }
 
         function onModelReset() {
-            menu.close();
+            menu.active = false;
             list.centerSelection();
         }
     }
@@ -98,13 +103,17 @@ ListView {
         onTapped: eventPoint => {
             const row = list.itemAt(eventPoint.position.x, eventPoint.position.y) as GuideRow;
             if (row)
-                menu.openAt(row, eventPoint.position.x - row.x, eventPoint.position.y - row.y);
+                list.openMenu(row, eventPoint.position.x - row.x, eventPoint.position.y - row.y);
         }
     }
 
-    GuideRowMenu {
+    Loader {
         id: menu
-        shell: list.shell
+        active: false
+
+        sourceComponent: GuideRowMenu {
+            shell: list.shell
+        }
     }
 
     delegate: GuideRow {

@@ -56,30 +56,37 @@ Item {
             text: panel.player.openingText
         }
 
-        FailureCard {
+        OnDemand {
             anchors.centerIn: parent
             width: Math.min(400, parent.width - 16)
-            message: panel.player.message
-            onRetryChosen: panel.player.retry()
-            onCloseChosen: panel.player.stop()
+            wanted: panel.player.message !== ""
+
+            sourceComponent: FailureCard {
+                message: panel.player.message
+                onRetryChosen: panel.player.retry()
+                onCloseChosen: panel.player.stop()
+            }
         }
     }
 
-    Column {
+    OnDemand {
         id: below
         anchors.top: area.bottom
         width: panel.width
         visible: !panel.player.idle
         height: visible ? implicitHeight : 0
+        wanted: !panel.player.idle
 
-        PlayerBar {
-            width: parent.width
-            player: panel.player
-        }
+        sourceComponent: Column {
+            PlayerBar {
+                width: parent.width
+                player: panel.player
+            }
 
-        TransportBar {
-            width: parent.width
-            transport: panel.transport
+            TransportBar {
+                width: parent.width
+                transport: panel.transport
+            }
         }
     }
 }

@@ -35,7 +35,7 @@ FocusScope {
         x: Style.inset - area.columnGap / 2
         width: parent.width - 2 * x
         anchors.top: parent.top
-        anchors.bottom: limit.top
+        anchors.bottom: limit.visible ? limit.top : parent.bottom
         topMargin: Style.inset - area.rowGap / 2
         bottomMargin: topMargin
         cellWidth: Math.floor(width / area.columns)
@@ -138,7 +138,6 @@ FocusScope {
         id: limit
         anchors.bottom: parent.bottom
         width: parent.width
-        height: visible ? implicitHeight : 0
         visible: text !== ""
         leftPadding: Style.inset
         rightPadding: Style.inset

@@ -7,9 +7,11 @@ import Vantor.Ui
 Sheet {
     id: sheet
 
-    required property SettingsView view
+    required property Views views
+    readonly property SettingsView view: views.settingsView
 
     name: view.page
+    visible: views.shell.showingSettings
     width: 430
     height: 580
     onEscaped: view.back()

@@ -52,35 +52,11 @@ FocusScope {
             anchors.bottom: footer.top
             width: parent.width
             focus: true
-            sourceComponent: screen.views.shell.expanded ? expandedPlayer : screen.views.shell.showsChannels ? channels : posters
+            onFileChanged: setSource(file, { views: screen.views, overlay: videoOverlay })
             onLoaded: item.focus = true
 
-            Component {
-                id: channels
-
-                ChannelScreen {
-                    views: screen.views
-                    overlay: videoOverlay
-                }
-            }
-
-            Component {
-                id: posters
-
-                PosterScreen {
-                    views: screen.views
-                    overlay: videoOverlay
-                }
-            }
-
-            Component {
-                id: expandedPlayer
-
-                ExpandedPlayer {
-                    views: screen.views
-                    overlay: videoOverlay
-                }
-            }
+            // By name, so that the first screen waits for none of the others.
+            readonly property string file: screen.views.shell.expanded ? "ExpandedPlayer.qml" : screen.views.shell.showsChannels ? "ChannelScreen.qml" : "PosterScreen.qml"
         }
 
         ShellFooter {

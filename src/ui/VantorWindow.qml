@@ -61,13 +61,27 @@ ApplicationWindow {
         }
     }
 
-    ConnectSheet {
-        visible: window.views.shell.showingConnect
-        view: window.views.connectView
+    // So are the sheets.
+    component SheetLoader: Loader {
+        required property string file
+        required property bool wanted
+
+        function load() {
+            if (wanted && status === Loader.Null)
+                setSource(file, { views: window.views });
+        }
+
+        onWantedChanged: load()
+        Component.onCompleted: load()
     }
 
-    SettingsSheet {
-        visible: window.views.shell.showingSettings
-        view: window.views.settingsView
+    SheetLoader {
+        wanted: window.views.shell.showingConnect
+        file: "ConnectSheet.qml"
+    }
+
+    SheetLoader {
+        wanted: window.views.shell.showingSettings
+        file: "SettingsSheet.qml"
     }
 }

@@ -15,13 +15,16 @@ Row {
         symbol: "menu"
         help: qsTr("Menu (F10)")
         Accessible.name: qsTr("Menu")
-        onClicked: menu.open()
+        onClicked: menu.toggle()
 
-        CommandMenu {
+        MenuLoader {
             id: menu
-            y: opener.height + 4
-            x: opener.width - width
-            commands: buttons.commands
+
+            sourceComponent: CommandMenu {
+                y: opener.height + 4
+                x: opener.width - width
+                commands: buttons.commands
+            }
         }
     }
 
@@ -48,6 +51,10 @@ Row {
 
     Shortcut {
         sequence: "F10"
-        onActivated: menu.visible ? menu.close() : menu.open()
+        onActivated: menu.toggle()
+    }
+
+    CommandShortcuts {
+        commands: buttons.commands
     }
 }

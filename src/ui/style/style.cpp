@@ -4,7 +4,7 @@
 
 namespace vantor {
 
-Style::Style(QObject* parent) : QObject(parent), iconFamily_(loadIconFont()) {}
+Style::Style(QObject* parent) : QObject(parent) {}
 
 QFont Style::font(int size, int weight, double letterSpacing) {
   static const QStringList families = {QStringLiteral("Inter"), QStringLiteral("Noto Sans"),
@@ -24,8 +24,10 @@ QFont Style::serifFont(int size) {
   return font;
 }
 
-QFont Style::iconFont(int size) const {
-  QFont font(iconFamily_);
+QFont Style::iconFont(int size) {
+  // As the system has it: a font that the program loads itself makes Qt look at all fonts again.
+  QFont font(QStringLiteral("Material Design Icons"));
+  font.setStyleStrategy(QFont::NoFontMerging);
   font.setPixelSize(size);
   return font;
 }

@@ -61,12 +61,9 @@ class Style : public QObject {
   Q_INVOKABLE static QFont font(int size, int weight = QFont::Normal, double letterSpacing = 0);
   /// For the name of a title that has the room.
   Q_INVOKABLE static QFont serifFont(int size);
-  Q_INVOKABLE QFont iconFont(int size) const;
+  Q_INVOKABLE static QFont iconFont(int size);
   Q_INVOKABLE static QString glyph(const QString& symbol);
   Q_INVOKABLE static QColor faded(const QColor& color, double opacity);
-
- private:
-  const QString iconFamily_;
 };
 
 }  // namespace vantor

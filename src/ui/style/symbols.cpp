@@ -1,7 +1,5 @@
 #include "ui/style/symbols.h"
 
-#include <QFontDatabase>
-#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -12,9 +10,6 @@ struct Symbol {
   QLatin1String name;
   char16_t glyph;
 };
-
-constexpr auto iconFontFile = QLatin1String(
-    "/usr/share/fonts/truetype/materialdesignicons-webfont/materialdesignicons-webfont.ttf");
 
 constexpr std::array symbols = {
     Symbol{QLatin1String("arrow.clockwise"), 0xF450},
@@ -56,11 +51,6 @@ QString glyph(QStringView symbol) {
   const auto found = std::find_if(symbols.begin(), symbols.end(),
                                   [&](const Symbol& known) { return known.name == symbol; });
   return found == symbols.end() ? QString() : QString(QChar(found->glyph));
-}
-
-QString loadIconFont() {
-  const int font = QFontDatabase::addApplicationFont(iconFontFile);
-  return QFontDatabase::applicationFontFamilies(font).value(0);
 }
 
 }  // namespace vantor
