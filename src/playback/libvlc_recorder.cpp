@@ -6,6 +6,7 @@
 #include <vlc_input.h>
 
 #include <QFile>
+#include <QUuid>
 #include <atomic>
 #include <cstring>
 #include <mutex>
@@ -17,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// After a stop, how long the input has to carry it out.
+// After a stop, how long an input that waits for its source keeps a file that has a name already.
 constexpr auto kPatience = 3s;
 
 constexpr const char* kEvents = "intf-event";
@@ -38,8 +39,10 @@ vlc_object_t* libraryOf(libvlc_media_player_t* player) {
 /// What libVLC's threads tell.
 struct LibVLCRecorder::Signals {
   std::function<void()> onNews;
-  std::atomic<int> changes = 0;    // starts and stops that the input has carried out
-  std::atomic<bool> dead = false;  // the input has ended by itself
+  std::atomic<int> changes = 0;       // starts and stops that the input has carried out
+  std::atomic<bool> failed = false;   // to start
+  std::atomic<bool> stopped = false;  // by us
+  std::atomic<bool> dead = false;     // the input has ended by itself
   std::mutex mutex;
   QString path;  // named at the start or at the stop, as the container goes
 
@@ -50,14 +53,17 @@ struct LibVLCRecorder::Signals {
     return VLC_SUCCESS;
   }
 
-  static int onEvent(vlc_object_t*, const char*, vlc_value_t, vlc_value_t now, void* opaque) {
+  static int onEvent(vlc_object_t* input, const char*, vlc_value_t, vlc_value_t now, void* opaque) {
     auto* self = static_cast<Signals*>(opaque);
-    if (now.i_int == INPUT_EVENT_RECORD)
+    if (now.i_int == INPUT_EVENT_RECORD) {
       ++self->changes;
-    else if (now.i_int == INPUT_EVENT_DEAD)
+      // The input takes back what it could not do.
+      if (!var_GetBool(input, kRecord) && !self->stopped) self->failed = true;
+    } else if (now.i_int == INPUT_EVENT_DEAD) {
       self->dead = true;
-    else
+    } else {
       return VLC_SUCCESS;
+    }
     self->onNews();
     return VLC_SUCCESS;
   }
@@ -87,6 +93,10 @@ class LibVLCRecorder::Input {
   void recordInto(const QByteArray& folder) {
     var_Create(object_, kFolder, VLC_VAR_STRING);
     var_SetString(object_, kFolder, folder.constData());
+    // The library names its files after the end of the address, which may hold a key, and after the
+    // second, so that one recording would replace another.
+    const QByteArray name = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+    input_item_SetName(input_GetItem(reinterpret_cast<input_thread_t*>(object_)), name.constData());
   }
   void tell(Signals* listener) {
     listener_ = listener;
@@ -116,30 +126,29 @@ bool LibVLCRecorder::canRecord() const {
   return Input(player_).canRecord();
 }
 
-bool LibVLCRecorder::start(const QString& folder) {
-  if (stage_ != Stage::idle) return false;
-  auto input = std::make_unique<Input>(player_);
-  if (!input->canRecord()) return false;
+void LibVLCRecorder::start(const QString& folder) {
+  if (stage_ != Stage::idle) return;
   {
     const std::lock_guard lock(signals_->mutex);
     signals_->path.clear();
   }
   signals_->changes = 0;
-  signals_->dead = false;
-  inputEnded_ = false;
+  signals_->failed = signals_->stopped = signals_->dead = false;
+  stage_ = Stage::running;
+  auto input = std::make_unique<Input>(player_);
+  inputEnded_ = !input->canRecord();
+  if (inputEnded_) return;
   input->tell(signals_.get());
   input->recordInto(QFile::encodeName(folder));
   input->record(true);
   input_ = std::move(input);
-  stage_ = Stage::running;
-  return true;
 }
 
 void LibVLCRecorder::stop() {
-  // One that did not start is answered as well, with no file.
-  if (stage_ == Stage::idle) inputEnded_ = true;
+  if (stage_ != Stage::running) return;
   stage_ = Stage::stopping;
   stopAsked_ = std::chrono::steady_clock::now();
+  signals_->stopped = true;
   if (input_) input_->record(false);
 }
 
@@ -147,14 +156,18 @@ void LibVLCRecorder::inputEnded() {
   inputEnded_ = true;
 }
 
-bool LibVLCRecorder::isComplete() const {
+bool LibVLCRecorder::isComplete() {
   constexpr int kStartAndStop = 2;
-  return inputEnded_ || signals_->dead || signals_->changes >= kStartAndStop ||
-         std::chrono::steady_clock::now() - stopAsked_ > kPatience;
+  if (inputEnded_ || signals_->dead || signals_->failed || signals_->changes >= kStartAndStop)
+    return true;
+  if (stage_ != Stage::stopping || std::chrono::steady_clock::now() - stopAsked_ < kPatience)
+    return false;
+  const std::lock_guard lock(signals_->mutex);
+  return !signals_->path.isEmpty();
 }
 
 std::optional<QString> LibVLCRecorder::takeFinished() {
-  if (stage_ != Stage::stopping || !isComplete()) return {};
+  if (stage_ == Stage::idle || !isComplete()) return {};
   stage_ = Stage::idle;
   input_.reset();
   const std::lock_guard lock(signals_->mutex);

@@ -21,13 +21,13 @@ class LibVLCRecorder {
   LibVLCRecorder& operator=(const LibVLCRecorder&) = delete;
 
   bool canRecord() const;
-  /// False when the media cannot be recorded, and then nothing is.
-  bool start(const QString& folder);
-  /// `takeFinished` follows, whether or not anything was recorded.
+  /// Does nothing while a recording is not finished.
+  void start(const QString& folder);
   void stop();
   /// The player was stopped, which ends the input and closes every file of its own.
   void inputEnded();
-  /// The path of a recording whose file has become complete, empty when it made none; once.
+  /// The path of a recording that has ended, by `stop`, with its source or because it never began,
+  /// once its file is complete; empty when it made none. Every start is answered once.
   std::optional<QString> takeFinished();
 
  private:
@@ -35,7 +35,7 @@ class LibVLCRecorder {
   class Input;
   enum class Stage { idle, running, stopping };
 
-  bool isComplete() const;
+  bool isComplete();
 
   libvlc_media_player_t* const player_;
   const std::unique_ptr<Signals> signals_;

@@ -27,7 +27,7 @@ void StreamServer::answer(QTcpSocket* socket) {
   socket->write(
       "HTTP/1.1 200 OK\r\nContent-Type: video/mp2t\r\nConnection: close\r\nContent-Length: " +
       QByteArray::number(promised < 0 ? body_.size() : promised) + "\r\n\r\n" + body_);
-  socket->disconnectFromHost();
+  if (!stalls) socket->disconnectFromHost();
 }
 
 }  // namespace vantor::test

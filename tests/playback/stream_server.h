@@ -12,7 +12,8 @@ class StreamServer final : public QTcpServer {
 
   QUrl address(const QByteArray& encodedPath) const;
 
-  int promised = -1;  // Content-Length, when it is not the body's
+  int promised = -1;    // Content-Length, when it is not the body's
+  bool stalls = false;  // says nothing more after the body, and does not hang up
   struct Request {
     QByteArray target;
     QByteArray head;
