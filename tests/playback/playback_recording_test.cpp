@@ -41,6 +41,12 @@ class EngineRecordingTest : public EngineFixture {
                     .arg(id)
                     .arg(extension));
   }
+  /// Five seconds with two key pictures in each.
+  QString film() {
+    return make(u"film.mkv"_s, solidColor(u"red"_s, u"320x180"_s, 5) + tone(5) +
+                                   QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s, u"12"_s,
+                                               u"-c:a"_s, u"aac"_s});
+  }
   testing::AssertionResult startsRecordable() {
     if (const auto started = starts(); !started) return started;
     return eventually([&] { return engine.status().recordable; })
@@ -157,12 +163,9 @@ TEST_F(EngineRecordingTest, RecordsEveryKindOfSourceWhileItPlaysOn) {
 }
 
 TEST_F(EngineRecordingTest, FileIsWholeHoweverTheSourceEnds) {
-  const QString movie = make(u"a.mkv"_s, solidColor(u"red"_s, u"320x180"_s, 5) + tone(5) +
-                                             QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s,
-                                                         u"12"_s, u"-c:a"_s, u"aac"_s});
   server.setFault("live", sim::Fault::cutOff);
   for (const bool stopped : {false, true}) {
-    for (const QUrl& source : {address(sim::Kind::live, u"ts"_s), QUrl::fromLocalFile(movie)}) {
+    for (const QUrl& source : {address(sim::Kind::live, u"ts"_s), QUrl::fromLocalFile(film())}) {
       SCOPED_TRACE(source.fileName().toStdString() + (stopped ? " stopped" : " ends"));
       playAddress(source);
       ASSERT_TRUE(startsRecordable());
@@ -203,6 +206,24 @@ TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
     EXPECT_EQ(QDir(recordings).entryList(QDir::Files).size(), 1);
   }
   EXPECT_EQ(probe(newest()).pictures.size(), 1);
+}
+
+TEST_F(EngineRecordingTest, QuittingWaitsForASourceThatStallsButNotForEver) {
+  // The engine cannot end this recording while it waits for more of the film.
+  const QByteArray whole = bytes(QString::fromStdString(server.mediaPath("movie.mkv")));
+  StreamServer stalling(whole.first(whole.size() / 10));
+  stalling.type = "video/x-matroska";
+  stalling.promised = static_cast<int>(whole.size());
+  stalling.stalls = true;
+  playAddress(stalling.address("/film.mkv"));
+  ASSERT_TRUE(startsRecordable());
+  record();
+  ASSERT_TRUE(stands());
+  const Job quitting = Job::start([this](std::stop_token) { return playback.shutdown(); });
+  ASSERT_TRUE(eventually([&] { return !quitting.running(); }));
+  EXPECT_FALSE(playback.hasItem());
+  EXPECT_EQ(outcome(), kSaved);
+  EXPECT_GT(probe(newest()).seconds, 1);
 }
 
 TEST_F(EngineRecordingTest, RecordingsOfOneSecondHaveFilesOfTheirOwn) {

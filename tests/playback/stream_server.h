@@ -14,6 +14,7 @@ class StreamServer final : public QTcpServer {
 
   int promised = -1;    // Content-Length, when it is not the body's
   bool stalls = false;  // says nothing more after the body, and does not hang up
+  QByteArray type = "video/mp2t";
   struct Request {
     QByteArray target;
     QByteArray head;
