@@ -1,5 +1,7 @@
 #include "playback/libvlc_recorder.h"
 
+#include <sys/statvfs.h>
+
 #include <vlc_common.h>
 #include <vlc_variables.h>
 // Needs the above first.
@@ -7,10 +9,13 @@
 
 #include <QFile>
 #include <QUuid>
+#include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <mutex>
 #include <utility>
+
+#include "playback/libvlc_handles.h"
 
 namespace vantor {
 
@@ -20,6 +25,15 @@ using namespace std::chrono_literals;
 
 // After a stop, how long an input that waits for its source keeps a file that has a name already.
 constexpr auto kPatience = 3s;
+
+// What libVLC holds in memory at most before it writes anything but a transport stream.
+constexpr std::int64_t kMostHeld = 20 << 20;
+// Room for the end of such a file: its index grows with its length, generously by this every
+// second.
+constexpr std::int64_t kLeastEnd = 512 << 10;
+constexpr std::int64_t kEndEverySecond = 2 << 10;
+// Read by then, a transport stream has got its file.
+constexpr std::int64_t kSurelyBegun = 256 << 10;
 
 constexpr const char* kEvents = "intf-event";
 constexpr const char* kRecord = "record";
@@ -139,7 +153,10 @@ void LibVLCRecorder::start(const QString& folder) {
   inputEnded_ = !input->canRecord();
   if (inputEnded_) return;
   input->tell(signals_.get());
-  input->recordInto(QFile::encodeName(folder));
+  folder_ = QFile::encodeName(folder);
+  readBefore_ = bytesRead();
+  started_ = std::chrono::steady_clock::now();
+  input->recordInto(folder_);
   input->record(true);
   input_ = std::move(input);
 }
@@ -166,7 +183,28 @@ bool LibVLCRecorder::isComplete() {
   return !signals_->path.isEmpty();
 }
 
+std::int64_t LibVLCRecorder::bytesRead() const {
+  const LibVLCHandle<libvlc_media_t> media(libvlc_media_player_get_media(player_));
+  libvlc_media_stats_t counts = {};
+  return media && libvlc_media_get_stats(media.get(), &counts) ? counts.i_demux_read_bytes : 0;
+}
+
+bool LibVLCRecorder::diskRunsFull() {
+  {
+    const std::lock_guard lock(signals_->mutex);
+    if (!signals_->path.isEmpty()) return false;  // a transport stream plays as far as it goes
+  }
+  const std::int64_t read = bytesRead() - readBefore_;
+  struct statvfs disk = {};
+  if (read < kSurelyBegun || ::statvfs(folder_.constData(), &disk) != 0) return false;
+  const auto left = static_cast<std::int64_t>(disk.f_bavail * disk.f_frsize);
+  const auto lasted =
+      std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - started_);
+  return left < std::min(read, kMostHeld) + kLeastEnd + lasted.count() * kEndEverySecond;
+}
+
 std::optional<QString> LibVLCRecorder::takeFinished() {
+  if (stage_ == Stage::running && !isComplete() && diskRunsFull()) stop();
   if (stage_ == Stage::idle || !isComplete()) return {};
   stage_ = Stage::idle;
   input_.reset();

@@ -2,8 +2,10 @@
 
 #include <vlc/vlc.h>
 
+#include <QByteArray>
 #include <QString>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -21,7 +23,8 @@ class LibVLCRecorder {
   LibVLCRecorder& operator=(const LibVLCRecorder&) = delete;
 
   bool canRecord() const;
-  /// Does nothing while a recording is not finished.
+  /// Does nothing while a recording is not finished. One whose file is worth nothing without its
+  /// end is stopped when the disk is about to have no room for that.
   void start(const QString& folder);
   void stop();
   /// The player was stopped, which ends the input and closes every file of its own.
@@ -36,11 +39,16 @@ class LibVLCRecorder {
   enum class Stage { idle, running, stopping };
 
   bool isComplete();
+  bool diskRunsFull();
+  std::int64_t bytesRead() const;
 
   libvlc_media_player_t* const player_;
   const std::unique_ptr<Signals> signals_;
   std::unique_ptr<Input> input_;  // of the recording that is not finished
   Stage stage_ = Stage::idle;
+  QByteArray folder_;
+  std::int64_t readBefore_ = 0;  // bytes of the media, when the recording started
+  std::chrono::steady_clock::time_point started_;
   bool inputEnded_ = false;
   std::chrono::steady_clock::time_point stopAsked_;
 };

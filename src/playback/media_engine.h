@@ -68,8 +68,8 @@ class MediaEngine {
   virtual bool stopRecording() = 0;
 
   /// Called on the main thread once the file of a recording is complete: after it was stopped, when
-  /// its media ended or was unloaded, or when it could not begin after all. The path is empty when
-  /// there is no file.
+  /// its media ended or was unloaded, when the disk runs full, or when it could not begin after
+  /// all. The path is empty when there is no file.
   std::function<void(const QString& path)> onRecordingStopped;
 
   /// Called on the main thread when the status changed in a way that should not wait for the next
