@@ -7,6 +7,7 @@
 // Needs the above first.
 #include <vlc_input.h>
 
+#include <QDir>
 #include <QFile>
 #include <QUuid>
 #include <algorithm>
@@ -104,12 +105,9 @@ class LibVLCRecorder::Input {
 
   bool canRecord() const { return object_ && var_GetBool(object_, "can-record"); }
   void record(bool on) { var_SetBool(object_, kRecord, on); }
-  void recordInto(const QByteArray& folder) {
+  void recordInto(const QByteArray& folder, const QByteArray& name) {
     var_Create(object_, kFolder, VLC_VAR_STRING);
     var_SetString(object_, kFolder, folder.constData());
-    // The library names its files after the end of the address, which may hold a key, and after the
-    // second, so that one recording would replace another.
-    const QByteArray name = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
     input_item_SetName(input_GetItem(reinterpret_cast<input_thread_t*>(object_)), name.constData());
   }
   void tell(Signals* listener) {
@@ -153,10 +151,13 @@ void LibVLCRecorder::start(const QString& folder) {
   inputEnded_ = !input->canRecord();
   if (inputEnded_) return;
   input->tell(signals_.get());
-  folder_ = QFile::encodeName(folder);
+  // The library names its files after the end of the address, which may hold a key, and after the
+  // second, so that one recording would replace another.
+  name_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
+  folder_ = folder;
   readBefore_ = bytesRead();
   started_ = std::chrono::steady_clock::now();
-  input->recordInto(folder_);
+  input->recordInto(QFile::encodeName(folder_), name_.toLatin1());
   input->record(true);
   input_ = std::move(input);
 }
@@ -196,7 +197,8 @@ bool LibVLCRecorder::diskRunsFull() {
   }
   const std::int64_t read = bytesRead() - readBefore_;
   struct statvfs disk = {};
-  if (read < kSurelyBegun || ::statvfs(folder_.constData(), &disk) != 0) return false;
+  if (read < kSurelyBegun || ::statvfs(QFile::encodeName(folder_).constData(), &disk) != 0)
+    return false;
   const auto left = static_cast<std::int64_t>(disk.f_bavail * disk.f_frsize);
   const auto lasted =
       std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - started_);
@@ -209,7 +211,15 @@ std::optional<QString> LibVLCRecorder::takeFinished() {
   stage_ = Stage::idle;
   input_.reset();
   const std::lock_guard lock(signals_->mutex);
-  return std::exchange(signals_->path, {});
+  return existing(std::exchange(signals_->path, {}));
+}
+
+QString LibVLCRecorder::existing(const QString& reported) const {
+  if (reported.isEmpty() || QFile::exists(reported)) return reported;
+  // The path of anything but a transport stream comes with its quotes and backslashes escaped.
+  const QFileInfoList found =
+      QDir(folder_).entryInfoList({QLatin1Char('*') + name_ + QLatin1Char('*')}, QDir::Files);
+  return found.isEmpty() ? reported : found.first().filePath();
 }
 
 }  // namespace vantor

@@ -2,7 +2,6 @@
 
 #include <vlc/vlc.h>
 
-#include <QByteArray>
 #include <QString>
 #include <chrono>
 #include <cstdint>
@@ -41,12 +40,14 @@ class LibVLCRecorder {
   bool isComplete();
   bool diskRunsFull();
   std::int64_t bytesRead() const;
+  QString existing(const QString& reported) const;
 
   libvlc_media_player_t* const player_;
   const std::unique_ptr<Signals> signals_;
   std::unique_ptr<Input> input_;  // of the recording that is not finished
   Stage stage_ = Stage::idle;
-  QByteArray folder_;
+  QString folder_;
+  QString name_;                 // part of the file's name
   std::int64_t readBefore_ = 0;  // bytes of the media, when the recording started
   std::chrono::steady_clock::time_point started_;
   bool inputEnded_ = false;

@@ -88,9 +88,9 @@ TEST_F(ProgramRecordingTest, KilledLeavesAFileThatPlays) {
 
 TEST_F(ProgramRecordingTest, PlaysWithoutASessionBus) {
   environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s);
-  ASSERT_TRUE(start({u"--smoke-test"_s, media("movie.mkv")}));
+  ASSERT_TRUE(start({u"--smoke-test"_s, media("channel0.ts")}));
   EXPECT_TRUE(
-      eventually([&] { return hasOpen(QFileInfo(media("movie.mkv")).canonicalFilePath()); }));
+      eventually([&] { return hasOpen(QFileInfo(media("channel0.ts")).canonicalFilePath()); }));
   EXPECT_EQ(quit(), 0);
 }
 

@@ -27,7 +27,7 @@ class EngineFixture : public ::testing::Test {
   Playback playback{engine,
                     clock,
                     worker,
-                    {.applicationSupport = folder.path(), .temporary = folder.path()},
+                    {.applicationSupport = path(u"it's my \"data\""_s), .temporary = folder.path()},
                     false};
 
   static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }

@@ -53,15 +53,10 @@ class EngineRecordingTest : public EngineFixture {
                     .arg(id)
                     .arg(extension));
   }
-  /// Five seconds with two key pictures in each.
-  QString film() {
-    return make(u"film.mkv"_s, solidColor(u"red"_s, u"320x180"_s, 5) + tone(5) +
-                                   QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s, u"12"_s,
-                                               u"-c:a"_s, u"aac"_s});
-  }
   testing::AssertionResult startsRecordable() {
     if (const auto started = starts(); !started) return started;
-    return eventually([&] { return engine.status().recordable; })
+    // The time of a live playlist jumps from nothing to its place in the list.
+    return eventually([&] { return engine.status().recordable && engine.status().time > 0; })
                ? testing::AssertionSuccess()
                : testing::AssertionFailure() << "not recordable";
   }
@@ -175,9 +170,13 @@ TEST_F(EngineRecordingTest, RecordsEveryKindOfSourceWhileItPlaysOn) {
 }
 
 TEST_F(EngineRecordingTest, FileIsWholeHoweverTheSourceEnds) {
+  const QUrl film =
+      QUrl::fromLocalFile(make(u"film.mkv"_s, solidColor(u"red"_s, u"320x180"_s, 5) + tone(5) +
+                                                  QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s,
+                                                              u"12"_s, u"-c:a"_s, u"aac"_s}));
   server.setFault("live", sim::Fault::cutOff);
   for (const bool stopped : {false, true}) {
-    for (const QUrl& source : {address(sim::Kind::live, u"ts"_s), QUrl::fromLocalFile(film())}) {
+    for (const QUrl& source : {address(sim::Kind::live, u"ts"_s), film}) {
       SCOPED_TRACE(source.fileName().toStdString() + (stopped ? " stopped" : " ends"));
       playAddress(source);
       ASSERT_TRUE(startsRecordable());
@@ -222,8 +221,10 @@ TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
 
 TEST_F(EngineRecordingTest, QuittingWaitsForASourceThatStallsButNotForEver) {
   // The engine cannot end this recording while it waits for more of the film.
-  const QByteArray whole = bytes(QString::fromStdString(server.mediaPath("movie.mkv")));
-  StreamServer stalling(whole.first(whole.size() / 10));
+  const QByteArray whole = bytes(make(
+      u"film.mkv"_s, QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc2=s=1280x720:r=25:d=10"_s} +
+                         tone(10) + QStringList{u"-g"_s, u"12"_s, u"-c:a"_s, u"aac"_s}));
+  StreamServer stalling(whole.first(whole.size() / 2));
   stalling.type = "video/x-matroska";
   stalling.promised = static_cast<int>(whole.size());
   stalling.stalls = true;
