@@ -1,6 +1,5 @@
 #include "playback/libvlc_engine.h"
 
-#include <QObject>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
@@ -8,6 +7,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/mailbox.h"
 #include "playback/libvlc_options.h"
 #include "playback/libvlc_player.h"
 #include "playback/still.h"
@@ -75,10 +75,9 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   }
 
   void finish() {
+    owner_ = nullptr;
     if (!thread_.joinable()) return;
     std::unique_lock lock(mutex_);
-    owner_ = nullptr;
-    receiver_.reset();
     quitting_ = true;
     commands_.clear();
     wake_.notify_one();
@@ -142,38 +141,31 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     const std::lock_guard lock(mutex_);
     if (source != source_) return;
     status_ = status;
-    if (!receiver_ || !isNews(before, status)) return;
-    QMetaObject::invokeMethod(
-        receiver_.get(), [self = shared_from_this(), source] { self->announce(source); },
-        Qt::QueuedConnection);
+    if (isNews(before, status))
+      Mailbox::postToMain([self = shared_from_this(), source] { self->announce(source); });
   }
 
   void report(const QString& file) {
-    const std::lock_guard lock(mutex_);
-    if (!receiver_) return;
-    QMetaObject::invokeMethod(
-        receiver_.get(), [self = shared_from_this(), file] { self->deliver(file); },
-        Qt::QueuedConnection);
+    Mailbox::postToMain([self = shared_from_this(), file] { self->deliver(file); });
   }
 
   void deliver(const QString& file) {
-    // Only the main thread clears the owner, and this is it.
     if (!owner_) return;
     owner_->recording_ = false;
     if (owner_->onRecordingStopped) owner_->onRecordingStopped(file);
   }
 
   void announce(SourceNumber source) {
-    LibVLCEngine* owner = nullptr;
     {
       const std::lock_guard lock(mutex_);
-      if (source == source_) owner = owner_;
+      if (source != source_) return;
     }
-    if (owner && owner->onChange) owner->onChange();
+    if (owner_ && owner_->onChange) owner_->onChange();
   }
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const QList<QByteArray> options_;
+  LibVLCEngine* owner_;  // main thread only; null once it is gone
   std::thread thread_;
   EngineStatus seen_;  // engine's thread only
 
@@ -186,8 +178,6 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   bool over_ = false;
   SourceNumber source_ = 0;
   EngineStatus status_;
-  LibVLCEngine* owner_;
-  std::unique_ptr<QObject> receiver_ = std::make_unique<QObject>();  // lives on the main thread
 };
 
 LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless)
