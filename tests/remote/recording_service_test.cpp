@@ -3,6 +3,7 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingReply>
+#include <QUuid>
 
 #include "playback/playback_fixture.h"
 
@@ -29,7 +30,8 @@ class Changes final : public QObject {
 
 class RecordingServiceTest : public PlaybackFixture {
  protected:
-  const QString name = u"tv.vantor.player.test%1"_s.arg(QCoreApplication::applicationPid());
+  // Of each test its own: the bus knows the last one's until it is told otherwise.
+  const QString name = u"tv.vantor.player.test"_s + QUuid::createUuid().toString(QUuid::Id128);
   QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
   RecordingService service{playback};
   Changes changes;
