@@ -38,6 +38,8 @@ struct Counters {
   std::map<std::string, int> requests;
   // Path and query as sent, of the last request.
   std::map<std::string, std::string> lastTarget;
+  // Different ones among them.
+  std::map<std::string, std::set<std::string>> targets;
   // Most requests of the action that were being answered at the same time.
   std::map<std::string, int> mostAtOnce;
   std::set<std::string> userAgents;

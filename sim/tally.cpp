@@ -11,6 +11,7 @@ Tally::Answering::Answering(Tally& tally, std::string action, const Request& req
   auto& counters = tally_.counters_;
   ++counters.requests[action_];
   counters.lastTarget[action_] = request.target;
+  counters.targets[action_].insert(request.target);
   counters.userAgents.insert(request.header("user-agent"));
   auto& most = counters.mostAtOnce[action_];
   most = std::max(most, ++tally_.answering_[action_]);

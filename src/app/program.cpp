@@ -40,6 +40,7 @@ Program::Program(const LaunchArguments& launch)
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
                          configuration_, filePanel_, folders_, launch_},
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, false)),
+      recordingService_(model_.playback()),
       views_(model_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
   const auto quit = [this] { delegate_.applicationShouldTerminate(); };
@@ -94,7 +95,11 @@ void Program::showWindow() {
   window_->requestActivate();
   // libVLC looks through its plugins, which would hold up the first picture of the window.
   connect(
-      window_, &QQuickWindow::frameSwapped, this, [this] { engine_.warmUp(); },
+      window_, &QQuickWindow::frameSwapped, this,
+      [this] {
+        engine_.warmUp();
+        recordingService_.offer(worker_, values_.bundleIdentifier);
+      },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 

@@ -16,6 +16,7 @@
 #include "provider/http_client.h"
 #include "provider/service_values.h"
 #include "provider/vantor_configuration.h"
+#include "remote/recording_service.h"
 #include "storage/secure_store.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/views.h"
@@ -59,6 +60,7 @@ class Program final : public QObject {
   std::shared_ptr<VideoFrameQueue> frames_;
   LibVLCEngine engine_;
   AppModel model_;
+  RecordingService recordingService_;
   Views views_;
   AppDelegate delegate_;
   TerminationSignals signals_;

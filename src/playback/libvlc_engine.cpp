@@ -150,7 +150,9 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   }
 
   void deliver(const QString& file) {
-    if (owner_ && owner_->onRecordingStopped) owner_->onRecordingStopped(file);
+    if (!owner_) return;
+    owner_->recording_ = false;
+    if (owner_->onRecordingStopped) owner_->onRecordingStopped(file);
   }
 
   void announce(SourceNumber source) {
@@ -249,7 +251,7 @@ bool LibVLCEngine::startRecording(const QString& folder) {
 }
 
 bool LibVLCEngine::stopRecording() {
-  if (!std::exchange(recording_, false)) return false;
+  if (!recording_) return false;
   core_->post([](LibVLCPlayer& player) { player.stopRecording(); });
   return true;
 }

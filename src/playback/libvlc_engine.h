@@ -37,7 +37,7 @@ class LibVLCEngine final : public MediaEngine {
 
   std::shared_ptr<VideoFrameQueue> frames_;
   std::shared_ptr<Core> core_;
-  bool recording_ = false;  // started, and not asked to stop
+  bool recording_ = false;  // started, and not yet reported
 };
 
 }  // namespace vantor

@@ -172,8 +172,8 @@ void LibVLCPlayer::setRate(float rate) {
   if (player_) libvlc_media_player_set_rate(player_.get(), rate);
 }
 
-bool LibVLCPlayer::startRecording(const QString& folder) {
-  return recorder_ && recorder_->start(folder);
+void LibVLCPlayer::startRecording(const QString& folder) {
+  if (recorder_) recorder_->start(folder);
 }
 
 void LibVLCPlayer::stopRecording() {

@@ -31,9 +31,9 @@ class LibVLCPlayer {
   void setAudioTrack(std::int32_t id);
   void setSubtitleTrack(std::int32_t id);
   void setRate(float rate);
-  bool startRecording(const QString& folder);
+  void startRecording(const QString& folder);
   void stopRecording();
-  /// The file of a recording that has just become complete, empty when there is none; once.
+  /// The file of a recording that has ended, empty when there is none; once for every start.
   std::optional<QString> takeRecording();
 
   /// The number given with the last load or unload.

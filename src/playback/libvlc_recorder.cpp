@@ -1,15 +1,22 @@
 #include "playback/libvlc_recorder.h"
 
+#include <sys/statvfs.h>
+
 #include <vlc_common.h>
 #include <vlc_variables.h>
 // Needs the above first.
 #include <vlc_input.h>
 
+#include <QDir>
 #include <QFile>
+#include <QUuid>
+#include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <mutex>
 #include <utility>
+
+#include "playback/libvlc_handles.h"
 
 namespace vantor {
 
@@ -17,8 +24,17 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// After a stop, how long the input has to carry it out.
+// After a stop, how long an input that waits for its source keeps a file that has a name already.
 constexpr auto kPatience = 3s;
+
+// What libVLC holds in memory at most before it writes anything but a transport stream.
+constexpr std::int64_t kMostHeld = 20 << 20;
+// Room for the end of such a file: its index grows with its length, generously by this every
+// second.
+constexpr std::int64_t kLeastEnd = 512 << 10;
+constexpr std::int64_t kEndEverySecond = 2 << 10;
+// Read by then, a transport stream has got its file.
+constexpr std::int64_t kSurelyBegun = 256 << 10;
 
 constexpr const char* kEvents = "intf-event";
 constexpr const char* kRecord = "record";
@@ -38,8 +54,10 @@ vlc_object_t* libraryOf(libvlc_media_player_t* player) {
 /// What libVLC's threads tell.
 struct LibVLCRecorder::Signals {
   std::function<void()> onNews;
-  std::atomic<int> changes = 0;    // starts and stops that the input has carried out
-  std::atomic<bool> dead = false;  // the input has ended by itself
+  std::atomic<int> changes = 0;       // starts and stops that the input has carried out
+  std::atomic<bool> failed = false;   // to start
+  std::atomic<bool> stopped = false;  // by us
+  std::atomic<bool> dead = false;     // the input has ended by itself
   std::mutex mutex;
   QString path;  // named at the start or at the stop, as the container goes
 
@@ -50,14 +68,17 @@ struct LibVLCRecorder::Signals {
     return VLC_SUCCESS;
   }
 
-  static int onEvent(vlc_object_t*, const char*, vlc_value_t, vlc_value_t now, void* opaque) {
+  static int onEvent(vlc_object_t* input, const char*, vlc_value_t, vlc_value_t now, void* opaque) {
     auto* self = static_cast<Signals*>(opaque);
-    if (now.i_int == INPUT_EVENT_RECORD)
+    if (now.i_int == INPUT_EVENT_RECORD) {
       ++self->changes;
-    else if (now.i_int == INPUT_EVENT_DEAD)
+      // The input takes back what it could not do.
+      if (!var_GetBool(input, kRecord) && !self->stopped) self->failed = true;
+    } else if (now.i_int == INPUT_EVENT_DEAD) {
       self->dead = true;
-    else
+    } else {
       return VLC_SUCCESS;
+    }
     self->onNews();
     return VLC_SUCCESS;
   }
@@ -84,9 +105,10 @@ class LibVLCRecorder::Input {
 
   bool canRecord() const { return object_ && var_GetBool(object_, "can-record"); }
   void record(bool on) { var_SetBool(object_, kRecord, on); }
-  void recordInto(const QByteArray& folder) {
+  void recordInto(const QByteArray& folder, const QByteArray& name) {
     var_Create(object_, kFolder, VLC_VAR_STRING);
     var_SetString(object_, kFolder, folder.constData());
+    input_item_SetName(input_GetItem(reinterpret_cast<input_thread_t*>(object_)), name.constData());
   }
   void tell(Signals* listener) {
     listener_ = listener;
@@ -116,30 +138,35 @@ bool LibVLCRecorder::canRecord() const {
   return Input(player_).canRecord();
 }
 
-bool LibVLCRecorder::start(const QString& folder) {
-  if (stage_ != Stage::idle) return false;
-  auto input = std::make_unique<Input>(player_);
-  if (!input->canRecord()) return false;
+void LibVLCRecorder::start(const QString& folder) {
+  if (stage_ != Stage::idle) return;
   {
     const std::lock_guard lock(signals_->mutex);
     signals_->path.clear();
   }
   signals_->changes = 0;
-  signals_->dead = false;
-  inputEnded_ = false;
+  signals_->failed = signals_->stopped = signals_->dead = false;
+  stage_ = Stage::running;
+  auto input = std::make_unique<Input>(player_);
+  inputEnded_ = !input->canRecord();
+  if (inputEnded_) return;
   input->tell(signals_.get());
-  input->recordInto(QFile::encodeName(folder));
+  // The library names its files after the end of the address, which may hold a key, and after the
+  // second, so that one recording would replace another.
+  name_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
+  folder_ = folder;
+  readBefore_ = bytesRead();
+  started_ = std::chrono::steady_clock::now();
+  input->recordInto(QFile::encodeName(folder_), name_.toLatin1());
   input->record(true);
   input_ = std::move(input);
-  stage_ = Stage::running;
-  return true;
 }
 
 void LibVLCRecorder::stop() {
-  // One that did not start is answered as well, with no file.
-  if (stage_ == Stage::idle) inputEnded_ = true;
+  if (stage_ != Stage::running) return;
   stage_ = Stage::stopping;
   stopAsked_ = std::chrono::steady_clock::now();
+  signals_->stopped = true;
   if (input_) input_->record(false);
 }
 
@@ -147,18 +174,52 @@ void LibVLCRecorder::inputEnded() {
   inputEnded_ = true;
 }
 
-bool LibVLCRecorder::isComplete() const {
+bool LibVLCRecorder::isComplete() {
   constexpr int kStartAndStop = 2;
-  return inputEnded_ || signals_->dead || signals_->changes >= kStartAndStop ||
-         std::chrono::steady_clock::now() - stopAsked_ > kPatience;
+  if (inputEnded_ || signals_->dead || signals_->failed || signals_->changes >= kStartAndStop)
+    return true;
+  if (stage_ != Stage::stopping || std::chrono::steady_clock::now() - stopAsked_ < kPatience)
+    return false;
+  const std::lock_guard lock(signals_->mutex);
+  return !signals_->path.isEmpty();
+}
+
+std::int64_t LibVLCRecorder::bytesRead() const {
+  const LibVLCHandle<libvlc_media_t> media(libvlc_media_player_get_media(player_));
+  libvlc_media_stats_t counts = {};
+  return media && libvlc_media_get_stats(media.get(), &counts) ? counts.i_demux_read_bytes : 0;
+}
+
+bool LibVLCRecorder::diskRunsFull() {
+  {
+    const std::lock_guard lock(signals_->mutex);
+    if (!signals_->path.isEmpty()) return false;  // a transport stream plays as far as it goes
+  }
+  const std::int64_t read = bytesRead() - readBefore_;
+  struct statvfs disk = {};
+  if (read < kSurelyBegun || ::statvfs(QFile::encodeName(folder_).constData(), &disk) != 0)
+    return false;
+  const auto left = static_cast<std::int64_t>(disk.f_bavail * disk.f_frsize);
+  const auto lasted =
+      std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - started_);
+  return left < std::min(read, kMostHeld) + kLeastEnd + lasted.count() * kEndEverySecond;
 }
 
 std::optional<QString> LibVLCRecorder::takeFinished() {
-  if (stage_ != Stage::stopping || !isComplete()) return {};
+  if (stage_ == Stage::running && !isComplete() && diskRunsFull()) stop();
+  if (stage_ == Stage::idle || !isComplete()) return {};
   stage_ = Stage::idle;
   input_.reset();
   const std::lock_guard lock(signals_->mutex);
-  return std::exchange(signals_->path, {});
+  return existing(std::exchange(signals_->path, {}));
+}
+
+QString LibVLCRecorder::existing(const QString& reported) const {
+  if (reported.isEmpty() || QFile::exists(reported)) return reported;
+  // The path of anything but a transport stream comes with its quotes and backslashes escaped.
+  const QFileInfoList found =
+      QDir(folder_).entryInfoList({QLatin1Char('*') + name_ + QLatin1Char('*')}, QDir::Files);
+  return found.isEmpty() ? reported : found.first().filePath();
 }
 
 }  // namespace vantor

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -21,13 +22,14 @@ class LibVLCRecorder {
   LibVLCRecorder& operator=(const LibVLCRecorder&) = delete;
 
   bool canRecord() const;
-  /// False when the media cannot be recorded, and then nothing is.
-  bool start(const QString& folder);
-  /// `takeFinished` follows, whether or not anything was recorded.
+  /// Does nothing while a recording is not finished. One whose file is worth nothing without its
+  /// end is stopped when the disk is about to have no room for that.
+  void start(const QString& folder);
   void stop();
   /// The player was stopped, which ends the input and closes every file of its own.
   void inputEnded();
-  /// The path of a recording whose file has become complete, empty when it made none; once.
+  /// The path of a recording that has ended, by `stop`, with its source or because it never began,
+  /// once its file is complete; empty when it made none. Every start is answered once.
   std::optional<QString> takeFinished();
 
  private:
@@ -35,12 +37,19 @@ class LibVLCRecorder {
   class Input;
   enum class Stage { idle, running, stopping };
 
-  bool isComplete() const;
+  bool isComplete();
+  bool diskRunsFull();
+  std::int64_t bytesRead() const;
+  QString existing(const QString& reported) const;
 
   libvlc_media_player_t* const player_;
   const std::unique_ptr<Signals> signals_;
   std::unique_ptr<Input> input_;  // of the recording that is not finished
   Stage stage_ = Stage::idle;
+  QString folder_;
+  QString name_;                 // part of the file's name
+  std::int64_t readBefore_ = 0;  // bytes of the media, when the recording started
+  std::chrono::steady_clock::time_point started_;
   bool inputEnded_ = false;
   std::chrono::steady_clock::time_point stopAsked_;
 };

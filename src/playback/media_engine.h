@@ -61,14 +61,15 @@ class MediaEngine {
   /// the file appears some time later, or never.
   virtual void saveSnapshot(const QString& file, int width) = 0;
 
-  /// Records what plays into a file of the engine's naming in `folder`; false when it cannot.
+  /// Records what plays into a file of the engine's naming in `folder`; false when it cannot. Else
+  /// `onRecordingStopped` follows once, however the recording ends.
   virtual bool startRecording(const QString& folder) = 0;
-  /// False when nothing is being recorded; else `onRecordingStopped` follows, also when the media
-  /// is unloaded meanwhile.
+  /// False when nothing is being recorded.
   virtual bool stopRecording() = 0;
 
-  /// Called on the main thread once the file of a recording is complete, with its path, which is
-  /// empty when there is no file.
+  /// Called on the main thread once the file of a recording is complete: after it was stopped, when
+  /// its media ended or was unloaded, when the disk runs full, or when it could not begin after
+  /// all. The path is empty when there is no file.
   std::function<void(const QString& path)> onRecordingStopped;
 
   /// Called on the main thread when the status changed in a way that should not wait for the next

@@ -100,7 +100,7 @@ bool Playback::mayChangeSource() {
 }
 
 void Playback::startRecording(const std::optional<QString>& folder) {
-  if (itemID_ && !loading_ && !message_ && !paused_) recording_.start(folder);
+  if (isPlaying()) recording_.start(folder);
 }
 
 void Playback::start(const PlayRequest& request) {

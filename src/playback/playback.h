@@ -73,7 +73,9 @@ class Playback final : public QObject {
   Q_INVOKABLE void setSubtitleTrack(int id);  // -1: none
   Q_INVOKABLE void setRate(double rate);
 
-  /// Does nothing unless a source is really playing. Without a folder it is `recordingsFolder`.
+  /// A source is really playing: not opening, paused, ended or failed.
+  bool isPlaying() const { return itemID_ && !loading_ && !message_ && !paused_; }
+  /// Does nothing unless `isPlaying`. Without a folder it is `recordingsFolder`.
   void startRecording(const std::optional<QString>& folder = {});
   Q_INVOKABLE void finishRecording() { recording_.finish(); }
   void refreshRecordings() { recording_.refresh(); }

@@ -1,77 +1,17 @@
 // The program as a process: what it plays at start, and that it ends well whatever it is doing.
 #include <gtest/gtest.h>
 
+#include "program_fixture.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <csignal>
-
-#include "platform/secret_service_store.h"
-#include "provider/provider_account.h"
-#include "provider/service_values.h"
-#include "sim/server.h"
-#include "storage/secure_store.h"
-#include "support/waiting.h"
 
 namespace vantor {
 namespace {
 
 using test::eventually;
 
-sim::Options withStreams() {
-  sim::Options options;
-  options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-  return options;
-}
-
-class ProgramTest : public ::testing::Test {
- protected:
-  sim::Options options = withStreams();
-  sim::Server server{options};
-  QTemporaryDir home;
-  QProcess program;
-  SecretServiceStore credentials;
-  SecureStore secrets{credentials, ServiceValues::ofBuild().bundleIdentifier};
-
-  void TearDown() override {
-    program.kill();
-    program.waitForFinished();
-    secrets.remove(providerItem, {});
-  }
-  void saveAccount() {
-    const ProviderAccount account = ProviderAccount::validated(
-        QStringLiteral("Vantor TV"), QString::fromStdString(server.url()),
-        QString::fromStdString(options.username), QString::fromStdString(options.password));
-    secrets.write(account.toJSON(), providerItem, {});
-  }
-  bool start(const QStringList& arguments = {}) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VANTOR_CONFIG_URL"),
-                       QString::fromStdString(server.configUrl()));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), home.filePath(QStringLiteral("data")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("VANTOR_AUDIO"), QStringLiteral("none"));
-    program.setProcessEnvironment(environment);
-    program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(QStringLiteral(VANTOR_PROGRAM), arguments);
-    return program.waitForStarted();
-  }
-  /// Whether the process has the file open.
-  bool hasOpen(const QString& path) {
-    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(program.processId()));
-    for (const QFileInfo& entry : descriptors.entryInfoList(QDir::Files | QDir::System))
-      if (entry.symLinkTarget() == path) return true;
-    return false;
-  }
-  /// Ends it as the desktop does; how it ended.
-  int quit() {
-    ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
-    if (!program.waitForFinished(20'000)) return -1;
-    return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2;
-  }
-};
+using ProgramTest = test::ProgramFixture;
 
 TEST_F(ProgramTest, QuitsWithAPlayingFile) {
   const QString file = QString::fromStdString(server.mediaPath("movie.mkv"));

@@ -2,76 +2,21 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
-#include "platform/worker.h"
-#include "playback/libvlc_engine.h"
-#include "playback/playback.h"
+#include "engine_fixture.h"
 #include "stream_server.h"
-#include "support/test_media.h"
-#include "support/waiting.h"
 
 namespace vantor {
 namespace {
 
 using namespace test;
-using namespace Qt::StringLiterals;
+
+using EngineTest = EngineFixture;
 
 const std::string kNotOpened =
     "This source could not be opened. It may be offline or your provider may be refusing the "
     "connection.";
 const std::string kEndedEarly = "The source ended before playback could start.";
-
-/// The real engine under the real controller.
-class EngineTest : public ::testing::Test {
- protected:
-  const Settled settled;
-  QTemporaryDir folder;
-  SystemClock clock;
-  Worker worker;
-  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
-  LibVLCEngine engine{frames, false};
-  Playback playback{engine, clock, worker, {.temporary = folder.path()}, false};
-
-  static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
-
-  QString path(const QString& name) const { return folder.filePath(name); }
-
-  QString make(const QString& name, QStringList arguments) {
-    EXPECT_TRUE(makeMedia(arguments, path(name)));
-    return path(name);
-  }
-
-  QString movie(const QString& name, const QString& color = u"red"_s,
-                const QStringList& format = {}) {
-    return make(name, solidColor(color, u"320x180"_s, 3) + tone(3) +
-                          QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-c:a"_s, u"aac"_s} + format);
-  }
-
-  QByteArray bytes(const QString& file) const {
-    QFile source(file);
-    EXPECT_TRUE(source.open(QIODevice::ReadOnly));
-    return source.readAll();
-  }
-
-  void playFile(const QString& file) {
-    playback.play(
-        {.url = QUrl::fromLocalFile(file), .title = u"Film"_s, .id = u"f"_s, .local = true});
-  }
-  void playAddress(const QUrl& address, const QString& agent = u"Agent/1"_s) {
-    playback.play({.url = address, .title = u"Channel"_s, .id = u"c"_s, .agent = agent});
-  }
-  testing::AssertionResult starts() {
-    if (!eventually([&] { return !playback.loading(); }))
-      return testing::AssertionFailure() << "still loading";
-    if (playback.message()) return testing::AssertionFailure() << playback.message()->toStdString();
-    return testing::AssertionSuccess();
-  }
-  std::string failure() {
-    if (!eventually([&] { return playback.message().has_value(); })) return "(none)";
-    return playback.message()->toStdString();
-  }
-};
 
 TEST_F(EngineTest, PlaysEveryContainer) {
   for (const QString& name : {u"a.ts"_s, u"a.mkv"_s, u"a.mp4"_s, u"a.avi"_s, u"a.m3u8"_s}) {
@@ -272,50 +217,6 @@ TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
     engine.play();
     EXPECT_TRUE(eventually([&] { return frames->latest() && engine.status().decodedVideo > 0; }));
   }
-}
-
-TEST_F(EngineTest, RecordsEveryContainerIntoAFileThatPlays) {
-  const QString target = path(u"recordings"_s);
-  for (const QString& name : {u"a.ts"_s, u"a.mp4"_s, u"a.m3u8"_s}) {
-    // `stopping`: the source is stopped, not only its recording.
-    for (const bool stopping : {false, true}) {
-      SCOPED_TRACE(name.toStdString() + (stopping ? " stopping" : ""));
-      playFile(make(name, solidColor(u"red"_s, u"320x180"_s, 10) + tone(10) +
-                              QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s, u"12"_s, u"-c:a"_s,
-                                          u"aac"_s}));
-      ASSERT_TRUE(starts());
-      ASSERT_TRUE(eventually([&] { return engine.status().recordable; }));
-      playback.startRecording(target);
-      ASSERT_TRUE(playback.recording());
-      const std::int64_t begin = engine.status().time;
-      ASSERT_TRUE(eventually([&] { return engine.status().time > begin + 1'500; }));
-      if (stopping)
-        playback.stop();
-      else
-        playback.finishRecording();
-      ASSERT_TRUE(eventually([&] { return !playback.savingRecording(); }));
-      EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
-      const QDir recordings(target);
-      ASSERT_EQ(recordings.entryList(QDir::Files).size(), 1);
-      const QString recorded = recordings.filePath(recordings.entryList(QDir::Files).first());
-      EXPECT_TRUE(recorded.contains(u"/Vantor-"_s));
-      playFile(recorded);
-      EXPECT_TRUE(starts());
-      ASSERT_TRUE(QFile::remove(recorded));
-    }
-  }
-}
-
-TEST_F(EngineTest, RecordingOfASourceThatEndsIsSavedToo) {
-  playFile(movie(u"a.ts"_s));
-  ASSERT_TRUE(starts());
-  ASSERT_TRUE(eventually([&] { return engine.status().recordable; }));
-  playback.startRecording(path(u"recordings"_s));
-  ASSERT_TRUE(playback.recording());
-  ASSERT_TRUE(eventually([&] { return playback.paused(); }));
-  playback.finishRecording();
-  ASSERT_TRUE(eventually([&] { return !playback.savingRecording(); }));
-  EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
 }
 
 TEST_F(EngineTest, HeadlessDecodesWithoutShowing) {

@@ -24,10 +24,10 @@ void StreamServer::answer(QTcpSocket* socket) {
   if (!head.contains("\r\n\r\n")) return;
   socket->readAll();
   requests.append({head.split(' ').value(1), head});
-  socket->write(
-      "HTTP/1.1 200 OK\r\nContent-Type: video/mp2t\r\nConnection: close\r\nContent-Length: " +
-      QByteArray::number(promised < 0 ? body_.size() : promised) + "\r\n\r\n" + body_);
-  socket->disconnectFromHost();
+  socket->write("HTTP/1.1 200 OK\r\nContent-Type: " + type +
+                "\r\nConnection: close\r\nContent-Length: " +
+                QByteArray::number(promised < 0 ? body_.size() : promised) + "\r\n\r\n" + body_);
+  if (!stalls) socket->disconnectFromHost();
 }
 
 }  // namespace vantor::test

@@ -12,7 +12,9 @@ class StreamServer final : public QTcpServer {
 
   QUrl address(const QByteArray& encodedPath) const;
 
-  int promised = -1;  // Content-Length, when it is not the body's
+  int promised = -1;    // Content-Length, when it is not the body's
+  bool stalls = false;  // says nothing more after the body, and does not hang up
+  QByteArray type = "video/mp2t";
   struct Request {
     QByteArray target;
     QByteArray head;

@@ -13,4 +13,13 @@ QStringList solidColor(const QString& color, const QString& size, double seconds
 /// Arguments for a tone.
 QStringList tone(double seconds);
 
+/// What the ffprobe program finds in a media file.
+struct Probed {
+  QStringList pictures;  // codec and size of each video stream, such as "h264 1280x720"
+  QStringList sounds;    // codec of each audio stream
+  double seconds = 0;
+};
+/// Empty when it cannot read the file.
+Probed probe(const QString& file);
+
 }  // namespace vantor::test

@@ -1,0 +1,110 @@
+#include "remote/recording_service.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+
+#include "platform/worker.h"
+#include "playback/playback.h"
+
+namespace vantor {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kPath = u"/tv/vantor/player/Recording"_s;
+const QString kInterface = u"tv.vantor.player.Recording"_s;
+const QString kRefused = u"tv.vantor.player.Recording.Refused"_s;
+
+}  // namespace
+
+RecordingService::RecordingService(Playback& playback) : playback_(playback) {
+  connect(&playback_, &Playback::recordingChanged, this, [this] { announce(u"State"_s, state()); });
+  connect(&playback_, &Playback::recordingNoticeChanged, this,
+          [this] { announce(u"Notice"_s, notice()); });
+}
+
+RecordingService::~RecordingService() {
+  offering_.cancel();
+}
+
+void RecordingService::offer(Worker& worker, const QString& name) {
+  const QPointer<RecordingService> self(this);
+  offering_ = Job::start([self, worker = &worker, name](std::stop_token token) {
+    return connectToBus(self, worker, name, token);
+  });
+}
+
+QCoro::Task<> RecordingService::connectToBus(QPointer<RecordingService> self, Worker* worker,
+                                             QString name, std::stop_token token) {
+  // Only the first use of the bus waits for it.
+  const Pending<Done> connecting = worker->run([] { QDBusConnection::sessionBus(); });
+  co_await connecting;
+  if (!self || token.stop_requested()) co_return;
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  if (bus.isConnected()) self->appear(bus, name);
+}
+
+void RecordingService::appear(const QDBusConnection& bus, const QString& name) {
+  bus_ = bus;
+  bus_->registerObject(
+      kPath, this,
+      QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);
+  // QDBusConnection::registerService waits for the answer.
+  QDBusMessage request =
+      QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                     u"org.freedesktop.DBus"_s, u"RequestName"_s);
+  constexpr uint kDoNotQueue = 4;
+  request << name << kDoNotQueue;
+  bus_->asyncCall(request);
+}
+
+void RecordingService::Start() {
+  if (playback_.recording() || playback_.savingRecording()) {
+    refuse(notice());
+  } else if (!playback_.isPlaying()) {
+    refuse(playback_.message().value_or(u"Only what is playing can be recorded."_s));
+  } else {
+    playback_.startRecording();
+    if (!playback_.recording()) refuse(notice());
+  }
+}
+
+void RecordingService::Stop() {
+  if (!playback_.recording()) {
+    refuse(playback_.savingRecording() ? notice() : u"Nothing is being recorded."_s);
+    return;
+  }
+  playback_.finishRecording();
+  if (!playback_.savingRecording()) refuse(notice());
+}
+
+QStringList RecordingService::ListRecordings() {
+  playback_.refreshRecordings();
+  QStringList paths;
+  for (const QUrl& file : playback_.recordings()) paths.append(file.toLocalFile());
+  return paths;
+}
+
+QString RecordingService::state() const {
+  if (playback_.recording()) return u"recording"_s;
+  return playback_.savingRecording() ? u"saving"_s : u"idle"_s;
+}
+
+QString RecordingService::notice() const {
+  return playback_.recordingNoticeText();
+}
+
+void RecordingService::announce(const QString& property, const QString& value) {
+  if (!bus_) return;
+  QDBusMessage change = QDBusMessage::createSignal(kPath, u"org.freedesktop.DBus.Properties"_s,
+                                                   u"PropertiesChanged"_s);
+  change << kInterface << QVariantMap{{property, value}} << QStringList();
+  bus_->send(change);
+}
+
+void RecordingService::refuse(const QString& reason) {
+  if (calledFromDBus()) sendErrorReply(kRefused, reason);
+}
+
+}  // namespace vantor

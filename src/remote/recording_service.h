@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QCoroTask>
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <optional>
+#include <stop_token>
+
+#include "platform/job.h"
+
+namespace vantor {
+
+class Playback;
+class Worker;
+
+/// Recording as an object of the session bus, for shortcuts and scripts. It tells states, sentences
+/// and names of files, never what is played. Main thread only.
+class RecordingService final : public QObject, protected QDBusContext {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "tv.vantor.player.Recording")
+  Q_PROPERTY(QString State READ state)    // "idle", "recording" or "saving"
+  Q_PROPERTY(QString Notice READ notice)  // the latest sentence about recording, empty before
+
+ public:
+  /// `playback` outlives the object.
+  explicit RecordingService(Playback& playback);
+  ~RecordingService() override;
+
+  /// Offers the object under the bus name `name`, from some time later on. Without a session bus,
+  /// or while another program has the name, nothing happens. `worker` waits for the bus.
+  void offer(Worker& worker, const QString& name);
+
+ public Q_SLOTS:
+  // As D-Bus writes methods. What was not done is answered with an error that says why.
+  Q_SCRIPTABLE void Start();
+  Q_SCRIPTABLE void Stop();
+  /// Paths of the recordings, the newest first.
+  Q_SCRIPTABLE QStringList ListRecordings();
+
+ private:
+  static QCoro::Task<> connectToBus(QPointer<RecordingService> self, Worker* worker, QString name,
+                                    std::stop_token token);
+
+  QString state() const;
+  QString notice() const;
+  void appear(const QDBusConnection& bus, const QString& name);
+  void announce(const QString& property, const QString& value);
+  void refuse(const QString& reason);
+
+  Playback& playback_;
+  std::optional<QDBusConnection> bus_;
+  Job offering_;
+};
+
+}  // namespace vantor

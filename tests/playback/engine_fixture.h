@@ -1,0 +1,73 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/worker.h"
+#include "playback/libvlc_engine.h"
+#include "playback/playback.h"
+#include "support/test_media.h"
+#include "support/waiting.h"
+
+namespace vantor::test {
+
+using namespace Qt::StringLiterals;
+
+/// The real engine under the real controller.
+class EngineFixture : public ::testing::Test {
+ protected:
+  const Settled settled;
+  QTemporaryDir folder;
+  SystemClock clock;
+  Worker worker;
+  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
+  LibVLCEngine engine{frames, false};
+  Playback playback{engine,
+                    clock,
+                    worker,
+                    {.applicationSupport = path(u"it's my \"data\""_s), .temporary = folder.path()},
+                    false};
+
+  static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
+
+  QString path(const QString& name) const { return folder.filePath(name); }
+
+  QString make(const QString& name, QStringList arguments) {
+    EXPECT_TRUE(makeMedia(arguments, path(name)));
+    return path(name);
+  }
+
+  QString movie(const QString& name, const QString& color = u"red"_s,
+                const QStringList& format = {}) {
+    return make(name, solidColor(color, u"320x180"_s, 3) + tone(3) +
+                          QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-c:a"_s, u"aac"_s} + format);
+  }
+
+  QByteArray bytes(const QString& file) const {
+    QFile source(file);
+    EXPECT_TRUE(source.open(QIODevice::ReadOnly));
+    return source.readAll();
+  }
+
+  void playFile(const QString& file) {
+    playback.play(
+        {.url = QUrl::fromLocalFile(file), .title = u"Film"_s, .id = u"f"_s, .local = true});
+  }
+  void playAddress(const QUrl& address, const QString& agent = u"Agent/1"_s) {
+    playback.play({.url = address, .title = u"Channel"_s, .id = u"c"_s, .agent = agent});
+  }
+  testing::AssertionResult starts() {
+    if (!eventually([&] { return !playback.loading(); }))
+      return testing::AssertionFailure() << "still loading";
+    if (playback.message()) return testing::AssertionFailure() << playback.message()->toStdString();
+    return testing::AssertionSuccess();
+  }
+  std::string failure() {
+    if (!eventually([&] { return playback.message().has_value(); })) return "(none)";
+    return playback.message()->toStdString();
+  }
+};
+
+}  // namespace vantor::test

@@ -1,0 +1,131 @@
+// Calls the object over the D-Bus session bus that the tests run in, from a connection of its own.
+#include "remote/recording_service.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingReply>
+#include <QUuid>
+
+#include "playback/playback_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+const QString kPath = u"/tv/vantor/player/Recording"_s;
+const QString kInterface = u"tv.vantor.player.Recording"_s;
+const QString kProperties = u"org.freedesktop.DBus.Properties"_s;
+
+class Changes final : public QObject {
+  Q_OBJECT
+ public:
+  QStringList seen;
+ public Q_SLOTS:
+  void note(const QString& interface, const QVariantMap& changed, const QStringList&) {
+    if (interface != kInterface) return;
+    for (auto [name, value] : changed.asKeyValueRange())
+      seen.append(name + u": "_s + value.toString());
+  }
+};
+
+class RecordingServiceTest : public PlaybackFixture {
+ protected:
+  // Of each test its own: the bus knows the last one's until it is told otherwise.
+  const QString name = u"tv.vantor.player.test"_s + QUuid::createUuid().toString(QUuid::Id128);
+  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+  RecordingService service{playback};
+  Changes changes;
+
+  ~RecordingServiceTest() override { QDBusConnection::disconnectFromBus(name); }
+
+  void SetUp() override {
+    PlaybackFixture::SetUp();
+    ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
+    service.offer(worker, name);
+    ASSERT_TRUE(
+        eventually([this] { return owner() == QDBusConnection::sessionBus().baseService(); }));
+    client.connect(name, kPath, kProperties, u"PropertiesChanged"_s, &changes,
+                   SLOT(note(QString, QVariantMap, QStringList)));
+  }
+
+  QDBusMessage answer(const QDBusMessage& message) {
+    const QDBusPendingCall call = client.asyncCall(message);
+    EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
+    return QDBusPendingReply<>(call).reply();
+  }
+  QString owner() {
+    return answer(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
+                                                 u"org.freedesktop.DBus"_s, u"GetNameOwner"_s)
+                  << name)
+        .arguments()
+        .value(0)
+        .toString();
+  }
+  /// What the call returned, or the error and its sentence.
+  QString call(const QString& method) {
+    const QDBusMessage reply =
+        answer(QDBusMessage::createMethodCall(name, kPath, kInterface, method));
+    if (reply.type() == QDBusMessage::ErrorMessage)
+      return reply.errorName().section(u'.', -1) + u": "_s + reply.errorMessage();
+    return reply.arguments().value(0).toStringList().join(u' ');
+  }
+};
+
+TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
+  openPlaying(channel(u"1"_s));
+  engine.now.recordable = true;
+  EXPECT_EQ(call(u"Start"_s), QString());
+  EXPECT_TRUE(playback.recording());
+  EXPECT_EQ(call(u"Start"_s),
+            u"Refused: Recording the current video. Stop recording before changing sources."_s);
+  EXPECT_EQ(call(u"Stop"_s), QString());
+  EXPECT_EQ(call(u"Stop"_s), u"Refused: Saving recording…"_s);
+  EXPECT_EQ(call(u"Start"_s), u"Refused: Saving recording…"_s);
+  QFile file(playback.recordingsFolder() + u"/engine.ts"_s);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("x");
+  file.close();
+  engine.onRecordingStopped(file.fileName());
+
+  ASSERT_EQ(playback.recordings().size(), 1);
+  EXPECT_EQ(call(u"ListRecordings"_s), playback.recordings().first().toLocalFile());
+  ASSERT_TRUE(QFile::remove(playback.recordings().first().toLocalFile()));
+  EXPECT_EQ(call(u"ListRecordings"_s), QString()) << "looks again every time";
+  EXPECT_TRUE(eventually([&] { return changes.seen.size() == 6; }));
+  EXPECT_EQ(changes.seen,
+            (QStringList{u"State: recording"_s,
+                         u"Notice: Recording the current video. Stop recording before changing "
+                         "sources."_s,
+                         u"State: saving"_s, u"Notice: Saving recording…"_s, u"State: idle"_s,
+                         u"Notice: Recording saved."_s}));
+  const QVariantMap all = qdbus_cast<QVariantMap>(
+      answer(QDBusMessage::createMethodCall(name, kPath, kProperties, u"GetAll"_s) << kInterface)
+          .arguments()
+          .value(0));
+  EXPECT_EQ(all, (QVariantMap{{u"State"_s, u"idle"_s}, {u"Notice"_s, u"Recording saved."_s}}));
+}
+
+TEST_F(RecordingServiceTest, RefusesWithTheReason) {
+  const QString notPlaying = u"Refused: Only what is playing can be recorded."_s;
+  EXPECT_EQ(call(u"Start"_s), notPlaying);
+  EXPECT_EQ(call(u"Stop"_s), u"Refused: Nothing is being recorded."_s);
+  openPlaying(channel(u"1"_s));
+  EXPECT_EQ(call(u"Start"_s), u"Refused: This source does not support recording."_s);
+  playback.togglePause();
+  EXPECT_EQ(call(u"Start"_s), notPlaying);
+  engine.now.state = EngineState::error;
+  clock.advance(250ms);
+  EXPECT_EQ(call(u"Start"_s), u"Refused: "_s + playback.messageText());
+
+  openPlaying(channel(u"2"_s));
+  engine.now.recordable = true;
+  EXPECT_EQ(call(u"Start"_s), QString());
+  engine.recordingStops = false;
+  EXPECT_EQ(call(u"Stop"_s),
+            u"Refused: Recording could not be finalized. Check the recording folder."_s);
+}
+
+}  // namespace
+}  // namespace vantor
+
+#include "recording_service_test.moc"
