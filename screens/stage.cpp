@@ -28,6 +28,12 @@ sim::Options withMedia(sim::Options options) {
   return options;
 }
 
+QQuickWindow* openWindow() {
+  for (QWindow* window : QGuiApplication::topLevelWindows())
+    if (window->isVisible()) return qobject_cast<QQuickWindow*>(window);
+  return nullptr;
+}
+
 void forgetAccount() {
   SecretServiceStore desktop;
   const SecureStore secrets(desktop, ServiceValues::ofBuild().bundleIdentifier);
@@ -43,9 +49,8 @@ Stage::Stage(Album& album, sim::Options options, const LaunchArguments& launch)
   qputenv("XDG_CONFIG_HOME", QFile::encodeName(home_.filePath(u"config"_s)));
   qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server_.configUrl()));
   program_ = std::make_unique<Program>(launch);
-  if (!program_->open()) throw std::runtime_error("the window cannot be opened");
-  for (QWindow* window : QGuiApplication::topLevelWindows())
-    if (auto* found = qobject_cast<QQuickWindow*>(window)) window_ = found;
+  program_->open();
+  until("the window", [&] { return (window_ = openWindow()) != nullptr; });
   views_ = window_->property("views").value<Views*>();
   if (!QTest::qWaitForWindowExposed(window_, kPatience))
     throw std::runtime_error("the window does not appear");

@@ -41,6 +41,6 @@ int main(int argc, char** argv) {
   QQuickStyle::setStyle(QStringLiteral("Basic"));
   vantor::Program program(vantor::LaunchArguments::read(
       QGuiApplication::arguments(), vantor::ServiceValues::ofBuild().bundleIdentifier));
-  if (!program.open()) return 1;
+  program.open();
   return QGuiApplication::exec();
 }

@@ -52,15 +52,26 @@ Program::Program(const LaunchArguments& launch)
 
 Program::~Program() = default;
 
-bool Program::open() {
+void Program::open() {
   qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-  qml_.setInitialProperties({{QStringLiteral("views"), QVariant::fromValue(&views_)},
-                             {QStringLiteral("visible"), false}});
-  qml_.load(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")));
-  window_ = qobject_cast<QQuickWindow*>(qml_.rootObjects().value(0));
-  if (!window_) return false;
+  component_.loadUrl(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")),
+                     QQmlComponent::Asynchronous);
+  connect(&component_, &QQmlComponent::statusChanged, this, &Program::makeWindow);
+  // The first window of a process looks for a graphics driver, which takes as long as QML takes to
+  // read its files on the other thread.
+  const QQuickWindow first;
+}
+
+void Program::makeWindow() {
+  window_.reset(qobject_cast<QQuickWindow*>(component_.createWithInitialProperties(
+      {{QStringLiteral("views"), QVariant::fromValue(&views_)},
+       {QStringLiteral("visible"), false}})));
+  if (!window_) {
+    qCritical().noquote() << component_.errorString();
+    QCoreApplication::exit(1);
+    return;
+  }
   startUp();
-  return true;
 }
 
 void Program::startUp() {
@@ -95,7 +106,7 @@ void Program::showWindow() {
   window_->requestActivate();
   // libVLC looks through its plugins, which would hold up the first picture of the window.
   connect(
-      window_, &QQuickWindow::frameSwapped, this,
+      window_.get(), &QQuickWindow::frameSwapped, this,
       [this] {
         engine_.warmUp();
         recordingService_.offer(worker_, values_.bundleIdentifier);

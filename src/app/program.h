@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
 #include <memory>
 
 #include "app/app_delegate.h"
@@ -21,8 +23,6 @@
 #include "ui/dialog_file_panel.h"
 #include "ui/views.h"
 
-class QQuickWindow;
-
 namespace vantor {
 
 /// The composition root: every part of the program, made in the order in which they need each
@@ -34,10 +34,11 @@ class Program final : public QObject {
   explicit Program(const LaunchArguments& launch);
   ~Program() override;
 
-  /// Opens the window; false when it could not be made.
-  bool open();
+  /// Opens the window, soon; ends the event loop with status 1 when it cannot be made.
+  void open();
 
  private:
+  void makeWindow();
   void startUp();
   void showWindowWhenReady();
   void showWindow();
@@ -64,8 +65,9 @@ class Program final : public QObject {
   Views views_;
   AppDelegate delegate_;
   TerminationSignals signals_;
-  QQmlApplicationEngine qml_;
-  QQuickWindow* window_ = nullptr;
+  QQmlEngine qml_;
+  QQmlComponent component_{&qml_};
+  std::unique_ptr<QQuickWindow> window_;
   bool windowShown_ = false;
 };
 

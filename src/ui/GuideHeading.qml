@@ -23,11 +23,15 @@ ColumnLayout {
             color: Style.mint
         }
 
-        Spinner {
-            visible: heading.line.loading
-            Accessible.ignored: false
-            Accessible.role: Accessible.Animation
-            Accessible.name: qsTr("Loading")
+        OnDemand {
+            visible: wanted
+            wanted: heading.line.loading
+
+            sourceComponent: Spinner {
+                Accessible.ignored: false
+                Accessible.role: Accessible.Animation
+                Accessible.name: qsTr("Loading")
+            }
         }
 
         StyledText {

@@ -86,17 +86,20 @@ Item {
             maximumLineCount: 1
         }
 
-        Icon {
+        Loader {
             id: playing
             anchors.right: parent.right
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            width: visible ? 22 : 0
-            visible: row.isPlaying
-            symbol: "play.fill"
-            size: 18
-            horizontalAlignment: Text.AlignRight
-            color: row.isSelected ? Style.canvas : Style.mint
+            width: active ? 22 : 0
+            active: row.isPlaying
+
+            sourceComponent: Icon {
+                symbol: "play.fill"
+                size: 18
+                horizontalAlignment: Text.AlignRight
+                color: row.isSelected ? Style.canvas : Style.mint
+            }
         }
     }
 

@@ -49,11 +49,15 @@ Item {
             image: panel.player.heldFrame
         }
 
-        LoadingStrip {
+        OnDemand {
             anchors.bottom: parent.bottom
             width: parent.width
-            visible: panel.player.loading && panel.player.holdingFrame
-            text: panel.player.openingText
+            visible: wanted
+            wanted: panel.player.loading && panel.player.holdingFrame
+
+            sourceComponent: LoadingStrip {
+                text: panel.player.openingText
+            }
         }
 
         OnDemand {

@@ -59,24 +59,28 @@ ColumnLayout {
         wrapMode: Text.Wrap
     }
 
-    RowLayout {
+    OnDemand {
         Layout.topMargin: 6
-        visible: panel.channels.channelSelected
-        spacing: Style.gap
+        visible: wanted
+        wanted: panel.channels.channelSelected
 
-        TVButton {
-            text: "Watch channel"
-            selected: true
-            onClicked: panel.channels.watch()
-        }
+        sourceComponent: Row {
+            spacing: Style.gap
 
-        TVButton {
-            symbol: panel.channels.bookmarkSymbol
-            Accessible.name: "Add / remove from My list"
-            ToolTip.text: "Add / remove from My list"
-            ToolTip.visible: hovered
-            ToolTip.delay: 700
-            onClicked: panel.channels.toggleBookmark()
+            TVButton {
+                text: "Watch channel"
+                selected: true
+                onClicked: panel.channels.watch()
+            }
+
+            TVButton {
+                symbol: panel.channels.bookmarkSymbol
+                Accessible.name: "Add / remove from My list"
+                ToolTip.text: "Add / remove from My list"
+                ToolTip.visible: hovered
+                ToolTip.delay: 700
+                onClicked: panel.channels.toggleBookmark()
+            }
         }
     }
 

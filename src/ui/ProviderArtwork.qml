@@ -12,8 +12,8 @@ Rectangle {
     property string name: ""
     // Off while the item waits in a view's pool.
     property bool active: true
+    readonly property int symbolSize: Math.max(1, Math.min(38, width / 4))
 
-    clip: true
     gradient: Gradient {
         orientation: Gradient.Vertical
         GradientStop {
@@ -26,32 +26,49 @@ Rectangle {
         }
     }
 
-    Column {
+    Loader {
         anchors.centerIn: parent
         width: parent.width
-        visible: !picture.hasImage
-        spacing: 14
+        active: !picture.hasImage
+        sourceComponent: artwork.height > 90 && artwork.name !== "" ? symbolAndName : symbolAlone
 
-        Icon {
-            anchors.horizontalCenter: parent.horizontalCenter
-            symbol: artwork.symbol
-            size: Math.max(1, Math.min(38, artwork.width / 4))
-            color: Style.mint
+        Component {
+            id: symbolAlone
+
+            Icon {
+                symbol: artwork.symbol
+                size: artwork.symbolSize
+                color: Style.mint
+            }
         }
 
-        Text {
-            width: parent.width
-            visible: artwork.height > 90 && artwork.name !== ""
-            leftPadding: 10
-            rightPadding: 10
-            text: artwork.name
-            textFormat: Text.PlainText
-            font: Style.headline
-            color: Style.focusWhite
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            maximumLineCount: 4
-            elide: Text.ElideRight
+        Component {
+            id: symbolAndName
+
+            Column {
+                spacing: 14
+
+                Icon {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    symbol: artwork.symbol
+                    size: artwork.symbolSize
+                    color: Style.mint
+                }
+
+                Text {
+                    width: parent.width
+                    leftPadding: 10
+                    rightPadding: 10
+                    text: artwork.name
+                    textFormat: Text.PlainText
+                    font: Style.headline
+                    color: Style.focusWhite
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 4
+                    elide: Text.ElideRight
+                }
+            }
         }
     }
 

@@ -8,6 +8,7 @@ FocusScope {
 
     required property Views views
     required property WindowActions window
+    required property bool appeared
 
     // The keys that nothing below took.
     Keys.onEscapePressed: views.shell.escape()
@@ -19,6 +20,7 @@ FocusScope {
         height: parent.height
         shell: screen.views.shell
         window: screen.window
+        showsBrand: screen.appeared
         onChosen: content.forceActiveFocus(Qt.OtherFocusReason)
     }
 
@@ -37,13 +39,17 @@ FocusScope {
             onDone: content.forceActiveFocus(Qt.OtherFocusReason)
         }
 
-        NoticeBanner {
+        OnDemand {
             id: notice
             anchors.top: header.bottom
             width: parent.width
-            height: visible ? implicitHeight : 0
-            text: screen.views.shell.notice
-            onDismissed: screen.views.shell.clearNotice()
+            height: wanted ? implicitHeight : 0
+            wanted: screen.views.shell.notice !== ""
+
+            sourceComponent: NoticeBanner {
+                text: screen.views.shell.notice
+                onDismissed: screen.views.shell.clearNotice()
+            }
         }
 
         Loader {

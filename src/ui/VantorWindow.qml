@@ -8,6 +8,8 @@ ApplicationWindow {
     id: window
 
     required property Views views
+    // Whether the first frame is on the screen; what it can do without comes after it.
+    property bool appeared: false
 
     title: "Vantor Player"
     width: Math.min(1320, Math.max(minimumWidth, Screen.desktopAvailableWidth))
@@ -29,6 +31,15 @@ ApplicationWindow {
     palette.highlight: Style.mint
     palette.highlightedText: Style.canvas
 
+    Connections {
+        target: window
+        enabled: !window.appeared
+
+        function onFrameSwapped() {
+            window.appeared = true;
+        }
+    }
+
     WindowActions {
         id: actions
         window: window
@@ -40,11 +51,21 @@ ApplicationWindow {
         focus: true
         views: window.views
         window: actions
+        appeared: window.appeared
     }
 
     WindowFrame {
         anchors.fill: parent
         window: actions
+        resizable: window.appeared
+    }
+
+    Loader {
+        active: window.appeared
+
+        sourceComponent: CommandShortcuts {
+            commands: window.views.menu
+        }
     }
 
     // The dialogs of the toolkit are loaded when the first one is wanted.

@@ -37,10 +37,14 @@ PersistentVideoOverlay {
         }
     }
 
-    LoadingStrip {
+    OnDemand {
         width: parent.width
         y: parent.height - 38 - height / 2
-        visible: overlay.area && overlay.player.loading && !overlay.player.holdingFrame
-        text: overlay.player.openingText
+        visible: wanted
+        wanted: overlay.area && overlay.player.loading && !overlay.player.holdingFrame
+
+        sourceComponent: LoadingStrip {
+            text: overlay.player.openingText
+        }
     }
 }

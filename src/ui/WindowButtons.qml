@@ -53,8 +53,4 @@ Row {
         sequence: "F10"
         onActivated: menu.toggle()
     }
-
-    CommandShortcuts {
-        commands: buttons.commands
-    }
 }

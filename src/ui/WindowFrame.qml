@@ -7,6 +7,7 @@ Item {
     id: frame
 
     required property WindowActions window
+    property bool resizable: true
     readonly property int grip: 6
 
     visible: !window.maximized
@@ -18,7 +19,7 @@ Item {
     }
 
     Repeater {
-        model: [
+        model: !frame.resizable ? [] : [
             { edges: Qt.LeftEdge, shape: Qt.SizeHorCursor },
             { edges: Qt.RightEdge, shape: Qt.SizeHorCursor },
             { edges: Qt.TopEdge, shape: Qt.SizeVerCursor },
