@@ -1,0 +1,133 @@
+// Scrolling the channel guide and the poster grid fast, beside lists of plain rectangles of the
+// same geometry. Needs a display and a secret service of its own.
+#include <QtQml/qqmlextensionplugin.h>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTest>
+#include <algorithm>
+#include <atomic>
+
+#include "measure.h"
+#include "screens/stage.h"
+
+Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+
+namespace vantor::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int frames = 300;
+constexpr double step = 90;  // of the content, each frame: 5,400 a second
+constexpr double frameTime = 16.7;
+
+/// What each frame took: on the main thread, making rows and handing them to the scene graph; then
+/// drawing.
+struct Scroll {
+  Times prepared;
+  Times drawn;
+  double typicalFrame() const { return prepared.median() + drawn.median(); }
+};
+
+QQuickItem* viewIn(QQuickItem* item) {
+  if (item->isVisible() && item->width() > 500 && item->height() > 300 &&
+      (item->inherits("QQuickListView") || item->inherits("QQuickGridView")))
+    return item;
+  for (QQuickItem* child : item->childItems())
+    if (QQuickItem* found = viewIn(child)) return found;
+  return nullptr;
+}
+
+Scroll scroll(QQuickWindow& window, QQuickItem& view) {
+  QElapsedTimer timer;
+  std::atomic<qint64> begun = 0;
+  std::atomic<qint64> handingOver = 0;
+  std::atomic<qint64> drawing = 0;
+  std::atomic<int> shown = 0;
+  QObject context;
+  const auto on = [&](auto signal, auto action) {
+    QObject::connect(&window, signal, &context, action, Qt::DirectConnection);
+  };
+  on(&QQuickWindow::afterAnimating, [&] { begun = timer.nsecsElapsed(); });
+  on(&QQuickWindow::afterSynchronizing, [&] {
+    handingOver = timer.nsecsElapsed() - begun;
+    begun = timer.nsecsElapsed();
+  });
+  on(&QQuickWindow::afterRendering, [&] { drawing = timer.nsecsElapsed() - begun; });
+  on(&QQuickWindow::frameSwapped, [&] { ++shown; });
+  Scroll result;
+  timer.start();
+  using Milliseconds = std::chrono::duration<double, std::milli>;
+  for (int i = 0; i < frames; ++i) {
+    const int before = shown;
+    const qint64 start = timer.nsecsElapsed();
+    view.setProperty("contentY", view.property("contentY").toDouble() + step);
+    const qint64 moved = timer.nsecsElapsed() - start;
+    if (!QTest::qWaitFor([&] { return shown > before; }, 5000)) break;
+    result.prepared.add(Milliseconds(static_cast<double>(moved + handingOver) / 1e6));
+    result.drawn.add(Milliseconds(static_cast<double>(drawing) / 1e6));
+  }
+  return result;
+}
+
+Scroll scrollScreen(screens::Stage& stage) {
+  stage.settle();
+  QQuickItem& view = *viewIn(stage.window().contentItem());
+  // The first rows in a writing system make Qt look for a font that has it.
+  scroll(stage.window(), view);
+  return scroll(stage.window(), view);
+}
+
+/// `view` is the QML of a list or grid that takes the place of ours in a window of the same size.
+Scroll scrollPlain(const QByteArray& view) {
+  QQmlApplicationEngine engine;
+  engine.loadData(
+      "import QtQuick\nimport QtQuick.Window\n"
+      "Window { width: 1320; height: 820; visible: true; color: '#10171B'; " +
+      view + " }");
+  auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+  if (!window || !QTest::qWaitForWindowExposed(window)) return {};
+  return scroll(*window, *viewIn(window->contentItem()));
+}
+
+void report(const std::string& what, const Scroll& ours, const Scroll& plain) {
+  row(what + ": main thread, slowest frame", milliseconds(ours.prepared.worst()),
+      "rectangles " + milliseconds(plain.prepared.worst()), milliseconds(frameTime),
+      ours.prepared.worst() <= frameTime);
+  row(what + ": whole frame, typical", milliseconds(ours.typicalFrame()),
+      "rectangles " + milliseconds(plain.typicalFrame()), milliseconds(frameTime),
+      ours.typicalFrame() <= frameTime);
+}
+
+}  // namespace
+}  // namespace vantor::bench
+
+int main(int argc, char** argv) {
+  const QGuiApplication application(argc, argv);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  using namespace vantor;
+  using namespace vantor::bench;
+  const Scroll plainList = scrollPlain(
+      "ListView { x: 220; y: 120; width: 709; height: 660; clip: true; reuseItems: true; "
+      "spacing: 6; model: 2500; delegate: Item { width: 709; height: 44; "
+      "Rectangle { width: 275; height: 44; radius: 5; color: '#1F292E' } "
+      "Rectangle { x: 285; width: 207; height: 44; radius: 5; color: '#1B2429' } "
+      "Rectangle { x: 502; width: 207; height: 44; radius: 5; color: '#1A2327' } } }");
+  const Scroll plainGrid = scrollPlain(
+      "GridView { x: 398; y: 340; width: 900; height: 440; clip: true; reuseItems: true; "
+      "cellWidth: 225; cellHeight: 262; model: 2500; delegate: Item { width: 225; height: 262; "
+      "Rectangle { width: 209; height: 242; radius: 5; color: '#1F292E' } } }");
+  screens::Album album;
+  screens::Stage stage(album, {.channels = 100'000, .movies = 80'000, .streams = false});
+  stage.signIn();
+  report("scrolling 100,000 channels", scrollScreen(stage), plainList);
+  stage.show(QStringLiteral("movies"));
+  report("scrolling 80,000 movies", scrollScreen(stage), plainGrid);
+  return 0;
+}
