@@ -155,6 +155,9 @@ class Player:
                 continue
         return None
 
+    def value(self, node):
+        return node.queryValue().currentValue
+
     # What a person does
 
     def type(self, text):
@@ -164,6 +167,28 @@ class Player:
         for key in keys:
             run("xdotool", "key", "--delay", "30", key)
             time.sleep(0.08)
+
+    def tab_to(self, name):
+        """Presses Tab until the control of that name has the focus."""
+        for _ in range(60):
+            focused = self.focused()
+            if focused and focused.name == name:
+                return
+            self.press("Tab")
+        raise Failed(f'Tab does not reach "{name}"')
+
+    def tab_round(self):
+        """Presses Tab until the focus is where it was; the names that it passed."""
+        start = self.wait("the focus", self.focused)
+        first = start.name, self.box(start)
+        names = []
+        for _ in range(60):
+            self.press("Tab")
+            focused = self.wait("the focus", self.focused)
+            names.append(focused.name)
+            if (focused.name, self.box(focused)) == first:
+                return names
+        raise Failed(f"Tab does not come back: {names}")
 
     def point(self, node, clicks=1, button=1):
         x, y, width, height = self.box(node)

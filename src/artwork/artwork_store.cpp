@@ -65,6 +65,7 @@ QCoro::Task<QImage> ArtworkStore::load(std::shared_ptr<State> state, QUrl addres
   } catch (...) {
     // All failures look the same: there is no picture.
   }
+  if (token.stop_requested()) co_return QImage();
   if (!image.isNull()) state->store(address, image);
   co_return image;
 }

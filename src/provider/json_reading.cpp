@@ -194,7 +194,10 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
 }
 
 std::optional<double> decimalNumber(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return std::nullopt;
+  }
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (text.empty() || error != std::errc() || end != text.data() + text.size() ||

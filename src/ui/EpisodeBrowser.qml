@@ -25,6 +25,15 @@ FocusScope {
         episodes: browser.episodes
     }
 
+    StyledText {
+        anchors.right: season.left
+        anchors.rightMargin: Style.gap
+        anchors.verticalCenter: season.verticalCenter
+        text: season.name
+        color: Style.secondary
+        Accessible.ignored: true
+    }
+
     Column {
         id: texts
         x: Style.inset

@@ -98,7 +98,7 @@ Item {
                 symbol: "play.fill"
                 size: 18
                 horizontalAlignment: Text.AlignRight
-                color: row.isSelected ? Style.canvas : Style.mint
+                color: row.ink
             }
         }
     }

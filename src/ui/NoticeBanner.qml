@@ -16,7 +16,7 @@ Rectangle {
     StyledText {
         id: label
         anchors.left: parent.left
-        anchors.leftMargin: Style.inset
+        anchors.leftMargin: 12
         anchors.right: close.left
         anchors.rightMargin: Style.gap
         anchors.verticalCenter: parent.verticalCenter

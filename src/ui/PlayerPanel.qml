@@ -60,6 +60,13 @@ Item {
             }
         }
 
+        RoundedFrame {
+            innerRadius: area.radius
+            thickness: 3
+            border.color: Style.canvas
+            visible: panel.player.holdingFrame
+        }
+
         OnDemand {
             anchors.centerIn: parent
             width: Math.min(400, parent.width - 16)

@@ -17,7 +17,6 @@ Item {
     readonly property real border: 3
 
     signal chosen(int row)
-    signal opened(int row)
     signal menuRequested(int row, point place)
 
     implicitHeight: 242
@@ -93,12 +92,6 @@ Item {
     FocusRing {
         shown: card.focused
         cornerRadius: Style.radius + card.border
-    }
-
-    TapHandler {
-        onPressedChanged: if (pressed)
-            card.chosen(card.index)
-        onDoubleTapped: card.opened(card.index)
     }
 
     TapHandler {

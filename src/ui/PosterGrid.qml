@@ -79,6 +79,15 @@ FocusScope {
             area.view.settledOn(indexAt(cellWidth / 2, contentY + height / 2));
         }
 
+        // On the grid, not on its cards: the first click of two moves the cards under the pointer.
+        TapHandler {
+            onSingleTapped: eventPoint => {
+                grid.forceActiveFocus(Qt.MouseFocusReason);
+                area.view.choose(grid.indexAt(eventPoint.position.x, eventPoint.position.y));
+            }
+            onDoubleTapped: area.shell.activateSelection()
+        }
+
         Component.onCompleted: area.view.restorePosition()
         onMovementEnded: settle()
         onHeightChanged: area.view.restorePosition()
@@ -91,7 +100,7 @@ FocusScope {
                 if (row >= 0)
                     grid.positionViewAtIndex(row, GridView.Center);
                 else
-                    grid.positionViewAtBeginning();
+                    grid.contentY = grid.originY - grid.topMargin;
             }
         }
 
@@ -124,11 +133,7 @@ FocusScope {
                 isFavorite: cell.isFavorite
                 store: area.artwork
                 focused: grid.activeFocus && area.view.keyRow === cell.index
-                onChosen: row => {
-                    grid.forceActiveFocus(Qt.MouseFocusReason);
-                    area.view.choose(row);
-                }
-                onOpened: row => area.shell.openRow(row)
+                onChosen: row => area.view.choose(row)
                 onMenuRequested: (row, place) => area.openMenu(row, card, place.x, place.y)
             }
         }

@@ -66,7 +66,6 @@ Rectangle {
                 symbol: modelData.symbol
                 font: Style.font(16)
                 textAlignment: Text.AlignLeft
-                plainColor: "transparent"
                 selected: sidebar.shell.section === modelData.section
                 Accessible.selectable: true
                 Accessible.selected: selected

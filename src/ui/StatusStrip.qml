@@ -44,8 +44,7 @@ Rectangle {
     StyledText {
         x: Style.inset
         width: parent.width - 2 * Style.inset
-        anchors.top: parent.bottom
-        anchors.topMargin: -4
+        anchors.bottom: parent.bottom
         visible: text !== ""
         text: strip.line.error
         font: Style.caption

@@ -27,12 +27,9 @@ PersistentVideoOverlay {
         }
 
         // The picture has square corners, the area under it round ones.
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: -3
-            radius: 4 + 3
-            color: "transparent"
-            border.width: 3
+        RoundedFrame {
+            innerRadius: 4
+            thickness: 3
             border.color: Style.canvas
         }
     }

@@ -46,6 +46,7 @@ TVShell::TVShell(AppModel& model, QObject* parent)
   connect(this, &TVShell::sectionChanged, this, &TVShell::selectedNameChanged);
   connect(&model, &AppModel::accountChanged, this, &TVShell::accountChanged);
   connect(&model, &AppModel::demoChanged, this, &TVShell::accountChanged);
+  connect(&model, &AppModel::accountChanged, this, &TVShell::refreshEnabledChanged);
   connect(&model, &AppModel::demoChanged, this, &TVShell::refreshEnabledChanged);
   connect(&model, &AppModel::loadingChanged, this, &TVShell::refreshEnabledChanged);
   connect(&model, &AppModel::searchChanged, this, &TVShell::searchChanged);
@@ -107,7 +108,7 @@ bool TVShell::refreshOffered() const {
 
 bool TVShell::refreshEnabled() const {
   const auto kind = model_.kind();
-  return kind && !model_.demo() && !model_.loading().contains(*kind);
+  return kind && model_.account() && !model_.demo() && !model_.loading().contains(*kind);
 }
 
 QString TVShell::notice() const {
