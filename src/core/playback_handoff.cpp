@@ -47,6 +47,7 @@ void AppModel::play(const MediaItem& item) {
   request.title = item.name;
   request.id = item.id;
   request.agent = account_->userAgent;
+  request.live = live;
   const QList<double> record = progress_.value(item.id);
   if (!live && !record.isEmpty()) request.resume = record.first();
   playback_->play(request);

@@ -54,7 +54,8 @@ void Playback::retry() {
          .title = title_,
          .id = itemID_.value_or(u"retry"_s),
          .agent = currentAgent_,
-         .local = isLocal_});
+         .local = isLocal_,
+         .live = live_});
 }
 
 void Playback::restart() {
@@ -115,6 +116,7 @@ void Playback::start(const PlayRequest& request) {
   setIsLocal(request.local);
   currentURL_ = request.url;
   currentAgent_ = request.agent;
+  live_ = request.live;
   resumeApplied_ = false;
   const QPointer<Playback> self(this);
   loadTask_ = Job::start([self, ticket, takeStill, request](std::stop_token token) {

@@ -27,6 +27,7 @@ struct PlayRequest {
   QString id;          // key under which progress is reported
   QString agent;       // HTTP User-Agent
   bool local = false;  // a file chosen from disk
+  bool live = false;   // a broadcast: without a length, whatever the engine takes for one
   double resume = 0;   // seconds
 };
 
@@ -165,6 +166,7 @@ class Playback final : public QObject {
 
   std::optional<QUrl> currentURL_;  // with currentAgent_, kept for retry
   QString currentAgent_;
+  bool live_ = false;      // likewise
   Ticket generation_ = 0;  // openings and stops so far; a task's copy of it tells when it is stale
   bool resumeApplied_ = false;
 

@@ -67,7 +67,7 @@ Playback::Watch Playback::tick(Ticket ticket, SteadyTime begin, double resume) {
     return Watch::over;
   }
   transport_.setSeconds(wholeTime(status.time));
-  transport_.setDuration(wholeTime(status.length));
+  transport_.setDuration(live_ ? 0 : wholeTime(status.length));
   transport_.setSeekable(status.seekable && transport_.duration() > 0);
   applyResume(resume);
   transport_.setAudio(status.audioTracks);

@@ -185,14 +185,19 @@ TEST_F(EngineTest, ListsAndChoosesTracks) {
 }
 
 TEST_F(EngineTest, HoldsTheLastPictureOfThePreviousSource) {
-  playFile(movie(u"red.mkv"_s));
-  ASSERT_TRUE(starts());
+  const QString first = movie(u"red.mkv"_s);
   const QString second = movie(u"blue.mkv"_s, u"blue"_s);
   QList<QImage> held;
   QObject::connect(&playback, &Playback::heldFrameChanged,
                    [&] { held.append(playback.heldFrame()); });
-  playFile(second);
-  ASSERT_TRUE(starts());
+  // A machine that needs longer for the picture than the next source is kept waiting goes without.
+  for (int tries = 0; tries < 5 && held.size() != 2; ++tries) {
+    playFile(first);
+    ASSERT_TRUE(starts());
+    held.clear();
+    playFile(second);
+    ASSERT_TRUE(starts());
+  }
   ASSERT_EQ(held.size(), 2);
   EXPECT_EQ(held.at(0).size(), QSize(640, 360));
   const QColor color = held.at(0).pixelColor(320, 180);

@@ -147,8 +147,11 @@ TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
 }
 
 TEST_F(ProgressTest, LiveSourceReportsNothingAndCannotSeek) {
-  openPlaying(channel(u"1"_s, 15));
+  PlayRequest live = channel(u"1"_s, 15);
+  live.live = true;
+  openPlaying(live);
   engine.now.seekable = true;
+  engine.now.length = 12'000;  // the window of a playlist
   engine.now.time = 90'000;
   clock.advance(1s);
   playback.seek(5);
