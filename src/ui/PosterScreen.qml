@@ -9,6 +9,16 @@ FocusScope {
     required property Views views
     required property PersistentVideoOverlay overlay
 
+    // Arrows and Return are for the posters of a section that was just entered.
+    Connections {
+        target: screen.views.shell
+
+        function onSectionChanged() {
+            column.focus = true;
+            grid.focus = true;
+        }
+    }
+
     CategoryRail {
         id: rail
         height: parent.height

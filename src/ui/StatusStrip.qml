@@ -45,6 +45,7 @@ Rectangle {
         x: Style.inset
         width: parent.width - 2 * Style.inset
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: -4
         visible: text !== ""
         text: strip.line.error
         font: Style.caption
