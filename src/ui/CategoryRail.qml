@@ -49,12 +49,10 @@ Rectangle {
 
         header: Item {
             width: list.width - 24
-            height: heading.implicitHeight + 11
+            height: heading.implicitHeight + 5
 
             StyledText {
                 id: heading
-                x: 2
-                y: 2
                 text: "CATEGORIES"
                 font: Style.font(10, Font.DemiBold)
                 color: Style.mint
