@@ -9,11 +9,7 @@ void channelGuide(Album& album) {
   {
     Stage stage(album, {.streams = false});
     stage.provider().hold("get_live_streams");
-    stage.until("the sheet", [&] { return stage.views().shell()->showingConnect(); });
-    ConnectView& sheet = *stage.views().connectView();
-    sheet.setUsername(u"demo"_s);
-    sheet.setPassword(QString::fromStdString(sim::Options().password));
-    sheet.connectAccount();
+    stage.submitSignIn();
     stage.untilAsked("get_live_streams");
     stage.settle();
     stage.shot(u"channels-loading"_s, u"The channels are being loaded"_s);

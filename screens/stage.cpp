@@ -61,12 +61,16 @@ Stage::~Stage() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void Stage::signIn() {
+void Stage::submitSignIn() {
   until("the sign-in sheet", [&] { return views().shell()->showingConnect(); });
   ConnectView& sheet = *views().connectView();
   sheet.setUsername(QString::fromStdString(options_.username));
   sheet.setPassword(QString::fromStdString(options_.password));
   sheet.connectAccount();
+}
+
+void Stage::signIn() {
+  submitSignIn();
   until("the signed-in program", [&] { return !views().shell()->showingConnect(); });
   until("the library", [&] { return !views().statusLine()->loading(); });
 }

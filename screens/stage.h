@@ -36,7 +36,9 @@ class Stage {
   Views& views() { return *views_; }
   QQuickWindow& window() { return *window_; }
 
-  /// Signs in with the provider's account and waits for the first library.
+  /// Fills in the sign-in sheet with the provider's account and sends it off.
+  void submitSignIn();
+  /// Signs in and waits for the first library.
   void signIn();
   /// Shows the section and waits for its entries.
   void show(const QString& section);

@@ -54,15 +54,16 @@ Program::~Program() = default;
 
 void Program::open() {
   qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  connect(&component_, &QQmlComponent::statusChanged, this, &Program::makeWindow);
   component_.loadUrl(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")),
                      QQmlComponent::Asynchronous);
-  connect(&component_, &QQmlComponent::statusChanged, this, &Program::makeWindow);
   // The first window of a process looks for a graphics driver, which takes as long as QML takes to
   // read its files on the other thread.
   const QQuickWindow first;
 }
 
 void Program::makeWindow() {
+  if (component_.isLoading()) return;
   window_.reset(qobject_cast<QQuickWindow*>(component_.createWithInitialProperties(
       {{QStringLiteral("views"), QVariant::fromValue(&views_)},
        {QStringLiteral("visible"), false}})));

@@ -62,8 +62,6 @@ Item {
 
         RoundedFrame {
             innerRadius: area.radius
-            thickness: 3
-            border.color: Style.canvas
             visible: panel.player.holdingFrame
         }
 

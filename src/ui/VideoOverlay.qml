@@ -29,8 +29,6 @@ PersistentVideoOverlay {
         // The picture has square corners, the area under it round ones.
         RoundedFrame {
             innerRadius: 4
-            thickness: 3
-            border.color: Style.canvas
         }
     }
 
