@@ -2,11 +2,54 @@
 
 #include <QQuickWindow>
 #include <QSGImageNode>
+#include <QSGVertexColorMaterial>
+#include <cmath>
 
 namespace vantor {
 
+namespace {
+
+/// What the item draws: its gradient and, in front of it, the picture once there is one.
+struct ArtworkNode : QSGGeometryNode {
+  ArtworkNode() {
+    setGeometry(&corners);
+    setMaterial(&material);
+  }
+
+  void setGradient(const QSizeF& size, const QColor& topLeft, const QColor& bottomRight);
+
+  QSGGeometry corners{QSGGeometry::defaultAttributes_ColoredPoint2D(), 4};
+  QSGVertexColorMaterial material;
+  QSGImageNode* picture = nullptr;
+};
+
+/// The colour of a place is that of its projection on the diagonal. It is linear in both
+/// directions, so the corners' colours give all others.
+void ArtworkNode::setGradient(const QSizeF& size, const QColor& topLeft,
+                              const QColor& bottomRight) {
+  const double across = size.width() * size.width();
+  const double down = size.height() * size.height();
+  const auto set = [&](QSGGeometry::ColoredPoint2D& corner, double x, double y, double part) {
+    const auto mixed = [&](int from, int to) {
+      return static_cast<uchar>(std::lround(from + (to - from) * part));
+    };
+    corner.set(static_cast<float>(x), static_cast<float>(y),
+               mixed(topLeft.red(), bottomRight.red()), mixed(topLeft.green(), bottomRight.green()),
+               mixed(topLeft.blue(), bottomRight.blue()), 255);
+  };
+  QSGGeometry::ColoredPoint2D* const corner = corners.vertexDataAsColoredPoint2D();
+  set(corner[0], 0, 0, 0);
+  set(corner[1], 0, size.height(), down / (across + down));
+  set(corner[2], size.width(), 0, across / (across + down));
+  set(corner[3], size.width(), size.height(), 1);
+  markDirty(DirtyGeometry);
+}
+
+}  // namespace
+
 ArtworkItem::ArtworkItem(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
+  connect(this, &ArtworkItem::gradientChanged, this, &ArtworkItem::update);
 }
 
 ArtworkItem::~ArtworkItem() {
@@ -86,32 +129,35 @@ void ArtworkItem::setImage(const QImage& image) {
   if (had != hasImage()) Q_EMIT hasImageChanged();
 }
 
-QSGNode* ArtworkItem::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
-  auto* picture = static_cast<QSGImageNode*>(node);
-  if (image_.isNull() || width() <= 0 || height() <= 0) {
-    delete picture;
+QSGNode* ArtworkItem::updatePaintNode(QSGNode* before, UpdatePaintNodeData*) {
+  auto* node = static_cast<ArtworkNode*>(before);
+  if (width() <= 0 || height() <= 0) {
+    delete node;
     return nullptr;
   }
-  if (!picture || textureIsStale_) {
-    if (!picture) {
-      picture = window()->createImageNode();
-      picture->setOwnsTexture(true);
-      picture->setFiltering(QSGTexture::Linear);
-      picture->setMipmapFiltering(QSGTexture::Linear);
-    }
+  if (!node) node = new ArtworkNode;
+  node->setGradient(size(), topLeft_, bottomRight_);
+  if (node->picture && textureIsStale_) {
+    delete node->picture;
+    node->picture = nullptr;
+  }
+  textureIsStale_ = false;
+  if (image_.isNull()) return node;
+  if (!node->picture) {
     QSGTexture* const texture =
         window()->createTextureFromImage(image_, QQuickWindow::TextureHasMipmaps);
-    if (!texture) {
-      delete picture;
-      return nullptr;
-    }
-    picture->setTexture(texture);
-    textureIsStale_ = false;
+    if (!texture) return node;
+    node->picture = window()->createImageNode();
+    node->picture->setOwnsTexture(true);
+    node->picture->setFiltering(QSGTexture::Linear);
+    node->picture->setMipmapFiltering(QSGTexture::Linear);
+    node->picture->setTexture(texture);
+    node->appendChildNode(node->picture);
   }
   const QSizeF fitted = QSizeF(image_.size()).scaled(size(), Qt::KeepAspectRatio);
-  picture->setRect((width() - fitted.width()) / 2, (height() - fitted.height()) / 2, fitted.width(),
-                   fitted.height());
-  return picture;
+  node->picture->setRect((width() - fitted.width()) / 2, (height() - fitted.height()) / 2,
+                         fitted.width(), fitted.height());
+  return node;
 }
 
 }  // namespace vantor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QPointer>
 #include <QQuickItem>
@@ -10,14 +11,17 @@
 
 namespace vantor {
 
-/// Draws the picture at an address, as large as fits and in the middle. It is asked for as long as
-/// the item is visible and active, anew for each address; the item draws nothing until it is there.
+/// Draws the picture at an address, as large as fits and in the middle, over a gradient that runs
+/// from the top left corner to the bottom right one. The picture is asked for as long as the item
+/// is visible and active, anew for each address.
 class ArtworkItem : public QQuickItem {
   Q_OBJECT
   Q_PROPERTY(vantor::ArtworkStore* store READ store WRITE setStore NOTIFY storeChanged)
   Q_PROPERTY(QUrl source READ source WRITE setSource NOTIFY sourceChanged)
   Q_PROPERTY(bool active READ active WRITE setActive NOTIFY activeChanged)
   Q_PROPERTY(bool hasImage READ hasImage NOTIFY hasImageChanged)
+  Q_PROPERTY(QColor topLeft MEMBER topLeft_ NOTIFY gradientChanged)
+  Q_PROPERTY(QColor bottomRight MEMBER bottomRight_ NOTIFY gradientChanged)
 
  public:
   explicit ArtworkItem(QQuickItem* parent = nullptr);
@@ -37,6 +41,7 @@ class ArtworkItem : public QQuickItem {
   void sourceChanged();
   void activeChanged();
   void hasImageChanged();
+  void gradientChanged();
 
  protected:
   void componentComplete() override;
@@ -55,6 +60,8 @@ class ArtworkItem : public QQuickItem {
   QUrl source_;
   bool active_ = true;
   QImage image_;
+  QColor topLeft_ = Qt::black;
+  QColor bottomRight_ = Qt::black;
   bool textureIsStale_ = false;
   Job task_;
 };

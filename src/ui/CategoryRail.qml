@@ -63,6 +63,7 @@ Rectangle {
             id: button
 
             required property int index
+            required property string categoryID
             required property string name
 
             width: list.width - 24
@@ -70,7 +71,7 @@ Rectangle {
             font: Style.font(13)
             textAlignment: Text.AlignLeft
             focusPolicy: Qt.NoFocus
-            selected: rail.categories.currentRow === index
+            selected: rail.categories.current === categoryID
             Accessible.selectable: true
             Accessible.selected: selected
             onClicked: rail.categories.choose(index)

@@ -30,7 +30,6 @@ FocusScope {
         anchors.rightMargin: Style.gap
         anchors.verticalCenter: season.verticalCenter
         text: season.name
-        color: Style.secondary
         Accessible.ignored: true
     }
 
@@ -50,7 +49,6 @@ FocusScope {
                 visible: text !== ""
                 topPadding: 12
                 text: modelData
-                color: Style.secondary
                 wrapMode: Text.Wrap
             }
         }

@@ -38,7 +38,6 @@ ColumnLayout {
             Layout.leftMargin: 14
             text: "Group"
             font: Style.body
-            color: Style.secondary
             Accessible.ignored: true
         }
 
@@ -55,7 +54,6 @@ ColumnLayout {
         StyledText {
             text: "Now / Next"
             font: Style.body
-            color: Style.secondary
         }
     }
 

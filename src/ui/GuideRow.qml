@@ -65,7 +65,6 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             width: 38
             height: 32
-            radius: 3
             store: row.artworkStore
             source: row.artwork
             symbol: row.kindSymbol

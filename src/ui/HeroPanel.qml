@@ -43,7 +43,6 @@ Item {
             visible: text !== ""
             text: hero.view.facts
             font: Style.caption
-            color: Style.secondary
             elide: Text.ElideRight
         }
 
@@ -64,8 +63,6 @@ Item {
 
             TVButton {
                 id: open
-                symbol: hero.view.openSymbol
-                symbolBox: 18
                 selected: true
                 text: hero.view.openLabel
                 onClicked: hero.views.shell.activateSelection()
@@ -111,7 +108,6 @@ Item {
                 width: 138
                 height: 204
                 visible: hero.view.hasHero
-                radius: Style.radius
                 store: hero.views.artwork
                 source: hero.view.artwork
                 symbol: hero.view.symbol

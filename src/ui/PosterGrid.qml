@@ -150,7 +150,6 @@ FocusScope {
         bottomPadding: 8
         text: area.view.limitNote
         font: Style.caption
-        color: Style.secondary
         elide: Text.ElideRight
     }
 

@@ -3,33 +3,20 @@ import Vantor.Style
 import Vantor.Ui
 
 // The picture of an entry, or what stands for it: the symbol of its kind and, with room, its name.
-Rectangle {
+ArtworkItem {
     id: artwork
 
-    required property ArtworkStore store
-    property url source
     property string symbol: "film"
     property string name: ""
-    // Off while the item waits in a view's pool.
-    property bool active: true
     readonly property int symbolSize: Math.max(1, Math.min(38, width / 4))
 
-    gradient: Gradient {
-        orientation: Gradient.Vertical
-        GradientStop {
-            position: 0
-            color: Qt.rgba(0.17, 0.24, 0.27, 1)
-        }
-        GradientStop {
-            position: 1
-            color: Style.panelColor
-        }
-    }
+    topLeft: Qt.rgba(0.17, 0.24, 0.27, 1)
+    bottomRight: Style.panelColor
 
     Loader {
         anchors.centerIn: parent
         width: parent.width
-        active: !picture.hasImage
+        active: !artwork.hasImage
         sourceComponent: artwork.height > 90 && artwork.name !== "" ? symbolAndName : symbolAlone
 
         Component {
@@ -70,13 +57,5 @@ Rectangle {
                 }
             }
         }
-    }
-
-    ArtworkItem {
-        id: picture
-        anchors.fill: parent
-        store: artwork.store
-        active: artwork.active
-        source: artwork.source
     }
 }

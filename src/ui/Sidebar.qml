@@ -44,7 +44,6 @@ Rectangle {
         anchors.horizontalCenterOffset: 2.5
         text: "PLAYER"
         font: Style.font(8, Font.Medium, 5)
-        color: Style.secondary
     }
 
     Column {

@@ -15,7 +15,7 @@ CategoryListModel::CategoryListModel(AppModel& model, QObject* parent)
   connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::update);
   connect(&model, &AppModel::catalogsChanged, this, &CategoryListModel::update);
   connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::offeredChanged);
-  connect(&model, &AppModel::categoryChanged, this, &CategoryListModel::currentRowChanged);
+  connect(&model, &AppModel::categoryChanged, this, &CategoryListModel::currentChanged);
 }
 
 void CategoryListModel::update() {
@@ -25,7 +25,7 @@ void CategoryListModel::update() {
   section_ = model_.section();
   catalog_ = catalog;
   endResetModel();
-  Q_EMIT currentRowChanged();
+  Q_EMIT currentChanged();
 }
 
 int CategoryListModel::rowCount(const QModelIndex& parent) const {
@@ -51,6 +51,10 @@ QHash<int, QByteArray> CategoryListModel::roleNames() const {
 
 bool CategoryListModel::offered() const {
   return model_.kind().has_value();
+}
+
+QString CategoryListModel::current() const {
+  return model_.category();
 }
 
 int CategoryListModel::currentRow() const {

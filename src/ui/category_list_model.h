@@ -15,7 +15,8 @@ class CategoryListModel final : public QAbstractListModel {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(bool offered READ offered NOTIFY offeredChanged)
-  Q_PROPERTY(int currentRow READ currentRow NOTIFY currentRowChanged)
+  Q_PROPERTY(QString current READ current NOTIFY currentChanged)
+  Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
 
  public:
   enum Role { CategoryIDRole = Qt::UserRole + 1, NameRole };
@@ -28,12 +29,15 @@ class CategoryListModel final : public QAbstractListModel {
 
   /// Whether the section has categories at all.
   bool offered() const;
+  /// The id of the chosen category, empty for all. A provider may give several one id.
+  QString current() const;
+  /// The first row of that category, -1 when the library does not have it.
   int currentRow() const;
   Q_INVOKABLE void choose(int row);
 
  Q_SIGNALS:
   void offeredChanged();
-  void currentRowChanged();
+  void currentChanged();
 
  private:
   void update();

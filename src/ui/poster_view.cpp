@@ -71,10 +71,6 @@ QString PosterView::openLabel() const {
   return hero_ && hero_->kind == LibraryKind::shows ? u"Episodes"_s : u"Play"_s;
 }
 
-QString PosterView::openSymbol() const {
-  return hero_ && hero_->kind == LibraryKind::shows ? u"rectangle.stack"_s : u"play.fill"_s;
-}
-
 QString PosterView::favoriteSymbol() const {
   return hero_ && model_.favorites().contains(hero_->id) ? u"bookmark.fill"_s : u"bookmark"_s;
 }

@@ -25,7 +25,6 @@ class PosterView final : public QObject {
   Q_PROPERTY(QUrl artwork READ artwork NOTIFY changed)
   Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
   Q_PROPERTY(QString openLabel READ openLabel NOTIFY changed)
-  Q_PROPERTY(QString openSymbol READ openSymbol NOTIFY changed)
   Q_PROPERTY(QString favoriteSymbol READ favoriteSymbol NOTIFY changed)
   Q_PROPERTY(bool allShowsOffered READ allShowsOffered NOTIFY changed)
   Q_PROPERTY(bool showsPlayer READ showsPlayer NOTIFY changed)
@@ -48,7 +47,6 @@ class PosterView final : public QObject {
   QUrl artwork() const;
   QString symbol() const;
   QString openLabel() const;
-  QString openSymbol() const;
   QString favoriteSymbol() const;
   bool allShowsOffered() const;
   bool showsPlayer() const;  // in place of the artwork

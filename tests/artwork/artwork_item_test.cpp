@@ -34,7 +34,7 @@ QByteArray picture(QColor color, QSize size = {40, 20}) {
 class ArtworkItemTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    window.setColor(Qt::green);
+    window.setColor(Qt::black);
     window.resize(200, 200);
     item.setSize({100, 100});
     item.setStore(&store);
@@ -120,6 +120,8 @@ TEST_F(ArtworkItemTest, GoesAwayWithItsRequest) {
 }
 
 TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
+  item.setProperty("topLeft", QColor(Qt::green));
+  item.setProperty("bottomRight", QColor(Qt::green));
   window.show();
   ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
   show(red);
@@ -131,7 +133,7 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
   EXPECT_TRUE(shows(Qt::green, {50, 78}));
   EXPECT_TRUE(shows(Qt::green, {50, 22}));
   item.setSize({40, 100});
-  EXPECT_TRUE(shows(Qt::green, {50, 50}));
+  EXPECT_TRUE(shows(Qt::black, {50, 50}));
   EXPECT_TRUE(shows(Qt::red, {20, 50}));
   EXPECT_TRUE(shows(Qt::green, {20, 65}));
   show(blue);
@@ -139,6 +141,21 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
   transport.answer(blue, picture(Qt::blue, {10, 200}));
   EXPECT_TRUE(shows(Qt::blue, {20, 2}));
   EXPECT_TRUE(shows(Qt::green, {8, 50}));
+}
+
+TEST_F(ArtworkItemTest, RunsItsGradientAlongTheDiagonal) {
+  item.setSize({200, 100});
+  item.setProperty("topLeft", QColor(0, 0, 0));
+  item.setProperty("bottomRight", QColor(250, 250, 250));
+  window.show();
+  ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
+  const auto redAt = [this](QPoint place) { return window.grabWindow().pixelColor(place).red(); };
+  EXPECT_TRUE(eventually([&] { return std::abs(redAt({100, 50}) - 125) <= 3; }));
+  EXPECT_NEAR(redAt({1, 1}), 2, 3);
+  EXPECT_NEAR(redAt({198, 98}), 247, 3);
+  // The diagonal of a wide item lies low: what is to the right counts four times what is below.
+  EXPECT_NEAR(redAt({199, 0}), 200, 3);
+  EXPECT_NEAR(redAt({0, 99}), 50, 3);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ T.AbstractButton {
 
     property bool selected: false
     property string symbol: ""
-    property int symbolBox: 22
     property int textAlignment: Text.AlignHCenter
     property color plainColor: Style.panelColor
     property color plainTextColor: Style.focusWhite
@@ -51,7 +50,7 @@ T.AbstractButton {
         Icon {
             id: icon
             visible: button.symbol !== ""
-            width: visible ? button.symbolBox : 0
+            width: visible ? 22 : 0
             anchors.verticalCenter: parent.verticalCenter
             symbol: button.symbol
             size: button.font.pixelSize + 3
