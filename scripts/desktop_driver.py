@@ -136,6 +136,14 @@ class Player:
         """The rows of every list on screen."""
         return [node for node in self.all() if node.getRoleName() == "list item"]
 
+    def chosen(self, list_name):
+        """The name of the entry that the highlight of a list is on."""
+        shown = self.find(list_name, "list")
+        for node in shown or ():
+            if node.getState().contains(pyatspi.STATE_SELECTED):
+                return node.name
+        return None
+
     def expect(self, name, role=None):
         return self.wait(f'"{name}"', lambda: self.find(name, role))
 
@@ -191,6 +199,7 @@ class Player:
         raise Failed(f"Tab does not come back: {names}")
 
     def point(self, node, clicks=1, button=1):
+        """Clicks a thing; buttons 4 and 5 turn the wheel over it up and down."""
         x, y, width, height = self.box(node)
         run("xdotool", "mousemove", "--sync", str(x + width // 2), str(y + height // 2))
         run("xdotool", "click", "--repeat", str(clicks), "--delay", "60", str(button))

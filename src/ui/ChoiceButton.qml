@@ -20,20 +20,12 @@ IconButton {
     MenuLoader {
         id: menu
 
-        sourceComponent: Menu {
+        sourceComponent: PopupMenu {
             id: choiceMenu
 
             y: -height - 4
             x: button.width - width
             width: 200
-            padding: 6
-            margins: 8
-
-            background: Rectangle {
-                radius: 8
-                color: Style.panelColor
-                border.color: Style.hairline
-            }
 
             Instantiator {
                 model: button.choices

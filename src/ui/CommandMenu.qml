@@ -5,21 +5,13 @@ import Vantor.Style
 import Vantor.Ui
 
 // Every command of the program, with its keys.
-Menu {
+PopupMenu {
     id: commandMenu
 
     required property MenuCommands commands
 
     width: 270
-    padding: 6
-    margins: 8
     modal: false
-
-    background: Rectangle {
-        radius: 8
-        color: Style.panelColor
-        border.color: Style.hairline
-    }
 
     Instantiator {
         model: commandMenu.commands.commands

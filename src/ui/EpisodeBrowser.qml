@@ -57,6 +57,8 @@ FocusScope {
     ListView {
         id: list
 
+        readonly property int rowHeight: 44
+
         anchors.top: texts.bottom
         anchors.topMargin: 10
         anchors.bottom: parent.bottom
@@ -72,8 +74,8 @@ FocusScope {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
-        preferredHighlightBegin: height / 2 - 22
-        preferredHighlightEnd: height / 2 + 22
+        preferredHighlightBegin: (height - rowHeight) / 2
+        preferredHighlightEnd: (height + rowHeight) / 2
         highlightRangeMode: ListView.ApplyRange
         ScrollBar.vertical: ThinScrollBar {
             parent: browser
@@ -87,6 +89,16 @@ FocusScope {
 
         Keys.onReturnPressed: browser.episodes.play(currentIndex)
         Keys.onEnterPressed: browser.episodes.play(currentIndex)
+        Keys.onPressed: event => {
+            const page = Math.max(1, Math.floor(height / (rowHeight + spacing)) - 1);
+            event.accepted = true;
+            if (event.key === Qt.Key_PageUp)
+                currentIndex = Math.max(0, currentIndex - page);
+            else if (event.key === Qt.Key_PageDown)
+                currentIndex = Math.min(count - 1, currentIndex + page);
+            else
+                event.accepted = false;
+        }
 
         Connections {
             target: browser.episodes

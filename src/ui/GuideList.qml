@@ -33,18 +33,13 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: shell.headerTitle
 
-    Keys.onUpPressed: shell.moveSelection(TVShell.Up, 1)
-    Keys.onDownPressed: shell.moveSelection(TVShell.Down, 1)
-    Keys.onLeftPressed: shell.moveSelection(TVShell.Left, 1)
-    Keys.onRightPressed: shell.moveSelection(TVShell.Right, 1)
-    Keys.onReturnPressed: shell.activateSelection()
-    Keys.onEnterPressed: shell.activateSelection()
-    Keys.onMenuPressed: openSelectionMenu()
-    Keys.onPressed: event => {
-        if (event.key !== Qt.Key_F10 || event.modifiers !== Qt.ShiftModifier)
-            return;
-        event.accepted = true;
-        openSelectionMenu();
+    Keys.forwardTo: [keys]
+
+    HighlightKeys {
+        id: keys
+        shell: list.shell
+        rowsInView: Math.floor(list.height / (list.rowHeight + list.spacing))
+        onMenuRequested: list.openSelectionMenu()
     }
 
     function centerSelection() {

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Vantor.Style
 import Vantor.Ui
 
-Menu {
+PopupMenu {
     id: menu
 
     required property TVShell shell
@@ -11,20 +10,11 @@ Menu {
     property string bookmarkSymbol: "bookmark"
 
     width: 250
-    padding: 6
-    margins: 8
-
-    background: Rectangle {
-        radius: 8
-        color: Style.panelColor
-        border.color: Style.hairline
-    }
 
     function openAt(item: GuideRow, x: real, y: real) {
         row = item.index;
         bookmarkSymbol = item.bookmarkSymbol;
         popup(item, x, y);
-        currentIndex = 0;
     }
 
     SymbolItem {

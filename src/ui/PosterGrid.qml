@@ -28,6 +28,14 @@ FocusScope {
             openMenu(view.keyRow, card, card.width / 2, card.height / 3);
     }
 
+    HighlightKeys {
+        id: keys
+        shell: area.shell
+        columns: area.columns
+        rowsInView: Math.floor(grid.height / grid.cellHeight)
+        onMenuRequested: area.openMenuByKey()
+    }
+
     GridView {
         id: grid
 
@@ -61,19 +69,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: area.shell.headerTitle
 
-        Keys.onUpPressed: area.shell.moveSelection(TVShell.Up, area.columns)
-        Keys.onDownPressed: area.shell.moveSelection(TVShell.Down, area.columns)
-        Keys.onLeftPressed: area.shell.moveSelection(TVShell.Left, area.columns)
-        Keys.onRightPressed: area.shell.moveSelection(TVShell.Right, area.columns)
-        Keys.onReturnPressed: area.shell.activateSelection()
-        Keys.onEnterPressed: area.shell.activateSelection()
-        Keys.onMenuPressed: area.openMenuByKey()
-        Keys.onPressed: event => {
-            if (event.key !== Qt.Key_F10 || !(event.modifiers & Qt.ShiftModifier))
-                return;
-            area.openMenuByKey();
-            event.accepted = true;
-        }
+        Keys.forwardTo: [keys]
 
         function settle() {
             area.view.settledOn(indexAt(cellWidth / 2, contentY + height / 2));
@@ -153,21 +149,13 @@ FocusScope {
         elide: Text.ElideRight
     }
 
-    Menu {
+    PopupMenu {
         id: menu
 
         property int row: -1
 
         width: 220
-        padding: 6
-        margins: 8
         onClosed: grid.forceActiveFocus(Qt.PopupFocusReason)
-
-        background: Rectangle {
-            radius: 8
-            color: Style.panelColor
-            border.color: Style.hairline
-        }
 
         ChoiceItem {
             modelData: ({

@@ -118,6 +118,10 @@ TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
   press(Qt::Key_Left);
   press(Qt::Key_Return);
   EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(selectedID(), u"live:3"_s);
+  press(Qt::Key_PageUp);
+  EXPECT_EQ(selectedID(), u"live:1"_s);
   test::settle();
   engine.now.state = EngineState::playing;
   engine.now.decodedVideo = 1;
@@ -245,10 +249,12 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   open({u"--demo"_s});
   const QQuickItem* before = window->activeFocusItem();
   press(Qt::Key_F10);
-  QQuickItem* shows = find("keysText", u"Ctrl+3"_s);
-  ASSERT_TRUE(shows);
+  QQuickItem* first = find("startsMenu", true);
+  ASSERT_TRUE(first);
+  EXPECT_TRUE(first->property("highlighted").toBool());
   press(Qt::Key_Escape);
   EXPECT_EQ(window->activeFocusItem(), before);
+  EXPECT_FALSE(find("keysText", u"Ctrl+3"_s));
   EXPECT_EQ(app->section(), u"live"_s);
   press(Qt::Key_F10);
   click(find("keysText", u"Ctrl+3"_s));
