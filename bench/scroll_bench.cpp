@@ -10,6 +10,7 @@
 #include <QTest>
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 #include "measure.h"
 #include "screens/stage.h"
@@ -75,12 +76,24 @@ Scroll scroll(QQuickWindow& window, QQuickItem& view) {
   return result;
 }
 
+/// The rows are the same each time: a frame that is slow because of them is slow in every pass.
+Scroll calmest(QQuickWindow& window, QQuickItem& view) {
+  const double top = view.property("contentY").toDouble();
+  Scroll best;
+  for (int pass = 0; pass < 3; ++pass) {
+    view.setProperty("contentY", top);
+    Scroll next = scroll(window, view);
+    if (pass == 0 || next.prepared.worst() < best.prepared.worst()) best = std::move(next);
+  }
+  return best;
+}
+
 Scroll scrollScreen(screens::Stage& stage) {
   stage.settle();
   QQuickItem& view = *viewIn(stage.window().contentItem());
-  // The first rows in a writing system make Qt look for a font that has it.
+  // The first pass makes a software renderer compile what it draws with.
   scroll(stage.window(), view);
-  return scroll(stage.window(), view);
+  return calmest(stage.window(), view);
 }
 
 /// `view` is the QML of a list or grid that takes the place of ours in a window of the same size.
@@ -92,7 +105,7 @@ Scroll scrollPlain(const QByteArray& view) {
       view + " }");
   auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
   if (!window || !QTest::qWaitForWindowExposed(window)) return {};
-  return scroll(*window, *viewIn(window->contentItem()));
+  return calmest(*window, *viewIn(window->contentItem()));
 }
 
 void report(const std::string& what, const Scroll& ours, const Scroll& plain) {

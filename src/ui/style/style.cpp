@@ -9,11 +9,14 @@ Style::Style(QObject* parent) : QObject(parent) {}
 QFont Style::font(int size, int weight, double letterSpacing) {
   // Names of channels come in every writing system; Qt tries hundreds of fonts one after the other
   // for a character that none of these has.
-  static const QStringList families = {
-      QStringLiteral("Inter"),         QStringLiteral("Noto Sans"),
-      QStringLiteral("DejaVu Sans"),   QStringLiteral("Noto Sans Arabic"),
-      QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Droid Sans Fallback"),
-      QStringLiteral("Noto Color Emoji"), QStringLiteral("sans-serif")};
+  static const QStringList families = {QStringLiteral("Inter"),
+                                       QStringLiteral("Noto Sans"),
+                                       QStringLiteral("DejaVu Sans"),
+                                       QStringLiteral("Noto Sans Arabic"),
+                                       QStringLiteral("Noto Sans CJK SC"),
+                                       QStringLiteral("Droid Sans Fallback"),
+                                       QStringLiteral("Noto Color Emoji"),
+                                       QStringLiteral("sans-serif")};
   QFont font(families);
   font.setPixelSize(size);
   font.setWeight(static_cast<QFont::Weight>(weight));
