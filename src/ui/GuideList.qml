@@ -86,11 +86,15 @@ ListView {
 
     // On the list, not on its rows: the first click of two moves the rows under the pointer.
     TapHandler {
+        property int row: -1
+
         onSingleTapped: eventPoint => {
             list.forceActiveFocus(Qt.MouseFocusReason);
-            list.shell.selectRow(list.indexAt(eventPoint.position.x, eventPoint.position.y));
+            row = list.indexAt(eventPoint.position.x, eventPoint.position.y);
+            list.shell.selectRow(row);
         }
-        onDoubleTapped: list.shell.activateSelection()
+        onDoubleTapped: if (row >= 0)
+            list.shell.activateSelection()
     }
 
     TapHandler {

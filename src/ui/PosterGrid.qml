@@ -77,11 +77,15 @@ FocusScope {
 
         // On the grid, not on its cards: the first click of two moves the cards under the pointer.
         TapHandler {
+            property int row: -1
+
             onSingleTapped: eventPoint => {
                 grid.forceActiveFocus(Qt.MouseFocusReason);
-                area.view.choose(grid.indexAt(eventPoint.position.x, eventPoint.position.y));
+                row = grid.indexAt(eventPoint.position.x, eventPoint.position.y);
+                area.view.choose(row);
             }
-            onDoubleTapped: area.shell.activateSelection()
+            onDoubleTapped: if (row >= 0)
+                area.shell.activateSelection()
         }
 
         Component.onCompleted: area.view.restorePosition()

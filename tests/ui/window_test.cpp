@@ -131,6 +131,22 @@ TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
 }
 
+TEST_F(WindowTest, ADoubleClickPlaysTheRowUnderThePointer) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  QQuickItem* row = nullptr;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 3"_s)) != nullptr; }));
+  const auto doubleClick = [&](qreal y) {
+    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
+                       row->mapToScene({row->width() / 2, y}).toPoint());
+    QTest::qWait(0);
+  };
+  doubleClick(3 * row->height());
+  EXPECT_EQ(app->playback().itemID(), std::nullopt);
+  doubleClick(row->height() / 2);
+  EXPECT_EQ(app->playback().itemID(), u"live:3"_s);
+}
+
 TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
   open();
   signIn(rows(LibraryKind::live, 1, 200));
