@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 
+#include "core/announcements.h"
 #include "core/item_list.h"
 #include "core/services.h"
 #include "platform/clock.h"
@@ -33,7 +34,8 @@ struct BrowsePosition {
 };
 
 /// The one central state of the program; lives for the whole run. Main thread only. Each operation
-/// is implemented in the source of its topic; each signal means that the value differs now.
+/// is implemented in the source of its topic; each signal means that the value differs now, and
+/// comes when the whole operation is done.
 class AppModel final : public QObject {
   Q_OBJECT
 
@@ -44,19 +46,23 @@ class AppModel final : public QObject {
   Playback& playback() const { return *playback_; }
   /// Whether the saved account is still being read; no state depends on it afterwards.
   bool startingUp() const { return startingUp_; }
+  /// Whether the live library of the restored account is yet to be asked for.
+  bool restoringLibrary() const { return restoringLibrary_; }
 
   // browsing.cpp
   const QString& section() const { return section_; }
   std::optional<LibraryKind> kind() const { return libraryKind(section_); }
   Catalog catalog() const;
-  const ItemList& items() const;  // valid until the next change of the model
+  const ItemList& items() const { return *sharedItems(); }  // valid until the model changes
+  /// The same, to keep for as long as it is shown.
+  std::shared_ptr<const ItemList> sharedItems() const;
   const QString& category() const { return category_; }
   const QString& search() const { return search_; }
   const std::optional<MediaItem>& selected() const { return selected_; }
   void setSearch(const QString& search);
   void navigate(const QString& section);
   void setCategory(const QString& id);
-  void select(const MediaItem& item);
+  void select(MediaItem item);
   std::optional<QString> browseAnchor(const QString& section) const;
   void setBrowseAnchor(const QString& section, const QString& id);
   bool showingEpisodes() const { return showingEpisodes_; }
@@ -98,8 +104,8 @@ class AppModel final : public QObject {
 
   // playback_handoff.cpp
   const QSet<QString>& favorites() const { return favorites_; }
-  void favorite(const MediaItem& item);
-  void play(const MediaItem& item);
+  void favorite(MediaItem item);
+  void play(MediaItem item);
   void openFile();
 
   // Set by the interface.
@@ -113,54 +119,63 @@ class AppModel final : public QObject {
   VantorConfiguration& configuration() const { return services_.configuration; }
 
  Q_SIGNALS:
+  // In the order in which they come.
   void startingUpChanged();
-  void sectionChanged();
+  void restoringLibraryChanged();
   void accountChanged();
+  void demoChanged();
   void detailsChanged();
-  void catalogsChanged();
   void loadingChanged();
   void errorsChanged();
+  void favoritesChanged();
+  void sectionChanged();
   void categoryChanged();
   void searchChanged();
-  void selectedChanged();
+  void catalogsChanged();
   void itemsChanged();
+  void selectedChanged();
   void browseAnchorsChanged();
-  void episodeSeasonChanged();
   void showingEpisodesChanged();
-  void guideChanged();
-  void guideCacheChanged(const QString& channelID);     // empty: of every channel
-  void guideFailuresChanged(const QString& channelID);  // likewise
+  void episodeSeasonChanged();
   void episodesChanged();
-  void detailsLoadingChanged();
+  void guideChanged();
   void detailsErrorChanged();
+  void detailsLoadingChanged();
   void noticeChanged();
   void showingConnectChanged();
   void showingSettingsChanged();
-  void demoChanged();
-  void favoritesChanged();
   void busyChanged();
+  void guideCacheChanged(const QString& channelID);     // empty: of every channel
+  void guideFailuresChanged(const QString& channelID);  // likewise
+  /// Everything that an operation changed has been told.
+  void settled();
 
  private:
   /// Names the current world of account and libraries; a job that holds another is stale.
   using Generation = QUuid;
   using CatalogCopy = Pending<std::optional<Catalog>>;
   struct Restored;
-  /// What the list of entries was made from.
-  struct ListKey {
-    QString section, category, search;
-    std::uint64_t revision = 0;
-    bool operator==(const ListKey&) const = default;
-  };
+
+  /// Around everything that changes more than one field.
+  using Operation = Announcements<AppModel>::Scope;
 
   template <class T>
   void assign(T& field, T value, void (AppModel::*changed)()) {
     if (field == value) return;
+    const Operation operation(announcements_);
     field = std::move(value);
-    Q_EMIT(this->*changed)();
+    announcements_.note(changed);
+  }
+  template <class Container>
+  void clear(Container& field, void (AppModel::*changed)()) {
+    if (!field.empty()) assign(field, Container(), changed);
   }
   void setNotice(std::optional<QString> notice);
   void setSelected(std::optional<MediaItem> item);
-  void contentsChanged();
+  void setFavorites(QSet<QString> favorites);
+  void setCatalogs(std::map<LibraryKind, Catalog> catalogs);
+  /// The list of entries is to be made anew, and told of.
+  void itemsDiffer();
   void enterNewWorld();
 
   // start_up.cpp
@@ -168,20 +183,31 @@ class AppModel final : public QObject {
   static QCoro::Task<> startUp(QPointer<AppModel> self, Generation token, Pending<Restored> reading,
                                std::stop_token stop);
   void applyRestored(Restored restored);
+  void libraryRestorable();
 
   // browsing.cpp
+  /// Shows the entries of that section, category and search.
+  void setFilter(const QString& section, const QString& category, const QString& search);
+  void selectRemembered(const QString& id);
   void restoreSelection(LibraryKind kind);
   void resetBrowseState();
   ItemList makeItems() const;
 
   // guide.cpp
   GuideLoader& loader(const ProviderAccount& account);
+  static QCoro::Task<GuideEntries> loadGuide(QPointer<AppModel> self, ProviderAccount account,
+                                             MediaItem item, std::stop_token stop);
   static QCoro::Task<> fetchGuide(QPointer<AppModel> self, ProviderAccount account, MediaItem item,
                                   Generation token, std::stop_token stop);
   void guideArrived(const QString& channelID, const GuideEntries& entries);
+  void guideMissed(const QString& channelID);
+  void selectedGuideArrived(const QString& channelID, const GuideEntries& entries);
   void setGuide(const GuideEntries& entries);
   /// Absent when the channel was never checked, or at a time that is still to come.
   std::optional<WallTime::duration> sinceGuideCheck(const QString& channelID) const;
+  /// Keeps a guide that was just fetched; the caller looks after the cache's bound.
+  void keepGuide(const QString& channelID, const GuideEntries& entries);
+  void forgetGuides();
   void dropGuideFetches();
 
   // details.cpp
@@ -190,6 +216,8 @@ class AppModel final : public QObject {
   static QCoro::Task<> loadDetails(QPointer<AppModel> self, ProviderAccount account, MediaItem item,
                                    Generation token, std::stop_token stop);
   void setEpisodes(const QList<MediaItem>& episodes);
+  void episodesArrived(const QString& showID, const QList<MediaItem>& episodes);
+  void detailsFailed(std::exception_ptr failure);
 
   // preview_library.cpp
   void explore();
@@ -202,7 +230,12 @@ class AppModel final : public QObject {
   static QCoro::Task<> loadLibrary(QPointer<AppModel> self, LibraryKind kind, bool refresh,
                                    ProviderAccount account, Generation token, std::stop_token stop);
   bool isCurrent(const Generation& token, const std::stop_token& stop) const;
+  void signedIn(ProviderAccount account, ProviderDetails details,
+                std::shared_ptr<CatalogDiskStore> disk);
+  void signedOut();
   void arrived(LibraryKind kind, const Catalog& catalog);
+  void loadFailed(LibraryKind kind, std::exception_ptr failure);
+  void loadEnded(LibraryKind kind);
   void setBusy(bool busy);
   /// Makes `account`, or none, the one that is shown, with nothing of it loaded yet.
   void settleIn(std::optional<ProviderAccount> account);
@@ -215,6 +248,7 @@ class AppModel final : public QObject {
 
   const AppServices services_;
   const std::unique_ptr<Playback> playback_;
+  Announcements<AppModel> announcements_;
 
   QString section_ = QStringLiteral("live");
   std::optional<ProviderAccount> account_;
@@ -245,15 +279,15 @@ class AppModel final : public QObject {
   bool demo_ = false;
   QSet<QString> favorites_;
   bool busy_ = false;
+  std::vector<Pending<Done>> untilIdle_;  // settled when it is not busy any more
   bool startingUp_ = false;
+  bool restoringLibrary_ = false;
   // Jobs take it from here at each use, so that the model's end is the end of its thread.
   std::shared_ptr<CatalogDiskStore> disk_;
   std::optional<CatalogCopy> liveCopy_;  // of this start, until the first load takes it
   Generation generation_ = QUuid::createUuid();
 
-  std::uint64_t revision_ = 0;  // of catalogues and favourites
-  mutable std::optional<ListKey> itemsKey_;
-  mutable ItemList items_;
+  mutable std::shared_ptr<const ItemList> items_;  // made when first read
 
   std::map<LibraryKind, Job> tasks_;
   QHash<QString, Job> guideTasks_;  // by channel entry id

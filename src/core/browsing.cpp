@@ -21,14 +21,38 @@ Catalog AppModel::catalog() const {
   return loaded == catalogs_.end() ? Catalog::empty() : loaded->second;
 }
 
-const ItemList& AppModel::items() const {
-  // Made anew only when something it depends on differs, so that every read is exact.
-  const ListKey key{section_, category_, search_, revision_};
-  if (itemsKey_ != key) {
-    items_ = makeItems();
-    itemsKey_ = key;
-  }
+std::shared_ptr<const ItemList> AppModel::sharedItems() const {
+  if (!items_) items_ = std::make_shared<const ItemList>(makeItems());
   return items_;
+}
+
+void AppModel::itemsDiffer() {
+  items_.reset();
+  announcements_.note(&AppModel::itemsChanged);
+}
+
+void AppModel::setCatalogs(std::map<LibraryKind, Catalog> catalogs) {
+  if (catalogs_.empty() && catalogs.empty()) return;
+  const Operation operation(announcements_);
+  catalogs_ = std::move(catalogs);
+  announcements_.note(&AppModel::catalogsChanged);
+  itemsDiffer();
+}
+
+void AppModel::setFavorites(QSet<QString> favorites) {
+  if (favorites_ == favorites) return;
+  const Operation operation(announcements_);
+  assign(favorites_, std::move(favorites), &AppModel::favoritesChanged);
+  if (section_ == favoritesSection) itemsDiffer();
+}
+
+void AppModel::setFilter(const QString& section, const QString& category, const QString& search) {
+  if (section_ == section && category_ == category && search_ == search) return;
+  const Operation operation(announcements_);
+  assign(section_, section, &AppModel::sectionChanged);
+  assign(category_, category, &AppModel::categoryChanged);
+  assign(search_, search, &AppModel::searchChanged);
+  itemsDiffer();
 }
 
 ItemList AppModel::makeItems() const {
@@ -42,14 +66,14 @@ ItemList AppModel::makeItems() const {
 }
 
 void AppModel::setSearch(const QString& search) {
-  if (search_ == search) return;
-  search_ = search;
-  Q_EMIT searchChanged();
-  Q_EMIT itemsChanged();
+  setFilter(section_, category_, search);
 }
 
 void AppModel::setSelected(std::optional<MediaItem> item) {
+  if (selected_ == item) return;
+  const Operation operation(announcements_);
   assign(selected_, std::move(item), &AppModel::selectedChanged);
+  setEpisodeSeason(0);
 }
 
 void AppModel::setShowingEpisodes(bool showing) {
@@ -67,26 +91,21 @@ std::optional<QString> AppModel::browseAnchor(const QString& section) const {
 }
 
 void AppModel::setBrowseAnchor(const QString& section, const QString& id) {
-  if (browseAnchor(section) == id) return;
-  browseAnchors_.insert(section, id);
-  Q_EMIT browseAnchorsChanged();
+  QHash<QString, QString> anchors = browseAnchors_;
+  anchors.insert(section, id);
+  assign(browseAnchors_, std::move(anchors), &AppModel::browseAnchorsChanged);
 }
 
 void AppModel::navigate(const QString& target) {
   if (target == section_) return;
+  const Operation operation(announcements_);
   BrowsePosition left{category_, search_, std::nullopt, browseAnchor(section_)};
   if (selected_) left.selectedID = selected_->id;
   positions_[section_] = left;
 
   const auto known = positions_.find(target);
   const BrowsePosition position = known == positions_.end() ? BrowsePosition() : known->second;
-  section_ = target;
-  category_ = position.category;
-  search_ = position.search;
-  Q_EMIT sectionChanged();
-  Q_EMIT categoryChanged();
-  Q_EMIT searchChanged();
-  Q_EMIT itemsChanged();
+  setFilter(target, position.category, position.search);
   setSelected(std::nullopt);
   detailTask_.cancel();
   clearDetails();
@@ -98,47 +117,44 @@ void AppModel::navigate(const QString& target) {
   if (isCrossLibrary(target))
     for (const LibraryKind library : allLibraryKinds) load(library, false);
 
-  if (!position.selectedID) return;
-  if (const auto index = items().indexOf(*position.selectedID)) select(items().item(*index));
+  if (position.selectedID) selectRemembered(*position.selectedID);
+}
+
+void AppModel::selectRemembered(const QString& id) {
+  if (const auto index = items().indexOf(id)) select(items().item(*index));
 }
 
 void AppModel::setCategory(const QString& id) {
-  if (browseAnchors_.remove(section_) > 0) Q_EMIT browseAnchorsChanged();
-  if (category_ != id) {
-    category_ = id;
-    Q_EMIT categoryChanged();
-    Q_EMIT itemsChanged();
-  }
+  const Operation operation(announcements_);
+  QHash<QString, QString> anchors = browseAnchors_;
+  anchors.remove(section_);
+  assign(browseAnchors_, std::move(anchors), &AppModel::browseAnchorsChanged);
+  setFilter(section_, id, search_);
   if (!items().empty()) select(items().item(0));
 }
 
-void AppModel::select(const MediaItem& item) {
-  // Of its own: `item` may be the selection itself.
-  const MediaItem chosen = item;
+void AppModel::select(MediaItem item) {
+  const Operation operation(announcements_);
   detailTask_.cancel();
-  setSelected(chosen);
+  setSelected(item);
   clearDetails();
-  startDetails(chosen);
+  startDetails(item);
 }
 
 void AppModel::restoreSelection(LibraryKind library) {
   if (section_ != rawValue(library) || selected_) return;
   const auto position = positions_.find(section_);
-  if (position == positions_.end() || !position->second.selectedID) return;
-  if (const auto index = items().indexOf(*position->second.selectedID))
-    select(items().item(*index));
+  if (position != positions_.end() && position->second.selectedID)
+    selectRemembered(*position->second.selectedID);
 }
 
 void AppModel::resetBrowseState() {
+  const Operation operation(announcements_);
   setSelected(std::nullopt);
   clearDetails();
-  const bool filtered = !category_.isEmpty() || !search_.isEmpty();
-  assign(category_, QString(), &AppModel::categoryChanged);
-  assign(search_, QString(), &AppModel::searchChanged);
-  if (filtered) Q_EMIT itemsChanged();
+  setFilter(section_, QString(), QString());
   positions_.clear();
-  browseAnchors_.clear();
-  Q_EMIT browseAnchorsChanged();
+  clear(browseAnchors_, &AppModel::browseAnchorsChanged);
   progress_.clear();
   setShowingEpisodes(false);
   setEpisodeSeason(0);

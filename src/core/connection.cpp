@@ -32,25 +32,20 @@ void AppModel::replaceDisk(std::shared_ptr<CatalogDiskStore> disk) {
 }
 
 void AppModel::settleIn(std::optional<ProviderAccount> account) {
-  account_ = std::move(account);
-  demo_ = false;
-  catalogs_.clear();
-  loading_.clear();
-  errors_.clear();
-  favorites_.clear();
-  const bool sectionChanges = section_ != rawValue(LibraryKind::live);
-  section_ = rawValue(LibraryKind::live);
-  Q_EMIT accountChanged();
-  Q_EMIT demoChanged();
-  Q_EMIT loadingChanged();
-  Q_EMIT errorsChanged();
-  Q_EMIT favoritesChanged();
-  if (sectionChanges) Q_EMIT sectionChanged();
-  contentsChanged();
+  const Operation operation(announcements_);
+  assign(account_, std::move(account), &AppModel::accountChanged);
+  assign(demo_, false, &AppModel::demoChanged);
+  setCatalogs({});
+  clear(loading_, &AppModel::loadingChanged);
+  clear(errors_, &AppModel::errorsChanged);
+  setFavorites({});
+  setFilter(rawValue(LibraryKind::live), category_, search_);
 }
 
 void AppModel::setBusy(bool busy) {
   assign(busy_, busy, &AppModel::busyChanged);
+  if (!busy)
+    for (const Pending<Done>& waiting : std::exchange(untilIdle_, {})) waiting.resolve({});
 }
 
 QCoro::Task<> AppModel::connectAccount(ProviderAccount account, std::stop_token token) {
@@ -81,19 +76,23 @@ QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
     if (self) self->setBusy(false);
     throw;
   }
-  AppModel& model = *self;
-  model.services_.configuration.accept(account.serverText());
-  model.enterNewWorld();
-  model.playback_->stop();
-  model.resetBrowseState();
-  model.details_ = std::move(details);
-  model.replaceDisk(std::move(disk));
-  model.settleIn(std::move(account));
-  Q_EMIT model.detailsChanged();
-  model.setNotice(std::nullopt);
-  model.setShowingConnect(false);
-  model.load(LibraryKind::live, false);
-  model.setBusy(false);
+  self->signedIn(std::move(account), std::move(details), std::move(disk));
+}
+
+void AppModel::signedIn(ProviderAccount account, ProviderDetails details,
+                        std::shared_ptr<CatalogDiskStore> disk) {
+  const Operation operation(announcements_);
+  services_.configuration.accept(account.serverText());
+  enterNewWorld();
+  playback_->stop();
+  resetBrowseState();
+  assign(details_, std::optional(std::move(details)), &AppModel::detailsChanged);
+  replaceDisk(std::move(disk));
+  settleIn(std::move(account));
+  setNotice(std::nullopt);
+  setShowingConnect(false);
+  load(LibraryKind::live, false);
+  setBusy(false);
 }
 
 QCoro::Task<> AppModel::disconnectAccount(std::stop_token token) {
@@ -114,15 +113,10 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
     co_return;
   }
   if (!self) co_return;
-  AppModel& model = *self;
-  const std::optional<ProviderAccount> left = std::exchange(model.account_, std::nullopt);
-  model.enterNewWorld();
-  model.playback_->stop();
-  model.resetBrowseState();
-  model.settleIn(std::nullopt);
-  model.setShowingSettings(false);
-  if (left && model.disk_) {
-    const Pending<Done> cleared = model.disk_->clear(left->id);
+  const std::optional<ProviderAccount> left = self->account_;
+  self->signedOut();
+  if (left && self->disk_) {
+    const Pending<Done> cleared = self->disk_->clear(left->id);
     try {
       co_await cleared;
     } catch (...) {
@@ -130,6 +124,16 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
     }
   }
   if (self) self->setBusy(false);
+}
+
+void AppModel::signedOut() {
+  const Operation operation(announcements_);
+  enterNewWorld();
+  // The last report of progress still belongs to the account.
+  playback_->stop();
+  resetBrowseState();
+  settleIn(std::nullopt);
+  setShowingSettings(false);
 }
 
 QCoro::Task<> AppModel::refreshService(QPointer<AppModel> self, std::stop_token stop) {
@@ -149,6 +153,12 @@ QCoro::Task<> AppModel::refreshService(QPointer<AppModel> self, std::stop_token 
     const ProviderClient client(candidate, self->services_.transport, self->services_.worker);
     const QCoro::Task<ProviderDetails> answered = client.authenticate(stop);
     co_await answered;
+    // The last write counts, so that of a sign-in or a removal must not come before this one.
+    while (self && self->busy_) {
+      const Pending<Done> idle;
+      self->untilIdle_.push_back(idle);
+      co_await idle;
+    }
     if (isSuperseded()) co_return;
     const auto written = self->services_.secrets.run(
         [&secrets = self->services_.secureStore, json = candidate.toJSON(), stop] {
@@ -160,17 +170,19 @@ QCoro::Task<> AppModel::refreshService(QPointer<AppModel> self, std::stop_token 
     co_return;
   }
   if (isSuperseded()) co_return;
-  self->account_ = candidate;
-  Q_EMIT self->accountChanged();
+  self->assign(self->account_, std::optional(candidate), &AppModel::accountChanged);
   self->services_.configuration.accept(server);
 }
 
 void AppModel::load(LibraryKind kind, bool refresh) {
   if (demo_ || !account_ || tasks_.contains(kind)) return;
   if (!refresh && catalogs_.contains(kind)) return;
+  const Operation operation(announcements_);
+  // A copy that is passed over is not kept.
+  if (refresh && kind == LibraryKind::live) liveCopy_.reset();
   loading_.insert(kind);
-  Q_EMIT loadingChanged();
-  if (errors_.erase(kind) > 0) Q_EMIT errorsChanged();
+  announcements_.note(&AppModel::loadingChanged);
+  if (errors_.erase(kind) > 0) announcements_.note(&AppModel::errorsChanged);
   tasks_[kind] = Job::start([self = QPointer(this), kind, refresh, account = *account_,
                              token = generation_](std::stop_token stop) {
     return loadLibrary(self, kind, refresh, account, token, stop);
@@ -178,9 +190,25 @@ void AppModel::load(LibraryKind kind, bool refresh) {
 }
 
 void AppModel::arrived(LibraryKind kind, const Catalog& catalog) {
-  catalogs_.insert_or_assign(kind, catalog);
-  contentsChanged();
+  const Operation operation(announcements_);
+  std::map<LibraryKind, Catalog> catalogs = catalogs_;
+  catalogs.insert_or_assign(kind, catalog);
+  setCatalogs(std::move(catalogs));
   restoreSelection(kind);
+}
+
+void AppModel::loadEnded(LibraryKind kind) {
+  const Operation operation(announcements_);
+  loading_.erase(kind);
+  tasks_.erase(kind);
+  announcements_.note(&AppModel::loadingChanged);
+}
+
+void AppModel::loadFailed(LibraryKind kind, std::exception_ptr failure) {
+  const Operation operation(announcements_);
+  errors_[kind] = readableError(failure);
+  announcements_.note(&AppModel::errorsChanged);
+  loadEnded(kind);
 }
 
 QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, bool refresh,
@@ -209,13 +237,9 @@ QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, b
       failure = std::current_exception();
     }
     if (!self || !self->isCurrent(token, stop)) co_return;
-    if (failure) {
-      self->errors_[kind] = readableError(failure);
-      Q_EMIT self->errorsChanged();
-    } else {
-      self->arrived(kind, *catalog);
-    }
-    if (!failure && self->disk_) {
+    if (failure) co_return self->loadFailed(kind, failure);
+    self->arrived(kind, *catalog);
+    if (self->disk_) {
       const Pending<Done> saved = self->disk_->save(*catalog, account.id, kind);
       try {
         co_await saved;
@@ -229,9 +253,7 @@ QCoro::Task<> AppModel::loadLibrary(QPointer<AppModel> self, LibraryKind kind, b
                            "remain available while the app is open."));
     }
   }
-  self->loading_.erase(kind);
-  self->tasks_.erase(kind);
-  Q_EMIT self->loadingChanged();
+  self->loadEnded(kind);
 }
 
 }  // namespace vantor

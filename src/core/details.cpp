@@ -9,24 +9,14 @@ namespace {
 
 constexpr qsizetype cachedShows = 30;
 
-/// Once a cache is over its bound, it starts afresh with the newest.
-template <class Value>
-bool keep(QHash<QString, Value>& cache, const QString& id, const Value& value, qsizetype bound) {
-  cache.insert(id, value);
-  if (cache.size() <= bound) return false;
-  cache = {{id, value}};
-  return true;
-}
-
 }  // namespace
 
 void AppModel::setEpisodes(const QList<MediaItem>& episodes) {
-  if (episodes_.isEmpty() && episodes.isEmpty()) return;
-  episodes_ = episodes;
-  Q_EMIT episodesChanged();
+  assign(episodes_, episodes, &AppModel::episodesChanged);
 }
 
 void AppModel::clearDetails() {
+  const Operation operation(announcements_);
   setEpisodes({});
   setGuide({});
   assign<std::optional<QString>>(detailsError_, std::nullopt, &AppModel::detailsErrorChanged);
@@ -61,7 +51,7 @@ QCoro::Task<> AppModel::loadDetails(QPointer<AppModel> self, ProviderAccount acc
       const QCoro::Task<QList<MediaItem>> answered = client.episodes(item, stop);
       episodes = co_await answered;
     } else {
-      const QCoro::Task<GuideEntries> loaded = self->loader(account).load(item, stop);
+      const QCoro::Task<GuideEntries> loaded = loadGuide(self, account, item, stop);
       entries = co_await loaded;
     }
   } catch (...) {
@@ -69,21 +59,26 @@ QCoro::Task<> AppModel::loadDetails(QPointer<AppModel> self, ProviderAccount acc
   }
   if (!self || !self->isCurrent(token, stop)) co_return;
   if (!self->selected_ || self->selected_->id != item.id) co_return;
-  if (failure) {
-    self->assign(self->detailsError_, std::optional(readableError(failure)),
-                 &AppModel::detailsErrorChanged);
-  } else if (item.kind == LibraryKind::shows) {
-    keep(self->episodeCache_, item.id, episodes, cachedShows);
-    self->setEpisodes(episodes);
-  } else {
-    self->guideChecked_.insert(item.id, self->services_.clock.now());
-    const bool cleared = keep(self->guideCache_, item.id, entries, cachedChannels);
-    Q_EMIT self->guideCacheChanged(cleared ? QString() : item.id);
-    self->setGuide(entries);
-  }
-  // A listener of these changes may have selected something else.
-  if (!self || !self->isCurrent(token, stop)) co_return;
-  self->assign(self->detailsLoading_, false, &AppModel::detailsLoadingChanged);
+  if (failure)
+    self->detailsFailed(failure);
+  else if (item.kind == LibraryKind::shows)
+    self->episodesArrived(item.id, episodes);
+  else
+    self->selectedGuideArrived(item.id, entries);
+}
+
+void AppModel::detailsFailed(std::exception_ptr failure) {
+  const Operation operation(announcements_);
+  assign(detailsError_, std::optional(readableError(failure)), &AppModel::detailsErrorChanged);
+  assign(detailsLoading_, false, &AppModel::detailsLoadingChanged);
+}
+
+void AppModel::episodesArrived(const QString& showID, const QList<MediaItem>& episodes) {
+  const Operation operation(announcements_);
+  episodeCache_.insert(showID, episodes);
+  if (episodeCache_.size() > cachedShows) episodeCache_ = {{showID, episodes}};
+  setEpisodes(episodes);
+  assign(detailsLoading_, false, &AppModel::detailsLoadingChanged);
 }
 
 }  // namespace vantor

@@ -3,6 +3,7 @@
 
 #include "core/app_model.h"
 #include "core/guide_bounds.h"
+#include "platform/cancelled.h"
 #include "platform/clock.h"
 #include "provider/guide_loader.h"
 
@@ -20,9 +21,7 @@ std::optional<GuideEntries> AppModel::guideOf(const QString& channelID) const {
 }
 
 void AppModel::setGuide(const GuideEntries& entries) {
-  if (guide_.isEmpty() && entries.isEmpty()) return;
-  guide_ = entries;
-  Q_EMIT guideChanged();
+  assign(guide_, entries, &AppModel::guideChanged);
 }
 
 std::optional<WallTime::duration> AppModel::sinceGuideCheck(const QString& channelID) const {
@@ -38,6 +37,24 @@ GuideLoader& AppModel::loader(const ProviderAccount& account) {
     guideLoader_ = std::make_unique<GuideLoader>(
         ProviderClient(account, services_.transport, services_.worker), services_.clock);
   return *guideLoader_;
+}
+
+QCoro::Task<GuideEntries> AppModel::loadGuide(QPointer<AppModel> self, ProviderAccount account,
+                                              MediaItem item, std::stop_token stop) {
+  for (;;) {
+    try {
+      const QCoro::Task<GuideEntries> loading = self->loader(account).load(item, stop);
+      GuideEntries entries = co_await loading;
+      co_return entries;
+    } catch (const Cancelled&) {
+      if (!self || stop.stop_requested()) throw;
+    }
+    // Only too many loads are turned away: channels that were passed over in a hurry are still
+    // being fetched.
+    const QCoro::Task<> pause = self->services_.clock.sleep(GuideLoader::waitStep, stop);
+    co_await pause;
+    if (!self || stop.stop_requested()) throw Cancelled();
+  }
 }
 
 void AppModel::prefetchGuide(const MediaItem& item) {
@@ -57,7 +74,7 @@ QCoro::Task<> AppModel::fetchGuide(QPointer<AppModel> self, ProviderAccount acco
   GuideEntries entries;
   bool failed = false;
   try {
-    const QCoro::Task<GuideEntries> loaded = self->loader(account).load(item, stop);
+    const QCoro::Task<GuideEntries> loaded = loadGuide(self, account, item, stop);
     entries = co_await loaded;
   } catch (...) {
     // The row shows that there is no guide; nothing more is said about it.
@@ -66,30 +83,63 @@ QCoro::Task<> AppModel::fetchGuide(QPointer<AppModel> self, ProviderAccount acco
   // A fetch that was cancelled leaves even its handle to the reset that cancelled it.
   if (!self || !self->isCurrent(token, stop)) co_return;
   self->guideTasks_.remove(item.id);
-  if (failed) {
-    self->guideFailures_.insert(item.id);
-    self->guideChecked_.insert(item.id, self->services_.clock.now());
-    Q_EMIT self->guideFailuresChanged(item.id);
-  } else {
+  if (failed)
+    self->guideMissed(item.id);
+  else
     self->guideArrived(item.id, entries);
-  }
+}
+
+void AppModel::guideMissed(const QString& channelID) {
+  const Operation operation(announcements_);
+  guideFailures_.insert(channelID);
+  guideChecked_.insert(channelID, services_.clock.now());
+  announcements_.note(&AppModel::guideFailuresChanged, channelID);
+}
+
+void AppModel::keepGuide(const QString& channelID, const GuideEntries& entries) {
+  guideCache_.insert(channelID, entries);
+  guideChecked_.insert(channelID, services_.clock.now());
+  announcements_.note(&AppModel::guideCacheChanged, channelID);
 }
 
 void AppModel::guideArrived(const QString& channelID, const GuideEntries& entries) {
-  guideCache_.insert(channelID, entries);
-  guideChecked_.insert(channelID, services_.clock.now());
-  QString dropped;
+  const Operation operation(announcements_);
+  keepGuide(channelID, entries);
   if (guideCache_.size() > cachedChannels) {
-    const auto oldest = std::min_element(guideChecked_.begin(), guideChecked_.end());
-    dropped = oldest.key();
-    guideCache_.remove(dropped);
+    const auto oldest = std::min_element(guideChecked_.begin(), guideChecked_.end(),
+                                         [now = services_.clock.now()](WallTime a, WallTime b) {
+                                           return keptSince(a, now) < keptSince(b, now);
+                                         });
+    if (guideCache_.remove(oldest.key()))
+      announcements_.note(&AppModel::guideCacheChanged, oldest.key());
     guideChecked_.erase(oldest);
   }
-  const bool hadFailed = guideFailures_.remove(channelID);
-  if (hadFailed) Q_EMIT guideFailuresChanged(channelID);
-  if (!dropped.isEmpty()) Q_EMIT guideCacheChanged(dropped);
-  Q_EMIT guideCacheChanged(channelID);
-  if (selected_ && selected_->id == channelID) setGuide(entries);
+  if (guideFailures_.remove(channelID))
+    announcements_.note(&AppModel::guideFailuresChanged, channelID);
+  if (!selected_ || selected_->id != channelID) return;
+  setGuide(entries);
+  assign<std::optional<QString>>(detailsError_, std::nullopt, &AppModel::detailsErrorChanged);
+}
+
+void AppModel::selectedGuideArrived(const QString& channelID, const GuideEntries& entries) {
+  const Operation operation(announcements_);
+  keepGuide(channelID, entries);
+  if (guideCache_.size() > cachedChannels) {
+    // Their times go too, or the rows on screen would wait for them to pass.
+    for (auto dropped = guideCache_.cbegin(); dropped != guideCache_.cend(); ++dropped)
+      if (dropped.key() != channelID) guideChecked_.remove(dropped.key());
+    guideCache_ = {{channelID, entries}};
+    announcements_.note(&AppModel::guideCacheChanged, {});
+  }
+  setGuide(entries);
+  assign(detailsLoading_, false, &AppModel::detailsLoadingChanged);
+}
+
+void AppModel::forgetGuides() {
+  if (guideCache_.isEmpty()) return;
+  const Operation operation(announcements_);
+  guideCache_.clear();
+  announcements_.note(&AppModel::guideCacheChanged, {});
 }
 
 void AppModel::dropGuideFetches() {
@@ -98,14 +148,15 @@ void AppModel::dropGuideFetches() {
   guideLoader_.reset();
   guideChecked_.clear();
   if (guideFailures_.isEmpty()) return;
+  const Operation operation(announcements_);
   guideFailures_.clear();
-  Q_EMIT guideFailuresChanged({});
+  announcements_.note(&AppModel::guideFailuresChanged, {});
 }
 
 void AppModel::refreshGuide() {
+  const Operation operation(announcements_);
   dropGuideFetches();
-  guideCache_.clear();
-  Q_EMIT guideCacheChanged({});
+  forgetGuides();
   if (selected_ && selected_->kind == LibraryKind::live) select(*selected_);
 }
 

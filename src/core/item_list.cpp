@@ -14,29 +14,21 @@ std::uint32_t entry(std::size_t source, std::size_t row) {
 
 }  // namespace
 
-ItemList::Place ItemList::place(std::size_t index) const {
+std::optional<ItemList::Place> ItemList::place(std::size_t index) const {
+  Q_ASSERT(index < entries_.size());
+  if (index >= entries_.size()) return std::nullopt;
   const std::uint32_t entry = entries_[index];
-  return {*sources_[entry >> rowBits], entry & rowMask};
+  return Place{*sources_[entry >> rowBits], entry & rowMask};
 }
 
 MediaItem ItemList::item(std::size_t index) const {
-  const Place at = place(index);
-  return at.catalog.item(at.row);
+  const auto at = place(index);
+  return at ? at->catalog.item(at->row) : MediaItem();
 }
 
 QString ItemList::id(std::size_t index) const {
-  const Place at = place(index);
-  return at.catalog.id(at.row);
-}
-
-QString ItemList::name(std::size_t index) const {
-  const Place at = place(index);
-  return at.catalog.name(at.row);
-}
-
-LibraryKind ItemList::kind(std::size_t index) const {
-  const Place at = place(index);
-  return at.catalog.kind(at.row);
+  const auto at = place(index);
+  return at ? at->catalog.id(at->row) : QString();
 }
 
 std::optional<std::size_t> ItemList::indexOf(const QString& id) const {

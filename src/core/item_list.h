@@ -9,14 +9,14 @@
 namespace vantor {
 
 /// Entries of one or more libraries, in library order: numbers into shared catalogues, not copies.
+/// An index that the list does not have is a mistake of the caller: it ends a debug build, and is
+/// answered with nothing otherwise.
 class ItemList {
  public:
   std::size_t size() const { return entries_.size(); }
   bool empty() const { return entries_.empty(); }
   MediaItem item(std::size_t index) const;
   QString id(std::size_t index) const;
-  QString name(std::size_t index) const;
-  LibraryKind kind(std::size_t index) const;
   /// The position of the first entry with that id.
   std::optional<std::size_t> indexOf(const QString& id) const;
 
@@ -30,7 +30,7 @@ class ItemList {
     const Catalog& catalog;
     std::size_t row;
   };
-  Place place(std::size_t index) const;
+  std::optional<Place> place(std::size_t index) const;
 
   // The library in the two upper bits, the row below; rises along the list.
   std::vector<std::uint32_t> entries_;

@@ -14,17 +14,17 @@ constexpr qsizetype progressBound = 200;  // entries
 
 }  // namespace
 
-void AppModel::favorite(const MediaItem& item) {
-  if (!favorites_.remove(item.id)) favorites_.insert(item.id);
+void AppModel::favorite(MediaItem item) {
+  const Operation operation(announcements_);
+  QSet<QString> favorites = favorites_;
+  if (!favorites.remove(item.id)) favorites.insert(item.id);
+  setFavorites(std::move(favorites));
   if (account_)
     services_.preferences.setTextList(QStringLiteral("favorites-") + account_->idText(),
                                       QStringList(favorites_.begin(), favorites_.end()));
-  ++revision_;
-  Q_EMIT favoritesChanged();
-  if (section_ == QLatin1String("favorites")) Q_EMIT itemsChanged();
 }
 
-void AppModel::play(const MediaItem& item) {
+void AppModel::play(MediaItem item) {
   if (item.isExample) {
     setNotice(QStringLiteral(
         "These are sample library entries. Connect your provider or open your own media file to "

@@ -47,23 +47,15 @@ Catalog sampleCatalog(const SampleLibrary& library, Catalog::Time now) {
 }  // namespace
 
 void AppModel::explore() {
+  const Operation operation(announcements_);
   enterNewWorld();
   resetBrowseState();
-  account_.reset();
-  demo_ = true;
-  favorites_.clear();
-  catalogs_.clear();
-  errors_.clear();
-  loading_.clear();
+  settleIn(std::nullopt);
+  assign(demo_, true, &AppModel::demoChanged);
+  std::map<LibraryKind, Catalog> catalogs;
   for (const SampleLibrary& library : samples)
-    catalogs_.emplace(library.kind, sampleCatalog(library, std::chrono::system_clock::now()));
-  Q_EMIT accountChanged();
-  Q_EMIT demoChanged();
-  Q_EMIT favoritesChanged();
-  Q_EMIT errorsChanged();
-  Q_EMIT loadingChanged();
-  contentsChanged();
-  navigate(rawValue(LibraryKind::live));
+    catalogs.emplace(library.kind, sampleCatalog(library, services_.clock.now()));
+  setCatalogs(std::move(catalogs));
 }
 
 }  // namespace vantor

@@ -49,29 +49,34 @@ QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Generation token,
   Restored restored = co_await reading;
   if (!self || stop.stop_requested()) co_return;
   const bool superseded = self->generation_ != token;
-  if (!superseded) self->applyRestored(std::move(restored));
-  self->startingUp_ = false;
-  Q_EMIT self->startingUpChanged();
-  if (superseded || !self->account_) co_return;
+  self->applyRestored(superseded ? Restored() : std::move(restored));
+  if (!self || !self->restoringLibrary_) co_return;
   const QCoro::Task<> refreshed = refreshService(self, stop);
   co_await refreshed;
-  if (self && self->isCurrent(token, stop)) self->load(LibraryKind::live, false);
+  if (self && self->isCurrent(token, stop)) self->libraryRestorable();
+}
+
+void AppModel::libraryRestorable() {
+  const Operation operation(announcements_);
+  assign(restoringLibrary_, false, &AppModel::restoringLibraryChanged);
+  load(LibraryKind::live, false);
 }
 
 void AppModel::applyRestored(Restored restored) {
+  const Operation operation(announcements_);
+  assign(startingUp_, false, &AppModel::startingUpChanged);
   if (restored.notice) setNotice(restored.notice);
-  if (restored.account) {
-    const QString id = restored.account->idText();
-    const QStringList favorites = services_.preferences.textList(QStringLiteral("favorites-") + id);
-    favorites_ = QSet<QString>(favorites.begin(), favorites.end());
-    progress_ = services_.preferences.numberLists(QStringLiteral("progress-") + id);
-    account_ = std::move(restored.account);
-    disk_ = std::move(restored.disk);
-    liveCopy_ = std::move(restored.liveCopy);
-    Q_EMIT accountChanged();
-    Q_EMIT favoritesChanged();
-    contentsChanged();
-  }
+  if (!restored.account) return;
+  // Whoever went elsewhere meanwhile finds it as it was left.
+  navigate(rawValue(LibraryKind::live));
+  const QString id = restored.account->idText();
+  const QStringList favorites = services_.preferences.textList(QStringLiteral("favorites-") + id);
+  setFavorites(QSet<QString>(favorites.begin(), favorites.end()));
+  progress_ = services_.preferences.numberLists(QStringLiteral("progress-") + id);
+  assign(account_, std::move(restored.account), &AppModel::accountChanged);
+  assign(restoringLibrary_, true, &AppModel::restoringLibraryChanged);
+  disk_ = std::move(restored.disk);
+  liveCopy_ = std::move(restored.liveCopy);
 }
 
 }  // namespace vantor

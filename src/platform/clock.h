@@ -11,6 +11,12 @@ namespace vantor {
 using WallTime = std::chrono::system_clock::time_point;
 using SteadyTime = std::chrono::steady_clock::time_point;
 
+/// Since when something kept counts as kept. A time that is still to come was noted before the
+/// clock was set back: it is older than all others.
+inline WallTime keptSince(WallTime noted, WallTime now) {
+  return noted > now ? WallTime::min() : noted;
+}
+
 /// Where all time in the program comes from. Main thread only.
 class Clock {
  public:

@@ -13,6 +13,8 @@ struct GuideEntry {
   QString description;
   std::chrono::system_clock::time_point start;
   std::chrono::system_clock::time_point end;  // later than start
+
+  bool operator==(const GuideEntry&) const = default;
 };
 
 /// A channel's programmes in the provider's order; copies share them.

@@ -39,7 +39,9 @@ struct GuideLoader::State {
   void save(const QString& id, const GuideEntries& entries) {
     if (static_cast<std::size_t>(saved.size()) >= savedCapacity)
       saved.erase(std::min_element(saved.begin(), saved.end(),
-                                   [](const Saved& a, const Saved& b) { return a.at < b.at; }));
+                                   [now = clock.now()](const Saved& a, const Saved& b) {
+                                     return keptSince(a.at, now) < keptSince(b.at, now);
+                                   }));
     saved.insert(id, {clock.now(), entries});
   }
 };

@@ -13,6 +13,8 @@ struct ProviderDetails {
   QString maximumConnections;  // as the provider wrote it, may be empty
   QString activeConnections;   // likewise
   QStringList formats;         // output formats the provider allows
+
+  bool operator==(const ProviderDetails&) const = default;
 };
 
 }  // namespace vantor

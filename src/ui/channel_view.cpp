@@ -32,7 +32,7 @@ Catalog liveCatalog(const AppModel& model) {
 }  // namespace
 
 ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent)
-    : QObject(parent), model_(model), clock_(clock), rows_(model, clock, items) {
+    : QObject(parent), model_(model), clock_(clock), items_(items), rows_(model, clock, items) {
   for (const auto signal :
        {&AppModel::selectedChanged, &AppModel::guideChanged, &AppModel::detailsLoadingChanged,
         &AppModel::detailsErrorChanged, &AppModel::favoritesChanged})
@@ -40,9 +40,9 @@ ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QO
   connect(&model, &AppModel::catalogsChanged, this, &ChannelView::updateGroups);
   connect(&model, &AppModel::categoryChanged, this, &ChannelView::groupChanged);
   // A fetch that ends makes room for one that was turned away.
-  connect(&model, &AppModel::guideCacheChanged, this, &ChannelView::fetchLater);
-  connect(&model, &AppModel::guideFailuresChanged, this, &ChannelView::fetchLater);
-  connect(&model, &AppModel::itemsChanged, this, &ChannelView::fetchLater);
+  for (const auto signal : {&AppModel::guideCacheChanged, &AppModel::guideFailuresChanged})
+    connect(&model, signal, this, [this] { fetch(false); });
+  connect(&items, &ItemListModel::modelReset, this, [this] { fetch(false); });
   updateGroups();
   waitForNextMinute();
 }
@@ -128,15 +128,11 @@ QString ChannelView::error() const {
 }
 
 void ChannelView::watch() {
-  if (!channelSelected()) return;
-  const MediaItem channel = *model_.selected();
-  model_.play(channel);
+  if (channelSelected()) model_.play(*model_.selected());
 }
 
 void ChannelView::toggleBookmark() {
-  if (!channelSelected()) return;
-  const MediaItem channel = *model_.selected();
-  model_.favorite(channel);
+  if (channelSelected()) model_.favorite(*model_.selected());
 }
 
 void ChannelView::showRows(int first, int last) {
@@ -145,23 +141,11 @@ void ChannelView::showRows(int first, int last) {
   fetch(false);
 }
 
-void ChannelView::fetchLater() {
-  // The model is still in the middle of its change, and many changes come at once.
-  if (std::exchange(fetchPending_, true)) return;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        fetchPending_ = false;
-        fetch(false);
-      },
-      Qt::QueuedConnection);
-}
-
 void ChannelView::fetch(bool onlyRunningOut) {
   if (model_.kind() != LibraryKind::live) return;
-  const int last = std::min(lastRow_, rows_.rowCount() - 1);
+  const int last = std::min(lastRow_, items_.rowCount() - 1);
   for (int row = std::max(firstRow_, 0); row <= last; ++row) {
-    const MediaItem channel = model_.items().item(static_cast<std::size_t>(row));
+    const MediaItem channel = items_.entry(row);
     if (onlyRunningOut) {
       const GuideEntries known = model_.guideOf(channel.id).value_or(GuideEntries());
       if (upcomingEntries(known, clock_.now()).size() >= 2) continue;

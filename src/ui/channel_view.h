@@ -69,18 +69,17 @@ class ChannelView final : public QObject {
  private:
   std::optional<GuideEntry> programme() const;
   void updateGroups();
-  void fetchLater();
   void fetch(bool onlyRunningOut);
   void waitForNextMinute();
   void minutePassed();
 
   AppModel& model_;
   Clock& clock_;
+  const ItemListModel& items_;
   GuideListModel rows_;
   QStringList groups_;
   int firstRow_ = 0;
   int lastRow_ = -1;
-  bool fetchPending_ = false;
   std::unique_ptr<Clock::Timer> nextMinute_;
 };
 

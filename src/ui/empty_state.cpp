@@ -8,13 +8,16 @@ using namespace Qt::StringLiterals;
 
 EmptyState::EmptyState(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   for (const auto signal : {&AppModel::itemsChanged, &AppModel::searchChanged,
-                            &AppModel::accountChanged, &AppModel::startingUpChanged})
+                            &AppModel::accountChanged, &AppModel::sectionChanged,
+                            &AppModel::startingUpChanged, &AppModel::restoringLibraryChanged})
     connect(&model, signal, this, &EmptyState::changed);
 }
 
 bool EmptyState::shown() const {
-  // Whether there is an account is not known before the saved one was read.
-  return !model_.startingUp() && model_.items().empty();
+  // Whether there is an account, and whether it has channels, is not known before they were read.
+  if (model_.startingUp()) return false;
+  if (model_.kind() == LibraryKind::live && model_.restoringLibrary()) return false;
+  return model_.items().empty();
 }
 
 QString EmptyState::headline() const {

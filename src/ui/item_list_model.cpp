@@ -21,12 +21,10 @@ int ItemListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ItemListModel::data(const QModelIndex& index, int role) const {
-  const ItemList& items = model_.items();
   const int row = index.row();
-  // The entries may already be others than those this model announced.
-  if (row < 0 || row >= rows_ || static_cast<std::size_t>(row) >= items.size()) return {};
+  if (row < 0 || row >= rows_) return {};
   if (readRow_ != row) {
-    readItem_ = items.item(static_cast<std::size_t>(row));
+    readItem_ = entry(row);
     readRow_ = row;
   }
   switch (role) {
@@ -65,16 +63,21 @@ QHash<int, QByteArray> ItemListModel::roleNames() const {
 
 void ItemListModel::reset() {
   beginResetModel();
-  rows_ = static_cast<int>(std::min<std::size_t>(model_.items().size(), rowLimit));
+  list_ = model_.sharedItems();
+  rows_ = static_cast<int>(std::min<std::size_t>(list_->size(), rowLimit));
   readRow_ = -1;
   playingID_ = model_.playback().itemIDText();
   endResetModel();
   updateCurrentRow();
 }
 
+MediaItem ItemListModel::entry(int row) const {
+  return list_->item(static_cast<std::size_t>(row));
+}
+
 int ItemListModel::rowOf(const QString& id) const {
   if (id.isEmpty()) return -1;
-  const auto index = model_.items().indexOf(id);
+  const auto index = list_->indexOf(id);
   return index && *index < static_cast<std::size_t>(rows_) ? static_cast<int>(*index) : -1;
 }
 

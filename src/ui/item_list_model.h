@@ -2,13 +2,14 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QAbstractListModel>
-#include <QSet>
+#include <memory>
 
 #include "provider/media_item.h"
 
 namespace vantor {
 
 class AppModel;
+class ItemList;
 
 /// The entries that the current section shows, as rows for a list: the first 2,500 of them, read
 /// from the model when a row is drawn. Main thread only.
@@ -42,6 +43,8 @@ class ItemListModel final : public QAbstractListModel {
 
   /// The row of the selected entry, -1 when it is not among the rows.
   int currentRow() const { return currentRow_; }
+  /// The entry of a row that there is.
+  MediaItem entry(int row) const;
   /// The row of the entry with that id, -1 likewise.
   int rowOf(const QString& id) const;
 
@@ -56,6 +59,7 @@ class ItemListModel final : public QAbstractListModel {
   void touch(int row, Role role);
 
   AppModel& model_;
+  std::shared_ptr<const ItemList> list_;  // what the rows were announced of
   int rows_ = 0;
   int currentRow_ = -1;
   QString playingID_;

@@ -41,14 +41,12 @@ void TVShell::activateSelection() {
     open(model_.items().item(0));
 }
 
-void TVShell::open(const MediaItem& item) {
-  // A copy: selecting may replace the model's own entry that `item` refers to.
-  const MediaItem target = item;
-  if (!model_.selected() || model_.selected()->id != target.id) model_.select(target);
-  if (target.kind == LibraryKind::shows)
+void TVShell::open(MediaItem item) {
+  if (!model_.selected() || model_.selected()->id != item.id) model_.select(item);
+  if (item.kind == LibraryKind::shows)
     model_.setShowingEpisodes(true);
   else
-    model_.play(target);
+    model_.play(item);
 }
 
 bool TVShell::hasRow(int row) const {

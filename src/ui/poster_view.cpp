@@ -19,8 +19,9 @@ PosterView::PosterView(AppModel& model, QObject* parent) : QObject(parent), mode
                             &AppModel::startingUpChanged})
     connect(&model, signal, this, &PosterView::changed);
   connect(&model.playback(), &Playback::itemIDChanged, this, &PosterView::changed);
-  connect(&model, &AppModel::itemsChanged, this, &PosterView::restorePosition);
+  connect(&model, &AppModel::itemsChanged, this, [this] { request(Scroll::ToAnchor); });
   connect(&model, &AppModel::selectedChanged, this, [this] { request(Scroll::ToSelection); });
+  connect(&model, &AppModel::settled, this, &PosterView::carryOutScroll);
   updateHero();
 }
 
@@ -100,7 +101,7 @@ int PosterView::keyRow() const {
 }
 
 void PosterView::toggleFavorite() {
-  if (hero_) model_.favorite(MediaItem(*hero_));
+  if (hero_) model_.favorite(*hero_);
 }
 
 void PosterView::closeEpisodes() {
@@ -122,19 +123,18 @@ void PosterView::settledOn(int row) {
 
 void PosterView::restorePosition() {
   request(Scroll::ToAnchor);
+  carryOutScroll();
 }
 
 void PosterView::request(Scroll scroll) {
   if (model_.kind() == LibraryKind::live) return;  // channels have no posters
-  // Going to a section changes the entries and then the selection; the section's own position goes
-  // before the selection's then, so one answer is given once both are known.
-  if (scroll_ == Scroll::None)
-    QMetaObject::invokeMethod(this, &PosterView::carryOutScroll, Qt::QueuedConnection);
+  // Where a section was left goes before its selection, whose change is told of after the entries.
   scroll_ = std::max(scroll_, scroll);
 }
 
 void PosterView::carryOutScroll() {
   const Scroll scroll = std::exchange(scroll_, Scroll::None);
+  if (scroll == Scroll::None) return;
   int row = -1;
   if (scroll == Scroll::ToAnchor)
     row = rowOf(model_.browseAnchor(model_.section()).value_or(QString()));

@@ -36,12 +36,10 @@ QString sectionTitle(const AppModel& model) {
 TVShell::TVShell(AppModel& model, QObject* parent)
     : QObject(parent), model_(model), playback_(model.playback()) {
   connect(&model, &AppModel::sectionChanged, this, [this] {
-    model_.setShowingEpisodes(false);
     Q_EMIT sectionChanged();
     Q_EMIT refreshEnabledChanged();
     if (model_.section() == u"search"_s) Q_EMIT searchFocusRequested();
   });
-  connect(&model, &AppModel::selectedChanged, this, [this] { model_.setEpisodeSeason(0); });
   connect(&model, &AppModel::selectedChanged, this, &TVShell::selectedNameChanged);
   connect(this, &TVShell::sectionChanged, this, &TVShell::selectedNameChanged);
   connect(&model, &AppModel::accountChanged, this, &TVShell::accountChanged);

@@ -4,11 +4,12 @@
 #include <QObject>
 #include <QVariantList>
 
+#include "provider/media_item.h"
+
 namespace vantor {
 
 class AppModel;
 class Playback;
-struct MediaItem;
 
 /// The browsing screen around its content: sections, header, notice, footer, keyboard actions and
 /// the way back that Esc takes. Main thread only.
@@ -94,7 +95,7 @@ class TVShell final : public QObject {
   void searchFocusRequested();
 
  private:
-  void open(const MediaItem& item);
+  void open(MediaItem item);
   bool hasRow(int row) const;
 
   AppModel& model_;

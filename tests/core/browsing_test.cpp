@@ -16,7 +16,7 @@ const QString searching = QStringLiteral("search");
 
 QStringList names(const AppModel& app) {
   QStringList list;
-  for (std::size_t i = 0; i < app.items().size(); ++i) list.append(app.items().name(i));
+  for (std::size_t i = 0; i < app.items().size(); ++i) list.append(app.items().item(i).name);
   return list;
 }
 

@@ -108,6 +108,66 @@ class WindowTest : public ::testing::Test, protected test::ModelFixture {
   QQuickWindow* window = nullptr;
 };
 
+/// From every section to every section, with lists of every length on either side.
+TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
+  open();
+  const QStringList sections = {u"live"_s, u"movies"_s, u"shows"_s, u"favorites"_s, u"search"_s};
+  const auto go = [&](const QString& section) {
+    const auto key = sections.indexOf(section);
+    if (key < 3)
+      press(static_cast<Qt::Key>(Qt::Key_1 + key), Qt::ControlModifier);
+    else
+      views->shell()->navigate(section);
+    QTest::qWait(0);
+    EXPECT_EQ(app->section(), section);
+    EXPECT_EQ(static_cast<std::size_t>(views->items()->rowCount()), app->items().size());
+    press(Qt::Key_Down);
+  };
+  const auto walk = [&] {
+    // Every ordered pair of two sections, one after the other.
+    for (const char section : QByteArray("012340241303142043210")) go(sections[section - '0']);
+  };
+  const std::vector<std::pair<int, int>> lengths = {{60, 60}, {60, -1}, {1, 0},
+                                                    {0, 60},  {-1, 1},  {1, 60}};
+  for (const auto& [channels, movies] : lengths) {
+    SCOPED_TRACE(testing::Message() << channels << " channels, " << movies << " movies");
+    const auto provide = [&](LibraryKind kind, int count) {
+      transport.always(action(kind), count < 0 ? "no library" : rows(kind, 1, count));
+      transport.always(categoryAction(kind),
+                       R"([{"category_id":"0","category_name":"One"},
+                             {"category_id":"9","category_name":"None in it"}])");
+    };
+    provide(LibraryKind::live, channels);
+    provide(LibraryKind::movies, movies);
+    provide(LibraryKind::shows, movies / 2);
+    for (const QString& from : sections) {
+      go(from);
+      connectAccount(account);
+      transport.answer(QString(), acceptedSignIn());
+      ASSERT_TRUE(test::eventually([&] { return signInOver && app->loading().empty(); }));
+    }
+    walk();
+    ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+    walk();
+    for (const QString& section : {sections[0], sections[1]}) {
+      go(section);
+      app->setCategory(u"9"_s);
+      walk();
+      go(section);
+      app->setSearch(u"no such name"_s);
+      walk();
+    }
+    for (const LibraryKind kind : {LibraryKind::live, LibraryKind::movies})
+      if (const auto loaded = app->catalogs().find(kind);
+          loaded != app->catalogs().end() && loaded->second.size() > 0)
+        app->favorite(loaded->second.item(0));
+    go(sections[static_cast<int>(channels > 1) + 2]);
+    disconnectAccount();
+    ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+    walk();
+  }
+}
+
 TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
   open();
   signIn(rows(LibraryKind::live, 1, 3));

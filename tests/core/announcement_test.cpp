@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include <QMetaMethod>
+#include <QSet>
+
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using test::eventually;
+using test::settle;
+
+/// What a listener can read of the model.
+QStringList state(const AppModel& model) {
+  const auto text = [](const auto& value) { return value ? *value : QString(); };
+  QStringList read = {model.section(),
+                      model.category(),
+                      model.search(),
+                      model.selected() ? model.selected()->id : QString(),
+                      model.account() ? model.account()->idText() : QString(),
+                      text(model.notice()),
+                      text(model.detailsError()),
+                      model.browseAnchor(model.section()).value_or(QString())};
+  for (const auto number :
+       {static_cast<qsizetype>(model.items().size()),
+        static_cast<qsizetype>(model.catalogs().size()),
+        static_cast<qsizetype>(model.loading().size()),
+        static_cast<qsizetype>(model.errors().size()), model.favorites().size(),
+        model.episodes().size(), model.guide().size(),
+        static_cast<qsizetype>(model.episodeSeason()), static_cast<qsizetype>(model.busy()),
+        static_cast<qsizetype>(model.demo()), static_cast<qsizetype>(model.detailsLoading()),
+        static_cast<qsizetype>(model.showingEpisodes()),
+        static_cast<qsizetype>(model.showingConnect()),
+        static_cast<qsizetype>(model.showingSettings()),
+        static_cast<qsizetype>(model.startingUp())})
+    read.append(QString::number(number));
+  return read;
+}
+
+/// Hears every signal of the model.
+class Listener final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Listener(AppModel& model) : model_(model) {
+    const QMetaObject& type = AppModel::staticMetaObject;
+    const QMetaMethod heard = staticMetaObject.method(staticMetaObject.indexOfSlot("heard()"));
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+      if (type.method(i).methodType() == QMetaMethod::Signal)
+        connect(&model, type.method(i), this, heard);
+  }
+
+  int rounds = 0;
+
+ public Q_SLOTS:
+  void heard() {
+    const QByteArray name = AppModel::staticMetaObject.method(senderSignalIndex()).name();
+    const QStringList now = state(model_);
+    if (told_.isEmpty()) first_ = now;
+    EXPECT_EQ(now, first_) << name.toStdString() << " came when not everything was changed";
+    if (name == "settled") {
+      EXPECT_FALSE(told_.isEmpty());
+      told_.clear();
+      ++rounds;
+      return;
+    }
+    // Those of one channel each may come several times.
+    const bool keyed = name.startsWith("guide") && name != "guideChanged";
+    EXPECT_TRUE(keyed || !told_.contains(name)) << name.toStdString() << " came twice";
+    told_.insert(name);
+  }
+
+ private:
+  AppModel& model_;
+  QSet<QByteArray> told_;
+  QStringList first_;
+};
+
+struct AnnouncementTest : public ::testing::Test, protected test::ModelFixture {
+  void load(LibraryKind kind, const QByteArray& body) {
+    transport.always(action(kind), body);
+    transport.always(categoryAction(kind), "[]");
+  }
+};
+
+TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
+  AppModel& app = launch();
+  const Listener listener(app);
+  app.navigate(QStringLiteral("movies"));
+  app.setSearch(QStringLiteral("title"));
+  signIn(rows(LibraryKind::live, 1, 9));
+  load(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
+  load(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
+  transport.always(QStringLiteral("get_series_info"), R"({"episodes":{"1":[{"id":"5"}]}})");
+  for (const char* section : {"movies", "shows", "live", "favorites", "search", "movies"}) {
+    app.navigate(QString::fromLatin1(section));
+    ASSERT_TRUE(eventually([&] { return app.loading().empty(); }));
+    app.setSearch(QStringLiteral("title 1"));
+    app.setCategory(QStringLiteral("1"));
+    if (!app.items().empty()) app.favorite(app.items().item(0));
+    app.setBrowseAnchor(app.section(), QStringLiteral("movies:1"));
+    app.setShowingEpisodes(true);
+    app.setEpisodeSeason(2);
+    settle();
+    app.setCategory(QString());
+    app.refreshGuide();
+    settle();
+  }
+  app.setShowingSettings(true);
+  app.navigate(QStringLiteral("favorites"));
+  account.id = QUuid::createUuid();
+  signIn(rows(LibraryKind::live, 1, 9));
+  app.navigate(QStringLiteral("shows"));
+  ASSERT_TRUE(eventually([&] { return app.loading().empty(); }));
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  EXPECT_GT(listener.rounds, 60);
+}
+
+TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
+  AppModel& app = launch();
+  signIn(rows(LibraryKind::live, 1, 9));
+  app.select(app.items().item(0));
+  transport.answer(QStringLiteral("get_short_epg"), R"({"epg_listings":[]})");
+  settle();
+  const Listener listener(app);
+  app.navigate(app.section());
+  app.setSearch(app.search());
+  app.setShowingConnect(false);
+  app.clearNotice();
+  app.load(LibraryKind::live, false);
+  EXPECT_EQ(listener.rounds, 0);
+}
+
+/// A listener that acts on what it hears is heard of in its turn.
+TEST_F(AnnouncementTest, WhatAListenerChangesFollows) {
+  AppModel& app = launch({QStringLiteral("--demo")});
+  QStringList heard;
+  QObject::connect(&app, &AppModel::sectionChanged, &app, [&] {
+    app.setSearch(QStringLiteral("the"));
+    heard.append(QStringLiteral("section"));
+  });
+  QObject::connect(&app, &AppModel::itemsChanged, &app,
+                   [&] { heard.append(QString::number(app.items().size())); });
+  app.navigate(QStringLiteral("movies"));
+  EXPECT_EQ(heard,
+            (QStringList{QStringLiteral("section"), QStringLiteral("4"), QStringLiteral("4")}));
+}
+
+TEST(ItemListTest, AnIndexThatItDoesNotHaveIsRefused) {
+#ifdef QT_NO_DEBUG
+  EXPECT_EQ(ItemList().item(0), MediaItem());
+  EXPECT_EQ(ItemList().id(3), QString());
+#else
+  EXPECT_DEATH(ItemList().item(0), "index");
+#endif
+}
+
+}  // namespace
+}  // namespace vantor
+
+#include "announcement_test.moc"
