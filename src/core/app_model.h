@@ -102,9 +102,11 @@ class AppModel final : public QObject {
   QCoro::Task<> disconnectAccount(std::stop_token token);
   void load(LibraryKind kind, bool refresh);
 
-  // playback_handoff.cpp
+  // watch_record.cpp
   const QSet<QString>& favorites() const { return favorites_; }
   void favorite(MediaItem item);
+
+  // playback_handoff.cpp
   void play(MediaItem item);
   void openFile();
 
@@ -242,8 +244,13 @@ class AppModel final : public QObject {
   void replaceDisk(std::shared_ptr<CatalogDiskStore> disk);
   CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
 
-  // playback_handoff.cpp
+  // watch_record.cpp
+  void readRecord();
+  /// Goes on with the record of the user's last account, and forgets other accounts' files.
+  void beginRecord();
   void storeProgress(const QString& id, double seconds, double duration);
+
+  // playback_handoff.cpp
   static QCoro::Task<> chooseFile(QPointer<AppModel> self, std::stop_token stop);
 
   const AppServices services_;

@@ -89,6 +89,7 @@ void AppModel::signedIn(ProviderAccount account, ProviderDetails details,
   assign(details_, std::optional(std::move(details)), &AppModel::detailsChanged);
   replaceDisk(std::move(disk));
   settleIn(std::move(account));
+  beginRecord();
   setNotice(std::nullopt);
   setShowingConnect(false);
   load(LibraryKind::live, false);

@@ -1,4 +1,4 @@
-// Favourites, handing entries to the playback controller, watch progress.
+// Handing entries and files to the playback controller.
 #include <QFileInfo>
 
 #include "core/app_model.h"
@@ -7,22 +7,6 @@
 #include "provider/error_wording.h"
 
 namespace vantor {
-namespace {
-
-constexpr double finishMargin = 20;       // seconds
-constexpr qsizetype progressBound = 200;  // entries
-
-}  // namespace
-
-void AppModel::favorite(MediaItem item) {
-  const Operation operation(announcements_);
-  QSet<QString> favorites = favorites_;
-  if (!favorites.remove(item.id)) favorites.insert(item.id);
-  setFavorites(std::move(favorites));
-  if (account_)
-    services_.preferences.setTextList(QStringLiteral("favorites-") + account_->idText(),
-                                      QStringList(favorites_.begin(), favorites_.end()));
-}
 
 void AppModel::play(MediaItem item) {
   if (item.isExample) {
@@ -71,14 +55,6 @@ QCoro::Task<> AppModel::chooseFile(QPointer<AppModel> self, std::stop_token stop
   request.agent = defaultUserAgent;
   request.local = true;
   self->playback_->play(request);
-}
-
-void AppModel::storeProgress(const QString& id, double seconds, double duration) {
-  if (!account_ || playback_->isLocal()) return;
-  const double position = duration - finishMargin > seconds ? seconds : 0;
-  progress_.insert(id, {position, duration});
-  if (progress_.size() > progressBound) progress_ = {{id, {position, duration}}};
-  services_.preferences.setNumberLists(QStringLiteral("progress-") + account_->idText(), progress_);
 }
 
 }  // namespace vantor

@@ -20,7 +20,10 @@ struct AppModel::Restored {
     Restored restored;
     try {
       const std::optional<QByteArray> saved = secrets.read(providerItem, stop);
-      if (!saved) return restored;
+      if (!saved) {
+        CatalogDiskStore::removeAll(folders);
+        return restored;
+      }
       restored.account = ProviderAccount::fromJSON(*saved);
       restored.disk = CatalogDiskStore::create(secrets, folders, stop);
       restored.liveCopy = restored.disk->load(restored.account->id, LibraryKind::live);
@@ -69,14 +72,12 @@ void AppModel::applyRestored(Restored restored) {
   if (!restored.account) return;
   // Whoever went elsewhere meanwhile finds it as it was left.
   navigate(rawValue(LibraryKind::live));
-  const QString id = restored.account->idText();
-  const QStringList favorites = services_.preferences.textList(QStringLiteral("favorites-") + id);
-  setFavorites(QSet<QString>(favorites.begin(), favorites.end()));
-  progress_ = services_.preferences.numberLists(QStringLiteral("progress-") + id);
   assign(account_, std::move(restored.account), &AppModel::accountChanged);
   assign(restoringLibrary_, true, &AppModel::restoringLibraryChanged);
   disk_ = std::move(restored.disk);
   liveCopy_ = std::move(restored.liveCopy);
+  readRecord();
+  if (disk_) beginRecord();
 }
 
 }  // namespace vantor

@@ -13,19 +13,26 @@ namespace vantor {
 /// What waits to be written; a value that changes again before its turn is written once.
 struct Preferences::Writer {
   QString file;
+  QMutex fileTurn;
   QMutex mutex;
-  QHash<QString, QByteArray> waiting;
+  QHash<QString, std::optional<QByteArray>> waiting;  // absent: to be removed
 
   void write() {
-    QHash<QString, QByteArray> batch;
+    // From the taking of a batch to its end: no older batch may reach the file after a newer one.
+    const QMutexLocker turn(&fileTurn);
+    QHash<QString, std::optional<QByteArray>> batch;
     {
       const QMutexLocker lock(&mutex);
       batch.swap(waiting);
     }
     if (batch.isEmpty()) return;
     QSettings settings(file, QSettings::IniFormat);
-    for (auto it = batch.cbegin(); it != batch.cend(); ++it)
-      settings.setValue(it.key(), QString::fromUtf8(it.value()));
+    for (auto it = batch.cbegin(); it != batch.cend(); ++it) {
+      if (it.value())
+        settings.setValue(it.key(), QString::fromUtf8(*it.value()));
+      else
+        settings.remove(it.key());
+    }
     settings.sync();
   }
 };
@@ -43,7 +50,17 @@ Preferences::~Preferences() {
 }
 
 void Preferences::store(const QString& key, const QByteArray& json) {
+  const auto known = values_.constFind(key);
+  if (known != values_.constEnd() && *known == json) return;
   values_.insert(key, json);
+  writeLater(key, json);
+}
+
+void Preferences::remove(const QString& key) {
+  if (values_.remove(key)) writeLater(key, std::nullopt);
+}
+
+void Preferences::writeLater(const QString& key, const std::optional<QByteArray>& json) {
   {
     const QMutexLocker lock(&writer_->mutex);
     writer_->waiting.insert(key, json);

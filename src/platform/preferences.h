@@ -18,7 +18,8 @@ using NumberLists = QHash<QString, QList<double>>;
 /// The user's preferences: values under text keys in one INI file. Main thread only.
 ///
 /// Reads answer from memory; a write is on its way to the file when the call returns and has
-/// reached it when the destructor ends. Damaged or foreign values read as absent.
+/// reached it when the destructor ends. Setting a value to what it is writes nothing. Damaged or
+/// foreign values read as absent.
 class Preferences {
  public:
   explicit Preferences(const QString& file);
@@ -33,8 +34,11 @@ class Preferences {
   NumberLists numberLists(const QString& key) const;
   void setNumberLists(const QString& key, const NumberLists& value);
 
+  void remove(const QString& key);
+
  private:
   void store(const QString& key, const QByteArray& json);
+  void writeLater(const QString& key, const std::optional<QByteArray>& json);
 
   struct Writer;
   QHash<QString, QByteArray> values_;  // JSON text of each value

@@ -1,6 +1,8 @@
 #include "storage/catalog_disk_store.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QMessageAuthenticationCode>
 
 #include "platform/folders.h"
 #include "provider/catalog_stored_form.h"
@@ -11,6 +13,25 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
+namespace {
+
+QString catalogFolder(const Folders& folders) {
+  return folders.applicationSupport + QStringLiteral("/Vantor Player Mac Preview/Catalog");
+}
+
+/// Removes the catalogue files but those whose names begin with `kept`, unless that is empty.
+void removeOthers(const QString& folder, const QString& kept) {
+  for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
+    if (!kept.isEmpty() && name.startsWith(kept)) continue;
+    try {
+      private_file::remove(folder + QLatin1Char('/') + name);
+    } catch (const std::system_error&) {
+      // Nobody reads it any more; the next start tries again.
+    }
+  }
+}
+
+}  // namespace
 
 CatalogDiskStore::CatalogDiskStore(QString folder, QByteArray key)
     : folder_(std::move(folder)), key_(std::move(key)) {}
@@ -18,8 +39,7 @@ CatalogDiskStore::CatalogDiskStore(QString folder, QByteArray key)
 std::shared_ptr<CatalogDiskStore> CatalogDiskStore::create(const SecureStore& secrets,
                                                            const Folders& folders,
                                                            std::stop_token token) {
-  const QString folder =
-      folders.applicationSupport + QStringLiteral("/Vantor Player Mac Preview/Catalog");
+  const QString folder = catalogFolder(folders);
   std::optional<QByteArray> key = secrets.read(catalogKeyItem, token);
   if (!key) {
     key = sealed_box::randomBytes(sealed_box::keySize);
@@ -56,6 +76,19 @@ Pending<Done> CatalogDiskStore::clear(const QUuid& account) {
   return worker_.run([this, account] {
     for (const LibraryKind kind : allLibraryKinds) private_file::remove(file(account, kind));
   });
+}
+
+void CatalogDiskStore::keepOnly(const QUuid& account) {
+  worker_.post([folder = folder_, kept = canonicalText(account)] { removeOthers(folder, kept); });
+}
+
+void CatalogDiskStore::removeAll(const Folders& folders) {
+  removeOthers(catalogFolder(folders), QString());
+}
+
+QString CatalogDiskStore::keyedDigest(const QString& text) const {
+  return QString::fromLatin1(
+      QMessageAuthenticationCode::hash(text.toUtf8(), key_, QCryptographicHash::Sha256).toHex());
 }
 
 }  // namespace vantor

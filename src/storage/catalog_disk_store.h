@@ -29,6 +29,14 @@ class CatalogDiskStore {
   Pending<Done> save(const Catalog& catalog, const QUuid& account, LibraryKind kind);
   /// Removes the account's three files; stops at the first that cannot be removed.
   Pending<Done> clear(const QUuid& account);
+  /// Removes the files of every other account, as far as they can be removed.
+  void keepOnly(const QUuid& account);
+  /// Removes the files of all accounts, likewise, without a key. Blocks: worker threads only.
+  static void removeAll(const Folders& folders);
+
+  /// HMAC-SHA256 (RFC 2104) of `text` under the store's key, as hexadecimal digits: tells whether
+  /// two texts are the same to whoever has the key, and nothing else to others.
+  QString keyedDigest(const QString& text) const;
 
  private:
   CatalogDiskStore(QString folder, QByteArray key);

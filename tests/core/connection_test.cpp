@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <cstring>
+#include <future>
 
 #include "provider/error_wording.h"
 #include "support/model_fixture.h"
@@ -268,6 +270,147 @@ INSTANTIATE_TEST_SUITE_P(Changes, StaleLoadTest,
                            }
                            return {};
                          });
+
+TEST_F(ConnectionTest, TheListAndTheProgressGoWithTheUser) {
+  const auto user = [](const char* name) {
+    return ProviderAccount::validated(QStringLiteral("Vantor TV"),
+                                      QStringLiteral("http://tv.example"),
+                                      QString::fromLatin1(name), QStringLiteral("secret"));
+  };
+  transport.always(QString(), acceptedSignIn());
+  transport.always(liveRequest, rows(LibraryKind::live, 0, 3));
+  transport.always(categoryAction(LibraryKind::live), "[]");
+  const auto enter = [&](const char* name) {
+    connectAccount(user(name));
+    ASSERT_TRUE(eventually([&] { return signInOver && model->catalogs().size() == 1; }));
+  };
+  enter("somebody");
+  const QString first = model->account()->idText();
+  model->favorite(model->items().item(1));
+  model->playback().onProgress(QStringLiteral("movies:7"), 61, 500);
+  enter("another");
+  EXPECT_TRUE(model->favorites().isEmpty());
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !model->account() && !model->busy(); }));
+  launch();
+  enter("somebody");
+  const QString second = model->account()->idText();
+  EXPECT_NE(second, first);
+  EXPECT_EQ(model->favorites(), QSet<QString>{QStringLiteral("live:1")});
+  model->playback().onProgress(QStringLiteral("movies:8"), 10, 500);
+  ASSERT_TRUE(eventually([&] { return model->loading().empty(); }));
+  launch();
+  EXPECT_EQ(model->favorites(), QSet<QString>{QStringLiteral("live:1")});
+  const NumberLists progress = preferences->numberLists(QStringLiteral("progress-") + second);
+  EXPECT_EQ(progress.value(QStringLiteral("movies:7")), (QList<double>{61, 500}));
+  EXPECT_EQ(progress.size(), 2);
+  EXPECT_EQ(preferences->text(QStringLiteral("progress-") + first), std::nullopt);
+  quit();
+  QFile file(home.filePath(QStringLiteral("preferences.ini")));
+  ASSERT_TRUE(file.open(QFile::ReadOnly));
+  EXPECT_FALSE(file.readAll().contains("somebody"));
+}
+
+TEST_F(ConnectionTest, FilesOfAccountsThatAreGoneAreRemoved) {
+  const auto leave = [&](const char* name) {
+    QDir().mkpath(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog")));
+    QFile file(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog/")) +
+               QString::fromLatin1(name));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+  };
+  const QStringList own{account.idText() + QStringLiteral("-live.bin")};
+  leave("0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-live.bin");
+  leave("0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-movies.bin.new");
+  signIn(rows(LibraryKind::live, 0, 3));
+  EXPECT_TRUE(eventually([&] { return savedFiles() == own; }));
+  leave("0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-shows.bin");
+  launch();
+  EXPECT_TRUE(eventually([&] { return savedFiles() == own; }));
+  quit();
+  credentials.remove({QStringLiteral("tv.vantor.player"), providerItem}, {});
+  launch();
+  EXPECT_TRUE(savedFiles().isEmpty());
+}
+
+TEST_F(ConnectionTest, TheLastReportOfProgressIsTheLeavingAccounts) {
+  signIn(rows(LibraryKind::live, 0, 3));
+  MediaItem movie;
+  movie.id = QStringLiteral("movies:2");
+  movie.providerID = QStringLiteral("2");
+  movie.kind = LibraryKind::movies;
+  movie.fileExtension = QStringLiteral("mkv");
+  app.play(movie);
+  settle();
+  engine.now.state = EngineState::playing;
+  engine.now.hasMedia = true;
+  engine.now.seekable = true;
+  engine.now.length = 500'000;
+  engine.now.time = 60'000;
+  clock.advance(std::chrono::milliseconds(500));
+  const QString key = QStringLiteral("progress-") + account.idText();
+  preferences->remove(key);
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  EXPECT_EQ(preferences->numberLists(key).value(QStringLiteral("movies:2")),
+            (QList<double>{60, 500}));
+}
+
+/// Steps of a service check ("c" its address, "d" its sign-in) and of what the user does meanwhile
+/// ("i" begins a sign-in and "j" is its answer, "o" signs out), in every order; what they write
+/// waits until then ("late") or not.
+TEST_F(ConnectionTest, AServiceCheckNeverUndoesWhatTheUserDoes) {
+  const ProviderAccount other = ProviderAccount::validated(
+      QStringLiteral("Vantor TV"), QStringLiteral("http://other.example"), QStringLiteral("other"),
+      QStringLiteral("secret"));
+  const auto answerSignIn = [&](const char* host) {
+    for (const auto& exchange : transport.exchanges())
+      if (!exchange->over && exchange->request.address.host() == QLatin1String(host)) {
+        exchange->over = true;
+        exchange->answer.resolve(acceptedSignIn());
+      }
+  };
+  for (const char* steps : {"cdij", "cidj", "cijd", "icdj", "icjd", "ijcd", "cdo", "cod", "ocd"})
+    for (const bool late : {false, true}) {
+      SCOPED_TRACE(testing::Message() << steps << (late ? " late" : ""));
+      quit();
+      credentials.put(providerItem, account.toJSON());
+      launch();
+      std::promise<void> unlocked;
+      if (late) secretsWorker.post([waiting = unlocked.get_future().share()] { waiting.wait(); });
+      for (const char* step = steps; *step != 0; ++step) {
+        switch (*step) {
+          case 'c':
+            transport.answer(QStringLiteral("vantor-config.json"),
+                             R"({"schemaVersion":1,"serverUrl":"http://new.example"})");
+            break;
+          case 'd':
+            answerSignIn("new.example");
+            break;
+          case 'i':
+            connectAccount(other);
+            break;
+          case 'j':
+            answerSignIn("other.example");
+            break;
+          case 'o':
+            disconnectAccount();
+            break;
+        }
+        settle();
+      }
+      if (late) unlocked.set_value();
+      ASSERT_TRUE(eventually([&] { return !model->busy(); }));
+      settle();
+      const std::optional<QByteArray> stored = credentials.value(providerItem);
+      if (strchr(steps, 'o') != nullptr) {
+        EXPECT_FALSE(stored || model->account());
+      } else {
+        EXPECT_EQ(model->account(), other);
+        ASSERT_TRUE(stored.has_value());
+        EXPECT_EQ(ProviderAccount::fromJSON(*stored), other);
+      }
+    }
+}
 
 TEST_F(ConnectionTest, DestroyingTheModelEndsASignIn) {
   for (const bool answered : {false, true}) {

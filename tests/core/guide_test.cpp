@@ -111,6 +111,71 @@ TEST_F(GuideTest, TheChannelCheckedLongestAgoMakesRoom) {
   EXPECT_EQ(titleOf(129), QStringLiteral("a b"));
 }
 
+TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
+  transport.always(guideRequest, programme("a b"));
+  for (int number = 0; number < 128; ++number) {
+    prefetch(number);
+    ASSERT_TRUE(eventually([&] { return app.guideOf(channel(number).id).has_value(); }));
+  }
+  for (const auto set : {std::chrono::seconds(-3h), std::chrono::seconds(7h), -7h - 300s}) {
+    clock.set(set);
+    const int before = requests();
+    for (int round = 0; round < 3; ++round) {
+      for (const int number : {3, 200, 201, 202}) prefetch(number);
+      EXPECT_TRUE(eventually([&] {
+        clock.advance(1ms);
+        return open() == 0 && requests() >= before + 4 && app.guideOf(channel(202).id).has_value();
+      }));
+    }
+    EXPECT_EQ(requests(), before + 4) << set.count();
+  }
+}
+
+TEST_F(GuideTest, AGuideTooManyLetsTheOthersBeAskedForAgain) {
+  transport.always(guideRequest, programme("a b"));
+  for (int number = 0; number < 128; ++number) {
+    prefetch(number);
+    ASSERT_TRUE(eventually([&] { return app.guideOf(channel(number).id).has_value(); }));
+  }
+  app.select(channel(150));
+  ASSERT_TRUE(eventually([&] { return titleOf(150) == QStringLiteral("a b"); }));
+  EXPECT_EQ(titleOf(7), QStringLiteral("unknown"));
+  const int before = requests();
+  prefetch(7);
+  // The loader still has it.
+  EXPECT_TRUE(eventually([&] { return titleOf(7) == QStringLiteral("a b"); }));
+  EXPECT_EQ(requests(), before);
+}
+
+/// The selection runs through more channels than may wait for their guides.
+TEST_F(GuideTest, TheChannelThatAHeldKeyStopsAtGetsItsGuide) {
+  for (int number = 0; number < 40; ++number) {
+    app.select(channel(number));
+    settle();
+  }
+  prefetch(41);
+  EXPECT_FALSE(app.detailsError().has_value());
+  EXPECT_TRUE(app.detailsLoading());
+  transport.always(guideRequest, programme("a b"));
+  while (transport.answer(guideRequest, programme("a b"))) settle();
+  EXPECT_TRUE(eventually([&] {
+    clock.advance(100ms);
+    return !app.guide().isEmpty() && app.guideOf(channel(41).id).has_value();
+  }));
+  EXPECT_FALSE(app.detailsError() || app.detailsLoading());
+  EXPECT_FALSE(app.guideFailed(channel(41).id));
+}
+
+TEST_F(GuideTest, ALaterSuccessTakesTheErrorAway) {
+  app.select(channel(1));
+  settle();
+  transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
+  ASSERT_TRUE(eventually([&] { return app.detailsError().has_value(); }));
+  fetch(1);
+  EXPECT_FALSE(app.detailsError().has_value());
+  EXPECT_EQ(app.guide().size(), 1);
+}
+
 TEST_F(GuideTest, ReachesTheSelectedChannel) {
   app.select(channel(1));
   settle();

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <future>
+
 #include "provider/error_wording.h"
 #include "support/model_fixture.h"
 
@@ -50,6 +52,26 @@ TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
   engine.now.length = 500'000;
   clock.advance(std::chrono::milliseconds(500));
   EXPECT_TRUE(engine.calls.contains(QStringLiteral("setTime 61000"))) << "resumes where it stopped";
+}
+
+TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChannels) {
+  saveAccount();
+  std::promise<void> unlocked;
+  secretsWorker.post([waiting = unlocked.get_future().share()] { waiting.wait(); });
+  AppModel& app = begin();
+  app.navigate(QStringLiteral("movies"));
+  app.setSearch(QStringLiteral("x"));
+  unlocked.set_value();
+  ASSERT_TRUE(eventually([&] { return app.account().has_value(); }));
+  EXPECT_EQ(app.section(), QStringLiteral("live"));
+  EXPECT_EQ(app.search(), QString());
+  EXPECT_TRUE(app.restoringLibrary());
+  transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
+  EXPECT_FALSE(app.restoringLibrary());
+  app.navigate(QStringLiteral("movies"));
+  EXPECT_TRUE(eventually([&] { return transport.open(action(LibraryKind::movies)) == 1; }));
+  EXPECT_EQ(app.search(), QStringLiteral("x"));
 }
 
 TEST_F(StartUpTest, ChecksTheServerBeforeItLoadsTheLiveLibrary) {

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 namespace vantor {
 namespace {
@@ -32,6 +33,45 @@ TEST_F(PreferencesTest, ValuesAreThereInTheNextRun) {
   EXPECT_EQ(preferences.textList(QStringLiteral("favorites-A")), favorites);
   EXPECT_EQ(preferences.numberLists(key), progress);
   EXPECT_EQ(preferences.text(QStringLiteral("missing")), std::nullopt);
+}
+
+TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
+  // Long enough that the first write is still going on when the last one begins.
+  const QString first = QString(4'000'000, u'a');
+  const QString last = QStringLiteral("b");
+  for (int run = 0; run < 5; ++run) {
+    {
+      Preferences preferences(file);
+      preferences.setText(key, first);
+      QThread::msleep(static_cast<unsigned long>(2 * run));
+      preferences.setText(key, last);
+    }
+    EXPECT_EQ(Preferences(file).text(key), last) << "run " << run;
+  }
+}
+
+TEST_F(PreferencesTest, WritesOnlyWhatChanges) {
+  { Preferences(file).setText(key, QStringLiteral("same")); }
+  {
+    Preferences preferences(file);
+    ASSERT_TRUE(QFile::remove(file));
+    preferences.setText(key, QStringLiteral("same"));
+    preferences.remove(QStringLiteral("never there"));
+  }
+  EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(PreferencesTest, ARemovedValueStaysAway) {
+  {
+    Preferences preferences(file);
+    preferences.setText(key, QStringLiteral("x"));
+  }
+  {
+    Preferences preferences(file);
+    preferences.remove(key);
+    EXPECT_EQ(preferences.text(key), std::nullopt);
+  }
+  EXPECT_EQ(Preferences(file).text(key), std::nullopt);
 }
 
 TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {

@@ -17,6 +17,8 @@ class ManualClock final : public Clock {
   /// Moves on by `duration`, makes the calls that fall due on the way, in their order, and lets
   /// every coroutine run as far as it gets after each of them.
   void advance(std::chrono::milliseconds duration);
+  /// Somebody sets the clock on the wall.
+  void set(std::chrono::seconds ahead) { wall_ += ahead; }
   /// Calls that are waiting for their time.
   std::size_t waiting() const { return calls_->size(); }
 

@@ -30,6 +30,13 @@ ModelFixture::~ModelFixture() {
 }
 
 AppModel& ModelFixture::launch(const QStringList& arguments) {
+  begin(arguments);
+  if (!eventually([&] { return !model->startingUp(); })) qFatal("the start-up did not end");
+  settle();
+  return *model;
+}
+
+AppModel& ModelFixture::begin(const QStringList& arguments) {
   quit();
   preferences = std::make_unique<Preferences>(home.filePath(QStringLiteral("preferences.ini")));
   configuration = std::make_unique<VantorConfiguration>(
@@ -49,8 +56,6 @@ AppModel& ModelFixture::launch(const QStringList& arguments) {
                             QStringLiteral("tv.vantor.player"))};
   model = std::make_unique<AppModel>(
       services, std::make_unique<Playback>(engine, clock, worker, folders, true));
-  if (!eventually([&] { return !model->startingUp(); })) qFatal("the start-up did not end");
-  settle();
   return *model;
 }
 

@@ -25,6 +25,8 @@ struct ModelFixture {
   /// Starts the program with these arguments. The saved account, if any, has been read when it
   /// returns; what the start-up asks of the network waits for its answers.
   AppModel& launch(const QStringList& arguments = {});
+  /// The same, with the saved account still to be read.
+  AppModel& begin(const QStringList& arguments = {});
   /// Destroys the model, and what it wrote to the preferences is on disk.
   void quit();
   /// Starts a sign-in whose result ends up in `signInFailure`.
