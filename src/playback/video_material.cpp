@@ -2,8 +2,8 @@
 
 #include <QMatrix4x4>
 #include <cstring>
-// Public from Qt 6.6.
-#include <private/qrhi_p.h>
+
+#include "playback/rhi.h"
 
 namespace vantor {
 

@@ -57,7 +57,8 @@ class ArtworkItemTest : public ::testing::Test {
   Worker worker;
   ArtworkStore store{transport, clock, worker};
   QQuickWindow window;
-  ArtworkItem item{window.contentItem()};
+  QQuickItem parent{window.contentItem()};
+  ArtworkItem item{&parent};
 };
 
 TEST_F(ArtworkItemTest, FollowsItsAddress) {
@@ -87,7 +88,7 @@ TEST_F(ArtworkItemTest, AsksOnlyWhileItIsShown) {
   const Case cases[] = {
       {[this](bool shown) { item.setVisible(shown); }, "visible"},
       {[this](bool shown) { item.setActive(shown); }, "active"},
-      {[this](bool shown) { window.contentItem()->setVisible(shown); }, "its parent visible"},
+      {[this](bool shown) { parent.setVisible(shown); }, "its parent visible"},
   };
   std::size_t asked = 0;
   for (const Case& example : cases) {
