@@ -21,7 +21,7 @@ QString preferencesFile(const Folders& folders) {
   return folders.configuration + QStringLiteral("/Vantor Player/preferences.ini");
 }
 
-/// Where the program's own files are installed, empty when it runs from its build.
+/// Where the program's own files are, installed as in its build; empty when it has none.
 QString resourceFolder() {
   const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vantor"));
   return folder.exists() ? folder.canonicalPath() : QString();

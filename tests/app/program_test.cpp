@@ -32,6 +32,19 @@ TEST_F(ProgramTest, QuitsWithTheSignInSheetOpen) {
   EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
+  const QDir folder(QFileInfo(QStringLiteral(VANTOR_PROGRAM))
+                        .dir()
+                        .filePath(QStringLiteral("../share/vantor/Licenses")));
+  for (const char* part :
+       {"Vantor Player", "ffmpeg", "fonts-inter", "fonts-noto", "icu", "libsecret", "openssl",
+        "qcoro", "qt6-base", "qt6-declarative", "rapidjson", "simdjson", "vlc"}) {
+    const QStringList notices = folder.entryList({QLatin1String(part) + QStringLiteral("*.txt")});
+    ASSERT_FALSE(notices.isEmpty()) << part;
+    EXPECT_GT(QFileInfo(folder.filePath(notices.front())).size(), 100) << part;
+  }
+}
+
 TEST_F(ProgramTest, QuitsInTheMiddleOfAServiceCheckAndOfALoad) {
   saveAccount();
   for (const char* action : {"config", "get_live_streams"}) {
