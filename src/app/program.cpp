@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "app/writing_systems.h"
 #include "playback/playback.h"
 
 namespace vantor {
@@ -111,6 +112,9 @@ void Program::showWindow() {
       [this] {
         engine_.warmUp();
         recordingService_.offer(worker_, values_.bundleIdentifier);
+        if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
+          qWarning().noquote() << "No font for" << missing.join(QStringLiteral(", "))
+                               << "here; Debian has fonts-noto-core and fonts-noto-cjk";
       },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }

@@ -32,6 +32,21 @@ TEST_F(ProgramTest, QuitsWithTheSignInSheetOpen) {
   EXPECT_EQ(quit(), 0);
 }
 
+TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
+  QFile only(home.filePath(QStringLiteral("fonts.conf")));
+  ASSERT_TRUE(only.open(QFile::WriteOnly));
+  only.write("<fontconfig><dir>/usr/share/fonts/opentype/inter</dir></fontconfig>");
+  only.close();
+  environment.insert(QStringLiteral("FONTCONFIG_FILE"), only.fileName());
+  ASSERT_TRUE(start({QStringLiteral("--demo")}));
+  QByteArray said;
+  EXPECT_TRUE(eventually([&] { return (said += program.readAll()).contains("No font for"); }));
+  for (const char* name : {"Arabic", "Chinese", "Japanese", "Korean"})
+    EXPECT_TRUE(said.contains(name)) << name;
+  EXPECT_FALSE(said.contains("Cyrillic"));
+  EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
   const QDir folder(QFileInfo(QStringLiteral(VANTOR_PROGRAM))
                         .dir()

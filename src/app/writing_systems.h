@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringList>
+
+namespace vantor {
+
+/// Those of the writing systems in wide use for which this desktop has no font: names in them are
+/// shown as boxes.
+QStringList writingSystemsWithoutFont();
+
+}  // namespace vantor
