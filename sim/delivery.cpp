@@ -1,12 +1,12 @@
 #include "sim/delivery.h"
 
-#include <zlib.h>
-
 #include <algorithm>
 #include <charconv>
-#include <stdexcept>
+#include <map>
+#include <mutex>
 
 #include "sim/names.h"
+#include "sim/packing.h"
 #include "sim/poster.h"
 
 namespace sim {
@@ -42,27 +42,14 @@ std::string randomBytes(std::size_t size) {
   return bytes;
 }
 
-std::string bombInGzip() {
-  const std::string raw(64 * 1024 * 1024, ' ');
-  z_stream stream{};
-  if (deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 9, Z_DEFAULT_STRATEGY) != Z_OK) {
-    throw std::runtime_error("cannot compress");
-  }
-  std::string bytes(deflateBound(&stream, raw.size()), '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(raw.data()));
-  stream.avail_in = static_cast<uInt>(raw.size());
-  stream.next_out = reinterpret_cast<Bytef*>(bytes.data());
-  stream.avail_out = static_cast<uInt>(bytes.size());
-  deflate(&stream, Z_FINISH);
-  bytes.resize(stream.total_out);
-  deflateEnd(&stream);
-  return bytes;
-}
-
-Response compressedBomb() {
-  static const auto body = std::make_shared<const std::string>(bombInGzip());
+Response compressedBomb(const char* encoding) {
+  static std::mutex mutex;
+  static std::map<std::string, std::shared_ptr<const std::string>> bombs;
+  const std::lock_guard lock(mutex);
+  auto& made = bombs[encoding];
+  if (!made) made = std::make_shared<const std::string>(bomb(encoding));
   return {
-      .contentType = "application/json", .body = body, .headers = {{"Content-Encoding", "gzip"}}};
+      .contentType = "application/json", .body = made, .headers = {{"Content-Encoding", encoding}}};
 }
 
 Response hugeImage() {
@@ -78,6 +65,7 @@ Response changed(const Request& request, const Response& proper, Fault fault,
   };
   switch (fault) {
     case Fault::redirectSameOrigin:
+    case Fault::redirectOversize:
     case Fault::redirectLoop:
       return redirect(request, origins.own);
     case Fault::redirectOtherPort:
@@ -115,8 +103,14 @@ Response changed(const Request& request, const Response& proper, Fault fault,
               ? "[{\"stream_id\":1,\"series_id\":1,\"category_id\":\"1\",\"name\":\"a\xFF\xC3(\xED"
                 "\xA0\x80\\u0000z\",\"category_name\":\"\xF8\"}]"
               : "{\"user_info\":{\"auth\":1,\"status\":\"Active\",\"message\":\"\xFE\"}}");
-    case Fault::oversizeCompressed:
-      return compressedBomb();
+    case Fault::oversizeGzip:
+      return compressedBomb("gzip");
+    case Fault::oversizeDeflate:
+      return compressedBomb("deflate");
+    case Fault::oversizeBrotli:
+      return compressedBomb("br");
+    case Fault::oversizeZstd:
+      return compressedBomb("zstd");
     case Fault::hugeImage:
       return hugeImage();
     default:
@@ -211,6 +205,8 @@ bool deliver(Connection& connection, const Request& request, const Response& res
     case Fault::notHttp:
       connection.write(randomBytes(2000));
       return false;
+    case Fault::redirectOversize:
+      return sendFiller(connection, sent, 1ULL << 35, 1ULL << 35);
     case Fault::oversizeAnnounced:
       return sendFiller(connection, response, 1ULL << 35, 1ULL << 35);
     case Fault::oversizeUnannounced:

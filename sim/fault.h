@@ -16,8 +16,12 @@ enum class Fault {
   cutOff,             // closes half-way through the body; channels after their first seconds
   oversizeAnnounced,  // announces 32 GiB and sends filler
   oversizeUnannounced,  // sends up to 256 MiB of filler without announcing a length
-  oversizeCompressed,   // 64 MiB in 64 KiB of gzip
+  oversizeGzip,         // gigabytes in a few kilobytes or megabytes, whatever the client accepts
+  oversizeDeflate,
+  oversizeBrotli,
+  oversizeZstd,
   redirectSameOrigin,   // one redirect; the second request gets the proper answer
+  redirectOversize,     // the same, announcing a body of 32 GiB
   redirectOtherPort,    // to a port that answers as well
   redirectOtherHost,    // to another name of the same machine
   redirectOtherScheme,  // from http to https or back, on the same port

@@ -172,8 +172,13 @@ void Server::setFault(const std::string& action, Fault fault) {
   parts_->script.setFault(action, fault);
 }
 
-void Server::setBody(const std::string& action, std::string body, std::string contentType) {
-  parts_->script.setBody(action, textResponse(200, std::move(body), std::move(contentType)));
+void Server::setBody(const std::string& action, std::string body, std::string contentType,
+                     std::string contentEncoding) {
+  auto response = textResponse(200, std::move(body), std::move(contentType));
+  if (!contentEncoding.empty()) {
+    response.headers.emplace_back("Content-Encoding", std::move(contentEncoding));
+  }
+  parts_->script.setBody(action, std::move(response));
 }
 
 void Server::reset() {

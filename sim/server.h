@@ -70,9 +70,10 @@ class Server {
   std::string certificatePem() const;
 
   void setFault(const std::string& action, Fault fault);
-  // Answers exactly this with status 200, without looking at the log-in.
+  // Answers exactly this with status 200, without looking at the log-in or at what the client
+  // takes.
   void setBody(const std::string& action, std::string body,
-               std::string contentType = "application/json");
+               std::string contentType = "application/json", std::string contentEncoding = "");
   // Ends setFault and setBody of all actions.
   void reset();
 

@@ -7,6 +7,7 @@
 
 #include "platform/pending.h"
 #include "provider/http_client.h"
+#include "provider/unpacking.h"
 
 class QNetworkReply;
 
@@ -30,6 +31,8 @@ class BoundedTransfer final : public QObject {
   void send(const QUrl& address);
   void receiveHead();
   void receiveData();
+  template <class Write>
+  qsizetype append(const Write& write);
   void complete();
   bool followsRedirect();
   void finish(QByteArray bytes);
@@ -44,6 +47,8 @@ class BoundedTransfer final : public QObject {
   QTimer withoutData_;
   QTimer inAll_;
   std::unique_ptr<QNetworkReply, void (*)(QNetworkReply*)> reply_;
+  std::unique_ptr<Unpacking> unpacking_;  // absent for a body that comes as it is
+  bool packedBegun_ = false;
   QByteArray bytes_;
   int status_ = 0;
   int redirects_ = 0;

@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 #include "platform/cancelled.h"
 #include "provider/error_wording.h"
 #include "provider/redirect_rule.h"
+#include "sim/packing.h"
 #include "sim/server.h"
 #include "support/awaited.h"
 
@@ -63,16 +66,94 @@ TEST_F(HTTPClientTest, RefusesBodiesOverTheLimit) {
   EXPECT_EQ(sentence(defaultBodyLimit), tooLargeAnnounced);
   server.setFault(config, sim::Fault::oversizeUnannounced);
   EXPECT_EQ(sentence(defaultBodyLimit), tooLarge);
-  server.setFault(config, sim::Fault::oversizeCompressed);
-  EXPECT_EQ(sentence(defaultBodyLimit), tooLarge);
+}
+
+TEST_F(HTTPClientTest, UnpacksNoMoreThanTheLimit) {
+  constexpr std::int64_t limit = 8 * 1024 * 1024;
+  // So little of it can be packed that size beside length does not give away what follows.
+  std::string noise;
+  for (std::uint32_t x = 1; noise.size() < 3'000'000; x = x * 1'664'525 + 1'013'904'223)
+    noise += static_cast<char>(x >> 24);
+  using enum sim::Fault;
+  const std::pair<const char*, sim::Fault> bombs[] = {{"gzip", oversizeGzip},
+                                                      {"deflate", oversizeDeflate},
+                                                      {"br", oversizeBrotli},
+                                                      {"zstd", oversizeZstd}};
+  for (const auto& [encoding, fault] : bombs) {
+    SCOPED_TRACE(encoding);
+    const auto processorTime = [this](const QString& outcome) {
+      const std::clock_t before = std::clock();
+      EXPECT_EQ(sentence(limit), outcome);
+      return std::clock() - before;
+    };
+    server.setFault(config, fault);
+    EXPECT_EQ(sentence(limit), tooLarge) << "and the simulator has made it";
+    const std::clock_t spent = processorTime(tooLarge);
+    server.setFault(config, none);
+    server.setBody(config, sim::packed(encoding, std::string(limit, ' ')), "text/plain", encoding);
+    const std::clock_t harmless = processorTime(QStringLiteral("8388608 bytes"));
+    EXPECT_LT(spent, 10 * harmless) << "whatever more it would have become";
+    if (fault == oversizeGzip || fault == oversizeZstd) {
+      // Both may have several parts.
+      server.setBody(config, sim::packed(encoding, noise) + sim::bomb(encoding), "text/plain",
+                     encoding);
+      EXPECT_LT(processorTime(tooLarge), 10 * harmless);
+    }
+    server.reset();
+  }
+}
+
+TEST_F(HTTPClientTest, ReadsCompressedAnswers) {
+  std::string text;
+  for (int i = 0; i < 100'000; ++i) text += std::to_string(i);
+  const std::string gzip = sim::packed("gzip", text);
+  const std::string deflate = sim::packed("deflate", text);
+  struct Case {
+    const char* encoding;
+    std::string body;
+    std::optional<std::string> read;  // absent when it fails
+  };
+  const Case cases[] = {
+      {"gzip", gzip, text},
+      {"GZip", gzip, text},
+      {"x-gzip", gzip, text},
+      {"deflate", deflate, text},
+      {"deflate", deflate.substr(2, deflate.size() - 6), text},  // without header and sum
+      {"br", sim::packed("br", text), text},
+      {"zstd", sim::packed("zstd", text), text},
+      {"gzip", sim::packed("gzip", "a") + sim::packed("gzip", "b"), "ab"},
+      {"zstd", sim::packed("zstd", "a") + sim::packed("zstd", "b"), "ab"},
+      {"gzip", sim::packed("gzip", "a") + std::string(16, '\0'), "a"},
+      {"br", sim::packed("br", "a") + "\n", "a"},
+      {"gzip", sim::packed("gzip", ""), ""},
+      {"gzip", "", ""},
+      {"identity", text, text},
+      {"rot13", "{}", "{}"},
+      {"gzip", gzip.substr(0, gzip.size() / 2), std::nullopt},
+      {"gzip", gzip.substr(0, gzip.size() - 1), std::nullopt},
+      {"br", sim::packed("br", text).substr(0, 1000), std::nullopt},
+      {"zstd", sim::packed("zstd", text).substr(0, 1000), std::nullopt},
+      {"gzip", std::string(gzip).replace(gzip.size() / 2, 8, 8, '\xFF'), std::nullopt},
+      {"br", "{\"user_info\":{}}", std::nullopt},
+      {"zstd", "{\"user_info\":{}}", std::nullopt},
+  };
+  for (const Case& example : cases) {
+    SCOPED_TRACE(example.encoding + std::to_string(&example - cases));
+    server.setBody(config, example.body, "application/json", example.encoding);
+    try {
+      EXPECT_TRUE(fetch().toStdString() == example.read);
+    } catch (const URLError& error) {
+      EXPECT_FALSE(example.read);
+      EXPECT_EQ(error.code, URLError::Code::unreachable);
+    }
+  }
 }
 
 TEST_F(HTTPClientTest, FollowsARedirectToTheSameOriginOnly) {
-  const std::pair<sim::Fault, bool> cases[] = {{sim::Fault::redirectSameOrigin, true},
-                                               {sim::Fault::redirectOtherPort, false},
-                                               {sim::Fault::redirectOtherHost, false},
-                                               {sim::Fault::redirectOtherScheme, false},
-                                               {sim::Fault::redirectLoop, false}};
+  const std::pair<sim::Fault, bool> cases[] = {
+      {sim::Fault::redirectSameOrigin, true},   {sim::Fault::redirectOversize, true},
+      {sim::Fault::redirectOtherPort, false},   {sim::Fault::redirectOtherHost, false},
+      {sim::Fault::redirectOtherScheme, false}, {sim::Fault::redirectLoop, false}};
   for (const auto& [fault, followed] : cases) {
     server.setFault(config, fault);
     try {
@@ -182,6 +263,12 @@ TEST(RedirectRule, ComparesSchemeHostAndPortAsTexts) {
       {"http://h/a", "/b", true},
       {"http://h/a", "b:c", false},
       {"http://h/a", "?x", true},
+      {"http://h/a", "/b?at=12:30", true},
+      {"http://h/a", "b?from=http://other/c", true},
+      {"http://h/a", "?:", true},
+      {"http://h/a", "#a:b", true},
+      {"http://h/a", "b/c:d//e", true},
+      {"http://h/a", ":b", true},
       {"http://h/a", "//h/b", true},
       {"http://h/a", "//other/b", false},
       {"http://h/a", "http://h:80/b", false},

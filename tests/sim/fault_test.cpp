@@ -39,7 +39,7 @@ TEST(SimFaults, OversizeComesAnnouncedUnannouncedAndCompressed) {
   constexpr std::size_t kLimit = 32 * 1024 * 1024;
   Server server({.streams = false});
   for (const auto fault :
-       {Fault::oversizeAnnounced, Fault::oversizeUnannounced, Fault::oversizeCompressed}) {
+       {Fault::oversizeAnnounced, Fault::oversizeUnannounced, Fault::oversizeGzip}) {
     server.setFault("*", fault);
     std::size_t received = 0;
     std::string announced;
