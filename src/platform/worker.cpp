@@ -12,6 +12,7 @@ Worker::~Worker() {
     dropped.swap(waiting_);
   }
   changed_.notify_all();
+  dropped.clear();
   for (std::thread& thread : threads_) thread.join();
 }
 

@@ -9,14 +9,14 @@
 #include <type_traits>
 #include <vector>
 
-#include "platform/pending.h"
+#include "platform/promise.h"
 
 namespace vantor {
 
 /// Threads for work that takes processor time or blocks.
 ///
 /// With one thread (the default) operations run one at a time, in the order of the calls. The
-/// destructor waits for what runs and drops what has not begun.
+/// destructor waits for what runs and drops what has not begun, whose waits fail with `Cancelled`.
 class Worker {
  public:
   explicit Worker(int threads = 1);
@@ -31,16 +31,16 @@ class Worker {
     using Value = std::invoke_result_t<Work&>;
     using Result = std::conditional_t<std::is_void_v<Value>, Done, Value>;
     Pending<Result> pending;
-    post([pending, work = std::move(work)]() mutable {
+    post([promise = std::make_shared<Promise<Result>>(pending), work = std::move(work)]() mutable {
       try {
         if constexpr (std::is_void_v<Value>) {
           work();
-          pending.resolve({});
+          promise->resolve({});
         } else {
-          pending.resolve(work());
+          promise->resolve(work());
         }
       } catch (...) {
-        pending.fail(std::current_exception());
+        promise->fail(std::current_exception());
       }
     });
     return pending;

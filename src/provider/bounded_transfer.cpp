@@ -22,7 +22,8 @@ void abandon(QNetworkReply* reply) {
 
 }  // namespace
 
-BoundedTransfer::BoundedTransfer(std::int64_t limit, TransferTimes times, Pending<QByteArray> body)
+BoundedTransfer::BoundedTransfer(std::int64_t limit, TransferTimes times,
+                                 std::shared_ptr<Promise<QByteArray>> body)
     : limit_(limit), times_(times), body_(std::move(body)), reply_(nullptr, abandon) {
   withoutData_.setSingleShot(true);
   inAll_.setSingleShot(true);
@@ -161,13 +162,13 @@ void BoundedTransfer::cancel() {
 
 void BoundedTransfer::finish(QByteArray bytes) {
   if (finished_) return;
-  body_.resolve(std::move(bytes));
+  body_->resolve(std::move(bytes));
   end();
 }
 
 void BoundedTransfer::fail(std::exception_ptr error) {
   if (finished_) return;
-  body_.fail(std::move(error));
+  body_->fail(std::move(error));
   end();
 }
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/pending.h"
+#include "platform/promise.h"
 #include "provider/http_client.h"
 #include "provider/unpacking.h"
 
@@ -18,7 +18,8 @@ namespace vantor {
 class BoundedTransfer final : public QObject {
   Q_OBJECT
  public:
-  BoundedTransfer(std::int64_t limit, TransferTimes times, Pending<QByteArray> body);
+  BoundedTransfer(std::int64_t limit, TransferTimes times,
+                  std::shared_ptr<Promise<QByteArray>> body);
   ~BoundedTransfer() override;
 
   void start(const HTTPRequest& request);
@@ -41,7 +42,7 @@ class BoundedTransfer final : public QObject {
 
   const std::int64_t limit_;
   const TransferTimes times_;
-  const Pending<QByteArray> body_;
+  const std::shared_ptr<Promise<QByteArray>> body_;
   HTTPRequest request_;
   QNetworkAccessManager session_;
   QTimer withoutData_;

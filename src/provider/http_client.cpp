@@ -4,7 +4,7 @@
 
 #include "platform/cancelled.h"
 #include "platform/mailbox.h"
-#include "platform/pending.h"
+#include "platform/promise.h"
 #include "provider/bounded_transfer.h"
 
 namespace vantor {
@@ -13,7 +13,7 @@ namespace vantor {
 class TransferThread final : public Mailbox {
  public:
   void start(std::uint64_t number, const HTTPRequest& request, std::int64_t limit,
-             TransferTimes times, const Pending<QByteArray>& body) {
+             TransferTimes times, const std::shared_ptr<Promise<QByteArray>>& body) {
     auto transfer = std::make_unique<BoundedTransfer>(limit, times, body);
     transfer->onFinished = [this, number] {
       // Still inside the transfer's own call.
@@ -51,8 +51,9 @@ QCoro::Task<QByteArray> HTTPClient::fetch(HTTPRequest request, std::int64_t limi
   const Pending<QByteArray> body;
   const std::uint64_t number = ++lastTransfer_;
   TransferThread* const transfers = transfers_;
-  transfers->post([transfers, number, request, limit, times = times_, body] {
-    transfers->start(number, request, limit, times, body);
+  transfers->post([transfers, number, request, limit, times = times_,
+                   promise = std::make_shared<Promise<QByteArray>>(body)] {
+    transfers->start(number, request, limit, times, promise);
   });
   const std::stop_callback onStop(token, [transfers, number] {
     transfers->post([transfers, number] { transfers->cancel(number); });

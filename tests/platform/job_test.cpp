@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
+
 #include "platform/cancelled.h"
 #include "platform/worker.h"
+#include "support/awaited.h"
 #include "support/waiting.h"
 
 namespace vantor {
 namespace {
 
+using test::awaited;
 using test::eventually;
 using test::settle;
 
@@ -126,6 +130,23 @@ TEST(Worker, OneThreadKeepsTheOrderOfTheCalls) {
   }
   ASSERT_EQ(order.size(), 100u);
   EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST(Worker, DestroyedFailsTheWaitsOfWhatItDrops) {
+  auto worker = std::make_unique<Worker>();
+  auto held = std::make_shared<int>();
+  std::latch begun(1);
+  // Lets nothing else begin before it is dropped.
+  auto running = worker->run([&begun, watched = std::weak_ptr(held)] {
+    begun.count_down();
+    while (!watched.expired()) std::this_thread::yield();
+    return 1;
+  });
+  auto dropped = worker->run([held = std::move(held)] { return 2; });
+  begun.wait();
+  worker.reset();
+  EXPECT_EQ(awaited<int>(running), 1);
+  EXPECT_THROW(awaited<int>(dropped), Cancelled);
 }
 
 }  // namespace

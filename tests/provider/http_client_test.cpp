@@ -232,6 +232,20 @@ TEST_F(HTTPClientTest, DestroyingTheClientEndsItsTransfers) {
   ASSERT_TRUE(eventually([&] { return server.counters().requests["config"] == 1; }));
   shortLived.reset();
   EXPECT_THROW(awaited<QByteArray>(std::move(fetching)), URLError);
+  // Also those that its thread has not heard of yet.
+  for (int i = 0; i < 100; ++i) {
+    shortLived = std::make_unique<HTTPClient>();
+    fetching = shortLived->fetch(request(), defaultBodyLimit, stop.get_token());
+    shortLived.reset();
+    try {
+      awaited<QByteArray>(std::move(fetching));
+      ADD_FAILURE();
+    } catch (const URLError& error) {
+      EXPECT_EQ(error.code, URLError::Code::cancelled);
+    } catch (const Cancelled&) {
+      // As well.
+    }
+  }
 }
 
 TEST_F(HTTPClientTest, EndsWhenNoDataComesOrAllTakesTooLong) {
