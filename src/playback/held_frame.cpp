@@ -4,9 +4,11 @@
 #include <QFile>
 #include <QUuid>
 #include <chrono>
+#include <memory>
 
 #include "platform/clock.h"
 #include "platform/folders.h"
+#include "platform/job.h"
 #include "platform/worker.h"
 #include "playback/media_engine.h"
 
@@ -37,23 +39,40 @@ class PrivateFolder {
   QString path_;
 };
 
+/// A picture on its way from its file.
+struct Reading {
+  QImage image;
+  std::stop_source wait;  // stopped when it has come
+};
+
+QCoro::Task<> read(std::shared_ptr<Reading> reading, Worker* worker, QString file) {
+  const Pending<QImage> picture = worker->run([file] { return QImage(file); });
+  reading->image = co_await picture;
+  reading->wait.request_stop();
+}
+
 }  // namespace
 
 QCoro::Task<QImage> captureStill(StillSource source, std::stop_token token) {
   const PrivateFolder folder(source.temporaryFolder);
   const QString file = folder.file(u"frame.png"_s);
+  const auto reading = std::make_shared<Reading>();
+  const std::stop_callback cancel(token, [reading] { reading->wait.request_stop(); });
+  const std::stop_token wait = reading->wait.get_token();
   source.engine->saveSnapshot(file, kWidth);
-  for (int attempt = 0; attempt < kTries && !token.stop_requested(); ++attempt) {
-    if (QFile::exists(file)) {
-      const Pending<QImage> reading = source.worker->run([file] { return QImage(file); });
-      const QImage image = co_await reading;
-      if (token.stop_requested()) break;
-      if (!image.isNull()) co_return image;
+  Job job;
+  for (int attempt = 0; attempt < kTries && !wait.stop_requested(); ++attempt) {
+    // The worker may be busy for longer than anyone wants to wait for the next source.
+    if (!job.running() && QFile::exists(file)) {
+      job = Job::start([reading, worker = source.worker, file](std::stop_token) {
+        return read(reading, worker, file);
+      });
     }
-    const QCoro::Task<> nap = source.clock->sleep(kBetweenTries, token);
+    const QCoro::Task<> nap = source.clock->sleep(kBetweenTries, wait);
     co_await nap;
   }
-  co_return QImage();
+  if (token.stop_requested()) co_return QImage();
+  co_return reading->image;
 }
 
 }  // namespace vantor

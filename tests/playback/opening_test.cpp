@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <future>
+
 #include "playback_fixture.h"
 
 namespace vantor {
@@ -77,6 +80,23 @@ TEST_F(HeldFrameTest, ArrivesLateAndIsTaken) {
   clock.advance(30ms);
   ASSERT_TRUE(eventually([&] { return loaded(); }));
   EXPECT_EQ(playback.heldFrame().pixelColor(10, 10), QColor(Qt::red));
+}
+
+TEST_F(HeldFrameTest, BusyWorkerHoldsUpTheOpeningNoLongerThanAMissingPicture) {
+  std::promise<void> free;
+  worker.post([&] { free.get_future().wait(); });
+  playback.play(channel(u"2"_s));
+  settle();
+  EXPECT_FALSE(loaded());
+  clock.advance(180ms);
+  EXPECT_TRUE(loaded());
+  free.set_value();
+  std::atomic<bool> over = false;
+  worker.post([&] { over = true; });
+  EXPECT_TRUE(eventually([&] { return over.load(); }));
+  settle();
+  EXPECT_TRUE(playback.heldFrame().isNull());
+  EXPECT_TRUE(leftOvers().isEmpty());
 }
 
 TEST_F(HeldFrameTest, StopDuringTheWaitLeavesNoPictureAndNoFile) {
