@@ -74,7 +74,15 @@ class Shader final : public QSGMaterialShader {
 }  // namespace
 
 PlaneTexture::~PlaneTexture() {
+  drop();
+}
+
+void PlaneTexture::drop() {
   if (texture_) texture_->deleteLater();
+  texture_ = nullptr;
+  plane_ = {};
+  memory_.reset();
+  stale_ = false;
 }
 
 void PlaneTexture::show(const VideoPlane& plane, std::shared_ptr<const void> memory) {
@@ -124,6 +132,10 @@ void VideoMaterial::show(const SharedFrame& frame) {
     textures_[i].show(frame->planes[i], frame->memory);
   matrix_ = frame->matrix;
   range_ = frame->range;
+}
+
+void VideoMaterial::drop() {
+  for (PlaneTexture& texture : textures_) texture.drop();
 }
 
 QSGMaterialType* VideoMaterial::type() const {

@@ -16,8 +16,9 @@ class PlaneTexture final : public QSGTexture {
  public:
   ~PlaneTexture() override;
 
-  /// Uploads the plane when the next frame is drawn; `memory` is kept until the one after it.
+  /// Uploads the plane when the next frame is drawn; `memory` is kept until the next call.
   void show(const VideoPlane& plane, std::shared_ptr<const void> memory);
+  void drop();
 
   qint64 comparisonKey() const override;
   QRhiTexture* rhiTexture() const override { return texture_; }
@@ -39,6 +40,8 @@ class VideoMaterial final : public QSGMaterial {
   VideoMaterial();
 
   void show(const SharedFrame& frame);
+  /// Keeps nothing of the last picture.
+  void drop();
 
   std::array<PlaneTexture, 3>& textures() { return textures_; }
   ColorMatrix matrix() const { return matrix_; }

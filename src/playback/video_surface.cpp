@@ -44,6 +44,7 @@ class SurfaceNode final : public QSGNode {
  private:
   void hide() {
     if (picture_.parent()) removeChildNode(&picture_);
+    if (frame_) material_.drop();
     frame_.reset();
   }
 

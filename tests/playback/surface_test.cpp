@@ -82,10 +82,13 @@ TEST_F(SurfaceTest, ShowsTheExpectedSourceOnBlackAndNothingElse) {
   EXPECT_TRUE(shows({200, 150}, Qt::red));
   EXPECT_TRUE(shows({200, 10}, Qt::black)) << "above a 16:9 picture in a 4:3 area";
   EXPECT_TRUE(shows({2, 150}, Qt::red)) << "the picture is as wide as the area";
-  frames->present(solidFrame(1, {64, 36}, kBlue));
+  SharedFrame last = solidFrame(1, {64, 36}, kBlue);
+  const std::weak_ptr<const void> memory = last->memory;
+  frames->present(std::move(last));
   EXPECT_TRUE(shows({200, 150}, Qt::blue));
   frames->expect(2);
   EXPECT_TRUE(shows({200, 150}, Qt::black)) << "the last picture of a stopped source stays";
+  EXPECT_TRUE(memory.expired()) << "in memory";
 }
 
 TEST_F(SurfaceTest, PaddingAndOddSizesDoNotShow) {
