@@ -34,6 +34,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       title_(idleTitle()) {
   connect(&recording_, &Recording::stageChanged, this, &Playback::recordingChanged);
   connect(&recording_, &Recording::noticeChanged, this, &Playback::recordingNoticeChanged);
+  connect(&recording_, &Recording::noticeGiven, this, &Playback::recordingNoticeGiven);
   connect(&recording_, &Recording::filesChanged, this, &Playback::recordingsChanged);
   if (!headless_) recording_.refresh();
   engine_.onChange = [this] { tickWait_.request_stop(); };

@@ -116,6 +116,7 @@ class Playback final : public QObject {
   void pausedChanged();
   void recordingChanged();
   void recordingNoticeChanged();
+  void recordingNoticeGiven();  // also when it says the same again
   void recordingsChanged();
 
  private:

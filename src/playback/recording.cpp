@@ -112,9 +112,11 @@ void Recording::setStage(Stage stage) {
 }
 
 void Recording::setNotice(const QString& notice) {
-  if (notice_ == notice) return;
-  notice_ = notice;
-  Q_EMIT noticeChanged();
+  if (notice_ != notice) {
+    notice_ = notice;
+    Q_EMIT noticeChanged();
+  }
+  Q_EMIT noticeGiven();
 }
 
 }  // namespace vantor

@@ -41,6 +41,8 @@ class Recording final : public QObject {
  Q_SIGNALS:
   void stageChanged();
   void noticeChanged();
+  /// Also when it says the same again.
+  void noticeGiven();
   void filesChanged();
 
  private:

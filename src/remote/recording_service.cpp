@@ -18,7 +18,7 @@ const QString kRefused = u"tv.vantor.player.Recording.Refused"_s;
 
 }  // namespace
 
-RecordingService::RecordingService(Playback& playback) : playback_(playback) {
+RecordingService::RecordingService(Playback& playback) : playback_(playback), notifier_(playback) {
   connect(&playback_, &Playback::recordingChanged, this, [this] { announce(u"State"_s, state()); });
   connect(&playback_, &Playback::recordingNoticeChanged, this,
           [this] { announce(u"Notice"_s, notice()); });
@@ -47,6 +47,7 @@ QCoro::Task<> RecordingService::connectToBus(QPointer<RecordingService> self, Wo
 
 void RecordingService::appear(const QDBusConnection& bus, const QString& name) {
   bus_ = bus;
+  notifier_.useBus(bus, name);
   bus_->registerObject(
       kPath, this,
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);

@@ -10,14 +10,16 @@
 #include <stop_token>
 
 #include "platform/job.h"
+#include "remote/recording_notifier.h"
 
 namespace vantor {
 
 class Playback;
 class Worker;
 
-/// Recording as an object of the session bus, for shortcuts and scripts. It tells states, sentences
-/// and names of files, never what is played. Main thread only.
+/// Recording as an object of the session bus, for shortcuts and scripts, and as notifications of
+/// the desktop. It tells states, sentences and names of files, never what is played. Main thread
+/// only.
 class RecordingService final : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "tv.vantor.player.Recording")
@@ -51,6 +53,7 @@ class RecordingService final : public QObject, protected QDBusContext {
   void refuse(const QString& reason);
 
   Playback& playback_;
+  RecordingNotifier notifier_;
   std::optional<QDBusConnection> bus_;
   Job offering_;
 };

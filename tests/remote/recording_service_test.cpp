@@ -28,6 +28,23 @@ class Changes final : public QObject {
   }
 };
 
+/// The desktop's notifications.
+class Notifications final : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+ public:
+  QStringList shown;  // what each replaces, says and offers
+ public Q_SLOTS:
+  Q_SCRIPTABLE uint Notify(const QString&, uint replaced, const QString&, const QString&,
+                           const QString& body, const QStringList& actions, const QVariantMap&,
+                           int) {
+    shown.append(u"%1 %2 %3"_s.arg(replaced).arg(body, actions.value(1)));
+    return 7;
+  }
+ Q_SIGNALS:
+  Q_SCRIPTABLE void ActionInvoked(uint id, const QString& action);
+};
+
 class RecordingServiceTest : public PlaybackFixture {
  protected:
   // Of each test its own: the bus knows the last one's until it is told otherwise.
@@ -123,6 +140,35 @@ TEST_F(RecordingServiceTest, RefusesWithTheReason) {
   engine.recordingStops = false;
   EXPECT_EQ(call(u"Stop"_s),
             u"Refused: Recording could not be finalized. Check the recording folder."_s);
+}
+
+TEST_F(RecordingServiceTest, NotifiesOfWhatNoScreenShows) {
+  Notifications desktop;
+  ASSERT_TRUE(client.registerObject(
+      u"/org/freedesktop/Notifications"_s, &desktop,
+      QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableSignals));
+  ASSERT_TRUE(client.registerService(u"org.freedesktop.Notifications"_s));
+  QStringList expected;
+  const auto shows = [&](const QString& text) {
+    expected.append(text);
+    EXPECT_TRUE(eventually([&] { return desktop.shown.size() == expected.size(); }));
+    EXPECT_EQ(desktop.shown, expected);
+  };
+  openPlaying(channel(u"1"_s));
+  engine.now.recordable = true;
+  playback.startRecording();
+  shows(u"0 Recording the current video. Stop recording before changing sources. Stop Recording"_s);
+  for (int times = 0; times < 2; ++times) {
+    playback.play(channel(u"2"_s));
+    shows(u"7 Stop recording before changing sources. Stop Recording"_s);
+  }
+  Q_EMIT desktop.ActionInvoked(8, u"finish"_s);
+  Q_EMIT desktop.ActionInvoked(7, u"default"_s);
+  Q_EMIT desktop.ActionInvoked(7, u"finish"_s);
+  shows(u"7 Saving recording… "_s);
+  EXPECT_EQ(engine.calls.count(u"stopRecording"_s), 1);
+  engine.onRecordingStopped({});
+  shows(u"7 No recording file was produced. This source may not support recording. "_s);
 }
 
 }  // namespace

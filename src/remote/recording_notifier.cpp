@@ -1,0 +1,58 @@
+#include "remote/recording_notifier.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <utility>
+
+#include "playback/playback.h"
+
+namespace vantor {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kName = u"org.freedesktop.Notifications"_s;
+const QString kPath = u"/org/freedesktop/Notifications"_s;
+const QString kFinish = u"finish"_s;
+
+}  // namespace
+
+RecordingNotifier::RecordingNotifier(Playback& playback) : playback_(playback) {
+  connect(&playback_, &Playback::recordingNoticeGiven, this, &RecordingNotifier::notify);
+}
+
+void RecordingNotifier::useBus(const QDBusConnection& bus, const QString& application) {
+  bus_ = bus;
+  application_ = application;
+  // With a sender's name the connection would wait to hear who that is.
+  bus_->connect(QString(), kPath, kName, u"ActionInvoked"_s, this, SLOT(onAction(uint, QString)));
+}
+
+void RecordingNotifier::notify() {
+  if (!bus_) return;
+  again_ = asking_;
+  if (std::exchange(asking_, true)) return;
+  QStringList actions;
+  if (playback_.recording()) actions = {kFinish, u"Stop Recording"_s};
+  constexpr int kAsLongAsUsual = -1;
+  QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, kName, u"Notify"_s);
+  message << u"Vantor Player"_s << shown_ << application_ << u"Recording"_s
+          << playback_.recordingNoticeText() << actions
+          << QVariantMap{{u"desktop-entry"_s, application_}} << kAsLongAsUsual;
+  auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+    answer->deleteLater();
+    const QDBusPendingReply<uint> reply = *answer;
+    if (!reply.isError()) shown_ = reply.value();
+    asking_ = false;
+    if (std::exchange(again_, false)) notify();
+  });
+}
+
+void RecordingNotifier::onAction(uint id, const QString& action) {
+  if (id == shown_ && action == kFinish) playback_.finishRecording();
+}
+
+}  // namespace vantor
