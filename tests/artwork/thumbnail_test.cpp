@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QImageWriter>
 #include <QtEndian>
+#include <ctime>
+
+#include <sys/resource.h>
 
 namespace vantor {
 namespace {
@@ -116,10 +120,85 @@ TEST(Thumbnail, RefusesPicturesOfTooManyPixels) {
 }
 
 TEST(Thumbnail, RefusesAJPEGOfEndlessScans) {
-  const QByteArray picture = encoded(twoHalves(80, 40), "jpeg");
-  const QByteArray scan("\xFF\xDA");
-  EXPECT_FALSE(decodeThumbnail(picture + scan.repeated(10)).isNull());
-  EXPECT_TRUE(decodeThumbnail(picture + scan.repeated(64)).isNull());
+  QBuffer buffer;
+  QImageWriter writer(&buffer, "jpeg");
+  writer.setProgressiveScanWrite(true);
+  ASSERT_TRUE(writer.write(twoHalves(80, 40)));
+  const QByteArray picture = buffer.data();
+  const QByteArray end = picture.right(2);
+  const QByteArray scan = picture.mid(picture.lastIndexOf("\xFF\xDA")).chopped(2);
+  EXPECT_FALSE(decodeThumbnail(picture.chopped(2) + scan.repeated(10) + end).isNull());
+  EXPECT_TRUE(decodeThumbnail(picture.chopped(2) + scan.repeated(64) + end).isNull());
+}
+
+/// One chunk of a RIFF file.
+QByteArray riffChunk(const QByteArray& name, const QByteArray& data) {
+  const auto size = qToLittleEndian(static_cast<quint32>(data.size()));
+  return name + QByteArray(reinterpret_cast<const char*>(&size), 4) + data +
+         QByteArray(data.size() % 2, '\0');
+}
+
+TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
+  const QImage image = twoHalves(64, 48);
+  const QByteArray png = encoded(image, "png");
+  const QByteArray jpeg = encoded(image, "jpeg");
+  const QByteArray turned = encoded(image, "jpeg", QImageIOHandler::TransformationRotate90);
+  const QByteArray webp = encoded(image, "webp").mid(12);
+  const QByteArray gif("\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 16);
+  const QByteArray gifHead("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\xFF", 19);
+  // Each becomes almost eight megabytes.
+  const QByteArray text = qCompress(QByteArray(7'900'000, 'a'), 9).mid(4);
+  const QByteArray texts =
+      (chunk("zTXt" + QByteArray("k\0\0", 3) + text) +
+       chunk("iTXt" + QByteArray("k\0\1\0\0\0", 6) + text) +
+       chunk("iCCP" + QByteArray("k\0\0", 3) + text) + chunk("tEXt" + QByteArray("k\0v", 3)))
+          .repeated(16);
+  // The decoder looks for its place from the beginning, each time.
+  const QByteArray comments = QByteArray("\xFF\xFE\0\2", 4).repeated(60'000);
+  const QByteArray profiles = QByteArray("\xFF\xE2\0\2", 4).repeated(60'000);
+  const auto webpFile = [](const QByteArray& chunks) { return riffChunk("RIFF", "WEBP" + chunks); };
+  const QByteArray size("\x3F\0\0\x2F\0\0", 6);
+  const QByteArray frame =
+      riffChunk("ANMF", QByteArray(6, '\0') + size + QByteArray(4, '\0') + webp);
+  struct Case {
+    const char* what;
+    QByteArray harmless;
+    QByteArray hostile;
+  };
+  const Case cases[] = {
+      {"texts before a PNG's pixels", png, png.left(33) + texts + png.mid(33)},
+      {"texts behind them", png, png.chopped(12) + texts + png.right(12)},
+      {"a JPEG's comments", jpeg, jpeg.left(2) + comments + jpeg.mid(2)},
+      {"its other notes", turned, turned.left(2) + profiles + turned.mid(2) + comments},
+      {"a GIF's comments", gifHead + gif,
+       gifHead + QByteArray("!\xFE\1a\0", 5).repeated(100'000) + gif},
+      {"a WebP's notes", webpFile(webp),
+       webpFile(riffChunk("VP8X", QByteArray("\x2C\0\0\0", 4) + size) +
+                riffChunk("ICCP", QByteArray(100'000, '\0')) + webp +
+                riffChunk("EXIF", "a").repeated(100'000))},
+      {"its animation", webpFile(webp),
+       webpFile(riffChunk("VP8X", QByteArray("\2\0\0\0", 4) + size) +
+                riffChunk("ANIM", QByteArray(6, '\0')) + frame.repeated(1000))},
+  };
+  const QByteArray ordinary = encoded(twoHalves(3000, 2000), "jpeg");
+  const auto processorTime = [](const QByteArray& bytes) {
+    const std::clock_t before = std::clock();
+    decodeThumbnail(bytes);
+    return std::clock() - before;
+  };
+  for (const Case& example : cases) {
+    SCOPED_TRACE(example.what);
+    const QImage expected = decodeThumbnail(example.harmless);
+    ASSERT_FALSE(expected.isNull());
+    const QImage thumbnail = decodeThumbnail(example.hostile);
+    EXPECT_EQ(thumbnail.convertToFormat(expected.format()), expected);
+    EXPECT_TRUE(thumbnail.textKeys().isEmpty());
+    EXPECT_FALSE(thumbnail.colorSpace().isValid() && !expected.colorSpace().isValid());
+    EXPECT_LT(processorTime(example.hostile), 10 * processorTime(ordinary));
+  }
+  rusage used;
+  getrusage(RUSAGE_SELF, &used);
+  EXPECT_LT(used.ru_maxrss, 500'000) << "kilobytes, the decoders themselves included";
 }
 
 TEST(Thumbnail, IsNullForWhatIsNoPicture) {
