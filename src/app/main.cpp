@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "app/program.h"
+#include "app/quit_limit.h"
 
 Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
@@ -42,5 +43,7 @@ int main(int argc, char** argv) {
   vantor::Program program(vantor::LaunchArguments::read(
       QGuiApplication::arguments(), vantor::ServiceValues::ofBuild().bundleIdentifier));
   program.open();
-  return QGuiApplication::exec();
+  const int status = QGuiApplication::exec();
+  vantor::limitQuitting(status, std::chrono::seconds(4));
+  return status;
 }

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "app/quit_limit.h"
 #include "app/writing_systems.h"
 #include "playback/playback.h"
 
@@ -17,6 +18,8 @@ using namespace std::chrono_literals;
 
 // The window comes up with the first library in it, unless that takes long enough to be noticed.
 constexpr auto kLongestWaitForLibrary = 150ms;
+// A recording that is being saved gets five seconds, and then playback has to stop.
+constexpr auto kLongestQuitting = 9s;
 
 QString preferencesFile(const Folders& folders) {
   return folders.configuration + QStringLiteral("/Vantor Player/preferences.ini");
@@ -35,7 +38,7 @@ Program::Program(const LaunchArguments& launch)
       preferences_(preferencesFile(folders_)),
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
-      artwork_(transport_, clock_, worker_),
+      artwork_(transport_, clock_, artworkWorker_),
       frames_(std::make_shared<VideoFrameQueue>()),
       engine_(frames_, false),
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
@@ -44,7 +47,10 @@ Program::Program(const LaunchArguments& launch)
       recordingService_(model_.playback()),
       views_(model_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
-  const auto quit = [this] { delegate_.applicationShouldTerminate(); };
+  const auto quit = [this] {
+    if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);
+    delegate_.applicationShouldTerminate();
+  };
   connect(&signals_, &TerminationSignals::received, this, quit);
   connect(views_.menu(), &MenuCommands::quitRequested, this, quit);
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, quit);
@@ -111,7 +117,7 @@ void Program::showWindow() {
       window_.get(), &QQuickWindow::frameSwapped, this,
       [this] {
         engine_.warmUp();
-        recordingService_.offer(worker_, values_.bundleIdentifier);
+        recordingService_.offer(busWorker_, values_.bundleIdentifier);
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
           qWarning().noquote() << "No font for" << missing.join(QStringLiteral(", "))
                                << "here; Debian has fonts-noto-core and fonts-noto-cjk";

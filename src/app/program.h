@@ -48,13 +48,17 @@ class Program final : public QObject {
   const ServiceValues values_ = ServiceValues::ofBuild();
   const Folders folders_ = Folders::ofUser();
   SystemClock clock_;
-  Worker worker_{2};
-  Worker secretsWorker_;
   Preferences preferences_;
   HTTPClient transport_;
   VantorConfiguration configuration_;
   SecretServiceStore credentials_;
   SecureStore secureStore_;
+  // Behind what their work uses, since each waits for the end of what it is doing. None keeps
+  // another waiting, whatever a picture costs and whoever has to be asked.
+  Worker worker_{2};
+  Worker secretsWorker_;
+  Worker artworkWorker_;
+  Worker busWorker_;
   ArtworkStore artwork_;
   DialogFilePanel filePanel_;
   DesktopOpener opener_;
@@ -69,6 +73,7 @@ class Program final : public QObject {
   QQmlComponent component_{&qml_};
   std::unique_ptr<QQuickWindow> window_;
   bool windowShown_ = false;
+  bool quitting_ = false;
 };
 
 }  // namespace vantor

@@ -1,9 +1,12 @@
 #include "app/termination_signals.h"
 
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
 #include <unistd.h>
+
+#include "app/quit_limit.h"
 
 namespace vantor {
 namespace {
@@ -11,11 +14,17 @@ namespace {
 constexpr int signals[] = {SIGTERM, SIGINT, SIGHUP};
 
 volatile std::sig_atomic_t writeEnd = -1;
+volatile std::sig_atomic_t asked = 0;
 
+/// Only what is allowed in a signal handler. Whoever it interrupts may be about to read errno.
 void handle(int) {
-  // Nothing but this is allowed in a signal handler.
+  const int error = errno;
+  // The main thread may be waiting for something, such as a session bus that does not answer Qt.
+  if (asked == 0) limitQuitting(0, std::chrono::seconds(5));
+  asked = 1;
   const char byte = 0;
   [[maybe_unused]] const ssize_t written = ::write(writeEnd, &byte, 1);
+  errno = error;
 }
 
 }  // namespace

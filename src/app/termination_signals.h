@@ -5,7 +5,8 @@
 
 namespace vantor {
 
-/// SIGTERM, SIGINT and SIGHUP as a signal of the main thread's event loop. One per process.
+/// SIGTERM, SIGINT and SIGHUP as a signal of the main thread's event loop. One per process, which
+/// ends five seconds after the first of them unless the event loop has set another limit by then.
 class TerminationSignals final : public QObject {
   Q_OBJECT
 

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLocalServer>
 
 namespace vantor {
 namespace {
@@ -70,6 +71,16 @@ TEST_F(ProgramTest, QuitsInTheMiddleOfAServiceCheckAndOfALoad) {
     EXPECT_EQ(quit(), 0) << action;
     server.release(action);
   }
+}
+
+TEST_F(ProgramTest, QuitsWhileTheSessionBusSaysNothing) {
+  QLocalServer bus;
+  ASSERT_TRUE(bus.listen(home.filePath(QStringLiteral("bus"))));
+  environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                     QStringLiteral("unix:path=") + bus.fullServerName());
+  ASSERT_TRUE(start({QStringLiteral("--demo")}));
+  ASSERT_TRUE(bus.waitForNewConnection(20'000));
+  EXPECT_EQ(quit(), 0);
 }
 
 TEST_F(ProgramTest, LoadsTheSavedAccountsLibraryAndKeepsItEncrypted) {
