@@ -114,6 +114,8 @@ void LibVLCPlayer::unload(SourceNumber number) {
 void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number) {
   if (player_) {
     stop();
+    // The library takes the last media's speed over.
+    libvlc_media_player_set_rate(player_.get(), 1);
     libvlc_media_player_set_media(player_.get(), media.get());
   }
   media_ = std::move(media);

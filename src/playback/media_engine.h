@@ -45,6 +45,7 @@ class MediaEngine {
  public:
   virtual ~MediaEngine() = default;
 
+  /// The media begins at its own speed.
   virtual void load(const MediaSource& source) = 0;
   /// Stops and drops the media.
   virtual void unload() = 0;
