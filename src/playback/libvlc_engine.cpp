@@ -52,7 +52,18 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     start();
     {
       const std::lock_guard lock(mutex_);
-      commands_.push_back(std::move(command));
+      commands_.push_back({std::move(command), {}});
+    }
+    wake_.notify_one();
+  }
+
+  /// For the present source only: left out when another has begun before its turn, so that of many
+  /// openings in a row the last one does not wait for the others.
+  void postForSource(Command command) {
+    start();
+    {
+      const std::lock_guard lock(mutex_);
+      commands_.push_back({std::move(command), source_});
     }
     wake_.notify_one();
   }
@@ -90,6 +101,11 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   }
 
  private:
+  struct Posted {
+    Command command;
+    std::optional<SourceNumber> source;
+  };
+
   void run() {
     {
       LibVLCPlayer player(options_, frames_, [this] { notice(); });
@@ -122,10 +138,12 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
       wake_.wait(lock, due);
     noticed_ = false;
     if (quitting_) return {};
-    if (commands_.empty()) return [](LibVLCPlayer&) {};
-    Command command = std::move(commands_.front());
-    commands_.pop_front();
-    return command;
+    while (!commands_.empty()) {
+      Posted posted = std::move(commands_.front());
+      commands_.pop_front();
+      if (posted.source.value_or(source_) == source_) return std::move(posted.command);
+    }
+    return [](LibVLCPlayer&) {};
   }
 
   void notice() {
@@ -172,7 +190,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   mutable std::mutex mutex_;  // guards what follows
   std::condition_variable wake_;
   std::condition_variable ended_;
-  std::deque<Command> commands_;
+  std::deque<Posted> commands_;
   bool noticed_ = false;
   bool quitting_ = false;
   bool over_ = false;
@@ -195,26 +213,26 @@ LibVLCEngine::~LibVLCEngine() {
 void LibVLCEngine::load(const MediaSource& source) {
   const SourceNumber number = core_->begin({.hasMedia = true});
   frames_->expect(number);
-  core_->post([source, number](LibVLCPlayer& player) { player.load(source, number); });
+  core_->postForSource([source, number](LibVLCPlayer& player) { player.load(source, number); });
 }
 
 void LibVLCEngine::unload() {
   const SourceNumber number = core_->begin({});
   frames_->expect(number);
-  core_->post([number](LibVLCPlayer& player) { player.unload(number); });
+  core_->postForSource([number](LibVLCPlayer& player) { player.unload(number); });
 }
 
 void LibVLCEngine::play() {
   core_->markOpening();
-  core_->post([](LibVLCPlayer& player) { player.play(); });
+  core_->postForSource([](LibVLCPlayer& player) { player.play(); });
 }
 
 void LibVLCEngine::pause() {
-  core_->post([](LibVLCPlayer& player) { player.pause(); });
+  core_->postForSource([](LibVLCPlayer& player) { player.pause(); });
 }
 
 void LibVLCEngine::setTime(std::int64_t milliseconds) {
-  core_->post([milliseconds](LibVLCPlayer& player) { player.setTime(milliseconds); });
+  core_->postForSource([milliseconds](LibVLCPlayer& player) { player.setTime(milliseconds); });
 }
 
 void LibVLCEngine::setVolume(int percent) {
@@ -222,15 +240,15 @@ void LibVLCEngine::setVolume(int percent) {
 }
 
 void LibVLCEngine::setAudioTrack(std::int32_t id) {
-  core_->post([id](LibVLCPlayer& player) { player.setAudioTrack(id); });
+  core_->postForSource([id](LibVLCPlayer& player) { player.setAudioTrack(id); });
 }
 
 void LibVLCEngine::setSubtitleTrack(std::int32_t id) {
-  core_->post([id](LibVLCPlayer& player) { player.setSubtitleTrack(id); });
+  core_->postForSource([id](LibVLCPlayer& player) { player.setSubtitleTrack(id); });
 }
 
 void LibVLCEngine::setRate(float rate) {
-  core_->post([rate](LibVLCPlayer& player) { player.setRate(rate); });
+  core_->postForSource([rate](LibVLCPlayer& player) { player.setRate(rate); });
 }
 
 EngineStatus LibVLCEngine::status() const {
@@ -240,7 +258,8 @@ EngineStatus LibVLCEngine::status() const {
 void LibVLCEngine::saveSnapshot(const QString& file, int width) {
   const SharedFrame frame = frames_->latest();
   if (!frame) return;
-  core_->post([frame, file, width](LibVLCPlayer&) { savePNG(stillOf(*frame, width), file); });
+  core_->postForSource(
+      [frame, file, width](LibVLCPlayer&) { savePNG(stillOf(*frame, width), file); });
 }
 
 bool LibVLCEngine::startRecording(const QString& folder) {

@@ -39,8 +39,9 @@ struct MediaSource {
 };
 
 /// The media engine, one player for the whole run. Called on the main thread; no call waits for the
-/// engine. Commands are carried out in their order, and `status` speaks of the media of the last
-/// `load` or `unload` only, never of an earlier one.
+/// engine. Commands are carried out in their order, except that those for a media that is not yet
+/// loaded are left out once there is a later one; `status` speaks of the media of the last `load`
+/// or `unload` only, never of an earlier one.
 class MediaEngine {
  public:
   virtual ~MediaEngine() = default;
