@@ -2,6 +2,7 @@
 
 #include <vlc_common.h>
 #include <vlc_es.h>
+#include <vlc_fourcc.h>
 
 #include <cstddef>
 #include <cstring>
@@ -18,7 +19,32 @@ bool pads(unsigned padded, unsigned offset, unsigned visible) {
          padded - visible < kMostPadding;
 }
 
+ColorMatrix usualMatrix(unsigned lines) {
+  return lines > kStandardLines ? ColorMatrix::bt709 : ColorMatrix::bt601;
+}
+
+/// Or gray, which is neutral by any matrix.
+bool isRGB(const video_format_t& format) {
+  return !vlc_fourcc_IsYUV(format.i_chroma);
+}
+
+/// Of the pictures that libVLC makes of the decoder's: it keeps the range of those that it need not
+/// or cannot know to be full, and makes the others limited, those of RGB by BT.601.
+ColorRange rangeOf(const video_format_t& format) {
+  switch (format.i_chroma) {
+    case VLC_CODEC_J420:
+      return ColorRange::full;
+    case VLC_CODEC_J422:
+    case VLC_CODEC_J440:
+    case VLC_CODEC_J444:
+      return ColorRange::limited;
+    default:
+      return format.b_color_range_full && !isRGB(format) ? ColorRange::full : ColorRange::limited;
+  }
+}
+
 ColorMatrix matrixOf(const video_format_t& format) {
+  if (isRGB(format)) return ColorMatrix::bt601;
   switch (format.space) {
     case COLOR_SPACE_BT601:
       return ColorMatrix::bt601;
@@ -29,10 +55,17 @@ ColorMatrix matrixOf(const video_format_t& format) {
     case COLOR_SPACE_UNDEF:
       break;
   }
-  return format.i_visible_height > kStandardLines ? ColorMatrix::bt709 : ColorMatrix::bt601;
+  return usualMatrix(format.i_visible_height);
 }
 
 }  // namespace
+
+PictureFormat usualFormat(const char* chroma, unsigned width, unsigned height) {
+  const bool full = std::memcmp(chroma, "J420", 4) == 0;
+  return {.size = QSize(static_cast<int>(width), static_cast<int>(height)),
+          .matrix = usualMatrix(height),
+          .range = full ? ColorRange::full : ColorRange::limited};
+}
 
 std::optional<PictureFormat> pictureFormat(const char* chroma, const unsigned* width,
                                            const unsigned* height) {
@@ -52,9 +85,7 @@ std::optional<PictureFormat> pictureFormat(const char* chroma, const unsigned* w
   result.size =
       QSize(static_cast<int>(format.i_visible_width), static_cast<int>(format.i_visible_height));
   result.matrix = matrixOf(format);
-  const bool full = format.b_color_range_full || format.i_chroma == VLC_CODEC_J420 ||
-                    format.i_chroma == VLC_CODEC_J422 || format.i_chroma == VLC_CODEC_J444;
-  result.range = full ? ColorRange::full : ColorRange::limited;
+  result.range = rangeOf(format);
   return result;
 }
 

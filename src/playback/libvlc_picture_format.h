@@ -14,6 +14,9 @@ struct PictureFormat {
   ColorRange range = ColorRange::limited;
 };
 
+/// What most pictures are whose decoder does not say more than this.
+PictureFormat usualFormat(const char* chroma, unsigned width, unsigned height);
+
 /// The format behind the arguments of a libvlc_video_format_cb. Those have the padded size only,
 /// and libVLC would stretch the picture to fill it (1280×720 to 1280×738). Its 3.0 releases pass
 /// pointers into their own description, which has the rest; libVLC 4 passes the shown size beside

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "engine_fixture.h"
+#include "playback/still.h"
 #include "stream_server.h"
 
 namespace vantor {
@@ -55,6 +56,87 @@ TEST_F(EngineTest, PicturesKeepTheirShapeWithoutTheDecodersPadding) {
       EXPECT_GT(line(361), 210);
     }
   }
+}
+
+TEST_F(EngineTest, ColorsAreTheSourcesHoweverItStoresThem) {
+  const QStringList full{u"-vf"_s, u"scale=out_range=pc"_s, u"-color_range"_s, u"pc"_s};
+  const struct {
+    QString encoder;
+    QString format;
+    bool isFull;
+    QString size = u"320x180"_s;  // low enough for BT.601, which these do not name
+  } cases[] = {
+      {u"libx264"_s, u"yuv420p"_s, false},
+      {u"libx264"_s, u"yuvj420p"_s, false},
+      {u"libx264"_s, u"yuv422p"_s, false},
+      {u"libx264"_s, u"yuvj422p"_s, false},
+      {u"libx264"_s, u"yuvj444p"_s, false},
+      {u"mjpeg"_s, u"yuvj422p"_s, false},
+      {u"mjpeg"_s, u"yuvj444p"_s, false},
+      {u"libx264"_s, u"yuv420p10le"_s, true},
+      {u"libx264"_s, u"yuv422p10le"_s, true},
+      {u"libvpx-vp9"_s, u"yuv420p"_s, true},
+      {u"libvpx-vp9"_s, u"yuv422p"_s, true},
+      {u"libvpx-vp9"_s, u"yuv444p"_s, true},
+      {u"ffv1"_s, u"yuv444p"_s, true},
+      {u"ffv1"_s, u"gray"_s, false},
+      {u"ffv1"_s, u"bgr0"_s, false},
+      {u"png"_s, u"rgb24"_s, false, u"1280x720"_s},
+      {u"libx264rgb"_s, u"rgb24"_s, false, u"1280x720"_s},
+  };
+  for (const auto& row : cases) {
+    for (const char* name : {"#ffffff", "#b03050"}) {
+      if (row.format == u"gray"_s && name[1] != 'f') continue;
+      SCOPED_TRACE((row.encoder + u' ' + row.format).toStdString() + ' ' + name);
+      playFile(
+          make(u"color.mkv"_s, solidColor(QString(u"0x"_s + QLatin1String(name + 1)), row.size, 2) +
+                                   QStringList{u"-c:v"_s, row.encoder, u"-pix_fmt"_s, row.format} +
+                                   (row.isFull ? full : QStringList())));
+      ASSERT_TRUE(starts());
+      const SharedFrame frame = frames->latest();
+      ASSERT_TRUE(frame);
+      const QColor seen = stillOf(*frame, 16).pixelColor(8, 4);
+      const QColor meant(QLatin1String{name});
+      EXPECT_NEAR(seen.red(), meant.red(), 5) << seen.name().toStdString();
+      EXPECT_NEAR(seen.green(), meant.green(), 5) << seen.name().toStdString();
+      EXPECT_NEAR(seen.blue(), meant.blue(), 5) << seen.name().toStdString();
+    }
+  }
+}
+
+TEST_F(EngineTest, EverySourceBeginsAtItsOwnSpeed) {
+  const QString file = make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60));
+  const auto pace = [&] {
+    const std::int64_t begin = engine.status().time;
+    QElapsedTimer real;
+    real.start();
+    EXPECT_TRUE(eventually([&] { return engine.status().time > begin + 2'000; }));
+    return static_cast<double>(engine.status().time - begin) / static_cast<double>(real.elapsed());
+  };
+  playFile(file);
+  ASSERT_TRUE(starts());
+  playback.setRate(2);
+  const double fast = pace();
+  playFile(file);
+  ASSERT_TRUE(starts());
+  EXPECT_LT(pace(), fast * 0.75);
+}
+
+TEST_F(EngineTest, OfManyOpeningsAtOnceOnlyTheLastConnects) {
+  StreamServer server(bytes(movie(u"a.ts"_s)));
+  int connections = 0;
+  QObject::connect(&server, &QTcpServer::newConnection, [&] { ++connections; });
+  playFile(movie(u"b.mkv"_s));
+  ASSERT_TRUE(starts());
+  for (char number = '1'; number <= '8'; ++number) {
+    engine.load({.address = server.address(QByteArray("/") + number + ".ts")});
+    engine.play();
+  }
+  EXPECT_TRUE(eventually([&] { return engine.status().decodedVideo > 0; }));
+  // The first may have begun before there was a second.
+  EXPECT_LE(connections, 2);
+  ASSERT_FALSE(server.requests.isEmpty());
+  EXPECT_EQ(server.requests.last().target, "/8.ts");
 }
 
 TEST_F(EngineTest, AudioAloneStartsWithoutAPicture) {
