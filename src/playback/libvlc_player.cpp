@@ -129,6 +129,7 @@ void LibVLCPlayer::stop() {
   libvlc_media_player_stop(player_.get());
   recorder_->inputEnded();
   failed_ = false;
+  givenUp_ = false;
   volumeApplied_ = false;
 }
 
@@ -139,6 +140,7 @@ void LibVLCPlayer::play() {
   if (state == EngineState::ended || state == EngineState::error) {
     stop();
   }
+  givenUp_ = false;
   refused_ = libvlc_media_player_play(player_.get()) != 0;
 }
 
@@ -183,7 +185,11 @@ void LibVLCPlayer::stopRecording() {
 }
 
 std::optional<QString> LibVLCPlayer::takeRecording() {
-  return recorder_ ? recorder_->takeFinished() : std::nullopt;
+  if (recorder_->isStuck()) {
+    stop();
+    givenUp_ = true;
+  }
+  return recorder_->takeFinished();
 }
 
 EngineStatus LibVLCPlayer::sample() {
@@ -196,6 +202,7 @@ EngineStatus LibVLCPlayer::sample() {
   EngineStatus status;
   status.hasMedia = true;
   status.state = failed_ ? EngineState::error : stateOf(libvlc_media_player_get_state(player));
+  if (givenUp_) status.state = EngineState::ended;
   status.time = libvlc_media_player_get_time(player);
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);

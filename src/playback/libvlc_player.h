@@ -59,6 +59,7 @@ class LibVLCPlayer {
   LibVLCHandle<libvlc_media_t> media_;
   SourceNumber source_ = 0;
   EngineStatus last_;
+  bool givenUp_ = false;              // stopped for a recording's sake
   bool refused_ = false;              // the library took neither the media nor the order to play it
   std::atomic<bool> failed_ = false;  // it announced an error, which its state forgets
   int volume_ = 100;

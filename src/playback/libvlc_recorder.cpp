@@ -27,6 +27,9 @@ using namespace std::chrono_literals;
 // After a stop, how long an input that waits for its source keeps a file that has a name already.
 constexpr auto kPatience = 3s;
 
+// After a stop, how long an input that waits for its source keeps any file.
+constexpr auto kLongestPatience = 10s;
+
 // What libVLC holds in memory at most before it writes anything but a transport stream.
 constexpr std::int64_t kMostHeld = 20 << 20;
 // Room for the end of such a file: its index grows with its length, generously by this every
@@ -155,7 +158,7 @@ void LibVLCRecorder::start(const QString& folder) {
   // second, so that one recording would replace another.
   name_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
   folder_ = folder;
-  readBefore_ = bytesRead();
+  read_.begin(bytesRead().value_or(0));
   started_ = std::chrono::steady_clock::now();
   input->recordInto(QFile::encodeName(folder_), name_.toLatin1());
   input->record(true);
@@ -174,7 +177,7 @@ void LibVLCRecorder::inputEnded() {
   inputEnded_ = true;
 }
 
-bool LibVLCRecorder::isComplete() {
+bool LibVLCRecorder::isComplete() const {
   constexpr int kStartAndStop = 2;
   if (inputEnded_ || signals_->dead || signals_->failed || signals_->changes >= kStartAndStop)
     return true;
@@ -184,10 +187,16 @@ bool LibVLCRecorder::isComplete() {
   return !signals_->path.isEmpty();
 }
 
-std::int64_t LibVLCRecorder::bytesRead() const {
+bool LibVLCRecorder::isStuck() const {
+  return stage_ == Stage::stopping && !isComplete() &&
+         std::chrono::steady_clock::now() - stopAsked_ > kLongestPatience;
+}
+
+std::optional<std::int32_t> LibVLCRecorder::bytesRead() const {
   const LibVLCHandle<libvlc_media_t> media(libvlc_media_player_get_media(player_));
   libvlc_media_stats_t counts = {};
-  return media && libvlc_media_get_stats(media.get(), &counts) ? counts.i_demux_read_bytes : 0;
+  if (!media || !libvlc_media_get_stats(media.get(), &counts)) return {};
+  return counts.i_demux_read_bytes;
 }
 
 bool LibVLCRecorder::diskRunsFull() {
@@ -195,7 +204,8 @@ bool LibVLCRecorder::diskRunsFull() {
     const std::lock_guard lock(signals_->mutex);
     if (!signals_->path.isEmpty()) return false;  // a transport stream plays as far as it goes
   }
-  const std::int64_t read = bytesRead() - readBefore_;
+  const std::optional<std::int32_t> count = bytesRead();
+  const std::int64_t read = count ? read_.grownTo(*count) : 0;
   struct statvfs disk = {};
   if (read < kSurelyBegun || ::statvfs(QFile::encodeName(folder_).constData(), &disk) != 0)
     return false;

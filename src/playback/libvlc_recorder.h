@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+#include "playback/wrapping_count.h"
+
 namespace vantor {
 
 /// The recorder of libVLC 3, which its public interface leaves out: variables of the player's input
@@ -28,6 +30,9 @@ class LibVLCRecorder {
   void stop();
   /// The player was stopped, which ends the input and closes every file of its own.
   void inputEnded();
+  /// Was stopped a long time ago and still has no file, since the input waits for its source. Only
+  /// stopping the player helps.
+  bool isStuck() const;
   /// The path of a recording that has ended, by `stop`, with its source or because it never began,
   /// once its file is complete; empty when it made none. Every start is answered once.
   std::optional<QString> takeFinished();
@@ -37,9 +42,10 @@ class LibVLCRecorder {
   class Input;
   enum class Stage { idle, running, stopping };
 
-  bool isComplete();
+  bool isComplete() const;
   bool diskRunsFull();
-  std::int64_t bytesRead() const;
+  /// As the library counts, in 32 bits; absent while it does not.
+  std::optional<std::int32_t> bytesRead() const;
   QString existing(const QString& reported) const;
 
   libvlc_media_player_t* const player_;
@@ -47,8 +53,8 @@ class LibVLCRecorder {
   std::unique_ptr<Input> input_;  // of the recording that is not finished
   Stage stage_ = Stage::idle;
   QString folder_;
-  QString name_;                 // part of the file's name
-  std::int64_t readBefore_ = 0;  // bytes of the media, when the recording started
+  QString name_;        // part of the file's name
+  WrappingCount read_;  // bytes of the media since the recording started
   std::chrono::steady_clock::time_point started_;
   bool inputEnded_ = false;
   std::chrono::steady_clock::time_point stopAsked_;
