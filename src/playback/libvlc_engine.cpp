@@ -39,8 +39,12 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
  public:
   using Command = std::function<void(LibVLCPlayer&)>;
 
-  Core(LibVLCEngine* owner, std::shared_ptr<VideoFrameQueue> frames, QList<QByteArray> options)
-      : frames_(std::move(frames)), options_(std::move(options)), owner_(owner) {}
+  Core(LibVLCEngine* owner, std::shared_ptr<VideoFrameQueue> frames, QList<QByteArray> options,
+       LibVLCInternals internals)
+      : frames_(std::move(frames)),
+        options_(std::move(options)),
+        internals_(internals),
+        owner_(owner) {}
 
   /// Main thread only; once started it stays so.
   void start() {
@@ -108,7 +112,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
 
   void run() {
     {
-      LibVLCPlayer player(options_, frames_, [this] { notice(); });
+      LibVLCPlayer player(options_, internals_, frames_, [this] { notice(); });
       while (const Command command = next(interval(player))) {
         command(player);
         publish(player.source(), player.sample());
@@ -183,6 +187,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const QList<QByteArray> options_;
+  const LibVLCInternals internals_;
   LibVLCEngine* owner_;  // main thread only; null once it is gone
   std::thread thread_;
   EngineStatus seen_;  // engine's thread only
@@ -198,9 +203,10 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   EngineStatus status_;
 };
 
-LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless)
+LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless,
+                           LibVLCInternals internals)
     : frames_(std::move(frames)),
-      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()))) {}
+      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()), internals)) {}
 
 void LibVLCEngine::warmUp() {
   core_->start();

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "playback/libvlc_internals.h"
 #include "playback/media_engine.h"
 #include "playback/video_frame_queue.h"
 
@@ -11,7 +12,8 @@ namespace vantor {
 class LibVLCEngine final : public MediaEngine {
  public:
   /// Pictures go to `frames`. `headless`: neither picture nor sound goes out.
-  LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless);
+  LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless,
+               LibVLCInternals internals = libVLCInternals());
   /// Stops what plays, and waits for that at most a few seconds.
   ~LibVLCEngine() override;
 

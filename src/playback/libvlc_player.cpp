@@ -62,17 +62,18 @@ LibVLCHandle<libvlc_instance_t> makeInstance(const QList<QByteArray>& options) {
 
 }  // namespace
 
-LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions,
+LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions, LibVLCInternals internals,
                            std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onNews)
     : onNews_(std::move(onNews)), instance_(makeInstance(libraryOptions)) {
   if (!instance_) return;
   player_.reset(libvlc_media_player_new(instance_.get()));
   if (!player_) return;
   if (!libraryOptions.contains("--vout=dummy")) {
-    output_ = std::make_unique<LibVLCVideoOutput>(std::move(frames), onNews_);
+    output_ = std::make_unique<LibVLCVideoOutput>(std::move(frames), internals, onNews_);
     output_->attach(player_.get());
   }
-  recorder_ = std::make_unique<LibVLCRecorder>(player_.get(), onNews_);
+  if (internals == LibVLCInternals::used)
+    recorder_ = std::make_unique<LibVLCRecorder>(player_.get(), onNews_);
   libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
   for (const auto event : kNewsEvents) {
     libvlc_event_attach(events, event, onEvent, this);
@@ -127,7 +128,7 @@ void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber
 
 void LibVLCPlayer::stop() {
   libvlc_media_player_stop(player_.get());
-  recorder_->inputEnded();
+  if (recorder_) recorder_->inputEnded();
   failed_ = false;
   givenUp_ = false;
   volumeApplied_ = false;
@@ -185,6 +186,7 @@ void LibVLCPlayer::stopRecording() {
 }
 
 std::optional<QString> LibVLCPlayer::takeRecording() {
+  if (!recorder_) return {};
   if (recorder_->isStuck()) {
     stop();
     givenUp_ = true;
@@ -206,7 +208,7 @@ EngineStatus LibVLCPlayer::sample() {
   status.time = libvlc_media_player_get_time(player);
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);
-  status.recordable = recorder_->canRecord();
+  status.recordable = recorder_ && recorder_->canRecord();
   for (const EngineTrack& track : tracksOf(libvlc_video_get_track_description(player)))
     status.videoTracks.append(track.id);
   status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "playback/libvlc_handles.h"
+#include "playback/libvlc_internals.h"
 #include "playback/libvlc_recorder.h"
 #include "playback/libvlc_video_output.h"
 #include "playback/media_engine.h"
@@ -16,8 +17,8 @@ namespace vantor {
 /// when a look at `sample` is worth while.
 class LibVLCPlayer {
  public:
-  LibVLCPlayer(const QList<QByteArray>& libraryOptions, std::shared_ptr<VideoFrameQueue> frames,
-               std::function<void()> onNews);
+  LibVLCPlayer(const QList<QByteArray>& libraryOptions, LibVLCInternals internals,
+               std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onNews);
   ~LibVLCPlayer();
   LibVLCPlayer(const LibVLCPlayer&) = delete;
   LibVLCPlayer& operator=(const LibVLCPlayer&) = delete;
@@ -55,7 +56,7 @@ class LibVLCPlayer {
   LibVLCHandle<libvlc_instance_t> instance_;
   std::unique_ptr<LibVLCVideoOutput> output_;  // absent when no picture goes out
   LibVLCHandle<libvlc_media_player_t> player_;
-  std::unique_ptr<LibVLCRecorder> recorder_;
+  std::unique_ptr<LibVLCRecorder> recorder_;  // absent when nothing can be recorded
   LibVLCHandle<libvlc_media_t> media_;
   SourceNumber source_ = 0;
   EngineStatus last_;

@@ -76,8 +76,11 @@ class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> 
 };
 
 LibVLCVideoOutput::LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames,
+                                     LibVLCInternals internals,
                                      std::function<void()> onFirstPicture)
-    : frames_(std::move(frames)), onFirstPicture_(std::move(onFirstPicture)) {}
+    : frames_(std::move(frames)),
+      internals_(internals),
+      onFirstPicture_(std::move(onFirstPicture)) {}
 
 void LibVLCVideoOutput::attach(libvlc_media_player_t* player) {
   libvlc_video_set_format_callbacks(player, setUp, cleanUp);
@@ -109,8 +112,9 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
                                   unsigned* pitches, unsigned* lines) {
   auto* self = static_cast<LibVLCVideoOutput*>(*opaque);
   if (isTooLarge(*width, *height)) return 0;
-  PictureFormat format{.size = QSize(static_cast<int>(*width), static_cast<int>(*height))};
-  if (const auto known = pictureFormat(chroma, width, height)) format = *known;
+  PictureFormat format = usualFormat(chroma, *width, *height);
+  if (self->internals_ == LibVLCInternals::used)
+    if (const auto known = pictureFormat(chroma, width, height)) format = *known;
   // J420 is I420 of full range, which libVLC would convert.
   if (std::memcmp(chroma, "J420", 4) != 0) std::memcpy(chroma, "I420", 4);
 

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 
+#include "playback/libvlc_internals.h"
 #include "playback/video_frame_queue.h"
 
 namespace vantor {
@@ -19,7 +20,8 @@ namespace vantor {
 class LibVLCVideoOutput {
  public:
   /// `onFirstPicture` is called on libVLC's threads, when the first picture of a source waits.
-  LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames, std::function<void()> onFirstPicture);
+  LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames, LibVLCInternals internals,
+                    std::function<void()> onFirstPicture);
 
   void attach(libvlc_media_player_t* player);
   void beginSource(SourceNumber source);
@@ -40,6 +42,7 @@ class LibVLCVideoOutput {
   void present(std::shared_ptr<VideoFrame> frame);
 
   const std::shared_ptr<VideoFrameQueue> frames_;
+  const LibVLCInternals internals_;
   const std::function<void()> onFirstPicture_;
   std::atomic<std::int64_t> passedOn_ = 0;
 

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "playback/libvlc_internals.h"
+#include "playback/wrapping_count.h"
+
 namespace vantor {
 namespace {
 
@@ -32,6 +37,40 @@ TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {
       {u"A\u0085B"_s, {":network-caching=1200"}},
   };
   for (const auto& row : cases) EXPECT_EQ(mediaOptions({.userAgent = row.agent}), row.options);
+}
+
+TEST(LibVLCInternals, AreUsedInTriedVersionsOnly) {
+  const QByteArrayList tried{"3.0.23", "3.0.24"};
+  const struct {
+    QByteArray built;
+    QByteArray library;
+    LibVLCInternals internals;
+  } cases[] = {
+      {"3.0.24", "3.0.24 Vetinari", LibVLCInternals::used},
+      {"3.0.23", "3.0.24 Vetinari", LibVLCInternals::used},
+      {"3.0.24", "3.0.25 Vetinari", LibVLCInternals::left},
+      {"3.0.21", "3.0.24 Vetinari", LibVLCInternals::left},
+      {"3.0.24", "3.0.2 Vetinari", LibVLCInternals::left},
+      {"3.0.24", "3.0.240", LibVLCInternals::left},
+      {"3.0.24", "", LibVLCInternals::left},
+  };
+  for (const auto& row : cases)
+    EXPECT_EQ(internalsOf(row.built, row.library, tried), row.internals)
+        << row.built.toStdString() << " with " << row.library.toStdString();
+}
+
+TEST(WrappingCount, GrowsPastTheCountersEnd) {
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  WrappingCount count;
+  count.begin(kMost - 10);
+  const struct {
+    std::int32_t now;
+    std::int64_t grown;
+  } steps[] = {{kMost - 10, 0},        {kMost, 10},
+               {kLeast + 9, 20},       {kLeast, 20},
+               {-1, (1LL << 31) + 10}, {kMost - 10, 1LL << 32}};
+  for (const auto& step : steps) EXPECT_EQ(count.grownTo(step.now), step.grown) << step.now;
 }
 
 }  // namespace
