@@ -206,7 +206,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
 LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless,
                            LibVLCInternals internals)
     : frames_(std::move(frames)),
-      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless, availableAudio()), internals)) {}
+      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless), internals)) {}
 
 void LibVLCEngine::warmUp() {
   core_->start();

@@ -19,21 +19,20 @@ bool hasControlCharacter(const QString& text) {
 
 AudioOutput availableAudio() {
   if (qgetenv("VANTOR_AUDIO") == "none") return AudioOutput::none;
-  if (!qEnvironmentVariableIsEmpty("PULSE_SERVER")) return AudioOutput::device;
   const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-  const bool server = !runtime.isEmpty() && (QFile::exists(runtime + u"/pulse/native"_s) ||
-                                             QFile::exists(runtime + u"/pipewire-0"_s));
-  const bool card = !QDir(u"/dev/snd"_s).entryList({u"pcm*p"_s}, QDir::System).isEmpty();
-  return server || card ? AudioOutput::device : AudioOutput::none;
+  if (!qEnvironmentVariableIsEmpty("PULSE_SERVER") ||
+      (!runtime.isEmpty() && QFile::exists(runtime + u"/pulse/native"_s)))
+    return AudioOutput::server;
+  // PipeWire alone looks like a card.
+  const bool card = !QDir(u"/dev/snd"_s).entryList({u"pcm*p"_s}, QDir::System).isEmpty() ||
+                    (!runtime.isEmpty() && QFile::exists(runtime + u"/pipewire-0"_s));
+  return card ? AudioOutput::card : AudioOutput::none;
 }
 
-QList<QByteArray> libraryOptions(bool headless, AudioOutput audio) {
+QList<QByteArray> libraryOptions(bool headless) {
   QList<QByteArray> options{"--quiet", "--no-video-title-show", "--no-osd",
                             "--network-caching=1200", "--file-caching=500"};
-  if (headless)
-    options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
-  else if (audio == AudioOutput::none)
-    options += "--aout=dummy";
+  if (headless) options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
   return options;
 }
 

@@ -7,13 +7,13 @@
 
 namespace vantor {
 
-enum class AudioOutput { device, none };
+enum class AudioOutput { none, card, server };
 
-/// Whether this desktop has a sound device or a sound server; VANTOR_AUDIO=none says it has not.
+/// Where this desktop's sound can go now; VANTOR_AUDIO=none says nowhere.
 AudioOutput availableAudio();
 
 /// Options of the library, in their order. `headless`: neither picture nor sound goes out.
-QList<QByteArray> libraryOptions(bool headless, AudioOutput audio);
+QList<QByteArray> libraryOptions(bool headless);
 
 /// Options of one media. A user agent with control characters is left out.
 QList<QByteArray> mediaOptions(const MediaSource& source);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "playback/libvlc_options.h"
@@ -117,6 +118,7 @@ void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber
     stop();
     // The library takes the last media's speed over.
     libvlc_media_player_set_rate(player_.get(), 1);
+    if (media && output_) followAudio();
     libvlc_media_player_set_media(player_.get(), media.get());
   }
   media_ = std::move(media);
@@ -157,6 +159,17 @@ void LibVLCPlayer::setVolume(int percent) {
   volume_ = percent;
   volumeApplied_ = false;
   applyVolume();
+}
+
+void LibVLCPlayer::followAudio() {
+  const AudioOutput now = availableAudio();
+  const std::optional<AudioOutput> before = std::exchange(audio_, now);
+  // What there is at first the library finds by itself; without any it complains.
+  if (before == now || (!before && now != AudioOutput::none)) return;
+  const char* name = now == AudioOutput::none     ? "dummy"
+                     : now == AudioOutput::server ? "pulse"
+                                                  : "alsa";
+  libvlc_audio_output_set(player_.get(), name);
 }
 
 void LibVLCPlayer::applyVolume() {

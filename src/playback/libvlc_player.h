@@ -7,6 +7,7 @@
 
 #include "playback/libvlc_handles.h"
 #include "playback/libvlc_internals.h"
+#include "playback/libvlc_options.h"
 #include "playback/libvlc_recorder.h"
 #include "playback/libvlc_video_output.h"
 #include "playback/media_engine.h"
@@ -49,6 +50,8 @@ class LibVLCPlayer {
   void stop();
   void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
   void applyVolume();
+  /// For what is loaded next; a device may be plugged in while the program runs.
+  void followAudio();
   /// Absent while the media has not told its video's format.
   std::optional<double> pixelAspect() const;
 
@@ -63,6 +66,7 @@ class LibVLCPlayer {
   bool givenUp_ = false;              // stopped for a recording's sake
   bool refused_ = false;              // the library took neither the media nor the order to play it
   std::atomic<bool> failed_ = false;  // it announced an error, which its state forgets
+  std::optional<AudioOutput> audio_;  // absent before the first look
   int volume_ = 100;
   bool volumeApplied_ = false;
 };

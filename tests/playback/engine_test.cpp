@@ -292,6 +292,34 @@ TEST_F(EngineTest, HoldsTheLastPictureOfThePreviousSource) {
   EXPECT_TRUE(QDir(folder.path()).entryList({u"quillet-frame-*"_s}, QDir::Dirs).isEmpty());
 }
 
+TEST_F(EngineTest, DevicePluggedInLaterIsHeardFromTheNextSourceOn) {
+  const QString heard = path(u"heard.raw"_s);
+  QFile card(path(u"asound.conf"_s));
+  ASSERT_TRUE(card.open(QIODevice::WriteOnly));
+  card.write("pcm.default { type file slave.pcm { type null } format raw file " + heard.toUtf8() +
+             " }\nctl.default { type hw card 0 }\n");
+  card.close();
+  qputenv("ALSA_CONFIG_PATH", QFile::encodeName(card.fileName()));
+  const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+  qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path()));
+  const QString file = movie(u"a.mkv"_s);
+  playFile(file);
+  EXPECT_TRUE(starts());
+  EXPECT_FALSE(QFile::exists(heard));
+
+  qunsetenv("VANTOR_AUDIO");
+  qunsetenv("PULSE_SERVER");
+  QFile plug(path(u"pipewire-0"_s));
+  EXPECT_TRUE(plug.open(QIODevice::WriteOnly));
+  playFile(file);
+  EXPECT_TRUE(starts());
+  EXPECT_TRUE(eventually([&] { return QFile(heard).size() > 0; }));
+  playback.stop();
+  qputenv("VANTOR_AUDIO", "none");
+  runtime.isEmpty() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", runtime);
+  qunsetenv("ALSA_CONFIG_PATH");
+}
+
 TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
   const QString file = movie(u"a.mkv"_s);
   playFile(file);

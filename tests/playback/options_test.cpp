@@ -16,10 +16,8 @@ TEST(LibVLCOptions, OfTheLibraryAreInOrder) {
   const QList<QByteArray> always{"--quiet", "--no-video-title-show", "--no-osd",
                                  "--network-caching=1200", "--file-caching=500"};
   const QList<QByteArray> nothingOut{"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
-  EXPECT_EQ(libraryOptions(false, AudioOutput::device), always);
-  EXPECT_EQ(libraryOptions(false, AudioOutput::none), always + QList<QByteArray>{"--aout=dummy"});
-  EXPECT_EQ(libraryOptions(true, AudioOutput::device), always + nothingOut);
-  EXPECT_EQ(libraryOptions(true, AudioOutput::none), always + nothingOut);
+  EXPECT_EQ(libraryOptions(false), always);
+  EXPECT_EQ(libraryOptions(true), always + nothingOut);
 }
 
 TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {

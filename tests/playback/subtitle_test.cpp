@@ -1,0 +1,111 @@
+// Subtitles, through to the pictures that are shown.
+#include <QFile>
+#include <QtEndian>
+#include <algorithm>
+
+#include "engine_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+constexpr int kSeconds = 20;
+constexpr int kWidth = 320;
+constexpr int kHeight = 180;
+
+/// Big-endian bytes.
+template <class Integer>
+QByteArray be(Integer value) {
+  QByteArray bytes(sizeof value, Qt::Uninitialized);
+  qToBigEndian(value, bytes.data());
+  return bytes;
+}
+
+/// Words in every second.
+QByteArray texts() {
+  QByteArray file;
+  for (int second = 0; second < kSeconds; ++second) {
+    const QByteArray begin = QByteArray::number(second).rightJustified(2, '0');
+    file += QByteArray::number(second + 1) + "\n00:00:" + begin + ",000 --> 00:00:" + begin +
+            ",950\nWords\n\n";
+  }
+  return file;
+}
+
+/// A white bar in every second, as the subtitles of a Blu-ray disc.
+QByteArray bitmaps() {
+  constexpr quint16 kBarWidth = 160;
+  constexpr quint16 kBarHeight = 20;
+  const QByteArray place = be(quint16{80}) + be(quint16{130});
+  const QByteArray line =
+      QByteArray::fromHex("00c0") + char(kBarWidth) + '\x01' + QByteArray(2, '\0');
+  const QByteArray bar = be(kBarWidth) + be(kBarHeight) + line.repeated(kBarHeight);
+  const QByteArray presentation = be(quint16{kWidth}) + be(quint16{kHeight}) +
+                                  QByteArray::fromHex("10 0000 80 00 00 01 0000 00 00") + place;
+  const QByteArray window = QByteArray::fromHex("01 00") + place + be(kBarWidth) + be(kBarHeight);
+  const QByteArray palette = QByteArray::fromHex("00 00 01 eb 80 80 ff");
+  const QByteArray object =
+      QByteArray::fromHex("0000 00 c0") + be(quint32(bar.size())).last(3) + bar;
+  const std::pair<quint8, QByteArray> segments[] = {
+      {0x16, presentation}, {0x17, window}, {0x14, palette}, {0x15, object}, {0x80, {}}};
+  QByteArray file;
+  for (quint32 second = 0; second < kSeconds; ++second) {
+    for (const auto& [type, content] : segments)
+      file += "PG" + be(second * 90'000) + be(quint32{0}) + be(type) + be(quint16(content.size())) +
+              content;
+  }
+  return file;
+}
+
+class SubtitleTest : public EngineFixture {
+ protected:
+  /// Whether the newest picture, black without them, holds subtitles.
+  bool shows() const {
+    const SharedFrame frame = frames->latest();
+    if (!frame) return false;
+    const VideoPlane& luma = frame->planes[0];
+    int bright = 0;
+    for (int y = luma.size.height() / 2; y < luma.size.height(); ++y) {
+      const std::uint8_t* row = luma.data + std::ptrdiff_t{y} * luma.stride;
+      bright += static_cast<int>(std::count_if(row, row + luma.size.width(),
+                                               [](std::uint8_t value) { return value > 160; }));
+    }
+    return bright > 20;
+  }
+};
+
+TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
+  const struct {
+    QString name;
+    QByteArray content;
+    QString codec;
+  } cases[] = {{u"words.srt"_s, texts(), u"srt"_s}, {u"bars.sup"_s, bitmaps(), u"copy"_s}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name.toStdString());
+    QFile subtitles(path(row.name));
+    ASSERT_TRUE(subtitles.open(QIODevice::WriteOnly));
+    subtitles.write(row.content);
+    subtitles.close();
+    playFile(make(row.name + u".mkv"_s,
+                  solidColor(u"black"_s, u"%1x%2"_s.arg(kWidth).arg(kHeight), kSeconds) +
+                      QStringList{u"-i"_s, subtitles.fileName(), u"-map"_s, u"0"_s, u"-map"_s,
+                                  u"1"_s, u"-c:s"_s, row.codec}));
+    ASSERT_TRUE(starts());
+    const TransportState& transport = *playback.transport();
+    ASSERT_TRUE(eventually([&] { return transport.subtitles().size() == 1; }));
+    for (int round = 0; round < 2; ++round) {
+      playback.setSubtitleTrack(transport.subtitles().first().id);
+      EXPECT_TRUE(eventually([&] { return shows(); }));
+      playback.setSubtitleTrack(-1);
+      EXPECT_TRUE(eventually([&] { return !shows(); }));
+      // They do not come back in any of the next pictures either.
+      const std::int64_t time = engine.status().time;
+      EXPECT_FALSE(!eventually([&] { return shows() || engine.status().time > time + 1'500; }) ||
+                   shows());
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vantor
