@@ -20,7 +20,9 @@ using namespace std::chrono_literals;
 
 constexpr auto kSampleInterval = 100ms;
 constexpr auto kHurriedInterval = 5ms;
-constexpr auto kLongestGoodbye = 3s;
+// A film with subtitles cannot be stopped while the library looks through the system's fonts.
+constexpr auto kLongestGoodbye = 500ms;
+constexpr auto kLongestSaving = 3s;
 
 bool isOver(const EngineStatus& status) {
   return status.state == EngineState::ended || status.state == EngineState::error;
@@ -89,14 +91,14 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     if (isOver(status_)) status_.state = EngineState::opening;
   }
 
-  void finish() {
+  void finish(std::chrono::milliseconds longest) {
     owner_ = nullptr;
     if (!thread_.joinable()) return;
     std::unique_lock lock(mutex_);
     quitting_ = true;
     commands_.clear();
     wake_.notify_one();
-    const bool ended = ended_.wait_for(lock, kLongestGoodbye, [this] { return over_; });
+    const bool ended = ended_.wait_for(lock, longest, [this] { return over_; });
     lock.unlock();
     if (ended)
       thread_.join();
@@ -213,7 +215,7 @@ void LibVLCEngine::warmUp() {
 }
 
 LibVLCEngine::~LibVLCEngine() {
-  core_->finish();
+  core_->finish(recording_ ? kLongestSaving : kLongestGoodbye);
 }
 
 void LibVLCEngine::load(const MediaSource& source) {
