@@ -5,6 +5,7 @@
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/stringpiece.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstring>
@@ -24,6 +25,30 @@ bool dotlessLanguage() {
 bool isASCII(std::string_view text) {
   return std::all_of(text.begin(), text.end(),
                      [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+/// Leaves out marks that follow each other without end: putting a run of them into its order takes
+/// time that grows with the square of its length. No writing has as many as Unicode's stream-safe
+/// format allows, which is as many as are kept.
+void boundRunsOfMarks(std::string& utf8, const icu::Normalizer2& normalizer) {
+  constexpr int longestRun = 30;
+  constexpr std::size_t bytesOfMark = 2;  // at least
+  if (utf8.size() <= longestRun * bytesOfMark) return;
+  const auto size = static_cast<int32_t>(utf8.size());
+  int32_t read = 0;
+  int32_t kept = 0;
+  int run = 0;
+  while (read < size) {
+    const int32_t begin = read;
+    UChar32 code = 0;
+    U8_NEXT(utf8.data(), read, size, code);
+    run = code < 0 || normalizer.hasBoundaryBefore(code) ? 0 : run + 1;
+    if (run > longestRun) continue;
+    std::memmove(&utf8[static_cast<std::size_t>(kept)], &utf8[static_cast<std::size_t>(begin)],
+                 static_cast<std::size_t>(read - begin));
+    kept += read - begin;
+  }
+  utf8.resize(static_cast<std::size_t>(kept));
 }
 
 }  // namespace
@@ -50,6 +75,7 @@ void appendFolded(std::string_view utf8, std::string& folded) {
   icu::StringByteSink<std::string> casedSink(&cased);
   icu::CaseMap::utf8Fold(options, icu::StringPiece(utf8.data(), static_cast<int32_t>(utf8.size())),
                          casedSink, nullptr, status);
+  boundRunsOfMarks(cased, *nfc);
   icu::StringByteSink<std::string> sink(&folded);
   nfc->normalizeUTF8(0, cased, sink, nullptr, status);
 }

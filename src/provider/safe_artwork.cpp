@@ -55,16 +55,17 @@ bool isPlain(std::string_view text) {
 std::optional<std::string> safeArtwork(std::string_view text) {
   if (text.empty()) return std::nullopt;
   if (isPlain(text)) return std::string(text);
+  const auto scheme = text.find("://");
+  if (scheme == std::string_view::npos) return std::nullopt;
+  std::string_view authority = text.substr(scheme + 3);
+  authority = authority.substr(0, authority.find_first_of("/?#"));
+  // Longer than any name of a host. QUrl's time over one grows with the square of its length.
+  if (authority.size() > 255 || authority.find('@') != std::string_view::npos) return std::nullopt;
   const QUrl address(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
   const bool web =
       address.scheme() == QLatin1String("https") || address.scheme() == QLatin1String("http");
-  const auto authority = text.find("://");
-  const bool userInfo =
-      !address.userInfo().isEmpty() ||
-      (authority != std::string_view::npos &&
-       text.substr(authority + 3, text.find_first_of("/?#", authority + 3) - authority - 3)
-               .find('@') != std::string_view::npos);
-  if (!address.isValid() || !web || address.host().isEmpty() || userInfo) return std::nullopt;
+  if (!address.isValid() || !web || address.host().isEmpty() || !address.userInfo().isEmpty())
+    return std::nullopt;
   return address.toEncoded().toStdString();
 }
 

@@ -163,5 +163,25 @@ TEST(CatalogSearch, ComparesNamesWithoutCaseAndByTheirLetters) {
   EXPECT_EQ(matches("night", "unknown"), (Rows{}));
 }
 
+TEST(CatalogParsing, ItsTimeGrowsWithTheSizeOfTheAnswerOnly) {
+  using Seconds = std::chrono::duration<double>;
+  constexpr int bytes = 60'000;
+  const auto repeated = [](const char* text) {
+    const QByteArray unit = text;
+    return unit.repeated(bytes / static_cast<int>(unit.size()));
+  };
+  const auto time = [](const QByteArray& text) {
+    const QByteArray answer =
+        "[{\"stream_id\":1,\"name\":\"a" + text + "\",\"stream_icon\":\"http://" + text + "/\"}]";
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(parse(answer).size(), 1u);
+    return Seconds(std::chrono::steady_clock::now() - begin);
+  };
+  const Seconds harmless = time(repeated("\xC3\xA9"));
+  // Marks of one class, of classes out of order, a letter that decomposes into marks, syllables.
+  for (const char* unit : {"\xCC\x81", "\xCC\x81\xCC\x96", "\xE0\xBD\xB3", "\xE1\x85\xA1"})
+    EXPECT_LT(time(repeated(unit)), 30 * harmless + Seconds(0.01)) << unit;
+}
+
 }  // namespace
 }  // namespace vantor
