@@ -14,39 +14,27 @@ CatalogBuilder::CatalogBuilder(std::size_t expectedText)
 
 CatalogBuilder::~CatalogBuilder() = default;
 
-std::uint32_t CatalogBuilder::categoryIndex(std::string_view id) {
-  // Providers list entries category by category.
-  if (!contents_->rows.empty()) {
-    const std::uint32_t previous = contents_->rows.back().category;
-    if (contents_->categoryIDs[previous] == id) return previous;
-  }
-  const auto [known, isNew] = categories_.try_emplace(
-      std::string(id), static_cast<std::uint32_t>(contents_->categoryIDs.size()));
-  if (isNew) contents_->categoryIDs.emplace_back(id);
+std::uint32_t CatalogBuilder::indexOf(std::string_view text, Indexes& indexes,
+                                      std::vector<std::string>& texts) {
+  const auto [known, isNew] =
+      indexes.try_emplace(std::string(text), static_cast<std::uint32_t>(texts.size()));
+  if (isNew) texts.emplace_back(text);
   return known->second;
-}
-
-std::uint16_t CatalogBuilder::extensionIndex(std::string_view extension) {
-  if (!contents_->rows.empty()) {
-    const std::uint16_t previous = contents_->rows.back().fileExtension;
-    if (contents_->extensions[previous] == extension) return previous;
-  }
-  const auto count = contents_->extensions.size();
-  const auto known = extensions_.find(std::string(extension));
-  if (known != extensions_.end()) return known->second;
-  if (count == std::numeric_limits<std::uint16_t>::max())
-    throw std::length_error("too many file extensions");
-  extensions_.emplace(extension, static_cast<std::uint16_t>(count));
-  contents_->extensions.emplace_back(extension);
-  return static_cast<std::uint16_t>(count);
 }
 
 void CatalogBuilder::add(const CatalogEntry& entry) {
   CatalogContents& contents = *contents_;
   EntryRow row;
   row.kind = entry.kind;
-  row.category = categoryIndex(entry.category);
-  row.fileExtension = extensionIndex(entry.fileExtension);
+  // Most entries are like the one before: providers list them category by category.
+  const EntryRow* const previous = contents.rows.empty() ? nullptr : &contents.rows.back();
+  row.category = previous && contents.categoryIDs[previous->category] == entry.category
+                     ? previous->category
+                     : indexOf(entry.category, categories_, contents.categoryIDs);
+  row.fileExtension =
+      previous && contents.extensions[previous->fileExtension] == entry.fileExtension
+          ? previous->fileExtension
+          : indexOf(entry.fileExtension, extensions_, contents.extensions);
   const auto append = [&](EntryText which, std::string_view text) {
     contents.text.append(text);
     if (contents.text.size() > std::numeric_limits<std::uint32_t>::max())

@@ -2,9 +2,9 @@
 
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "provider/catalog.h"
+#include "provider/text_hash.h"
 
 namespace vantor {
 
@@ -30,6 +30,8 @@ class CatalogBuilder {
  public:
   /// `expectedText`: about how many bytes the texts will take.
   explicit CatalogBuilder(std::size_t expectedText = 0);
+  CatalogBuilder(CatalogBuilder&&) = default;
+  CatalogBuilder& operator=(CatalogBuilder&&) = default;
   ~CatalogBuilder();
 
   void add(const CatalogEntry& entry);
@@ -38,12 +40,13 @@ class CatalogBuilder {
   Catalog build(Catalog::Time savedAt);
 
  private:
-  std::uint32_t categoryIndex(std::string_view id);
-  std::uint16_t extensionIndex(std::string_view extension);
+  using Indexes = std::unordered_map<std::string, std::uint32_t, TextHash>;
+  static std::uint32_t indexOf(std::string_view text, Indexes& indexes,
+                               std::vector<std::string>& texts);
 
   std::shared_ptr<CatalogContents> contents_;
-  std::unordered_map<std::string, std::uint32_t> categories_;
-  std::unordered_map<std::string, std::uint16_t> extensions_;
+  Indexes categories_;
+  Indexes extensions_;
 };
 
 }  // namespace vantor

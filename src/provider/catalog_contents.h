@@ -25,8 +25,8 @@ enum EntryFlag : std::uint8_t {
 struct EntryRow {
   std::array<std::uint32_t, entryTexts>
       ends{};                       // offsets in `text`; each begins where the last ends
-  std::uint32_t category = 0;       // in `names`
-  std::uint16_t fileExtension = 0;  // in `extensions`
+  std::uint32_t category = 0;       // in `categoryIDs`
+  std::uint32_t fileExtension = 0;  // in `extensions`
   LibraryKind kind = LibraryKind::live;
   std::uint8_t flags = 0;
 };

@@ -105,6 +105,19 @@ TEST(CatalogParsing, OnlyTheShapeOfAnAnswerFailsIt) {
     EXPECT_ANY_THROW(parse(damage)) << damage.left(40).toStdString();
 }
 
+TEST(CatalogParsing, EveryExtensionIsKept) {
+  constexpr int count = 70'000;
+  QByteArray rows = "[";
+  for (int i = 0; i < count; ++i) {
+    const QByteArray number = QByteArray::number(i);
+    rows += (i > 0 ? ",{\"stream_id\":" : "{\"stream_id\":") + number +
+            ",\"container_extension\":\"e" + number + "\"}";
+  }
+  const Catalog catalog = parse(rows + "]");
+  ASSERT_EQ(catalog.size(), static_cast<std::size_t>(count));
+  EXPECT_EQ(catalog.item(count - 1).fileExtension, QStringLiteral("e69999"));
+}
+
 TEST(CatalogParsing, ArtworkIsAWebAddressWithoutAccount) {
   struct Case {
     const char* text;
