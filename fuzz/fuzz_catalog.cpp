@@ -11,6 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   mayRefuse([&] {
     const Catalog catalog = parseCatalog(both.left(split), both.mid(split),
                                          allLibraryKinds[data[0] % allLibraryKinds.size()], {});
+    mustHold(catalog.memory() <= 4096 + 20 * size);
     std::vector<std::uint32_t> rows;
     catalog.match({QString(), "e"}, rows);
     for (std::size_t row = 0; row < catalog.size(); ++row)

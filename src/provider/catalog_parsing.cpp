@@ -3,32 +3,36 @@
 #include <string>
 #include <unordered_set>
 
+#include "platform/cancelled.h"
 #include "provider/catalog_builder.h"
 #include "provider/error_wording.h"
 #include "provider/json_reading.h"
 #include "provider/safe_artwork.h"
+#include "provider/text_hash.h"
 
 namespace vantor {
 namespace {
 
-AppError unreadable() {
-  return AppError(QStringLiteral("The provider returned an unreadable library."));
-}
+using Seen = std::unordered_set<std::string, TextHash>;
 
 /// Calls `read` with each object of the array that `bytes` holds.
 template <class Read>
-void forEachRow(QByteArray bytes, Read read) {
+void forEachRow(QByteArray bytes, const std::stop_token& stop, Read read) {
+  throwIfStopped(stop);
   readJSON([&] {
     JSONDocument document(std::move(bytes));
-    if (document.root().type() != simdjson::ondemand::json_type::array) throw unreadable();
-    simdjson::ondemand::array rows = document.root().get_array();
-    for (auto element : rows) {
-      simdjson::ondemand::value row = element.value();
-      if (row.type() != simdjson::ondemand::json_type::object) throw unreadable();
-      simdjson::ondemand::object object = row.get_object();
-      read(object);
+    bool onlyObjects = false;
+    if (document.isObject()) {
+      document.expectWhole();
+    } else {
+      onlyObjects = forEachObject(document.array(), [&](simdjson::ondemand::object object) {
+        throwIfStopped(stop);
+        read(object);
+      });
+      document.expectEnd();
     }
-    document.expectEnd();
+    if (!onlyObjects)
+      throw AppError(QStringLiteral("The provider returned an unreadable library."));
   });
 }
 
@@ -51,21 +55,20 @@ class RowReader {
       : idKey_(kind == LibraryKind::shows ? "series_id" : "stream_id"),
         artworkKey_(kind == LibraryKind::shows ? "cover" : "stream_icon") {}
 
-  void read(simdjson::ondemand::object& object, Row& row) const {
+  void read(simdjson::ondemand::object object, Row& row) const {
     row.clear();
-    for (auto element : object) {
-      simdjson::ondemand::field field = std::move(element);
-      const std::string_view key = field.unescaped_key();
-      std::string* const text = target(key, row);
-      if (text) {
+    forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
+      if (std::string* const text = target(key, row)) {
         text->clear();
-        appendValueText(field.value(), *text);
-      } else if (key == "plot") {
-        row.plot.clear();
-        row.hasPlot = field.value().type() == simdjson::ondemand::json_type::string;
-        if (row.hasPlot) appendString(field.value(), row.plot);
+        appendValueText(value, *text);
+        return true;
       }
-    }
+      if (key != "plot") return false;
+      row.plot.clear();
+      row.hasPlot = value.type() == simdjson::ondemand::json_type::string;
+      if (row.hasPlot) appendString(value, row.plot);
+      return row.hasPlot;
+    });
   }
 
  private:
@@ -86,13 +89,13 @@ class RowReader {
 
 }  // namespace
 
-Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind,
-                     Catalog::Time now) {
-  CatalogBuilder builder(static_cast<std::size_t>(entries.size()) / 2);
-  std::unordered_set<std::string> seen;
+std::shared_ptr<CatalogBuilder> parseEntries(QByteArray entries, LibraryKind kind,
+                                             const std::stop_token& stop) {
+  auto builder = std::make_shared<CatalogBuilder>(static_cast<std::size_t>(entries.size()) / 2);
+  Seen seen;
   Row row;
   const RowReader reader(kind);
-  forEachRow(std::move(entries), [&](simdjson::ondemand::object& object) {
+  forEachRow(std::move(entries), stop, [&](simdjson::ondemand::object object) {
     reader.read(object, row);
     if (row.providerID.empty() || !seen.insert(row.providerID).second) return;
     const auto artwork = safeArtwork(row.artwork);
@@ -108,27 +111,35 @@ Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind
     if (row.hasPlot) entry.plot = row.plot;
     entry.rating = row.rating;
     entry.year = row.year;
-    builder.add(entry);
+    builder->add(entry);
   });
+  return builder;
+}
 
-  seen.clear();
-  forEachRow(std::move(categories), [&](simdjson::ondemand::object& object) {
+void parseCategories(QByteArray categories, CatalogBuilder& builder, const std::stop_token& stop) {
+  Seen seen;
+  forEachRow(std::move(categories), stop, [&](simdjson::ondemand::object object) {
     std::string id;
     std::string name;
-    for (auto element : object) {
-      simdjson::ondemand::field field = std::move(element);
-      const std::string_view key = field.unescaped_key();
+    forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
       std::string* const text = key == "category_id"     ? &id
                                 : key == "category_name" ? &name
                                                          : nullptr;
-      if (!text) continue;
+      if (!text) return false;
       text->clear();
-      appendValueText(field.value(), *text);
-    }
+      appendValueText(value, *text);
+      return true;
+    });
     if (id.empty() || !seen.insert(id).second) return;
     builder.add(MediaCategory{QString::fromStdString(id), QString::fromStdString(name)});
   });
-  return builder.build(now);
+}
+
+Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind, Catalog::Time now,
+                     const std::stop_token& stop) {
+  const auto builder = parseEntries(std::move(entries), kind, stop);
+  parseCategories(std::move(categories), *builder, stop);
+  return builder->build(now);
 }
 
 }  // namespace vantor

@@ -1,16 +1,26 @@
 #pragma once
 
 #include <QByteArray>
+#include <memory>
+#include <stop_token>
 
 #include "provider/catalog.h"
 
 namespace vantor {
 
+class CatalogBuilder;
+
 /// Reads a provider's answers to the entries and the categories request of `kind`. Fails with
-/// `JSONError` when one is not JSON and with an `AppError` when one is not an array of objects;
-/// rows without an id, or with one met before, are skipped. Takes processor time: worker threads
-/// only.
-Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind,
-                     Catalog::Time now);
+/// `JSONError` when one is not JSON, with an `AppError` when one is not an array of objects, with
+/// `Cancelled` soon after `stop` is requested; rows without an id, or with one met before, are
+/// skipped. Takes processor time: worker threads only.
+Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind, Catalog::Time now,
+                     const std::stop_token& stop = {});
+
+/// The same in two steps, since the answers need not come together. The entries' answer is let go
+/// when it has been read.
+std::shared_ptr<CatalogBuilder> parseEntries(QByteArray entries, LibraryKind kind,
+                                             const std::stop_token& stop);
+void parseCategories(QByteArray categories, CatalogBuilder& builder, const std::stop_token& stop);
 
 }  // namespace vantor

@@ -109,11 +109,11 @@ struct TextField {
     present = true;
   }
   void readOptional(od::value value) {
-    if (value.type() != od::json_type::null) {
+    present = false;
+    if (value.type() != od::json_type::null)
       read(value);
-    } else if (!value.is_null()) {
-      throw JSONError();
-    }
+    else
+      expectValue(value);
   }
   std::string_view required() const {
     if (!present) throw JSONError();
@@ -126,7 +126,7 @@ struct TextField {
 
 std::optional<int> optionalInteger(od::value value) {
   if (value.type() == od::json_type::null) {
-    if (!value.is_null()) throw JSONError();
+    expectValue(value);
     return std::nullopt;
   }
   const std::int64_t number = value.get_int64();
@@ -137,28 +137,29 @@ std::optional<int> optionalInteger(od::value value) {
 
 class ItemReader {
  public:
-  void read(od::object& object, CatalogBuilder& builder) {
+  void read(od::object object, CatalogBuilder& builder) {
     for (TextField* field : {&id_, &providerID_, &kind_, &name_, &category_, &artwork_,
                              &fileExtension_, &plot_, &rating_, &year_})
       field->present = false;
     CatalogEntry entry;
     bool hasExampleMark = false;
-    for (auto element : object) {
-      od::field field = std::move(element);
-      const std::string_view key = field.unescaped_key();
+    forEachField(object, [&](std::string_view key, od::value value) {
       if (TextField* text = required(key)) {
-        text->read(field.value());
+        text->read(value);
       } else if (TextField* optionalText = optional(key)) {
-        optionalText->readOptional(field.value());
+        optionalText->readOptional(value);
       } else if (key == "episode") {
-        entry.episode = optionalInteger(field.value());
+        entry.episode = optionalInteger(value);
       } else if (key == "season") {
-        entry.season = optionalInteger(field.value());
+        entry.season = optionalInteger(value);
       } else if (key == "isExample") {
-        entry.isExample = field.value().get_bool();
+        entry.isExample = value.get_bool();
         hasExampleMark = true;
+      } else {
+        return false;
       }
-    }
+      return true;
+    });
     if (!hasExampleMark) throw JSONError();
     entry.kind = kindOf(kind_.required());
     entry.providerID = providerID_.required();
@@ -209,62 +210,57 @@ class ItemReader {
       year_;
 };
 
-od::array arrayOf(od::value value) {
-  if (value.type() != od::json_type::array) throw JSONError();
-  return value.get_array();
+MediaCategory readCategory(od::object object) {
+  TextField id;
+  TextField name;
+  forEachField(object, [&](std::string_view key, od::value value) {
+    if (key != "id" && key != "name") return false;
+    (key == "id" ? id : name).read(value);
+    return true;
+  });
+  return {QString::fromStdString(std::string(id.required())),
+          QString::fromStdString(std::string(name.required()))};
 }
 
-od::object objectOf(od::value value) {
-  if (value.type() != od::json_type::object) throw JSONError();
-  return value.get_object();
+/// Calls `read` with each object of what must be an array of objects.
+template <class Read>
+void forEachObjectOf(od::value value, Read read) {
+  if (value.type() != od::json_type::array || !forEachObject(value.get_array(), read))
+    throw JSONError();
 }
 
 }  // namespace
 
 Catalog catalogFromJSON(QByteArray json) {
-  return readJSON([&] {
-    CatalogBuilder builder(static_cast<std::size_t>(json.size()) / 2);
+  const auto expectedText = static_cast<std::size_t>(json.size()) / 2;
+  std::optional<CatalogBuilder> builder;
+  std::optional<std::vector<MediaCategory>> categories;
+  std::optional<double> savedAt;
+  readJSON([&] {
     JSONDocument document(std::move(json));
-    if (document.root().type() != od::json_type::object) throw JSONError();
-    od::object root = document.root().get_object();
     ItemReader items;
-    bool hasItems = false;
-    bool hasCategories = false;
-    std::optional<double> savedAt;
-    for (auto element : root) {
-      od::field field = std::move(element);
-      const std::string_view key = field.unescaped_key();
+    forEachField(document.object(), [&](std::string_view key, od::value value) {
       if (key == "items") {
-        for (auto item : arrayOf(field.value())) {
-          od::object object = objectOf(item.value());
-          items.read(object, builder);
-        }
-        hasItems = true;
+        builder.emplace(expectedText);
+        forEachObjectOf(value, [&](od::object item) { items.read(item, *builder); });
       } else if (key == "categories") {
-        for (auto item : arrayOf(field.value())) {
-          od::object object = objectOf(item.value());
-          TextField id;
-          TextField name;
-          for (auto member : object) {
-            od::field part = std::move(member);
-            const std::string_view partKey = part.unescaped_key();
-            if (partKey == "id") id.read(part.value());
-            if (partKey == "name") name.read(part.value());
-          }
-          builder.add(MediaCategory{QString::fromStdString(std::string(id.required())),
-                                    QString::fromStdString(std::string(name.required()))});
-        }
-        hasCategories = true;
+        categories.emplace();
+        forEachObjectOf(
+            value, [&](od::object category) { categories->push_back(readCategory(category)); });
       } else if (key == "savedAt") {
-        savedAt = field.value().get_double();
+        savedAt = double(value.get_double());
+      } else {
+        return false;
       }
-    }
+      return true;
+    });
     document.expectEnd();
-    // Beyond what the clock can hold lies no time of saving.
-    if (!hasItems || !hasCategories || !savedAt || !(std::abs(*savedAt) < 8e9)) throw JSONError();
-    return builder.build(referenceDate + std::chrono::duration_cast<Catalog::Time::duration>(
-                                             std::chrono::duration<double>(*savedAt)));
   });
+  // Beyond what the clock can hold lies no time of saving.
+  if (!builder || !categories || !savedAt || !(std::abs(*savedAt) < 8e9)) throw JSONError();
+  for (MediaCategory& category : *categories) builder->add(std::move(category));
+  return builder->build(referenceDate + std::chrono::duration_cast<Catalog::Time::duration>(
+                                            std::chrono::duration<double>(*savedAt)));
 }
 
 }  // namespace vantor

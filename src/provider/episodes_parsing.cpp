@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 
+#include "platform/cancelled.h"
 #include "provider/error_wording.h"
 #include "provider/json_reading.h"
+#include "provider/text_hash.h"
 
 namespace vantor {
 namespace {
@@ -21,6 +24,12 @@ struct Season {
   std::vector<EpisodeRow> rows;
 };
 
+using Seen = std::unordered_set<std::string, TextHash>;
+
+AppError unreadable() {
+  return AppError(QStringLiteral("This show's episodes could not be read."));
+}
+
 /// Absent as well when the interface's whole numbers have no room for it.
 std::optional<int> shownNumber(std::optional<std::int64_t> number) {
   if (!number || *number < std::numeric_limits<int>::min() ||
@@ -32,64 +41,87 @@ std::optional<int> shownNumber(std::optional<std::int64_t> number) {
 EpisodeRow readRow(simdjson::ondemand::object object) {
   EpisodeRow row;
   std::string number;
-  for (auto element : object) {
-    simdjson::ondemand::field field = std::move(element);
-    const std::string_view key = field.unescaped_key();
+  forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
     std::string* const text = key == "id"                    ? &row.id
                               : key == "title"               ? &row.title
                               : key == "container_extension" ? &row.fileExtension
                               : key == "episode_num"         ? &number
                                                              : nullptr;
-    if (!text) continue;
+    if (!text) return false;
     text->clear();
-    appendValueText(field.value(), *text);
-  }
+    appendValueText(value, *text);
+    return true;
+  });
   row.number = wholeNumber(number);
   return row;
 }
 
-/// False when a season is not an array of objects.
-bool readSeasons(simdjson::ondemand::object object, std::vector<Season>& seasons) {
-  bool wellShaped = true;
-  for (auto element : object) {
-    simdjson::ondemand::field field = std::move(element);
-    Season season;
-    season.number = wholeNumber(field.unescaped_key());
-    simdjson::ondemand::value rows = field.value();
-    if (rows.type() != simdjson::ondemand::json_type::array) {
-      wellShaped = false;
-      continue;
-    }
-    simdjson::ondemand::array array = rows.get_array();
-    for (auto item : array) {
-      simdjson::ondemand::value row = item.value();
-      if (row.type() == simdjson::ondemand::json_type::object)
-        season.rows.push_back(readRow(row.get_object()));
-      else
-        wellShaped = false;
-    }
-    seasons.push_back(std::move(season));
+/// The seasons that have episodes.
+class SeasonReader {
+ public:
+  explicit SeasonReader(const std::stop_token& stop) : stop_(stop) {}
+
+  /// False when a season is not an array of objects.
+  bool read(simdjson::ondemand::object object) {
+    bool wellShaped = true;
+    forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
+      throwIfStopped(stop_);
+      const bool isArray = value.type() == simdjson::ondemand::json_type::array;
+      std::vector<EpisodeRow> rows;
+      if (!isArray || !readRows(value.get_array(), rows)) wellShaped = false;
+      keep(std::string(key), std::move(rows));
+      return isArray;
+    });
+    return wellShaped;
   }
-  return wellShaped;
-}
+
+  std::vector<Season> seasons() && { return std::move(seasons_); }
+
+ private:
+  bool readRows(simdjson::ondemand::array array, std::vector<EpisodeRow>& rows) {
+    return forEachObject(array, [&](simdjson::ondemand::object object) {
+      throwIfStopped(stop_);
+      EpisodeRow row = readRow(object);
+      if (row.id.empty()) return;
+      if (++count_ > maximumEpisodeRows) throw unreadable();
+      rows.push_back(std::move(row));
+    });
+  }
+
+  void keep(std::string key, std::vector<EpisodeRow> rows) {
+    const auto known = places_.find(key);
+    if (known != places_.end()) {
+      seasons_[known->second].rows = std::move(rows);
+    } else if (!rows.empty()) {
+      const auto number = wholeNumber(key);
+      places_.emplace(std::move(key), seasons_.size());
+      seasons_.push_back({number, std::move(rows)});
+    }
+  }
+
+  const std::stop_token& stop_;
+  std::vector<Season> seasons_;
+  std::unordered_map<std::string, std::size_t, TextHash> places_;  // in `seasons_`, by key
+  int count_ = 0;
+};
 
 /// Absent when the answer is JSON of another shape.
-std::optional<std::vector<Season>> readAnswer(QByteArray answer) {
-  return readJSON([&]() -> std::optional<std::vector<Season>> {
-    JSONDocument document(std::move(answer));
-    if (document.root().type() != simdjson::ondemand::json_type::object) return std::nullopt;
-    simdjson::ondemand::object root = document.root().get_object();
+std::optional<std::vector<Season>> readAnswer(QByteArray answer, const std::stop_token& stop) {
+  return readJSON([&] {
     std::optional<std::vector<Season>> seasons;
-    for (auto element : root) {
-      simdjson::ondemand::field field = std::move(element);
-      const std::string_view key = field.unescaped_key();
-      if (key != "episodes") continue;
-      seasons.reset();
-      simdjson::ondemand::value value = field.value();
-      if (value.type() != simdjson::ondemand::json_type::object) continue;
-      seasons.emplace();
-      if (!readSeasons(value.get_object(), *seasons)) seasons.reset();
+    JSONDocument document(std::move(answer));
+    if (!document.isObject()) {
+      document.expectWhole();
+      return seasons;
     }
+    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
+      if (key != "episodes") return false;
+      seasons.reset();
+      if (value.type() != simdjson::ondemand::json_type::object) return false;
+      SeasonReader reader(stop);
+      if (reader.read(value.get_object())) seasons = std::move(reader).seasons();
+      return true;
+    });
     document.expectEnd();
     return seasons;
   });
@@ -104,16 +136,19 @@ void sortByNumber(std::vector<Element>& elements) {
 
 }  // namespace
 
-QList<MediaItem> parseEpisodes(QByteArray answer, const MediaItem& show) {
-  auto seasons = readAnswer(std::move(answer));
-  if (!seasons) throw AppError(QStringLiteral("This show's episodes could not be read."));
+QList<MediaItem> parseEpisodes(QByteArray answer, const MediaItem& show,
+                               const std::stop_token& stop) {
+  throwIfStopped(stop);
+  auto seasons = readAnswer(std::move(answer), stop);
+  if (!seasons) throw unreadable();
   sortByNumber(*seasons);
   QList<MediaItem> episodes;
-  std::unordered_set<std::string> seen;
+  Seen seen;
   for (Season& season : *seasons) {
     sortByNumber(season.rows);
     for (const EpisodeRow& row : season.rows) {
-      if (row.id.empty() || !seen.insert(row.id).second) continue;
+      throwIfStopped(stop);
+      if (!seen.insert(row.id).second) continue;
       MediaItem episode;
       episode.providerID = QString::fromStdString(row.id);
       episode.id = QStringLiteral("episode:") + episode.providerID;

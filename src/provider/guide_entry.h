@@ -2,7 +2,8 @@
 
 #include <QList>
 #include <QString>
-#include <chrono>
+
+#include "provider/provider_time.h"
 
 namespace vantor {
 
@@ -11,8 +12,8 @@ struct GuideEntry {
   QString id;  // the channel's entry id, ":", the position in the provider's list
   QString title;
   QString description;
-  std::chrono::system_clock::time_point start;
-  std::chrono::system_clock::time_point end;  // later than start
+  ProviderTime start;
+  ProviderTime end;  // later than start
 
   bool operator==(const GuideEntry&) const = default;
 };

@@ -93,29 +93,118 @@ void appendEscapedString(const char* in, std::string& text) {
   }
 }
 
-void appendNumber(std::string_view token, std::string& text) {
+/// Fails when the string has an escape that is none. `in` stands after the opening quote; the
+/// closing quote is known to exist.
+void expectEscapes(const char* in) {
+  while (*in != '"') {
+    if (*in++ != '\\') continue;
+    const char escape = *in++;
+    if (escape == 'u')
+      hexDigits(in);
+    else if (std::string_view("\"\\/bfnrt").find(escape) == std::string_view::npos)
+      throw JSONError();
+  }
+}
+
+/// The characters after the opening quote up to the next quote, which ends the string unless there
+/// is an escape among them.
+struct StringStart {
+  explicit StringStart(simdjson::ondemand::raw_json_string string) {
+    const char* const begin = string.raw();
+    const auto* const quote = static_cast<const char*>(rawmemchr(begin, '"'));
+    text = std::string_view(begin, static_cast<std::size_t>(quote - begin));
+    escaped = std::memchr(begin, '\\', text.size());
+  }
+  std::string_view text;
+  bool escaped = false;
+};
+
+void expectString(simdjson::ondemand::raw_json_string string) {
+  const StringStart start(string);
+  if (start.escaped) expectEscapes(start.text.data());
+}
+
+/// The text of a number; fails when it is not in the form of one.
+std::string_view numberToken(simdjson::ondemand::value value) {
+  std::string_view token = value.raw_json_token();
   while (!token.empty() && static_cast<unsigned char>(token.back()) <= ' ') token.remove_suffix(1);
-  const std::string_view digits = token.starts_with('-') ? token.substr(1) : token;
-  if (digits.empty() ||
-      (digits.size() > 1 && digits[0] == '0' && digits[1] >= '0' && digits[1] <= '9'))
-    throw JSONError();
-  if (digits.find_first_not_of("0123456789") == std::string_view::npos) {
+  std::size_t i = 0;
+  const auto at = [&](std::string_view any) {
+    return i < token.size() && any.find(token[i]) != std::string_view::npos;
+  };
+  const auto digits = [&] {
+    const std::size_t begin = i;
+    while (i < token.size() && token[i] >= '0' && token[i] <= '9') ++i;
+    if (i == begin) throw JSONError();
+  };
+  if (at("-")) ++i;
+  if (at("0"))
+    ++i;
+  else
+    digits();
+  if (at(".")) ++i, digits();
+  if (at("eE")) {
+    ++i;
+    if (at("+-")) ++i;
+    digits();
+  }
+  if (i < token.size()) throw JSONError();
+  return token;
+}
+
+void appendNumber(std::string_view token, std::string& text) {
+  if (token.find_first_not_of("-0123456789") == std::string_view::npos) {
     text += token;
     return;
   }
   double number = 0;
   const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), number);
-  if (end != token.data() + token.size()) throw JSONError();
   if (error != std::errc()) {  // out of a double's range
     text += token;
     return;
   }
-  char buffer[400];
+  constexpr double longest = 1e21;  // beyond, the digits would be longer than what was sent
+  char buffer[32];
   const auto written =
-      number == std::trunc(number)
+      number == std::trunc(number) && std::abs(number) < longest
           ? std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed)
           : std::to_chars(buffer, buffer + sizeof buffer, number);
   text.append(buffer, written.ptr);
+}
+
+void expectValue(simdjson::ondemand::value value, int depth) {
+  constexpr int deepest = 500;  // the walk's own calls nest as deep
+  if (depth > deepest) throw JSONError();
+  switch (value.type()) {
+    case simdjson::ondemand::json_type::object: {
+      simdjson::ondemand::object object = value.get_object();
+      for (auto element : object) {
+        simdjson::ondemand::field field = std::move(element);
+        expectString(field.key());
+        expectValue(field.value(), depth + 1);
+      }
+      break;
+    }
+    case simdjson::ondemand::json_type::array: {
+      simdjson::ondemand::array array = value.get_array();
+      for (auto element : array) expectValue(element.value(), depth + 1);
+      break;
+    }
+    case simdjson::ondemand::json_type::string:
+      expectString(value.get_raw_json_string());
+      break;
+    case simdjson::ondemand::json_type::number:
+      numberToken(value);
+      break;
+    case simdjson::ondemand::json_type::boolean:
+      static_cast<void>(bool(value.get_bool()));
+      break;
+    case simdjson::ondemand::json_type::null:
+      if (!value.is_null()) throw JSONError();
+      break;
+    default:
+      throw JSONError();
+  }
 }
 
 }  // namespace
@@ -137,15 +226,34 @@ void JSONDocument::expectEnd() {
   if (document_.current_location().get(location) == simdjson::SUCCESS) throw JSONError();
 }
 
+void JSONDocument::expectWhole() {
+  if (isObject()) {
+    forEachField(object(), [](std::string_view, simdjson::ondemand::value) { return false; });
+  } else {
+    simdjson::ondemand::array elements = array();
+    for (auto element : elements) expectValue(element.value());
+  }
+  expectEnd();
+}
+
+void expectValue(simdjson::ondemand::value value) {
+  expectValue(value, 1);
+}
+
 void appendString(simdjson::ondemand::value value, std::string& text) {
-  const simdjson::ondemand::raw_json_string raw = value.get_raw_json_string();
-  const char* const begin = raw.raw();
-  const auto* const quote = static_cast<const char*>(rawmemchr(begin, '"'));
-  const auto length = static_cast<std::size_t>(quote - begin);
-  if (std::memchr(begin, '\\', length))
-    appendEscapedString(begin, text);
+  const StringStart start(value.get_raw_json_string());
+  if (start.escaped)
+    appendEscapedString(start.text.data(), text);
   else
-    text.append(begin, length);
+    text += start.text;
+}
+
+std::string_view keyText(simdjson::ondemand::raw_json_string key, std::string& room) {
+  const StringStart start(key);
+  if (!start.escaped) return start.text;
+  room.clear();
+  appendEscapedString(start.text.data(), room);
+  return room;
 }
 
 void appendValueText(simdjson::ondemand::value value, std::string& text) {
@@ -154,32 +262,15 @@ void appendValueText(simdjson::ondemand::value value, std::string& text) {
       appendString(value, text);
       break;
     case simdjson::ondemand::json_type::number:
-      appendNumber(value.raw_json_token(), text);
+      appendNumber(numberToken(value), text);
       break;
     case simdjson::ondemand::json_type::boolean:
       text += value.get_bool() ? '1' : '0';
       break;
-    case simdjson::ondemand::json_type::null:
-      if (!value.is_null()) throw JSONError();
-      break;
     default:
+      expectValue(value);
       break;
   }
-}
-
-std::optional<simdjson::ondemand::value> fieldOf(simdjson::ondemand::object& object,
-                                                 std::string_view key) {
-  simdjson::ondemand::value value;
-  const simdjson::error_code error = object.find_field_unordered(key).get(value);
-  if (error == simdjson::NO_SUCH_FIELD) return std::nullopt;
-  if (error != simdjson::SUCCESS) throw JSONError();
-  return value;
-}
-
-std::string valueString(simdjson::ondemand::object& object, std::string_view key) {
-  std::string text;
-  if (const auto value = fieldOf(object, key)) appendValueText(*value, text);
-  return text;
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view text) {

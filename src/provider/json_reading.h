@@ -20,13 +20,19 @@ struct JSONError : std::exception {
 ///
 /// Holds a copy of the bytes only when the array's own buffer has no room for the reader's padding.
 /// The walk reports damage as `JSONError`, through `simdjson::simdjson_error` turned into it by
-/// `readJSON`.
+/// `readJSON`. It sees damage only where it looks: whoever reads values hands those that it has no
+/// use for to `expectValue`.
 class JSONDocument {
  public:
   explicit JSONDocument(QByteArray bytes);
-  simdjson::ondemand::document& root() { return document_; }
+  /// The root's type: an object or an array.
+  bool isObject() { return document_.type() == simdjson::ondemand::json_type::object; }
+  simdjson::ondemand::object object() { return document_.get_object(); }
+  simdjson::ondemand::array array() { return document_.get_array(); }
   /// Fails when something follows the root value.
   void expectEnd();
+  /// Fails unless all of the text is JSON; instead of reading it.
+  void expectWhole();
 
  private:
   QByteArray bytes_;
@@ -44,21 +50,49 @@ auto readJSON(Read read) {
   }
 }
 
+/// Fails unless `value` and all that it holds are JSON, or when that is nested beyond measure.
+void expectValue(simdjson::ondemand::value value);
+
 /// Appends the text of a loosely typed value to `text`: a string as it stands, a number as decimal
 /// text (an integer of any length keeps its digits), a boolean as "1" or "0", anything else
 /// nothing.
 void appendValueText(simdjson::ondemand::value value, std::string& text);
 
-/// The decoded text of a JSON string; unpaired surrogates become U+FFFD.
+/// Appends the decoded text of a JSON string, unpaired surrogates as U+FFFD.
 void appendString(simdjson::ondemand::value value, std::string& text);
 
-/// The field `key`; absent when `object` has none. The reader gives up at the first damage and must
-/// not be asked again, so damage met on the way is thrown, not taken for absence.
-std::optional<simdjson::ondemand::value> fieldOf(simdjson::ondemand::object& object,
-                                                 std::string_view key);
+/// The decoded text of a key; kept in `room` when it is not the text as it stands.
+std::string_view keyText(simdjson::ondemand::raw_json_string key, std::string& room);
 
-/// `valueString` of the field `key`, the empty text when `object` has none.
-std::string valueString(simdjson::ondemand::object& object, std::string_view key);
+/// Calls `read(key, value)` with each field of `object` in order; a key may come again. `read` says
+/// whether it read the value, which is checked otherwise.
+template <class Read>
+void forEachField(simdjson::ondemand::object object, Read read) {
+  std::string room;
+  for (auto element : object) {
+    simdjson::ondemand::field field = std::move(element);
+    const std::string_view key = keyText(field.key(), room);
+    simdjson::ondemand::value value = field.value();
+    if (!read(key, value)) expectValue(value);
+  }
+}
+
+/// Calls `read(object)` with each object in `array`; false when something else was among them,
+/// which is checked.
+template <class Read>
+bool forEachObject(simdjson::ondemand::array array, Read read) {
+  bool onlyObjects = true;
+  for (auto element : array) {
+    simdjson::ondemand::value value = element.value();
+    if (value.type() == simdjson::ondemand::json_type::object) {
+      read(simdjson::ondemand::object(value.get_object()));
+    } else {
+      onlyObjects = false;
+      expectValue(value);
+    }
+  }
+  return onlyObjects;
+}
 
 /// A whole text of decimal digits, with or without a sign, that fits in 64 bits.
 std::optional<std::int64_t> wholeNumber(std::string_view text);

@@ -1,7 +1,11 @@
 #include "provider/provider_account.h"
 
+#include <unicode/uchar.h>
+
 #include <QRegularExpression>
 #include <algorithm>
+#include <array>
+#include <optional>
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -55,12 +59,11 @@ QString pathSegment(LibraryKind kind) {
   return {};
 }
 
+/// Ideographs for numbers are letters by their category, and numeric all the same.
 bool isNumeric(const QString& id) {
   const auto codes = id.toUcs4();
-  return !codes.isEmpty() && std::all_of(codes.begin(), codes.end(), [](char32_t code) {
-    return QChar::category(code) == QChar::Number_DecimalDigit ||
-           QChar::category(code) == QChar::Number_Letter ||
-           QChar::category(code) == QChar::Number_Other;
+  return !codes.isEmpty() && std::all_of(codes.begin(), codes.end(), [](uint code) {
+    return u_getIntPropertyValue(static_cast<UChar32>(code), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
   });
 }
 
@@ -135,26 +138,33 @@ QByteArray ProviderAccount::toJSON() const {
 }
 
 ProviderAccount ProviderAccount::fromJSON(const QByteArray& json) {
-  return readJSON([&] {
+  constexpr std::array<std::string_view, 6> keys = {"id",       "name",     "server",
+                                                    "username", "password", "userAgent"};
+  std::array<std::optional<QString>, keys.size()> fields;
+  readJSON([&] {
     JSONDocument document(json);
-    simdjson::ondemand::object object = document.root().get_object();
-    const auto field = [&](std::string_view key) {
-      simdjson::ondemand::value value = object.find_field_unordered(key);
+    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
+      const auto known = std::find(keys.begin(), keys.end(), key);
+      if (known == keys.end()) return false;
       if (value.type() != simdjson::ondemand::json_type::string) throw JSONError();
       std::string text;
       appendString(value, text);
-      return QString::fromStdString(text);
-    };
-    ProviderAccount account;
-    account.id = QUuid::fromString(field("id"));
-    account.name = field("name");
-    account.server = QUrl::fromEncoded(field("server").toUtf8(), QUrl::StrictMode);
-    account.username = field("username");
-    account.password = field("password");
-    account.userAgent = field("userAgent");
-    if (account.id.isNull() || !account.server.isValid()) throw JSONError();
-    return account;
+      fields[static_cast<std::size_t>(known - keys.begin())] = QString::fromStdString(text);
+      return true;
+    });
+    document.expectEnd();
   });
+  for (const auto& field : fields)
+    if (!field) throw JSONError();
+  ProviderAccount account;
+  account.id = QUuid::fromString(*fields[0]);
+  account.name = *fields[1];
+  account.server = QUrl::fromEncoded(fields[2]->toUtf8(), QUrl::StrictMode);
+  account.username = *fields[3];
+  account.password = *fields[4];
+  account.userAgent = *fields[5];
+  if (account.id.isNull() || !account.server.isValid()) throw JSONError();
+  return account;
 }
 
 }  // namespace vantor

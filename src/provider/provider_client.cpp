@@ -1,6 +1,7 @@
 #include "provider/provider_client.h"
 
 #include "platform/worker.h"
+#include "provider/catalog_builder.h"
 #include "provider/catalog_parsing.h"
 #include "provider/episodes_parsing.h"
 #include "provider/guide_parsing.h"
@@ -39,8 +40,8 @@ QCoro::Task<GuideEntries> ProviderClient::guide(const MediaItem& channel,
 QCoro::Task<ProviderDetails> ProviderClient::signIn(ProviderClient client, std::stop_token token) {
   const QCoro::Task<QByteArray> answered = client.request({}, {}, token);
   QByteArray answer = co_await answered;
-  const auto parsed =
-      client.worker_->run([answer = std::move(answer)] { return parseSignIn(answer); });
+  const auto parsed = client.worker_->run(
+      [answer = std::move(answer)]() mutable { return parseSignIn(std::move(answer)); });
   ProviderDetails details = co_await parsed;
   co_return details;
 }
@@ -55,11 +56,16 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
       client.request(categoryAction(kind), {}, children);
   try {
     QByteArray entries = co_await entriesAnswer;
+    // Read at once: the categories may take long, and are for nothing if these are no entries.
+    const auto read = client.worker_->run([entries = std::move(entries), kind, children]() mutable {
+      return parseEntries(std::move(entries), kind, children);
+    });
+    std::shared_ptr<CatalogBuilder> builder = co_await read;
     QByteArray categories = co_await categoriesAnswer;
     const auto parsed = client.worker_->run(
-        [entries = std::move(entries), categories = std::move(categories), kind]() mutable {
-          return parseCatalog(std::move(entries), std::move(categories), kind,
-                              std::chrono::system_clock::now());
+        [categories = std::move(categories), builder = std::move(builder), children]() mutable {
+          parseCategories(std::move(categories), *builder, children);
+          return builder->build(std::chrono::system_clock::now());
         });
     Catalog catalog = co_await parsed;
     co_return catalog;
@@ -76,8 +82,8 @@ QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client
       client.request(QStringLiteral("get_series_info"), extra, token);
   QByteArray answer = co_await answered;
   const auto parsed =
-      client.worker_->run([answer = std::move(answer), show = std::move(show)]() mutable {
-        return parseEpisodes(std::move(answer), show);
+      client.worker_->run([answer = std::move(answer), show = std::move(show), token]() mutable {
+        return parseEpisodes(std::move(answer), show, token);
       });
   QList<MediaItem> episodes = co_await parsed;
   co_return episodes;
@@ -90,9 +96,10 @@ QCoro::Task<GuideEntries> ProviderClient::loadGuide(ProviderClient client, Media
   const QCoro::Task<QByteArray> answered =
       client.request(QStringLiteral("get_short_epg"), extra, token);
   QByteArray answer = co_await answered;
-  const auto parsed = client.worker_->run([answer = std::move(answer), id = channel.id]() mutable {
-    return parseGuide(std::move(answer), id);
-  });
+  const auto parsed =
+      client.worker_->run([answer = std::move(answer), id = channel.id, token]() mutable {
+        return parseGuide(std::move(answer), id, token);
+      });
   GuideEntries entries = co_await parsed;
   co_return entries;
 }

@@ -2,14 +2,15 @@
 
 #include <QString>
 #include <QStringList>
-#include <chrono>
 #include <optional>
+
+#include "provider/provider_time.h"
 
 namespace vantor {
 
 /// The subscription as the provider reports it at sign-in.
 struct ProviderDetails {
-  std::optional<std::chrono::system_clock::time_point> expires;
+  std::optional<ProviderTime> expires;
   QString maximumConnections;  // as the provider wrote it, may be empty
   QString activeConnections;   // likewise
   QStringList formats;         // output formats the provider allows

@@ -13,25 +13,20 @@ AppError rejection() {
                      "subscription status."));
 }
 
-std::optional<std::chrono::system_clock::time_point> expiry(std::string_view text) {
-  const auto seconds = decimalNumber(text);
-  if (!seconds || *seconds <= 0) return std::nullopt;
-  using Time = std::chrono::system_clock::time_point;
-  const std::chrono::duration<double> sinceEpoch(*seconds);
-  if (sinceEpoch >= Time::max().time_since_epoch()) return Time::max();
-  return Time(std::chrono::duration_cast<Time::duration>(sinceEpoch));
+std::optional<ProviderTime> expiry(std::string_view text) {
+  const auto time = providerTime(text);
+  return time && *time > ProviderTime() ? time : std::nullopt;
 }
 
-QStringList formats(simdjson::ondemand::object& info) {
+/// Empty unless all are texts.
+QStringList formatsOf(simdjson::ondemand::array array) {
   QStringList list;
-  auto value = fieldOf(info, "allowed_output_formats");
-  if (!value || value->type() != simdjson::ondemand::json_type::array) return {};
-  simdjson::ondemand::array array = value->get_array();
   bool onlyTexts = true;
   for (auto element : array) {
     simdjson::ondemand::value format = element.value();
     if (format.type() != simdjson::ondemand::json_type::string) {
       onlyTexts = false;
+      expectValue(format);
       continue;
     }
     std::string text;
@@ -41,27 +36,70 @@ QStringList formats(simdjson::ondemand::object& info) {
   return onlyTexts ? list : QStringList();
 }
 
+/// What the answer says about the account.
+struct UserInfo {
+  std::string auth, status, expires, maximumConnections, activeConnections;
+  QStringList formats;
+};
+
+UserInfo readUserInfo(simdjson::ondemand::object object) {
+  UserInfo info;
+  forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
+    if (key == "allowed_output_formats") {
+      const bool isArray = value.type() == simdjson::ondemand::json_type::array;
+      info.formats = isArray ? formatsOf(value.get_array()) : QStringList();
+      return isArray;
+    }
+    std::string* const text = key == "auth"              ? &info.auth
+                              : key == "status"          ? &info.status
+                              : key == "exp_date"        ? &info.expires
+                              : key == "max_connections" ? &info.maximumConnections
+                              : key == "active_cons"     ? &info.activeConnections
+                                                         : nullptr;
+    if (!text) return false;
+    text->clear();
+    appendValueText(value, *text);
+    return true;
+  });
+  return info;
+}
+
+/// Absent when the answer is JSON of another shape.
+std::optional<UserInfo> readAnswer(QByteArray answer) {
+  return readJSON([&] {
+    std::optional<UserInfo> info;
+    JSONDocument document(std::move(answer));
+    if (!document.isObject()) {
+      document.expectWhole();
+      return info;
+    }
+    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
+      if (key != "user_info") return false;
+      info.reset();
+      if (value.type() != simdjson::ondemand::json_type::object) return false;
+      info = readUserInfo(value.get_object());
+      return true;
+    });
+    document.expectEnd();
+    return info;
+  });
+}
+
 }  // namespace
 
 ProviderDetails parseSignIn(QByteArray answer) {
-  return readJSON([&] {
-    JSONDocument document(std::move(answer));
-    if (document.root().type() != simdjson::ondemand::json_type::object) throw rejection();
-    simdjson::ondemand::object root = document.root().get_object();
-    auto value = fieldOf(root, "user_info");
-    if (!value || value->type() != simdjson::ondemand::json_type::object) throw rejection();
-    simdjson::ondemand::object info = value->get_object();
-    std::string status = valueString(info, "status");
-    std::transform(status.begin(), status.end(), status.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    if (valueString(info, "auth") != "1" || status != "active") throw rejection();
-    ProviderDetails details;
-    details.expires = expiry(valueString(info, "exp_date"));
-    details.maximumConnections = QString::fromStdString(valueString(info, "max_connections"));
-    details.activeConnections = QString::fromStdString(valueString(info, "active_cons"));
-    details.formats = formats(info);
-    return details;
-  });
+  const std::optional<UserInfo> info = readAnswer(std::move(answer));
+  if (!info) throw rejection();
+  std::string status = info->status;
+  std::transform(status.begin(), status.end(), status.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  if (info->auth != "1" || status != "active") throw rejection();
+  ProviderDetails details;
+  details.expires = expiry(info->expires);
+  details.maximumConnections = QString::fromStdString(info->maximumConnections);
+  details.activeConnections = QString::fromStdString(info->activeConnections);
+  details.formats = info->formats;
+  return details;
 }
 
 }  // namespace vantor

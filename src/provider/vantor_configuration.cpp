@@ -57,25 +57,33 @@ void VantorConfiguration::accept(const QString& server) {
 }
 
 QString VantorConfiguration::decode(const QByteArray& bytes) {
-  return readJSON([&] {
+  std::string version;
+  std::string server;
+  readJSON([&] {
     JSONDocument document(bytes);
-    if (document.root().type() != simdjson::ondemand::json_type::object) throw invalid();
-    simdjson::ondemand::object object = document.root().get_object();
-    auto version = fieldOf(object, "schemaVersion");
-    if (!version || version->type() != simdjson::ondemand::json_type::number) throw invalid();
-    std::string versionText;
-    appendValueText(*version, versionText);
-    if (versionText != "1") throw invalid();
-    auto server = fieldOf(object, "serverUrl");
-    if (!server || server->type() != simdjson::ondemand::json_type::string) throw invalid();
-    std::string text;
-    appendString(*server, text);
-    QString address = QString::fromStdString(text);
-    if (!isServerAddress(address)) throw invalid();
-    while (address.startsWith(QLatin1Char('/'))) address.remove(0, 1);
-    while (address.endsWith(QLatin1Char('/'))) address.chop(1);
-    return address;
+    if (!document.isObject()) return document.expectWhole();
+    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
+      const simdjson::ondemand::json_type type = value.type();
+      if (key == "schemaVersion") {
+        version.clear();
+        if (type != simdjson::ondemand::json_type::number) return false;
+        appendValueText(value, version);
+        return true;
+      }
+      if (key != "serverUrl") return false;
+      server.clear();
+      if (type != simdjson::ondemand::json_type::string) return false;
+      appendString(value, server);
+      return true;
+    });
+    document.expectEnd();
   });
+  if (version != "1") throw invalid();
+  QString address = QString::fromStdString(server);
+  if (!isServerAddress(address)) throw invalid();
+  while (address.startsWith(QLatin1Char('/'))) address.remove(0, 1);
+  while (address.endsWith(QLatin1Char('/'))) address.chop(1);
+  return address;
 }
 
 }  // namespace vantor

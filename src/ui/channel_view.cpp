@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString shortTime(WallTime time) {
+QString shortTime(ProviderTime time) {
   const auto sinceEpoch =
       std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
   const QTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).time();

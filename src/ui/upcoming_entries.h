@@ -12,8 +12,9 @@ namespace vantor {
 /// next.
 inline GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
   GuideEntries upcoming;
+  const auto time = std::chrono::floor<ProviderTime::duration>(now);
   std::copy_if(entries.begin(), entries.end(), std::back_inserter(upcoming),
-               [now](const GuideEntry& entry) { return entry.end > now; });
+               [time](const GuideEntry& entry) { return entry.end > time; });
   return upcoming;
 }
 

@@ -57,7 +57,7 @@ TEST(CatalogParsing, NumbersKeepTheirText) {
   const Catalog catalog = parse(
       R"([{"stream_id":123456789012345678901234567890},{"stream_id":0},{"stream_id":-7},
           {"stream_id":12.0},{"stream_id":1e3},{"stream_id":4.50},{"stream_id":true},
-          {"stream_id":1e400}])");
+          {"stream_id":1e400},{"stream_id":1e20},{"stream_id":9e307}])");
   std::vector<QString> ids;
   for (std::size_t i = 0; i < catalog.size(); ++i) ids.push_back(catalog.item(i).providerID);
   const std::vector<QString> expected = {QStringLiteral("123456789012345678901234567890"),
@@ -67,7 +67,9 @@ TEST(CatalogParsing, NumbersKeepTheirText) {
                                          QStringLiteral("1000"),
                                          QStringLiteral("4.5"),
                                          QStringLiteral("1"),
-                                         QStringLiteral("1e400")};
+                                         QStringLiteral("1e400"),
+                                         QStringLiteral("100000000000000000000"),
+                                         QStringLiteral("9e+307")};
   EXPECT_EQ(ids, expected);
 }
 

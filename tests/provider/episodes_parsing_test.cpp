@@ -4,6 +4,7 @@
 
 #include "provider/error_wording.h"
 #include "provider/json_reading.h"
+#include "support/peak_memory.h"
 
 namespace vantor {
 namespace {
@@ -107,6 +108,30 @@ TEST(Episodes, ManyAndLongOnesAreRead) {
   EXPECT_EQ(episodes.first().providerID, QStringLiteral("1001"));
   EXPECT_EQ(episodes.first().name.size(), 10'000);
   EXPECT_EQ(episodes.last().providerID, QStringLiteral("200050"));
+}
+
+QByteArray answerOf(QByteArray row, int rows, const char* before = "{\"episodes\":{\"1\":[",
+                    const char* after = "]}}") {
+  row += ',';
+  QByteArray answer = before + row.repeated(rows);
+  answer.chop(1);
+  return answer + after;
+}
+
+TEST(Episodes, RowsWithoutAnIdTakeNoMemory) {
+  const int rows = 500'000;
+  const auto peak = [](QByteArray answer) {
+    return test::peakMemory([&] { parseEpisodes(std::move(answer), someShow()); });
+  };
+  const auto unread = peak(answerOf("{}", rows, "{\"episodes\":{},\"x\":[", "]}"));
+  EXPECT_LT(peak(answerOf("{}", rows)), 2 * unread + 4'000'000);
+  EXPECT_LT(peak(answerOf("{}", rows, "{\"episodes\":{\"1\":[{\"id\":7},")),
+            2 * unread + 4'000'000);
+}
+
+TEST(Episodes, NoShowHasMoreThanItsRowsCanSay) {
+  EXPECT_EQ(parseEpisodes(answerOf("{\"id\":1}", maximumEpisodeRows), someShow()).size(), 1);
+  EXPECT_THROW(parseEpisodes(answerOf("{\"id\":1}", maximumEpisodeRows + 1), someShow()), AppError);
 }
 
 }  // namespace

@@ -85,9 +85,13 @@ TEST(ProviderAccount, StreamAddressEncodesEachSegment) {
             "http://tv.example/series" + login + "5.mp4");
   EXPECT_EQ(stream("http://tv.example", LibraryKind::shows, "\xD9\xA1\xD9\xA2", "mp4"),
             "http://tv.example/series" + login + "%D9%A1%D9%A2.mp4");
-  const std::pair<const char*, const char*> refused[] = {
-      {"", "ts"},        {"12a", "ts"},       {"1/../2", "ts"}, {"1", ""},
-      {"1", "m3u8?x=1"}, {"1", "toolongext"}, {"1", "t s"},     {"1", "ts\n"}};
+  for (const char* numerals : {"\u4E00\u4E8C\u4E09", "\u2167", "\u00BD", "\U0001F10B", "\uF96B"})
+    EXPECT_NO_THROW(stream("http://tv.example", LibraryKind::live, numerals, "ts")) << numerals;
+  const std::pair<const char*, const char*> refused[] = {{"\u4EBA", "ts"},  {"\u4E00\u0301", "ts"},
+                                                         {"", "ts"},        {"12a", "ts"},
+                                                         {"1/../2", "ts"},  {"1", ""},
+                                                         {"1", "m3u8?x=1"}, {"1", "toolongext"},
+                                                         {"1", "t s"},      {"1", "ts\n"}};
   for (const auto& [id, extension] : refused) {
     try {
       stream("http://tv.example", LibraryKind::live, id, extension);
