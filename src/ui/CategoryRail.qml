@@ -41,6 +41,12 @@ Rectangle {
 
         onActiveFocusChanged: if (activeFocus)
             moveTo(rail.categories.currentRow)
+        onKeyRowChanged: tell()
+
+        function tell() {
+            if (activeFocus)
+                Assistive.highlight(itemAtIndex(keyRow));
+        }
         Keys.onUpPressed: moveTo(keyRow - 1)
         Keys.onDownPressed: moveTo(keyRow + 1)
         Keys.onReturnPressed: rail.categories.choose(keyRow)
@@ -74,7 +80,10 @@ Rectangle {
             selected: rail.categories.current === categoryID
             Accessible.selectable: true
             Accessible.selected: selected
-            onClicked: rail.categories.choose(index)
+            onClicked: {
+                list.moveTo(index);
+                rail.categories.choose(index);
+            }
 
             FocusRing {
                 shown: list.activeFocus && list.keyRow === button.index

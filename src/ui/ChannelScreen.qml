@@ -3,11 +3,13 @@ import Vantor.Style
 import Vantor.Ui
 
 // The channel guide, and beside it the player with the highlighted channel's programme.
-FocusScope {
+Browsable {
     id: screen
 
     required property Views views
     required property PersistentVideoOverlay overlay
+
+    onBrowse: list.forceActiveFocus(Qt.OtherFocusReason)
 
     Item {
         id: guide
@@ -22,9 +24,11 @@ FocusScope {
             width: parent.width
             channels: screen.views.channels
             line: screen.views.statusLine
+            onGroupPointedAt: screen.browse()
         }
 
         GuideList {
+            id: list
             anchors.top: heading.bottom
             anchors.bottom: parent.bottom
             // The rows stand under the heading; the focus ring and the scroll bar beside it.
@@ -33,7 +37,6 @@ FocusScope {
             anchors.right: parent.right
             anchors.rightMargin: -rightMargin
             focus: true
-            visible: !emptyState.wanted
             views: screen.views
         }
 

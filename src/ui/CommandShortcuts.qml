@@ -17,6 +17,7 @@ Instantiator {
         // A plain key belongs to what has the focus; the shell takes it when nothing did.
         enabled: modelData.keys !== "Space"
         sequence: modelData.keys
+        autoRepeat: false
         onActivated: shortcuts.commands.run(index)
     }
 }

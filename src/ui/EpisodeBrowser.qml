@@ -23,6 +23,7 @@ FocusScope {
         anchors.rightMargin: Style.inset
         width: 200
         episodes: browser.episodes
+        onPointedAt: list.forceActiveFocus(Qt.OtherFocusReason)
     }
 
     StyledText {
@@ -77,6 +78,18 @@ FocusScope {
         preferredHighlightBegin: (height - rowHeight) / 2
         preferredHighlightEnd: (height + rowHeight) / 2
         highlightRangeMode: ListView.ApplyRange
+        onActiveFocusChanged: tell()
+        onCurrentItemChanged: tell()
+
+        function tell() {
+            if (activeFocus)
+                Assistive.highlight(currentItem);
+        }
+
+        // The player takes the whole window in between.
+        Component.onCompleted: currentIndex = browser.episodes.currentRow
+        onCurrentIndexChanged: if (currentIndex >= 0)
+            browser.episodes.currentRow = currentIndex
         ScrollBar.vertical: ThinScrollBar {
             parent: browser
             x: browser.width - width

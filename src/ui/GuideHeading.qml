@@ -9,6 +9,9 @@ ColumnLayout {
     required property ChannelView channels
     required property StatusLine line
 
+    // The pointer is done with the groups.
+    signal groupPointedAt
+
     spacing: 0
 
     RowLayout {
@@ -45,6 +48,7 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.maximumWidth: 320
             channels: heading.channels
+            onPointedAt: heading.groupPointedAt()
         }
 
         Item {

@@ -45,7 +45,15 @@ ListView {
     function centerSelection() {
         if (items.currentRow >= 0)
             positionViewAtIndex(items.currentRow, ListView.Center);
+        tell();
     }
+
+    function tell() {
+        if (activeFocus && items.currentRow >= 0)
+            Assistive.highlight(itemAtIndex(items.currentRow));
+    }
+
+    onActiveFocusChanged: tell()
 
     function openSelectionMenu() {
         const row = itemAtIndex(items.currentRow) as GuideRow;

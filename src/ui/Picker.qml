@@ -9,6 +9,9 @@ ComboBox {
 
     required property string name
 
+    // The list that the pointer opened is closed again.
+    signal pointedAt
+
     implicitHeight: 32
     leftPadding: 12
     rightPadding: 30
@@ -22,12 +25,20 @@ ComboBox {
     // Space is also a shortcut of the window; here it opens the list, as Return does: when it is let
     // go, since that takes the choice of a list that is open.
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
-    Keys.onPressed: event => event.accepted = opensList(event)
+    Keys.onPressed: event => {
+        returnHeld = opensList(event);
+        event.accepted = returnHeld;
+    }
     Keys.onReleased: event => {
-        event.accepted = opensList(event);
+        event.accepted = returnHeld && opensList(event);
+        returnHeld = false;
         if (event.accepted)
             popup.open();
     }
+    onActiveFocusChanged: returnHeld = false
+
+    // Return was pressed here: what was pressed elsewhere and brought the focus here opens nothing.
+    property bool returnHeld: false
 
     function opensList(event: var): bool {
         return !popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter);
@@ -77,6 +88,8 @@ ComboBox {
         height: Math.min(contentItem.implicitHeight + 2 * padding, 420)
         padding: 6
         margins: 8
+        onClosed: if (picker.activeFocus && !picker.visualFocus)
+            picker.pointedAt()
 
         background: Rectangle {
             radius: 8

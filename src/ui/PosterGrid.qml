@@ -88,6 +88,16 @@ FocusScope {
                 area.shell.activateSelection()
         }
 
+        property int keyRow: area.view.keyRow
+
+        function tell() {
+            if (activeFocus && keyRow >= 0)
+                Assistive.highlight(itemAtIndex(keyRow));
+        }
+
+        onActiveFocusChanged: tell()
+        onKeyRowChanged: Qt.callLater(tell)
+
         Component.onCompleted: area.view.restorePosition()
         onMovementEnded: settle()
         onHeightChanged: area.view.restorePosition()

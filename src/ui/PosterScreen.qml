@@ -3,11 +3,16 @@ import Vantor.Style
 import Vantor.Ui
 
 // Movies, shows, search results and the list of favourites.
-FocusScope {
+Browsable {
     id: screen
 
     required property Views views
     required property PersistentVideoOverlay overlay
+
+    onBrowse: {
+        const entries = browser.item ?? grid;
+        entries.forceActiveFocus(Qt.OtherFocusReason);
+    }
 
     // Arrows and Return are for the posters of a section that was just entered.
     Connections {
@@ -54,7 +59,8 @@ FocusScope {
             anchors.bottom: parent.bottom
             width: parent.width
             focus: true
-            visible: screen.views.posters.content === PosterView.Grid
+            // An empty one too, so that the keys have a place.
+            visible: screen.views.posters.content !== PosterView.Episodes
             items: screen.views.items
             view: screen.views.posters
             shell: screen.views.shell

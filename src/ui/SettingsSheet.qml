@@ -28,6 +28,7 @@ Sheet {
 
         function onPageChanged() {
             pages.contentY = 0;
+            column.focusedBlock = -1;
             column.focusFirst();
         }
     }
@@ -58,7 +59,9 @@ Sheet {
             }
 
             TVButton {
+                id: back
                 text: sheet.view.backLabel
+                Keys.onDownPressed: column.focusFirst()
                 plainColor: Style.faded(Style.focusWhite, 0.1)
                 onClicked: sheet.view.back()
             }
@@ -106,13 +109,23 @@ Sheet {
                     column.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
                 }
 
+                // Where the focus was when the blocks were made anew.
+                property int focusedBlock: -1
+
                 Repeater {
                     model: sheet.view.blocks
+                    onItemAdded: (index, item) => {
+                        if (index === column.focusedBlock && !back.activeFocus)
+                            item.nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
+                    }
 
                     delegate: SettingsBlockItem {
                         width: column.width
                         onActivated: index => sheet.view.activate(index)
-                        onFocusArrived: item => pages.reveal(item)
+                        onFocusArrived: item => {
+                            column.focusedBlock = index;
+                            pages.reveal(item);
+                        }
                     }
                 }
             }

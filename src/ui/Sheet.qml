@@ -36,11 +36,15 @@ Popup {
         id: scope
 
         focus: true
-        Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.name
         Keys.onEscapePressed: sheet.escaped()
     }
 
-    onAboutToShow: if (firstFocus)
-        firstFocus.forceActiveFocus(Qt.TabFocusReason)
+    onAboutToShow: {
+        // The panel that the popup makes around its content is the dialog for assistive programs.
+        scope.parent.Accessible.name = name;
+        if (firstFocus)
+            firstFocus.forceActiveFocus(Qt.TabFocusReason);
+    }
+    onNameChanged: if (opened)
+        scope.parent.Accessible.name = name
 }

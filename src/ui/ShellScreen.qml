@@ -12,7 +12,48 @@ FocusScope {
 
     // The keys that nothing below took.
     Keys.onEscapePressed: views.shell.escape()
-    Keys.onSpacePressed: views.player.togglePause()
+    Keys.onSpacePressed: event => {
+        event.accepted = event.modifiers === Qt.NoModifier;
+        if (event.accepted)
+            views.player.togglePause();
+    }
+
+    HeldKeys {
+        window: screen.Window.window
+    }
+
+    /// Gives the keys to the entries.
+    function browse() {
+        const shown = content.item as Browsable;
+        if (shown)
+            shown.browse();
+        else
+            content.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    // What had the keys may be gone, or hidden: then only something around it has them, where no
+    // key does anything.
+    Connections {
+        target: screen.Window.window
+
+        function onActiveFocusItemChanged() {
+            Qt.callLater(screen.rescueFocus);
+        }
+    }
+
+    function rescueFocus() {
+        // In a window behind others nothing has the keys, and they come back to where they were.
+        if (!screen.Window.active)
+            return;
+        const holder = screen.Window.activeFocusItem;
+        if (holder && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable)))
+            return;
+        for (let item = holder; item; item = item.parent)
+            if (item === screen)
+                return browse();
+        if (!holder || holder === screen.Window.contentItem)
+            browse();
+    }
 
     Sidebar {
         id: sidebar
@@ -21,7 +62,7 @@ FocusScope {
         shell: screen.views.shell
         window: screen.window
         showsBrand: screen.appeared
-        onChosen: content.forceActiveFocus(Qt.OtherFocusReason)
+        onChosen: screen.browse()
     }
 
     Item {
@@ -36,7 +77,7 @@ FocusScope {
             shell: screen.views.shell
             commands: screen.views.menu
             window: screen.window
-            onDone: content.forceActiveFocus(Qt.OtherFocusReason)
+            onDone: screen.browse()
         }
 
         OnDemand {

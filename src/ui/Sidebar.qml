@@ -59,6 +59,7 @@ Rectangle {
 
             delegate: TVButton {
                 required property var modelData
+                required property int index
 
                 width: sections.width
                 text: modelData.title
@@ -68,7 +69,8 @@ Rectangle {
                 selected: sidebar.shell.section === modelData.section
                 Accessible.selectable: true
                 Accessible.selected: selected
-                Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                Keys.onUpPressed: if (index > 0)
+                    nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
                 Keys.onRightPressed: sidebar.chosen()
                 onClicked: {

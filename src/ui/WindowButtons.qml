@@ -51,6 +51,7 @@ Row {
 
     Shortcut {
         sequence: "F10"
+        autoRepeat: false
         onActivated: menu.toggle()
     }
 }

@@ -98,6 +98,7 @@ void EpisodeListModel::readEpisodes() {
 void EpisodeListModel::filter() {
   const int season = model_.episodeSeason();
   beginResetModel();
+  currentRow_ = 0;
   shown_.clear();
   for (int i = 0; i < episodes_.size(); ++i)
     if (season == 0 || episodes_.at(i).season == season) shown_.push_back(i);

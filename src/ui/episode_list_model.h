@@ -16,6 +16,8 @@ class EpisodeListModel final : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  /// Where the list of episodes stands; the first row once they are others.
+  Q_PROPERTY(int currentRow MEMBER currentRow_)
   Q_PROPERTY(QStringList seasons READ seasons NOTIFY seasonsChanged)
   Q_PROPERTY(int seasonRow READ seasonRow NOTIFY seasonRowChanged)
   Q_PROPERTY(QString progress READ progress NOTIFY statusChanged)
@@ -56,6 +58,7 @@ class EpisodeListModel final : public QAbstractListModel {
   QList<MediaItem> episodes_;
   std::vector<int> seasonNumbers_;  // rising
   std::vector<int> shown_;          // positions in episodes_
+  int currentRow_ = 0;
 };
 
 }  // namespace vantor

@@ -168,6 +168,153 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
   }
 }
 
+/// A key that is held down comes once as itself and then again and again.
+TEST_F(WindowTest, OnlyMovementRepeats) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 20));
+  const auto hold = [&](Qt::Key key) {
+    for (const bool again : {false, true, true, true})
+      QTest::simulateEvent(window, true, key, Qt::NoModifier, QString(), again);
+    QTest::simulateEvent(window, false, key, Qt::NoModifier, QString(), false);
+    QTest::qWait(0);
+  };
+  hold(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:5"_s);
+  hold(Qt::Key_F10);
+  EXPECT_TRUE(find("startsMenu", true));
+  hold(Qt::Key_Escape);
+  QSignalSpy opened(&app->playback(), &Playback::loadingChanged);
+  hold(Qt::Key_Return);
+  EXPECT_EQ(app->playback().itemID(), u"live:5"_s);
+  EXPECT_EQ(opened.size(), 1);
+  app->setShowingSettings(true);
+  QTest::qWait(0);
+  hold(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s) << "one page at a time";
+  hold(Qt::Key_Escape);
+  EXPECT_TRUE(app->showingSettings());
+}
+
+/// After each of these the arrows act on the entries.
+TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
+  open();
+  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
+  transport.always(categoryAction(LibraryKind::movies),
+                   R"([{"category_id":"1","category_name":"One"}])");
+  signIn(rows(LibraryKind::live, 1, 20));
+  const auto expectMoves = [&](const char* after) {
+    QTest::qWait(0);
+    const QString before = selectedID();
+    press(Qt::Key_Down);
+    EXPECT_NE(selectedID(), before) << after;
+    EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
+  };
+  QQuickItem* group = find("name", u"Group"_s);
+  click(group);
+  press(Qt::Key_Return);
+  expectMoves("a group that was chosen by the pointer");
+  click(group);
+  press(Qt::Key_Escape);
+  expectMoves("groups of which none was chosen by the pointer");
+  group->forceActiveFocus(Qt::MouseFocusReason);
+  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  press(Qt::Key_Return);
+  const auto listIsOpen = [&] {
+    return group->property("popup").value<QObject*>()->property("visible").toBool();
+  };
+  EXPECT_FALSE(listIsOpen());
+  expectMoves("Return in the search field");
+  group->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyRelease(window, Qt::Key_Return);
+  EXPECT_FALSE(listIsOpen()) << "the key was pressed elsewhere";
+  press(Qt::Key_Return);
+  EXPECT_TRUE(QTest::qWaitFor(listIsOpen));
+  press(Qt::Key_Escape);
+  press(Qt::Key_Backtab, Qt::ShiftModifier);
+  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  press(Qt::Key_Return);
+  app->play(*app->selected());
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  QQuickItem* stop = find("help", u"Stop playback"_s);
+  ASSERT_TRUE(stop);
+  stop->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  expectMoves("stopping");
+  MediaItem sample;
+  sample.isExample = true;
+  app->play(sample);
+  QTest::qWait(0);
+  QQuickItem* dismiss = find("help", u"Dismiss"_s);
+  ASSERT_TRUE(dismiss);
+  dismiss->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  expectMoves("a notice that was dismissed");
+
+  press(Qt::Key_2, Qt::ControlModifier);
+  ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+  QQuickItem* rail = find("text", u"One"_s);
+  click(rail);
+  EXPECT_EQ(app->category(), u"1"_s);
+  QQuickItem* list = rail->parentItem()->parentItem();
+  list->forceActiveFocus(Qt::TabFocusReason);
+  EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
+  disconnectAccount();
+  ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+  press(Qt::Key_2, Qt::ControlModifier);
+  press(Qt::Key_Tab);
+  ASSERT_TRUE(window->activeFocusItem());
+  EXPECT_TRUE(window->activeFocusItem()->activeFocusOnTab()) << "an empty section has keys too";
+  press(Qt::Key_Escape);
+  EXPECT_EQ(app->section(), u"live"_s);
+}
+
+TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
+  open();
+  transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 2));
+  transport.always(categoryAction(LibraryKind::shows), "[]");
+  signIn(rows(LibraryKind::live, 1, 2));
+  press(Qt::Key_3, Qt::ControlModifier);
+  ASSERT_TRUE(test::eventually([&] { return app->loading().empty() && !app->items().empty(); }));
+  press(Qt::Key_Return);
+  ASSERT_TRUE(test::eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
+  transport.answer(u"get_series_info"_s, R"({"episodes":{"1":[
+      {"id":"11","title":"One","season":1,"episode_num":1},
+      {"id":"12","title":"Two","season":1,"episode_num":2},
+      {"id":"13","title":"Three","season":1,"episode_num":3}]}})");
+  ASSERT_TRUE(test::eventually([&] { return app->episodes().size() == 3; }));
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  app->playback().setExpanded(true);
+  QTest::qWait(0);
+  press(Qt::Key_Escape);
+  ASSERT_FALSE(app->playback().expanded());
+  ASSERT_TRUE(window->activeFocusItem());
+  EXPECT_EQ(window->activeFocusItem()->property("currentIndex").toInt(), 1);
+  press(Qt::Key_Up);
+  EXPECT_EQ(window->activeFocusItem()->property("currentIndex").toInt(), 0);
+}
+
+TEST_F(WindowTest, AssistiveProgramsFollowTheHighlight) {
+  static QStringList told;
+  told.clear();
+  QAccessible::setActive(true);
+  open();
+  signIn(rows(LibraryKind::live, 1, 20));
+  const auto before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+    if (event->type() != QAccessible::Focus) return;
+    if (QAccessibleInterface* const heard = event->accessibleInterface())
+      told.append(heard->text(QAccessible::Name));
+  });
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  QAccessible::installUpdateHandler(before);
+  ASSERT_FALSE(told.isEmpty());
+  EXPECT_EQ(told.last(), u"Title 3"_s);
+}
+
 TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
   open();
   signIn(rows(LibraryKind::live, 1, 3));

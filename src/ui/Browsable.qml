@@ -1,0 +1,7 @@
+import QtQuick
+
+// A screen of entries.
+FocusScope {
+    // Gives the keys to the entries, whatever had them in this screen before.
+    signal browse
+}

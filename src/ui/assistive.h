@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QQuickItem>
+
+namespace vantor {
+
+/// Tells assistive programs of a highlight that is no focus of the scene's own. Main thread only.
+class Assistive final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_SINGLETON
+
+ public:
+  /// `row` of a list that has the keys is the one that they act on now; nothing when it is null.
+  Q_INVOKABLE void highlight(QQuickItem* row);
+};
+
+}  // namespace vantor
