@@ -79,6 +79,7 @@ void Program::makeWindow() {
     QCoreApplication::exit(1);
     return;
   }
+  windowPlace_ = std::make_unique<WindowPlace>(*window_, preferences_);
   startUp();
 }
 

@@ -22,6 +22,7 @@
 #include "storage/secure_store.h"
 #include "ui/dialog_file_panel.h"
 #include "ui/views.h"
+#include "ui/window_place.h"
 
 namespace vantor {
 
@@ -72,6 +73,7 @@ class Program final : public QObject {
   QQmlEngine qml_;
   QQmlComponent component_{&qml_};
   std::unique_ptr<QQuickWindow> window_;
+  std::unique_ptr<WindowPlace> windowPlace_;
   bool windowShown_ = false;
   bool quitting_ = false;
 };

@@ -91,6 +91,7 @@ FocusScope {
         onCurrentIndexChanged: if (currentIndex >= 0)
             browser.episodes.currentRow = currentIndex
         ScrollBar.vertical: ThinScrollBar {
+            atWindowEdge: true
             parent: browser
             x: browser.width - width
             y: list.y

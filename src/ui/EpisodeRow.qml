@@ -47,6 +47,7 @@ Rectangle {
         anchors.rightMargin: Style.gap
         anchors.verticalCenter: parent.verticalCenter
         text: row.name
+        horizontalAlignment: Text.AlignLeft
         textFormat: Text.PlainText
         font: Style.font(13, row.isPlaying ? Font.DemiBold : Font.Normal)
         color: press.pressed ? Style.canvas : Style.focusWhite

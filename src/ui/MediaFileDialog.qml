@@ -10,16 +10,23 @@ FileDialog {
 
     title: "Open a media file"
     fileMode: FileDialog.OpenFile
-    nameFilters: ["Movies and audio (*.mkv *.mp4 *.m4v *.mov *.avi *.webm *.ts *.m2ts *.mpg *.mpeg *.wmv *.flv *.ogv *.3gp *.mp3 *.m4a *.aac *.flac *.ogg *.opus *.wav *.wma *.ac3 *.mka)"]
+    nameFilters: panel.nameFilters
     onAccepted: panel.choose(selectedFile)
     onRejected: panel.cancel()
-    Component.onCompleted: open()
+    Component.onCompleted: show()
+
+    function show() {
+        open();
+        // Neither the desktop nor the toolkit has one.
+        if (!visible)
+            panel.cancel();
+    }
 
     readonly property Connections requests: Connections {
         target: dialog.panel
 
         function onRequested() {
-            dialog.open();
+            dialog.show();
         }
     }
 }

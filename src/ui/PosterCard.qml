@@ -76,6 +76,7 @@ Item {
                 padding: 9
                 text: card.name
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 font: Style.font(12, Font.Medium)
                 color: card.isSelected ? Style.canvas : Style.focusWhite
                 elide: Text.ElideRight

@@ -59,6 +59,7 @@ FocusScope {
         keyNavigationEnabled: false
         currentIndex: -1
         ScrollBar.vertical: ThinScrollBar {
+            atWindowEdge: true
             parent: area
             x: area.width - width
             height: grid.height

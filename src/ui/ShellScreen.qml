@@ -8,7 +8,6 @@ FocusScope {
 
     required property Views views
     required property WindowActions window
-    required property bool appeared
 
     // The keys that nothing below took.
     Keys.onEscapePressed: views.shell.escape()
@@ -61,7 +60,6 @@ FocusScope {
         height: parent.height
         shell: screen.views.shell
         window: screen.window
-        showsBrand: screen.appeared
         onChosen: screen.browse()
     }
 

@@ -7,7 +7,6 @@ Rectangle {
 
     required property TVShell shell
     required property WindowActions window
-    required property bool showsBrand
 
     // A section was entered.
     signal chosen
@@ -28,11 +27,10 @@ Rectangle {
         y: 24
         width: 160
         height: 90
-        source: sidebar.showsBrand ? "qrc:/qt/qml/Vantor/Ui/brand.svg" : ""
+        source: "qrc:/qt/qml/Vantor/Ui/brand.svg"
         sourceSize.width: 160
         sourceSize.height: 90
         fillMode: Image.PreserveAspectFit
-        asynchronous: true
     }
 
     StyledText {

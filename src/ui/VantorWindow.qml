@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Vantor.Style
 import Vantor.Ui
 
@@ -11,8 +12,8 @@ ApplicationWindow {
     property bool appeared: false
 
     title: "Vantor Player"
-    width: Math.min(1320, Math.max(minimumWidth, Screen.desktopAvailableWidth))
-    height: Math.min(820, Math.max(minimumHeight, Screen.desktopAvailableHeight))
+    width: 1320
+    height: 820
     minimumWidth: 1100
     minimumHeight: 720
     visible: true
@@ -29,6 +30,16 @@ ApplicationWindow {
     palette.toolTipText: Style.focusWhite
     palette.highlight: Style.mint
     palette.highlightedText: Style.canvas
+    // The toolkit's own file dialog paints with the rest of the palette.
+    palette.light: Style.panelColor
+    palette.midlight: Style.hairline
+    palette.mid: Style.hairline
+    palette.dark: Style.hairline
+    palette.button: Style.canvas
+    palette.buttonText: Style.focusWhite
+    palette.brightText: Style.focusWhite
+    palette.alternateBase: Style.canvas
+    palette.placeholderText: Style.secondary
 
     Connections {
         target: window
@@ -50,13 +61,15 @@ ApplicationWindow {
         focus: true
         views: window.views
         window: actions
-        appeared: window.appeared
     }
 
     WindowFrame {
+        parent: T.Overlay.overlay?.parent ?? null
+        z: (T.Overlay.overlay?.z ?? 0) + 1
         anchors.fill: parent
         window: actions
         resizable: window.appeared
+        sheetOpen: window.views.shell.showingConnect || window.views.shell.showingSettings
     }
 
     Loader {
@@ -67,16 +80,25 @@ ApplicationWindow {
         }
     }
 
+    readonly property CommandShortcuts shortcutsAnywhere: CommandShortcuts {
+        active: window.appeared
+        commands: window.views.menu
+        anywhere: true
+    }
+
     // The dialogs of the toolkit are loaded when the first one is wanted.
     Loader {
         id: fileDialog
+        // Whoever asked for a file would wait for ever.
+        onStatusChanged: if (status === Loader.Error)
+            window.views.filePanel.cancel()
     }
 
     Connections {
         target: window.views.filePanel
 
         function onRequested() {
-            if (fileDialog.status === Loader.Null)
+            if (!fileDialog.item)
                 fileDialog.setSource("MediaFileDialog.qml", { panel: window.views.filePanel });
         }
     }

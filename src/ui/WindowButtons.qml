@@ -28,25 +28,8 @@ Row {
         }
     }
 
-    IconButton {
-        symbol: "window.minimize"
-        help: qsTr("Minimize")
-        size: 18
-        onClicked: buttons.window.minimize()
-    }
-
-    IconButton {
-        symbol: buttons.window.maximized ? "window.restore" : "window.maximize"
-        help: buttons.window.maximized ? qsTr("Restore") : qsTr("Maximize")
-        size: 18
-        onClicked: buttons.window.toggleMaximized()
-    }
-
-    IconButton {
-        symbol: "window.close"
-        help: qsTr("Close")
-        size: 18
-        onClicked: buttons.window.close()
+    FrameButtons {
+        window: buttons.window
     }
 
     Shortcut {

@@ -2,24 +2,43 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
-// The window's border: a line, and edges that resize it.
+// The window's border: a line, and edges that resize it. It lies above open sheets, and while there
+// is one, it also stands in for the header.
 Item {
     id: frame
 
     required property WindowActions window
     property bool resizable: true
+    property bool sheetOpen: false
     readonly property int grip: 6
 
-    visible: !window.maximized
+    Loader {
+        active: frame.sheetOpen
+        width: parent.width
+        // As high as the highest sheet leaves free in the smallest window.
+        height: 64
+
+        sourceComponent: WindowDrag {
+            window: frame.window
+
+            FrameButtons {
+                anchors.right: parent.right
+                anchors.rightMargin: 12
+                y: 21
+                window: frame.window
+            }
+        }
+    }
 
     Rectangle {
+        visible: !frame.window.maximized
         anchors.fill: parent
         color: "transparent"
         border.color: Style.hairline
     }
 
     Repeater {
-        model: !frame.resizable ? [] : [
+        model: !frame.resizable || frame.window.maximized ? [] : [
             { edges: Qt.LeftEdge, shape: Qt.SizeHorCursor },
             { edges: Qt.RightEdge, shape: Qt.SizeHorCursor },
             { edges: Qt.TopEdge, shape: Qt.SizeVerCursor },

@@ -1,6 +1,7 @@
 #include "ui/category_list_model.h"
 
 #include "core/app_model.h"
+#include "ui/one_line.h"
 #include "ui/tv_shell.h"
 
 namespace vantor {
@@ -42,7 +43,7 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
   if (role == CategoryIDRole) return idOf(row);
   if (role != NameRole) return {};
   return row == 0 ? u"All "_s + sectionTitle(model_).toLower()
-                  : catalog_.categories()[static_cast<std::size_t>(row) - 1].name;
+                  : oneLine(catalog_.categories()[static_cast<std::size_t>(row) - 1].name);
 }
 
 QHash<int, QByteArray> CategoryListModel::roleNames() const {

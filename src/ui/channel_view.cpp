@@ -6,6 +6,7 @@
 
 #include "core/app_model.h"
 #include "ui/item_list_model.h"
+#include "ui/one_line.h"
 #include "ui/upcoming_entries.h"
 
 namespace vantor {
@@ -52,7 +53,7 @@ ChannelView::~ChannelView() = default;
 void ChannelView::updateGroups() {
   QStringList groups = {u"All channels"_s};
   const Catalog catalog = liveCatalog(model_);
-  for (const MediaCategory& category : catalog.categories()) groups.append(category.name);
+  for (const MediaCategory& category : catalog.categories()) groups.append(oneLine(category.name));
   if (groups != groups_) {
     groups_ = groups;
     Q_EMIT groupsChanged();

@@ -2,6 +2,7 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <QStringList>
 #include <QUrl>
 
 #include "platform/file_panel.h"
@@ -13,11 +14,15 @@ class DialogFilePanel : public QObject, public FilePanel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(QStringList nameFilters READ nameFilters CONSTANT)
 
  public:
   using QObject::QObject;
 
   Pending<std::optional<QUrl>> chooseMediaFile() override;
+
+  /// What the dialog lists: movies and audio in every spelling of their extensions, or all files.
+  static QStringList nameFilters();
 
   Q_INVOKABLE void choose(const QUrl& file);
   Q_INVOKABLE void cancel();

@@ -5,6 +5,7 @@
 
 #include "core/app_model.h"
 #include "playback/playback.h"
+#include "ui/one_line.h"
 
 namespace vantor {
 
@@ -32,7 +33,7 @@ QVariant EpisodeListModel::data(const QModelIndex& index, int role) const {
     case LabelRole:
       return u"S%1 · E%2"_s.arg(episode.season.value_or(1)).arg(episode.episode.value_or(1));
     case NameRole:
-      return episode.name;
+      return oneLine(episode.name);
     case IsPlayingRole:
       return model_.playback().itemID() == episode.id;
     default:

@@ -4,6 +4,7 @@
 
 #include "core/app_model.h"
 #include "playback/playback.h"
+#include "ui/one_line.h"
 
 namespace vantor {
 
@@ -31,7 +32,7 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
     case ItemIDRole:
       return readItem_.id;
     case NameRole:
-      return readItem_.name;
+      return oneLine(readItem_.name);
     case ArtworkRole:
       return readItem_.artwork.value_or(QUrl());
     case KindSymbolRole:

@@ -17,19 +17,21 @@ struct Command {
   QString menu;
   QString title;
   QString keys;
+  /// Whether it does the same under whatever is open.
+  bool anywhere = false;
 };
 
 const std::array<Command, 9>& table() {
   static const std::array<Command, 9> commands = {{
-      {Act::openFile, u"File"_s, u"Open Media File…"_s, u"Ctrl+O"_s},
+      {Act::openFile, u"File"_s, u"Open Media File…"_s, u"Ctrl+O"_s, true},
       {Act::connect, u"File"_s, u"Connect Provider…"_s, u"Ctrl+K"_s},
       {Act::togglePause, u"Playback"_s, u"Play / Pause"_s, u"Space"_s},
-      {Act::stop, u"Playback"_s, u"Stop"_s, u"Ctrl+."_s},
+      {Act::stop, u"Playback"_s, u"Stop"_s, u"Ctrl+."_s, true},
       {Act::live, u"Library"_s, title(LibraryKind::live), u"Ctrl+1"_s},
       {Act::movies, u"Library"_s, title(LibraryKind::movies), u"Ctrl+2"_s},
       {Act::shows, u"Library"_s, title(LibraryKind::shows), u"Ctrl+3"_s},
       {Act::settings, u"Vantor Player"_s, u"Settings…"_s, u"Ctrl+,"_s},
-      {Act::quit, u"Vantor Player"_s, u"Quit"_s, u"Ctrl+Q"_s},
+      {Act::quit, u"Vantor Player"_s, u"Quit"_s, u"Ctrl+Q"_s, true},
   }};
   return commands;
 }
@@ -45,7 +47,8 @@ QVariantList MenuCommands::commands() const {
     const bool first = std::exchange(menu, command.menu) != command.menu;
     list.append(QVariantMap{{u"heading"_s, first ? command.menu : QString()},
                             {u"title"_s, command.title},
-                            {u"keys"_s, command.keys}});
+                            {u"keys"_s, command.keys},
+                            {u"anywhere"_s, command.anywhere}});
   }
   return list;
 }

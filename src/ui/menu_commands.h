@@ -18,7 +18,8 @@ class MenuCommands final : public QObject {
  public:
   explicit MenuCommands(AppModel& model, QObject* parent = nullptr);
 
-  /// Maps of "heading" (the menu's title before its first command, else empty), "title" and "keys".
+  /// Maps of "heading" (the menu's title before its first command, else empty), "title", "keys" and
+  /// "anywhere" (whether the keys work over an open sheet).
   QVariantList commands() const;
   Q_INVOKABLE void run(int command);
 

@@ -33,7 +33,7 @@ QList<SettingsBlock> playlistsPage(const AppModel& model) {
       text(model.account() ? model.account()->name : u"No provider connected"_s),
       secondary(u"Channels, movies, shows and artwork come directly from your provider. Saved "
                 "libraries stay available when you change sections."_s)};
-  if (model.details())
+  if (model.account() && model.details())
     blocks.append(text(u"Provider connection limit: "_s + model.details()->maximumConnections));
   blocks.append(
       {row(u"Xtream Codes parameters"_s, u"Change your provider account"_s, Action::changeProvider),

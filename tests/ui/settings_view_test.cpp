@@ -67,6 +67,10 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   ASSERT_TRUE(eventually([&] { return signInOver; }));
   EXPECT_EQ(texts().first(), u"Vantor TV"_s);
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
+  disconnectAccount();
+  ASSERT_TRUE(eventually([&] { return !app.busy(); }));
+  EXPECT_EQ(texts().first(), u"No provider connected"_s);
+  EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
 }
 
 TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesAndSaysSo) {

@@ -5,7 +5,11 @@ import Vantor.Style
 ScrollBar {
     id: bar
 
+    // The strip that resizes the window lies over the last 6.
+    property bool atWindowEdge: false
+
     padding: 2
+    rightPadding: atWindowEdge ? 8 : 2
     minimumSize: 0.05
 
     contentItem: Rectangle {

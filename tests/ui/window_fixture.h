@@ -1,0 +1,102 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <memory>
+
+#include "platform/opener.h"
+#include "support/model_fixture.h"
+#include "ui/views.h"
+
+namespace vantor::test {
+
+using namespace Qt::StringLiterals;
+
+struct NoOpener final : Opener {
+  void open(const QUrl&) override {}
+};
+
+inline QStringList* warnings = nullptr;
+
+inline void collect(QtMsgType, const QMessageLogContext&, const QString& text) {
+  // Qt says so when a list is reset while it prepares a row beyond its end; nothing comes of it.
+  if (!text.startsWith("DelegateModel::cancel"_L1)) warnings->append(text);
+}
+
+/// The real window over the real model, driven by key and mouse events.
+class WindowTest : public ::testing::Test, protected ModelFixture {
+ protected:
+  void open(const QStringList& arguments = {}) {
+    app = &launch(arguments);
+    views = std::make_unique<Views>(*app, clock, dialog, frames, artwork, opener,
+                                    SettingsLinks{QUrl(u"https://support.example/"_s), {}});
+    qml = std::make_unique<QQmlApplicationEngine>();
+    qml->addImportPath(u"qrc:/qt/qml"_s);
+    qml->setInitialProperties({{u"views"_s, QVariant::fromValue(views.get())}});
+    qml->load(QUrl(u"qrc:/qt/qml/Vantor/Ui/VantorWindow.qml"_s));
+    ASSERT_FALSE(qml->rootObjects().isEmpty());
+    window = qobject_cast<QQuickWindow*>(qml->rootObjects().constFirst());
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  }
+
+  void SetUp() override {
+    warnings = &messages;
+    previous = qInstallMessageHandler(collect);
+  }
+
+  void TearDown() override {
+    qml.reset();
+    views.reset();
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(messages.join(u'\n').toStdString(), "");
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window, key, modifiers);
+    QTest::qWait(0);
+  }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(window, letter.toLatin1());
+    QTest::qWait(0);
+  }
+
+  bool focusIsIn(const QQuickItem* item) const {
+    const QQuickItem* focused = window->activeFocusItem();
+    return focused && item && (focused == item || item->isAncestorOf(focused));
+  }
+  /// The first visible item whose property has that value.
+  QQuickItem* find(const char* property, const QVariant& value, QQuickItem* from = nullptr) const {
+    if (!from)
+      from = window->contentItem()->parentItem() ? window->contentItem()->parentItem()
+                                                 : window->contentItem();
+    if (from->isVisible() && from->property(property) == value) return from;
+    for (QQuickItem* child : from->childItems())
+      if (QQuickItem* found = find(property, value, child)) return found;
+    return nullptr;
+  }
+  void click(QQuickItem* item) {
+    ASSERT_TRUE(item);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
+                      item->mapToScene(item->boundingRect().center()).toPoint());
+    QTest::qWait(0);
+  }
+  QString selectedID() const { return app->selected() ? app->selected()->id : QString(); }
+
+  QStringList messages;
+  QtMessageHandler previous = nullptr;
+  DialogFilePanel dialog;
+  VideoFrameQueue frames;
+  ArtworkStore artwork{transport, clock, worker};
+  NoOpener opener;
+  AppModel* app = nullptr;
+  std::unique_ptr<Views> views;
+  std::unique_ptr<QQmlApplicationEngine> qml;
+  QQuickWindow* window = nullptr;
+};
+
+}  // namespace vantor::test
