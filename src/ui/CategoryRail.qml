@@ -35,12 +35,15 @@ Rectangle {
         property int keyRow: rail.categories.currentRow
 
         function moveTo(row: int) {
-            keyRow = Math.max(0, Math.min(row, count - 1));
-            positionViewAtIndex(keyRow, ListView.Contain);
+            const target = Math.max(0, Math.min(row, count - 1));
+            positionViewAtIndex(target, ListView.Contain);
+            keyRow = target;
         }
 
-        onActiveFocusChanged: if (activeFocus)
-            moveTo(rail.categories.currentRow)
+        onActiveFocusChanged: if (activeFocus) {
+            moveTo(rail.categories.currentRow);
+            tell();
+        }
         onKeyRowChanged: tell()
 
         function tell() {

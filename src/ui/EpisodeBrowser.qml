@@ -87,8 +87,12 @@ FocusScope {
         }
 
         // The player takes the whole window in between.
-        Component.onCompleted: currentIndex = browser.episodes.currentRow
-        onCurrentIndexChanged: if (currentIndex >= 0)
+        property bool placed: false
+        Component.onCompleted: {
+            currentIndex = browser.episodes.currentRow;
+            placed = true;
+        }
+        onCurrentIndexChanged: if (placed && currentIndex >= 0)
             browser.episodes.currentRow = currentIndex
         ScrollBar.vertical: ThinScrollBar {
             atWindowEdge: true

@@ -89,15 +89,22 @@ FocusScope {
                 area.shell.activateSelection()
         }
 
-        property int keyRow: area.view.keyRow
+        readonly property int highlighted: area.view.keyRow
 
         function tell() {
-            if (activeFocus && keyRow >= 0)
-                Assistive.highlight(itemAtIndex(keyRow));
+            if (activeFocus && highlighted >= 0)
+                Assistive.highlight((itemAtIndex(highlighted) as PosterCell)?.card ?? null);
         }
 
         onActiveFocusChanged: tell()
-        onKeyRowChanged: Qt.callLater(tell)
+        // Once the grid has moved there.
+        onHighlightedChanged: told.restart()
+
+        Timer {
+            id: told
+            interval: 0
+            onTriggered: grid.tell()
+        }
 
         Component.onCompleted: area.view.restorePosition()
         onMovementEnded: settle()
@@ -115,8 +122,14 @@ FocusScope {
             }
         }
 
-        delegate: Item {
+        component PosterCell: Item {
+            property PosterCard card: null
+        }
+
+        delegate: PosterCell {
             id: cell
+
+            card: poster
 
             required property int index
             required property string name
@@ -128,11 +141,11 @@ FocusScope {
             width: grid.cellWidth
             height: grid.cellHeight
 
-            GridView.onPooled: card.inUse = false
-            GridView.onReused: card.inUse = true
+            GridView.onPooled: poster.inUse = false
+            GridView.onReused: poster.inUse = true
 
             PosterCard {
-                id: card
+                id: poster
                 x: area.columnGap / 2
                 y: area.rowGap / 2
                 width: cell.width - area.columnGap
@@ -145,7 +158,7 @@ FocusScope {
                 store: area.artwork
                 focused: grid.activeFocus && area.view.keyRow === cell.index
                 onChosen: row => area.view.choose(row)
-                onMenuRequested: (row, place) => area.openMenu(row, card, place.x, place.y)
+                onMenuRequested: (row, place) => area.openMenu(row, poster, place.x, place.y)
             }
         }
     }

@@ -28,7 +28,7 @@ Sheet {
 
         function onPageChanged() {
             pages.contentY = 0;
-            column.focusedBlock = -1;
+            column.focusedText = "";
             column.focusFirst();
         }
     }
@@ -109,13 +109,13 @@ Sheet {
                     column.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
                 }
 
-                // Where the focus was when the blocks were made anew.
-                property int focusedBlock: -1
+                // What had the focus when the blocks were made anew.
+                property string focusedText: ""
 
                 Repeater {
                     model: sheet.view.blocks
                     onItemAdded: (index, item) => {
-                        if (index === column.focusedBlock && !back.activeFocus)
+                        if (sheet.view.blocks[index].text === column.focusedText && !back.activeFocus)
                             item.nextItemInFocusChain(true).forceActiveFocus(Qt.OtherFocusReason);
                     }
 
@@ -123,7 +123,7 @@ Sheet {
                         width: column.width
                         onActivated: index => sheet.view.activate(index)
                         onFocusArrived: item => {
-                            column.focusedBlock = index;
+                            column.focusedText = modelData.text;
                             pages.reveal(item);
                         }
                     }

@@ -36,8 +36,22 @@ FocusScope {
         target: screen.Window.window
 
         function onActiveFocusItemChanged() {
-            Qt.callLater(screen.rescueFocus);
+            rescue.restart();
         }
+    }
+
+    Connections {
+        target: screen.Window.activeFocusItem
+
+        function onVisibleChanged() {
+            rescue.restart();
+        }
+    }
+
+    Timer {
+        id: rescue
+        interval: 0
+        onTriggered: screen.rescueFocus()
     }
 
     function rescueFocus() {
@@ -45,7 +59,8 @@ FocusScope {
         if (!screen.Window.active)
             return;
         const holder = screen.Window.activeFocusItem;
-        if (holder && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable)))
+        const shown = holder && holder.visible && holder.enabled;
+        if (shown && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable)))
             return;
         for (let item = holder; item; item = item.parent)
             if (item === screen)

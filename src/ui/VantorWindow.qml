@@ -89,9 +89,6 @@ ApplicationWindow {
     // The dialogs of the toolkit are loaded when the first one is wanted.
     Loader {
         id: fileDialog
-        // Whoever asked for a file would wait for ever.
-        onStatusChanged: if (status === Loader.Error)
-            window.views.filePanel.cancel()
     }
 
     Connections {
@@ -100,6 +97,9 @@ ApplicationWindow {
         function onRequested() {
             if (!fileDialog.item)
                 fileDialog.setSource("MediaFileDialog.qml", { panel: window.views.filePanel });
+            // Whoever asked for a file would wait for ever.
+            if (fileDialog.status === Loader.Error)
+                window.views.filePanel.cancel();
         }
     }
 

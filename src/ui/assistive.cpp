@@ -5,7 +5,7 @@
 namespace vantor {
 
 void Assistive::highlight(QQuickItem* row) {
-  if (!row || !QAccessible::isActive()) return;
+  if (!row) return;
   for (const QAccessible::Event kind : {QAccessible::Focus, QAccessible::Selection}) {
     QAccessibleEvent event(row, kind);
     QAccessible::updateAccessibility(&event);

@@ -6,7 +6,7 @@
 namespace vantor {
 
 /// Tells assistive programs of a highlight that is no focus of the scene's own. Main thread only.
-class Assistive final : public QObject {
+class Assistive : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON

@@ -47,9 +47,11 @@ QStringList DialogFilePanel::nameFilters() {
 
 Pending<std::optional<QUrl>> DialogFilePanel::chooseMediaFile() {
   cancel();
-  choice_.emplace();
+  // Of its own: a dialog that does not load answers before this returns.
+  const Pending<std::optional<QUrl>> choice;
+  choice_ = choice;
   Q_EMIT requested();
-  return *choice_;
+  return choice;
 }
 
 void DialogFilePanel::choose(const QUrl& file) {

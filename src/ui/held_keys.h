@@ -8,7 +8,7 @@ namespace vantor {
 
 /// Takes from a window's keys what a key that is held down would do again and again: only keys that
 /// move the highlight or write repeat. Main thread only.
-class HeldKeys final : public QObject {
+class HeldKeys : public QObject {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QQuickWindow* window READ window WRITE setWindow NOTIFY windowChanged)

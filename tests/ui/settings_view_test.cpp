@@ -69,6 +69,7 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
   disconnectAccount();
   ASSERT_TRUE(eventually([&] { return !app.busy(); }));
+  activate(u"Playlists"_s);
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
 }

@@ -38,7 +38,7 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     qml->addImportPath(u"qrc:/qt/qml"_s);
     qml->setInitialProperties({{u"views"_s, QVariant::fromValue(views.get())}});
     qml->load(QUrl(u"qrc:/qt/qml/Vantor/Ui/VantorWindow.qml"_s));
-    ASSERT_FALSE(qml->rootObjects().isEmpty());
+    ASSERT_FALSE(qml->rootObjects().isEmpty()) << messages.join(u'\n').toStdString();
     window = qobject_cast<QQuickWindow*>(qml->rootObjects().constFirst());
     window->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
