@@ -48,7 +48,7 @@ QStringList DialogFilePanel::nameFilters() {
 Pending<std::optional<QUrl>> DialogFilePanel::chooseMediaFile() {
   cancel();
   // Of its own: a dialog that does not load answers before this returns.
-  const Pending<std::optional<QUrl>> choice;
+  Pending<std::optional<QUrl>> choice;
   choice_ = choice;
   Q_EMIT requested();
   return choice;
