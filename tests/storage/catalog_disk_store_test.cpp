@@ -153,7 +153,7 @@ TEST(PrivateFile, AKilledSaveLeavesTheOldContentOrTheNew) {
     saver.start(QStringLiteral(STORAGE_SAVER), {path});
     ASSERT_TRUE(saver.waitForStarted());
     // Some rounds end inside a write, wherever that is.
-    saver.waitForFinished(40 + 7 * round);
+    saver.waitForFinished(40 + 40 * round);
     saver.kill();
     ASSERT_TRUE(saver.waitForFinished());
     if (!QFile::exists(path)) continue;
