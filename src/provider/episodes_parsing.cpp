@@ -107,24 +107,16 @@ class SeasonReader {
 
 /// Absent when the answer is JSON of another shape.
 std::optional<std::vector<Season>> readAnswer(QByteArray answer, const std::stop_token& stop) {
-  return readJSON([&] {
-    std::optional<std::vector<Season>> seasons;
-    JSONDocument document(std::move(answer));
-    if (!document.isObject()) {
-      document.expectWhole();
-      return seasons;
-    }
-    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
-      if (key != "episodes") return false;
-      seasons.reset();
-      if (value.type() != simdjson::ondemand::json_type::object) return false;
-      SeasonReader reader(stop);
-      if (reader.read(value.get_object())) seasons = std::move(reader).seasons();
-      return true;
-    });
-    document.expectEnd();
-    return seasons;
+  std::optional<std::vector<Season>> seasons;
+  forEachRootField(std::move(answer), [&](std::string_view key, simdjson::ondemand::value value) {
+    if (key != "episodes") return false;
+    seasons.reset();
+    if (value.type() != simdjson::ondemand::json_type::object) return false;
+    SeasonReader reader(stop);
+    if (reader.read(value.get_object())) seasons = std::move(reader).seasons();
+    return true;
   });
+  return seasons;
 }
 
 template <class Element>

@@ -57,23 +57,15 @@ GuideEntries readListings(simdjson::ondemand::array listings, const QString& cha
 
 GuideEntries parseGuide(QByteArray answer, const QString& channelID, const std::stop_token& stop) {
   throwIfStopped(stop);
-  return readJSON([&] {
-    GuideEntries entries;
-    JSONDocument document(std::move(answer));
-    if (!document.isObject()) {
-      document.expectWhole();
-      return entries;
-    }
-    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
-      if (key != "epg_listings") return false;
-      entries.clear();
-      if (value.type() != simdjson::ondemand::json_type::array) return false;
-      entries = readListings(value.get_array(), channelID, stop);
-      return true;
-    });
-    document.expectEnd();
-    return entries;
+  GuideEntries entries;
+  forEachRootField(std::move(answer), [&](std::string_view key, simdjson::ondemand::value value) {
+    if (key != "epg_listings") return false;
+    entries.clear();
+    if (value.type() != simdjson::ondemand::json_type::array) return false;
+    entries = readListings(value.get_array(), channelID, stop);
+    return true;
   });
+  return entries;
 }
 
 }  // namespace vantor

@@ -77,6 +77,18 @@ void forEachField(simdjson::ondemand::object object, Read read) {
   }
 }
 
+/// `forEachField` of the object that all of `bytes` is; JSON of another shape is checked, and read
+/// as an object without fields. Fails with `JSONError`.
+template <class Read>
+void forEachRootField(QByteArray bytes, Read read) {
+  readJSON([&] {
+    JSONDocument document(std::move(bytes));
+    if (!document.isObject()) return document.expectWhole();
+    forEachField(document.object(), read);
+    document.expectEnd();
+  });
+}
+
 /// Calls `read(object)` with each object in `array`; false when something else was among them,
 /// which is checked.
 template <class Read>

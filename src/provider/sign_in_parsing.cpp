@@ -66,23 +66,15 @@ UserInfo readUserInfo(simdjson::ondemand::object object) {
 
 /// Absent when the answer is JSON of another shape.
 std::optional<UserInfo> readAnswer(QByteArray answer) {
-  return readJSON([&] {
-    std::optional<UserInfo> info;
-    JSONDocument document(std::move(answer));
-    if (!document.isObject()) {
-      document.expectWhole();
-      return info;
-    }
-    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
-      if (key != "user_info") return false;
-      info.reset();
-      if (value.type() != simdjson::ondemand::json_type::object) return false;
-      info = readUserInfo(value.get_object());
-      return true;
-    });
-    document.expectEnd();
-    return info;
+  std::optional<UserInfo> info;
+  forEachRootField(std::move(answer), [&](std::string_view key, simdjson::ondemand::value value) {
+    if (key != "user_info") return false;
+    info.reset();
+    if (value.type() != simdjson::ondemand::json_type::object) return false;
+    info = readUserInfo(value.get_object());
+    return true;
   });
+  return info;
 }
 
 }  // namespace

@@ -59,24 +59,19 @@ void VantorConfiguration::accept(const QString& server) {
 QString VantorConfiguration::decode(const QByteArray& bytes) {
   std::string version;
   std::string server;
-  readJSON([&] {
-    JSONDocument document(bytes);
-    if (!document.isObject()) return document.expectWhole();
-    forEachField(document.object(), [&](std::string_view key, simdjson::ondemand::value value) {
-      const simdjson::ondemand::json_type type = value.type();
-      if (key == "schemaVersion") {
-        version.clear();
-        if (type != simdjson::ondemand::json_type::number) return false;
-        appendValueText(value, version);
-        return true;
-      }
-      if (key != "serverUrl") return false;
-      server.clear();
-      if (type != simdjson::ondemand::json_type::string) return false;
-      appendString(value, server);
+  forEachRootField(bytes, [&](std::string_view key, simdjson::ondemand::value value) {
+    const simdjson::ondemand::json_type type = value.type();
+    if (key == "schemaVersion") {
+      version.clear();
+      if (type != simdjson::ondemand::json_type::number) return false;
+      appendValueText(value, version);
       return true;
-    });
-    document.expectEnd();
+    }
+    if (key != "serverUrl") return false;
+    server.clear();
+    if (type != simdjson::ondemand::json_type::string) return false;
+    appendString(value, server);
+    return true;
   });
   if (version != "1") throw invalid();
   QString address = QString::fromStdString(server);

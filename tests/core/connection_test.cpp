@@ -334,19 +334,7 @@ TEST_F(ConnectionTest, FilesOfAccountsThatAreGoneAreRemoved) {
 
 TEST_F(ConnectionTest, TheLastReportOfProgressIsTheLeavingAccounts) {
   signIn(rows(LibraryKind::live, 0, 3));
-  MediaItem movie;
-  movie.id = QStringLiteral("movies:2");
-  movie.providerID = QStringLiteral("2");
-  movie.kind = LibraryKind::movies;
-  movie.fileExtension = QStringLiteral("mkv");
-  app.play(movie);
-  settle();
-  engine.now.state = EngineState::playing;
-  engine.now.hasMedia = true;
-  engine.now.seekable = true;
-  engine.now.length = 500'000;
-  engine.now.time = 60'000;
-  clock.advance(std::chrono::milliseconds(500));
+  playMovie(60'000);
   const QString key = QStringLiteral("progress-") + account.idText();
   preferences->remove(key);
   disconnectAccount();

@@ -39,18 +39,7 @@ TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
   EXPECT_EQ(app.account(), account);
   EXPECT_EQ(app.favorites(), (QSet<QString>{QStringLiteral("live:1"), QStringLiteral("movies:2")}));
   EXPECT_FALSE(app.details().has_value());
-  MediaItem movie;
-  movie.id = QStringLiteral("movies:2");
-  movie.providerID = QStringLiteral("2");
-  movie.kind = LibraryKind::movies;
-  movie.fileExtension = QStringLiteral("mkv");
-  app.play(movie);
-  settle();
-  engine.now.state = EngineState::playing;
-  engine.now.hasMedia = true;
-  engine.now.seekable = true;
-  engine.now.length = 500'000;
-  clock.advance(std::chrono::milliseconds(500));
+  playMovie();
   EXPECT_TRUE(engine.calls.contains(QStringLiteral("setTime 61000"))) << "resumes where it stopped";
 }
 

@@ -92,6 +92,22 @@ void ModelFixture::signIn(const QByteArray& liveBody) {
   if (!eventually([&] { return model->loading().empty(); })) qFatal("the load did not end");
 }
 
+void ModelFixture::playMovie(std::int64_t time) {
+  MediaItem movie;
+  movie.id = QStringLiteral("movies:2");
+  movie.providerID = QStringLiteral("2");
+  movie.kind = LibraryKind::movies;
+  movie.fileExtension = QStringLiteral("mkv");
+  model->play(movie);
+  settle();
+  engine.now.state = EngineState::playing;
+  engine.now.hasMedia = true;
+  engine.now.seekable = true;
+  engine.now.length = 500'000;
+  engine.now.time = time;
+  clock.advance(std::chrono::milliseconds(500));
+}
+
 QByteArray ModelFixture::acceptedSignIn() {
   return R"({"user_info":{"auth":1,"status":"Active","allowed_output_formats":["m3u8","ts"]}})";
 }

@@ -38,6 +38,8 @@ struct ModelFixture {
   ProviderAccount account =
       ProviderAccount::validated(QStringLiteral("Vantor TV"), QStringLiteral("http://tv.example"),
                                  QStringLiteral("user"), QStringLiteral("secret"));
+  /// Plays the movie 2 of 500 seconds, which then stands at `time` in milliseconds.
+  void playMovie(std::int64_t time = 0);
   static QByteArray acceptedSignIn();
   /// Rows with the ids first, first + 1, …, and names "Title <id>".
   static QByteArray rows(LibraryKind kind, int first, int count);
