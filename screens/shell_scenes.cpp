@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 void shell(Album& album) {
   {
     Stage stage(album, {.streams = false});
-    stage.until("the sheet", [&] { return stage.views().shell()->showingConnect(); });
+    stage.until("the sheet", [&] { return stage.views().connectView()->shown(); });
     stage.views().connectView()->close();
     stage.settle();
     stage.shot(u"no-account"_s, u"TV without an account"_s);

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 void signIn(Album& album) {
   Stage stage(album, {.streams = false});
-  stage.until("the sheet", [&] { return stage.views().shell()->showingConnect(); });
+  stage.until("the sheet", [&] { return stage.views().connectView()->shown(); });
   stage.settle();
   stage.shot(u"sign-in"_s, u"Sign-in sheet over the empty program"_s);
 

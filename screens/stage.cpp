@@ -62,7 +62,7 @@ Stage::~Stage() {
 }
 
 void Stage::submitSignIn() {
-  until("the sign-in sheet", [&] { return views().shell()->showingConnect(); });
+  until("the sign-in sheet", [&] { return views().connectView()->shown(); });
   ConnectView& sheet = *views().connectView();
   sheet.setUsername(QString::fromStdString(options_.username));
   sheet.setPassword(QString::fromStdString(options_.password));
@@ -71,7 +71,7 @@ void Stage::submitSignIn() {
 
 void Stage::signIn() {
   submitSignIn();
-  until("the signed-in program", [&] { return !views().shell()->showingConnect(); });
+  until("the signed-in program", [&] { return !views().connectView()->shown(); });
   until("the library", [&] { return !views().statusLine()->loading(); });
 }
 

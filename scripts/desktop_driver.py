@@ -7,6 +7,7 @@ import subprocess
 import time
 
 import pyatspi
+from gi.repository import GLib
 
 TIMEOUT = 40  # seconds after which what was waited for counts as not coming
 PASSWORD = "p&ss+1"  # with characters that addresses need escaped, but that every keyboard has
@@ -62,6 +63,8 @@ class Player:
     def __init__(self, build, output, config_url, *arguments):
         self.output = output
         self.shots = 0
+        self.told = []  # names of what assistive programs were told to look at
+        pyatspi.Registry.registerEventListener(self.hear, "object:state-changed:focused")
         self.record = open(os.path.join(output, "tour.txt"), "w")
         environment = dict(os.environ, VANTOR_CONFIG_URL=config_url,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", VANTOR_AUDIO="none")
@@ -150,6 +153,18 @@ class Player:
     def expect_gone(self, name):
         self.wait(f'the end of "{name}"', lambda: self.find(name) is None)
 
+    def hear(self, event):
+        if event.detail1:
+            self.told.append(event.source.name)
+
+    def expect_told(self, what, name):
+        """Assistive programs were told of it since the last key press."""
+        def told():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return name() in self.told
+        self.wait(f"a word to assistive programs of {what}", told)
+
     def box(self, node):
         extents = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         return extents.x, extents.y, extents.width, extents.height
@@ -173,6 +188,7 @@ class Player:
 
     def press(self, *keys):
         for key in keys:
+            self.told.clear()
             run("xdotool", "key", "--delay", "30", key)
             time.sleep(0.08)
 

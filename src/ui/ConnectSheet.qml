@@ -10,7 +10,7 @@ Sheet {
     readonly property ConnectView view: views.connectView
 
     name: qsTr("Sign in")
-    visible: views.shell.showingConnect
+    visible: view.shown
     width: 480
     height: column.implicitHeight + 2 * 28
     firstFocus: view.username === "" ? username : password

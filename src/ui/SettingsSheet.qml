@@ -11,7 +11,7 @@ Sheet {
     readonly property SettingsView view: views.settingsView
 
     name: view.page
-    visible: views.shell.showingSettings
+    visible: view.shown
     width: 430
     height: 580
     onEscaped: view.back()

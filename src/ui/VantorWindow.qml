@@ -69,7 +69,7 @@ ApplicationWindow {
         anchors.fill: parent
         window: actions
         resizable: window.appeared
-        sheetOpen: window.views.shell.showingConnect || window.views.shell.showingSettings
+        sheetOpen: window.views.connectView.shown || window.views.settingsView.shown
     }
 
     Loader {
@@ -118,12 +118,12 @@ ApplicationWindow {
     }
 
     SheetLoader {
-        wanted: window.views.shell.showingConnect
+        wanted: window.views.connectView.shown
         file: "ConnectSheet.qml"
     }
 
     SheetLoader {
-        wanted: window.views.shell.showingSettings
+        wanted: window.views.settingsView.shown
         file: "SettingsSheet.qml"
     }
 }

@@ -7,6 +7,7 @@
 namespace vantor {
 
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
+  shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
   connect(&model, &AppModel::busyChanged, this, &ConnectView::workingChanged);
   connect(this, &ConnectView::workingChanged, this, &ConnectView::canConnectChanged);
@@ -59,6 +60,9 @@ void ConnectView::shownOrHidden() {
   setError({});
   if (model_.showingConnect())
     setUsername(model_.account() ? model_.account()->username : QString());
+  if (shown_ == model_.showingConnect()) return;
+  shown_ = model_.showingConnect();
+  Q_EMIT shownChanged();
 }
 
 void ConnectView::close() {

@@ -17,6 +17,7 @@ class ConnectView final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(bool shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(QString username READ username WRITE setUsername NOTIFY usernameChanged)
   Q_PROPERTY(QString password READ password WRITE setPassword NOTIFY passwordChanged)
   Q_PROPERTY(QString error READ error NOTIFY errorChanged)
@@ -28,6 +29,7 @@ class ConnectView final : public QObject {
   explicit ConnectView(AppModel& model, QObject* parent = nullptr);
   ~ConnectView() override;
 
+  bool shown() const { return shown_; }
   const QString& username() const { return username_; }
   const QString& password() const { return password_; }
   const QString& error() const { return error_; }  // empty: none
@@ -43,6 +45,8 @@ class ConnectView final : public QObject {
   Q_INVOKABLE void close();
 
  Q_SIGNALS:
+  /// After the sheet has been prepared for what it is shown for.
+  void shownChanged();
   void usernameChanged();
   void passwordChanged();
   void errorChanged();
@@ -57,6 +61,7 @@ class ConnectView final : public QObject {
   void setAttempting(bool attempting);
 
   AppModel& model_;
+  bool shown_ = false;
   QString username_;
   QString password_;
   QString error_;

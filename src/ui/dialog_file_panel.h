@@ -18,10 +18,11 @@ class DialogFilePanel : public QObject, public FilePanel {
 
  public:
   using QObject::QObject;
+  ~DialogFilePanel() override { cancel(); }
 
   Pending<std::optional<QUrl>> chooseMediaFile() override;
 
-  /// What the dialog lists: movies and audio in every spelling of their extensions, or all files.
+  /// What the dialog lists: movies and audio, in every spelling of their extensions.
   static QStringList nameFilters();
 
   Q_INVOKABLE void choose(const QUrl& file);

@@ -36,15 +36,21 @@ SettingsView::SettingsView(AppModel& model, Opener& opener, SettingsLinks links,
       page_(settingsMainPage) {
   connect(&model, &AppModel::accountChanged, this, &SettingsView::blocksChanged);
   connect(&model, &AppModel::detailsChanged, this, &SettingsView::blocksChanged);
-  connect(&model, &AppModel::showingSettingsChanged, this, [this] {
-    setPage(settingsMainPage);
-    setMessage({});
-    setConfirmingRemoval(false);
-  });
+  connect(&model, &AppModel::showingSettingsChanged, this, &SettingsView::shownOrHidden);
+  shownOrHidden();
 }
 
 SettingsView::~SettingsView() {
   removalTask_.cancel();
+}
+
+void SettingsView::shownOrHidden() {
+  setPage(settingsMainPage);
+  setMessage({});
+  setConfirmingRemoval(false);
+  if (shown_ == model_.showingSettings()) return;
+  shown_ = model_.showingSettings();
+  Q_EMIT shownChanged();
 }
 
 QString SettingsView::backLabel() const {

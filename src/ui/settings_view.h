@@ -27,6 +27,7 @@ class SettingsView final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(bool shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(QString page READ page NOTIFY pageChanged)
   Q_PROPERTY(QString backLabel READ backLabel NOTIFY pageChanged)
   Q_PROPERTY(QString hint READ hint CONSTANT)
@@ -39,6 +40,7 @@ class SettingsView final : public QObject {
   SettingsView(AppModel& model, Opener& opener, SettingsLinks links, QObject* parent = nullptr);
   ~SettingsView() override;
 
+  bool shown() const { return shown_; }
   const QString& page() const { return page_; }
   QString backLabel() const;
   QString hint() const;
@@ -56,6 +58,8 @@ class SettingsView final : public QObject {
   Q_INVOKABLE void cancelRemoval();
 
  Q_SIGNALS:
+  /// After the sheet is at its main page.
+  void shownChanged();
   void pageChanged();
   void blocksChanged();
   void messageChanged();
@@ -63,6 +67,7 @@ class SettingsView final : public QObject {
 
  private:
   static QCoro::Task<> disconnectProvider(QPointer<AppModel> model, std::stop_token stop);
+  void shownOrHidden();
   void run(SettingsBlock::Action action);
   void setPage(const QString& page);
   void setMessage(const QString& message);
@@ -73,6 +78,7 @@ class SettingsView final : public QObject {
   AppModel& model_;
   Opener& opener_;
   const SettingsLinks links_;
+  bool shown_ = false;
   QString page_;
   QString message_;
   bool confirmingRemoval_ = false;

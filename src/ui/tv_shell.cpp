@@ -49,8 +49,6 @@ TVShell::TVShell(AppModel& model, QObject* parent)
   connect(&model, &AppModel::loadingChanged, this, &TVShell::refreshEnabledChanged);
   connect(&model, &AppModel::searchChanged, this, &TVShell::searchChanged);
   connect(&model, &AppModel::noticeChanged, this, &TVShell::noticeChanged);
-  connect(&model, &AppModel::showingConnectChanged, this, &TVShell::showingConnectChanged);
-  connect(&model, &AppModel::showingSettingsChanged, this, &TVShell::showingSettingsChanged);
   connect(&playback_, &Playback::expandedChanged, this, &TVShell::expandedChanged);
 }
 
@@ -115,14 +113,6 @@ QString TVShell::notice() const {
 
 bool TVShell::expanded() const {
   return playback_.expanded();
-}
-
-bool TVShell::showingConnect() const {
-  return model_.showingConnect();
-}
-
-bool TVShell::showingSettings() const {
-  return model_.showingSettings();
 }
 
 QString TVShell::accountLabel() const {

@@ -29,8 +29,6 @@ class TVShell final : public QObject {
   Q_PROPERTY(bool refreshEnabled READ refreshEnabled NOTIFY refreshEnabledChanged)
   Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
   Q_PROPERTY(bool expanded READ expanded NOTIFY expandedChanged)
-  Q_PROPERTY(bool showingConnect READ showingConnect NOTIFY showingConnectChanged)
-  Q_PROPERTY(bool showingSettings READ showingSettings NOTIFY showingSettingsChanged)
   Q_PROPERTY(QString accountLabel READ accountLabel NOTIFY accountChanged)
   Q_PROPERTY(QString browseHint READ browseHint CONSTANT)
   Q_PROPERTY(QString versionLabel READ versionLabel CONSTANT)
@@ -57,8 +55,6 @@ class TVShell final : public QObject {
   bool refreshEnabled() const;
   QString notice() const;  // empty: none
   bool expanded() const;
-  bool showingConnect() const;
-  bool showingSettings() const;
   QString accountLabel() const;
   QString browseHint() const;
   QString versionLabel() const;
@@ -89,8 +85,6 @@ class TVShell final : public QObject {
   void refreshEnabledChanged();
   void noticeChanged();
   void expandedChanged();
-  void showingConnectChanged();
-  void showingSettingsChanged();
   /// The search field is to take the keyboard focus.
   void searchFocusRequested();
 

@@ -10,8 +10,6 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
     : filePanel_(filePanel),
       frames_(frames),
       artwork_(artwork),
-      connectView_(model),
-      settingsView_(model, opener, std::move(links)),
       shell_(model),
       statusLine_(model),
       emptyState_(model),
@@ -20,6 +18,8 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
       channels_(model, clock, items_),
       posters_(model),
       episodes_(model),
+      connectView_(model),
+      settingsView_(model, opener, std::move(links)),
       player_(model.playback()),
       transport_(model.playback()),
       menu_(model) {}

@@ -69,9 +69,6 @@ class Views final : public QObject {
   DialogFilePanel& filePanel_;
   VideoFrameQueue& frames_;
   ArtworkStore& artwork_;
-  // These two hear of a sheet that opens before the shell shows it.
-  ConnectView connectView_;
-  SettingsView settingsView_;
   TVShell shell_;
   StatusLine statusLine_;
   EmptyState emptyState_;
@@ -80,6 +77,8 @@ class Views final : public QObject {
   ChannelView channels_;
   PosterView posters_;
   EpisodeListModel episodes_;
+  ConnectView connectView_;
+  SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
   MenuCommands menu_;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -62,6 +63,14 @@ class ProgramFixture : public ::testing::Test {
     for (const QFileInfo& entry : descriptors.entryInfoList(QDir::Files | QDir::System))
       if (entry.symLinkTarget() == path) return true;
     return false;
+  }
+  /// Whether SIGTERM is the program's own to answer, and not yet that of the system.
+  bool answersSignals() {
+    QFile status(QStringLiteral("/proc/%1/status").arg(program.processId()));
+    if (!status.open(QFile::ReadOnly)) return false;
+    const QByteArray all = status.readAll();
+    const QByteArray caught = all.mid(all.indexOf("SigCgt:") + 7, 20).trimmed().left(16);
+    return (caught.toULongLong(nullptr, 16) >> (SIGTERM - 1)) & 1;
   }
   /// Ends it as the desktop does; how it ended.
   int quit() {

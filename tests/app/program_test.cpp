@@ -80,6 +80,7 @@ TEST_F(ProgramTest, QuitsWhileTheSessionBusSaysNothing) {
                      QStringLiteral("unix:path=") + bus.fullServerName());
   ASSERT_TRUE(start({QStringLiteral("--demo")}));
   ASSERT_TRUE(bus.waitForNewConnection(20'000));
+  ASSERT_TRUE(eventually([&] { return answersSignals(); }));
   EXPECT_EQ(quit(), 0);
 }
 

@@ -140,8 +140,8 @@ TEST_F(WindowFrameTest, AFileIsAskedForAgainAfterADialogThatDoesNotLoad) {
 
 TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
   const QStringList filters = DialogFilePanel::nameFilters();
-  const QString media = filters.first().section(u'(', 1).chopped(1);
-  const QStringList patterns = media.split(u' ');
+  ASSERT_EQ(filters.size(), 1);
+  const QStringList patterns = filters.first().section(u'(', 1).chopped(1).split(u' ');
   const auto offered = [&](const QString& file) {
     return std::any_of(patterns.begin(), patterns.end(), [&](const QString& pattern) {
       return QRegularExpression::fromWildcard(pattern, Qt::CaseSensitive).match(file).hasMatch();
@@ -156,7 +156,6 @@ TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
       EXPECT_TRUE(offered(file)) << file.toStdString();
   for (const QString& file : {u"letter.pdf"_s, u"picture.png"_s, u"mkv"_s, u"a.mkv.txt"_s})
     EXPECT_FALSE(offered(file)) << file.toStdString();
-  EXPECT_EQ(filters.last(), u"All files (*)"_s);
 }
 
 TEST_F(WindowFrameTest, TheSizeStaysWhenAScreenChanges) {

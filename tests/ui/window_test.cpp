@@ -186,6 +186,77 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   EXPECT_EQ(app->section(), u"live"_s);
 }
 
+/// What was pressed is gone afterwards, or what had the keys was made anew.
+TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
+  open();
+  press(Qt::Key_2, Qt::ControlModifier);
+  const auto tabTo = [&](const QString& text) {
+    for (int i = 0; i < 60; ++i) {
+      if (QQuickItem* item = window->activeFocusItem(); item && item->property("text") == text)
+        return item;
+      press(Qt::Key_Tab);
+    }
+    ADD_FAILURE() << text.toStdString() << " is not reached";
+    return window->contentItem();
+  };
+  const auto expectMoves = [&](const char* after) {
+    QTest::qWait(0);
+    const QString before = selectedID();
+    press(Qt::Key_Down);
+    EXPECT_NE(selectedID(), before) << after;
+  };
+  tabTo(u"Connect provider"_s);
+  press(Qt::Key_Return);
+  ASSERT_TRUE(views->connectView()->shown());
+  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
+  transport.always(categoryAction(LibraryKind::movies), "[]");
+  signIn(rows(LibraryKind::live, 1, 20));
+  ASSERT_FALSE(views->connectView()->shown());
+  expectMoves("the button of an empty section, and a sign-in");
+
+  press(Qt::Key_1, Qt::ControlModifier);
+  for (const QString& way : {u"Retry"_s, u"Close"_s}) {
+    engine.now = {};
+    press(Qt::Key_Return);
+    test::settle();
+    engine.now.state = EngineState::error;
+    clock.advance(250ms);
+    QTest::qWait(0);
+    tabTo(way);
+    press(Qt::Key_Return);
+    expectMoves(qUtf8Printable(way));
+  }
+  engine.now = {};
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  press(Qt::Key_Return);
+  test::settle();
+  clock.advance(250ms);
+  engine.takeCalls();
+  press(Qt::Key_Space, Qt::ControlModifier);
+  press(Qt::Key_Space, Qt::AltModifier);
+  EXPECT_EQ(engine.takeCalls(), QStringList()) << "the key is Space alone";
+
+  QQuickItem* search = tabTo(u"Search"_s);
+  press(Qt::Key_Up);
+  EXPECT_EQ(window->activeFocusItem(), search) << "nothing is above the first section";
+
+  press(Qt::Key_Comma, Qt::ControlModifier);
+  for (const QString& back : {u"Done"_s, u"Back"_s}) {
+    tabTo(back);
+    press(Qt::Key_Down);
+    EXPECT_NE(window->activeFocusItem()->property("text"), back);
+    if (back == u"Done"_s) press(Qt::Key_Return);
+  }
+  ASSERT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  press(Qt::Key_Down);
+  const QString row = window->activeFocusItem()->property("title").toString();
+  ASSERT_NE(row, QString());
+  Q_EMIT views->settingsView()->blocksChanged();
+  QTest::qWait(0);
+  EXPECT_EQ(window->activeFocusItem()->property("title"), row) << "the server changed";
+}
+
 TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   open();
   transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 2));
