@@ -17,6 +17,7 @@
 
 Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 namespace vantor::bench {
 namespace {

@@ -9,10 +9,11 @@
 #include <cstdio>
 #include <exception>
 
-#include "scenes.h"
+#include "scenes/scenes.h"
 
 Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
 Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 int main(int argc, char** argv) {
   using namespace vantor::screens;

@@ -20,9 +20,9 @@
 #include "provider/vantor_configuration.h"
 #include "remote/recording_service.h"
 #include "storage/secure_store.h"
-#include "ui/dialog_file_panel.h"
 #include "ui/views.h"
-#include "ui/window_place.h"
+#include "ui/window/dialog_file_panel.h"
+#include "ui/window/window_place.h"
 
 namespace vantor {
 

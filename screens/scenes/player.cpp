@@ -1,0 +1,65 @@
+#include "screens/scenes/scenes.h"
+
+namespace vantor::screens {
+
+using namespace Qt::StringLiterals;
+
+void player(Album& album) {
+  Stage stage(album);
+  stage.signIn();
+  TVShell& shell = *stage.views().shell();
+  PlayerPane& pane = *stage.views().player();
+  const auto playing = [&] { return pane.surfaceVisible() && !pane.loading(); };
+
+  stage.provider().hold("live");
+  shell.playRow(0);
+  stage.until("the request", [&] { return pane.loading(); });
+  stage.settle();
+  stage.shot(u"opening"_s, u"A channel is being opened"_s);
+  stage.provider().release("live");
+  stage.until("the picture", playing);
+  stage.settle();
+  stage.shot(u"playing"_s, u"A channel plays beside its programme"_s);
+
+  stage.provider().hold("live");
+  shell.playRow(2);
+  stage.until("the held picture", [&] { return pane.holdingFrame(); });
+  stage.settle();
+  stage.shot(u"held-picture"_s, u"The last picture stays while another channel is opened"_s);
+  stage.provider().setFault("live", sim::Fault::status404);
+  stage.provider().release("live");
+  stage.until("the failure", [&] { return !pane.message().isEmpty(); });
+  stage.settle();
+  stage.shot(u"failed"_s, u"The channel cannot be played"_s);
+
+  stage.provider().reset();
+  shell.playRow(1);
+  stage.until("the picture", playing);
+  pane.toggleExpanded();
+  stage.settle();
+  stage.shot(u"expanded"_s, u"The player takes the whole window"_s);
+  shell.backToBrowsing();
+  stage.settle();
+
+  stage.show(u"movies"_s);
+  stage.settle();
+  shell.playRow(1);
+  stage.until("the picture", playing);
+  stage.until("the tracks", [&] { return stage.views().transport()->subtitles().size() > 1; });
+  stage.settle();
+  stage.shot(u"movie-playing"_s, u"A movie plays over its poster"_s);
+  stage.press(Qt::Key_Space);
+  stage.shot(u"paused"_s, u"The movie is paused"_s);
+  pane.toggleExpanded();
+  stage.settle();
+  stage.click(u"Audio tracks"_s);
+  stage.shot(u"audio-tracks"_s, u"The choice of an audio track"_s);
+  stage.press(Qt::Key_Escape);
+  stage.click(u"Subtitles"_s);
+  stage.shot(u"subtitles"_s, u"The choice of subtitles"_s);
+  stage.press(Qt::Key_Escape);
+  stage.click(u"Playback speed"_s);
+  stage.shot(u"speeds"_s, u"The choice of a speed"_s);
+}
+
+}  // namespace vantor::screens

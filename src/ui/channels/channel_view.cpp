@@ -1,0 +1,173 @@
+#include "ui/channels/channel_view.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <algorithm>
+
+#include "core/app_model.h"
+#include "ui/channels/upcoming_entries.h"
+#include "ui/entries/item_list_model.h"
+#include "ui/entries/one_line.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shortTime(ProviderTime time) {
+  const auto sinceEpoch =
+      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
+  const QTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).time();
+  const QLocale locale;
+  // Where no locale is set, even the short style has seconds.
+  if (locale.language() == QLocale::C) return local.toString(u"HH:mm"_s);
+  return locale.toString(local, QLocale::ShortFormat);
+}
+
+Catalog liveCatalog(const AppModel& model) {
+  const auto found = model.catalogs().find(LibraryKind::live);
+  return found == model.catalogs().end() ? Catalog::empty() : found->second;
+}
+
+}  // namespace
+
+ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent)
+    : QObject(parent), model_(model), clock_(clock), items_(items), rows_(model, clock, items) {
+  for (const auto signal :
+       {&AppModel::selectedChanged, &AppModel::guideChanged, &AppModel::detailsLoadingChanged,
+        &AppModel::detailsErrorChanged, &AppModel::favoritesChanged})
+    connect(&model, signal, this, &ChannelView::programmeChanged);
+  connect(&model, &AppModel::catalogsChanged, this, &ChannelView::updateGroups);
+  connect(&model, &AppModel::categoryChanged, this, &ChannelView::groupChanged);
+  // A fetch that ends makes room for one that was turned away.
+  for (const auto signal : {&AppModel::guideCacheChanged, &AppModel::guideFailuresChanged})
+    connect(&model, signal, this, [this] { fetch(false); });
+  connect(&items, &ItemListModel::modelReset, this, [this] { fetch(false); });
+  updateGroups();
+  waitForNextMinute();
+}
+
+ChannelView::~ChannelView() = default;
+
+void ChannelView::updateGroups() {
+  QStringList groups = {u"All channels"_s};
+  const Catalog catalog = liveCatalog(model_);
+  for (const MediaCategory& category : catalog.categories()) groups.append(oneLine(category.name));
+  if (groups != groups_) {
+    groups_ = groups;
+    Q_EMIT groupsChanged();
+  }
+  Q_EMIT groupChanged();
+}
+
+int ChannelView::group() const {
+  if (model_.category().isEmpty()) return 0;
+  const Catalog catalog = liveCatalog(model_);
+  const auto& categories = catalog.categories();
+  const auto found = std::find_if(
+      categories.begin(), categories.end(),
+      [this](const MediaCategory& category) { return category.id == model_.category(); });
+  return found == categories.end() ? -1 : 1 + static_cast<int>(found - categories.begin());
+}
+
+QString ChannelView::groupName() const {
+  return groups_.value(group());
+}
+
+void ChannelView::chooseGroup(int group) {
+  if (group == 0) return model_.setCategory(QString());
+  const Catalog catalog = liveCatalog(model_);
+  const auto& categories = catalog.categories();
+  const auto index = static_cast<std::size_t>(group) - 1;
+  if (group > 0 && index < categories.size()) model_.setCategory(categories[index].id);
+}
+
+QString ChannelView::channelName() const {
+  return channelSelected() ? model_.selected()->name : u"Live TV"_s;
+}
+
+std::optional<GuideEntry> ChannelView::programme() const {
+  const GuideEntries upcoming = upcomingEntries(model_.guide(), clock_.now());
+  if (upcoming.isEmpty()) return std::nullopt;
+  return upcoming.first();
+}
+
+QString ChannelView::programmeTitle() const {
+  const auto current = programme();
+  return current ? current->title : QString();
+}
+
+QString ChannelView::programmeTimes() const {
+  const auto current = programme();
+  return current ? shortTime(current->start) + u"–"_s + shortTime(current->end) : QString();
+}
+
+QString ChannelView::programmeDescription() const {
+  const auto current = programme();
+  return current ? current->description : QString();
+}
+
+QString ChannelView::programmeHint() const {
+  if (programme()) return {};
+  return model_.detailsLoading() ? u"Loading programme information…"_s
+                                 : u"Select a channel to see its programme information."_s;
+}
+
+bool ChannelView::channelSelected() const {
+  return model_.selected().has_value();
+}
+
+QString ChannelView::bookmarkSymbol() const {
+  return channelSelected() && model_.favorites().contains(model_.selected()->id)
+             ? u"bookmark.fill"_s
+             : u"bookmark"_s;
+}
+
+QString ChannelView::error() const {
+  return model_.detailsError().value_or(QString());
+}
+
+void ChannelView::watch() {
+  if (channelSelected()) model_.play(*model_.selected());
+}
+
+void ChannelView::toggleBookmark() {
+  if (channelSelected()) model_.favorite(*model_.selected());
+}
+
+void ChannelView::showRows(int first, int last) {
+  firstRow_ = first;
+  lastRow_ = last;
+  fetch(false);
+}
+
+void ChannelView::fetch(bool onlyRunningOut) {
+  if (model_.kind() != LibraryKind::live) return;
+  const int last = std::min(lastRow_, items_.rowCount() - 1);
+  for (int row = std::max(firstRow_, 0); row <= last; ++row) {
+    const MediaItem channel = items_.entry(row);
+    if (onlyRunningOut) {
+      const GuideEntries known = model_.guideOf(channel.id).value_or(GuideEntries());
+      if (upcomingEntries(known, clock_.now()).size() >= 2) continue;
+    }
+    model_.prefetchGuide(channel);
+  }
+}
+
+void ChannelView::waitForNextMinute() {
+  // Programmes begin and end on whole minutes.
+  const auto now = clock_.now();
+  const auto next = std::chrono::floor<std::chrono::minutes>(now) + std::chrono::minutes(1);
+  nextMinute_ = clock_.callAfter(std::chrono::ceil<std::chrono::milliseconds>(next - now),
+                                 [this] { minutePassed(); });
+}
+
+void ChannelView::minutePassed() {
+  rows_.timePassed();
+  Q_EMIT programmeChanged();
+  fetch(true);
+  waitForNextMinute();
+}
+
+}  // namespace vantor

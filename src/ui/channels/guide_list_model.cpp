@@ -1,0 +1,70 @@
+#include "ui/channels/guide_list_model.h"
+
+#include "core/app_model.h"
+#include "ui/channels/upcoming_entries.h"
+#include "ui/entries/item_list_model.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+GuideListModel::GuideListModel(AppModel& model, const Clock& clock, ItemListModel& items,
+                               QObject* parent)
+    : QIdentityProxyModel(parent), model_(model), clock_(clock), items_(items) {
+  setSourceModel(&items);
+  connect(&model, &AppModel::guideCacheChanged, this, &GuideListModel::guideChanged);
+  connect(&model, &AppModel::guideFailuresChanged, this, &GuideListModel::guideChanged);
+}
+
+QVariant GuideListModel::data(const QModelIndex& index, int role) const {
+  switch (role) {
+    case NowTextRole:
+      return nowText(index);
+    case NextTextRole:
+      return nextText(index);
+    default:
+      return QIdentityProxyModel::data(index, role);
+  }
+}
+
+QHash<int, QByteArray> GuideListModel::roleNames() const {
+  QHash<int, QByteArray> names = QIdentityProxyModel::roleNames();
+  names.insert(NowTextRole, "nowText");
+  names.insert(NextTextRole, "nextText");
+  return names;
+}
+
+GuideEntries GuideListModel::upcoming(const QString& channelID) const {
+  return upcomingEntries(model_.guideOf(channelID).value_or(GuideEntries()), clock_.now());
+}
+
+QString GuideListModel::nowText(const QModelIndex& index) const {
+  const QString id = index.data(ItemListModel::ItemIDRole).toString();
+  const GuideEntries entries = upcoming(id);
+  if (!entries.isEmpty()) return entries.first().title;
+  if (index.data(ItemListModel::IsExampleRole).toBool()) return u"Preview channel"_s;
+  if (model_.guideFailed(id)) return u"Guide unavailable"_s;
+  return model_.guideOf(id) ? u"No programme information"_s : u"Loading guide…"_s;
+}
+
+QString GuideListModel::nextText(const QModelIndex& index) const {
+  const GuideEntries entries = upcoming(index.data(ItemListModel::ItemIDRole).toString());
+  return entries.size() < 2 ? u"—"_s : entries[1].title;
+}
+
+void GuideListModel::updateTexts(int first, int last) {
+  if (first >= 0 && last >= first)
+    Q_EMIT dataChanged(index(first, 0), index(last, 0), {NowTextRole, NextTextRole});
+}
+
+void GuideListModel::guideChanged(const QString& channelID) {
+  if (channelID.isEmpty()) return timePassed();
+  const int row = items_.rowOf(channelID);
+  updateTexts(row, row);
+}
+
+void GuideListModel::timePassed() {
+  updateTexts(0, rowCount() - 1);
+}
+
+}  // namespace vantor

@@ -1,0 +1,114 @@
+#include "ui/episodes/episode_list_model.h"
+
+#include <algorithm>
+#include <set>
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+#include "ui/entries/one_line.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+EpisodeListModel::EpisodeListModel(AppModel& model, QObject* parent)
+    : QAbstractListModel(parent), model_(model) {
+  connect(&model, &AppModel::episodesChanged, this, &EpisodeListModel::readEpisodes);
+  connect(&model, &AppModel::episodeSeasonChanged, this, &EpisodeListModel::filter);
+  connect(&model.playback(), &Playback::itemIDChanged, this, &EpisodeListModel::updatePlaying);
+  for (const auto signal : {&AppModel::episodesChanged, &AppModel::detailsLoadingChanged,
+                            &AppModel::detailsErrorChanged, &AppModel::demoChanged})
+    connect(&model, signal, this, &EpisodeListModel::statusChanged);
+  readEpisodes();
+}
+
+int EpisodeListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+}
+
+QVariant EpisodeListModel::data(const QModelIndex& index, int role) const {
+  if (index.row() < 0 || index.row() >= rowCount()) return {};
+  const MediaItem& episode = episodes_[shown_[static_cast<std::size_t>(index.row())]];
+  switch (role) {
+    case LabelRole:
+      return u"S%1 · E%2"_s.arg(episode.season.value_or(1)).arg(episode.episode.value_or(1));
+    case NameRole:
+      return oneLine(episode.name);
+    case IsPlayingRole:
+      return model_.playback().itemID() == episode.id;
+    default:
+      return {};
+  }
+}
+
+QHash<int, QByteArray> EpisodeListModel::roleNames() const {
+  return {{LabelRole, "label"}, {NameRole, "name"}, {IsPlayingRole, "isPlaying"}};
+}
+
+QStringList EpisodeListModel::seasons() const {
+  QStringList names{u"All seasons"_s};
+  for (const int number : seasonNumbers_) names.append(u"Season %1"_s.arg(number));
+  return names;
+}
+
+int EpisodeListModel::seasonRow() const {
+  const auto chosen =
+      std::find(seasonNumbers_.begin(), seasonNumbers_.end(), model_.episodeSeason());
+  // A season 0 is named in the choices, but choosing it is choosing all of them.
+  if (model_.episodeSeason() == 0 || chosen == seasonNumbers_.end()) return 0;
+  return static_cast<int>(chosen - seasonNumbers_.begin()) + 1;
+}
+
+void EpisodeListModel::chooseSeason(int row) {
+  if (row < 0 || row > static_cast<int>(seasonNumbers_.size())) return;
+  model_.setEpisodeSeason(row == 0 ? 0 : seasonNumbers_[static_cast<std::size_t>(row) - 1]);
+  // Also when the season stays what it was: the picker has moved on its own.
+  Q_EMIT seasonRowChanged();
+}
+
+void EpisodeListModel::play(int row) {
+  if (row < 0 || row >= rowCount()) return;
+  const MediaItem episode = episodes_[shown_[static_cast<std::size_t>(row)]];
+  model_.play(episode);
+}
+
+QString EpisodeListModel::progress() const {
+  return model_.detailsLoading() ? u"Loading episodes…"_s : QString();
+}
+
+QString EpisodeListModel::error() const {
+  return model_.detailsError().value_or(QString());
+}
+
+QString EpisodeListModel::emptyNote() const {
+  if (!model_.episodes().isEmpty() || model_.detailsLoading()) return {};
+  return model_.demo() ? u"Connect your provider to load this show's episodes."_s
+                       : u"No episodes returned by this provider."_s;
+}
+
+void EpisodeListModel::readEpisodes() {
+  episodes_ = model_.episodes();
+  std::set<int> numbers;
+  for (const MediaItem& episode : std::as_const(episodes_))
+    if (episode.season) numbers.insert(*episode.season);
+  seasonNumbers_.assign(numbers.begin(), numbers.end());
+  Q_EMIT seasonsChanged();
+  filter();
+}
+
+void EpisodeListModel::filter() {
+  const int season = model_.episodeSeason();
+  beginResetModel();
+  currentRow_ = 0;
+  shown_.clear();
+  for (int i = 0; i < episodes_.size(); ++i)
+    if (season == 0 || episodes_.at(i).season == season) shown_.push_back(i);
+  endResetModel();
+  Q_EMIT seasonRowChanged();
+}
+
+void EpisodeListModel::updatePlaying() {
+  if (!shown_.empty()) Q_EMIT dataChanged(index(0), index(rowCount() - 1), {IsPlayingRole});
+}
+
+}  // namespace vantor

@@ -1,0 +1,79 @@
+#include "ui/player/player_pane.h"
+
+#include "playback/playback.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+PlayerPane::PlayerPane(Playback& playback, QObject* parent) : QObject(parent), playback_(playback) {
+  for (const auto signal :
+       {&Playback::itemIDChanged, &Playback::titleChanged, &Playback::loadingChanged,
+        &Playback::messageChanged, &Playback::pausedChanged, &Playback::expandedChanged,
+        &Playback::heldFrameChanged})
+    connect(&playback, signal, this, &PlayerPane::changed);
+  connect(&playback, &Playback::heldFrameChanged, this, &PlayerPane::heldFrameChanged);
+}
+
+bool PlayerPane::idle() const {
+  return !playback_.itemID();
+}
+
+QString PlayerPane::placeholder() const {
+  return u"Choose something to watch"_s;
+}
+
+QString PlayerPane::title() const {
+  return playback_.title();
+}
+
+bool PlayerPane::loading() const {
+  return playback_.loading();
+}
+
+QString PlayerPane::openingText() const {
+  return u"Opening "_s + playback_.title();
+}
+
+QString PlayerPane::message() const {
+  return playback_.messageText();
+}
+
+QVariant PlayerPane::heldFrame() const {
+  return playback_.heldFrame();
+}
+
+bool PlayerPane::holdingFrame() const {
+  return !playback_.heldFrame().isNull();
+}
+
+bool PlayerPane::surfaceVisible() const {
+  return playback_.itemID() && !playback_.message() && !holdingFrame();
+}
+
+QString PlayerPane::playPauseSymbol() const {
+  return playback_.paused() ? u"play.fill"_s : u"pause.fill"_s;
+}
+
+QString PlayerPane::expandSymbol() const {
+  return playback_.expanded() ? u"arrow.down.right.and.arrow.up.left"_s
+                              : u"arrow.up.left.and.arrow.down.right"_s;
+}
+
+void PlayerPane::togglePause() {
+  playback_.togglePause();
+}
+
+void PlayerPane::toggleExpanded() {
+  playback_.setExpanded(!playback_.expanded());
+}
+
+void PlayerPane::stop() {
+  playback_.stop();
+}
+
+void PlayerPane::retry() {
+  playback_.retry();
+}
+
+}  // namespace vantor

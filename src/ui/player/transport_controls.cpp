@@ -1,0 +1,124 @@
+#include "ui/player/transport_controls.h"
+
+#include <QLocale>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "playback/playback.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+TransportControls::TransportControls(Playback& playback, QObject* parent)
+    : QObject(parent), playback_(playback), state_(*playback.transport()) {
+  connect(&state_, &TransportState::secondsChanged, this, [this] {
+    if (!seeking_) Q_EMIT positionChanged();
+  });
+  connect(&state_, &TransportState::durationChanged, this, &TransportControls::durationChanged);
+  connect(&state_, &TransportState::durationChanged, this, &TransportControls::positionChanged);
+  connect(&state_, &TransportState::volumeChanged, this, &TransportControls::volumeChanged);
+  connect(&state_, &TransportState::audioChanged, this, &TransportControls::audioChanged);
+  connect(&state_, &TransportState::subtitlesChanged, this, &TransportControls::subtitlesChanged);
+}
+
+QString TransportControls::clock(double seconds) {
+  constexpr double longest = 1e12;
+  const auto whole =
+      seconds > 0 ? static_cast<std::int64_t>(std::min(seconds, longest)) : std::int64_t(0);
+  const auto padded = [](std::int64_t number) { return u"%1"_s.arg(number, 2, 10, QChar(u'0')); };
+  const QString end = padded(whole % 60);
+  if (whole < 3600) return QString::number(whole / 60) + u':' + end;
+  return QString::number(whole / 3600) + u':' + padded(whole / 60 % 60) + u':' + end;
+}
+
+double TransportControls::shownPosition() const {
+  return seeking_ ? seekValue_ : state_.seconds();
+}
+
+QString TransportControls::positionText() const {
+  return clock(shownPosition());
+}
+
+QString TransportControls::durationText() const {
+  return clock(state_.duration());
+}
+
+double TransportControls::sliderEnd() const {
+  return std::max(state_.duration(), 1.0);
+}
+
+double TransportControls::sliderValue() const {
+  return seeking_ ? seekValue_ : std::min(state_.seconds(), state_.duration());
+}
+
+double TransportControls::volume() const {
+  return state_.volume();
+}
+
+void TransportControls::setVolume(double percent) {
+  playback_.setVolume(percent);
+}
+
+QVariantList TransportControls::audio() const {
+  return state_.audioItems();
+}
+
+bool TransportControls::audioEnabled() const {
+  return !state_.audio().isEmpty();
+}
+
+QVariantList TransportControls::subtitles() const {
+  QVariantList list = state_.subtitleItems();
+  list.prepend(QVariantMap{{u"id"_s, -1}, {u"name"_s, u"Off"_s}});
+  return list;
+}
+
+QVariantList TransportControls::speeds() const {
+  QVariantList list;
+  for (const double rate : {0.5, 1.0, 1.25, 1.5, 2.0})
+    list.append(QVariantMap{
+        {u"rate"_s, rate},
+        {u"name"_s, QLocale().toString(rate, 'f', QLocale::FloatingPointShortest) + u'×'}});
+  return list;
+}
+
+void TransportControls::beginSeek() {
+  if (seeking_) return;
+  seekValue_ = sliderValue();
+  seeking_ = true;
+}
+
+void TransportControls::dragTo(double seconds) {
+  if (!seeking_) return;
+  seekValue_ = seconds;
+  Q_EMIT positionChanged();
+}
+
+void TransportControls::endSeek() {
+  if (!seeking_) return;
+  seeking_ = false;
+  playback_.seek(seekValue_);
+  Q_EMIT positionChanged();
+}
+
+void TransportControls::abandonSeek() {
+  if (!seeking_) return;
+  seeking_ = false;
+  Q_EMIT positionChanged();
+}
+
+void TransportControls::chooseAudio(int id) {
+  playback_.setAudioTrack(id);
+}
+
+void TransportControls::chooseSubtitle(int id) {
+  playback_.setSubtitleTrack(id);
+}
+
+void TransportControls::chooseSpeed(double rate) {
+  playback_.setRate(rate);
+}
+
+}  // namespace vantor

@@ -1,0 +1,71 @@
+#include "ui/posters/category_list_model.h"
+
+#include "core/app_model.h"
+#include "ui/entries/one_line.h"
+#include "ui/shell/tv_shell.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+CategoryListModel::CategoryListModel(AppModel& model, QObject* parent)
+    : QAbstractListModel(parent),
+      model_(model),
+      section_(model.section()),
+      catalog_(model.catalog()) {
+  connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::update);
+  connect(&model, &AppModel::catalogsChanged, this, &CategoryListModel::update);
+  connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::offeredChanged);
+  connect(&model, &AppModel::categoryChanged, this, &CategoryListModel::currentChanged);
+}
+
+void CategoryListModel::update() {
+  const Catalog catalog = model_.catalog();
+  if (section_ == model_.section() && catalog.sharesContentsWith(catalog_)) return;
+  beginResetModel();
+  section_ = model_.section();
+  catalog_ = catalog;
+  endResetModel();
+  Q_EMIT currentChanged();
+}
+
+int CategoryListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(catalog_.categories().size()) + 1;
+}
+
+QString CategoryListModel::idOf(int row) const {
+  return row == 0 ? QString() : catalog_.categories()[static_cast<std::size_t>(row) - 1].id;
+}
+
+QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
+  const int row = index.row();
+  if (row < 0 || row >= rowCount()) return {};
+  if (role == CategoryIDRole) return idOf(row);
+  if (role != NameRole) return {};
+  return row == 0 ? u"All "_s + sectionTitle(model_).toLower()
+                  : oneLine(catalog_.categories()[static_cast<std::size_t>(row) - 1].name);
+}
+
+QHash<int, QByteArray> CategoryListModel::roleNames() const {
+  return {{CategoryIDRole, "categoryID"}, {NameRole, "name"}};
+}
+
+bool CategoryListModel::offered() const {
+  return model_.kind().has_value();
+}
+
+QString CategoryListModel::current() const {
+  return model_.category();
+}
+
+int CategoryListModel::currentRow() const {
+  for (int row = 0; row < rowCount(); ++row)
+    if (idOf(row) == model_.category()) return row;
+  return -1;
+}
+
+void CategoryListModel::choose(int row) {
+  if (row >= 0 && row < rowCount()) model_.setCategory(idOf(row));
+}
+
+}  // namespace vantor

@@ -1,0 +1,155 @@
+#include "ui/posters/poster_view.h"
+
+#include <algorithm>
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+#include "ui/entries/item_list_model.h"
+#include "ui/shell/tv_shell.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+PosterView::PosterView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
+  for (const auto signal :
+       {&AppModel::itemsChanged, &AppModel::selectedChanged, &AppModel::sectionChanged})
+    connect(&model, signal, this, &PosterView::updateHero);
+  for (const auto signal : {&AppModel::favoritesChanged, &AppModel::showingEpisodesChanged,
+                            &AppModel::startingUpChanged})
+    connect(&model, signal, this, &PosterView::changed);
+  connect(&model.playback(), &Playback::itemIDChanged, this, &PosterView::changed);
+  connect(&model, &AppModel::itemsChanged, this, [this] { request(Scroll::ToAnchor); });
+  connect(&model, &AppModel::selectedChanged, this, [this] { request(Scroll::ToSelection); });
+  connect(&model, &AppModel::settled, this, &PosterView::carryOutScroll);
+  updateHero();
+}
+
+void PosterView::updateHero() {
+  if (model_.selected())
+    hero_ = model_.selected();
+  else if (!model_.items().empty())
+    hero_ = model_.items().item(0);
+  else
+    hero_.reset();
+  Q_EMIT changed();
+}
+
+QString PosterView::kicker() const {
+  return (hero_ ? title(hero_->kind) : sectionTitle(model_)).toUpper();
+}
+
+QString PosterView::name() const {
+  return hero_ ? hero_->name : sectionTitle(model_);
+}
+
+QString PosterView::facts() const {
+  if (!hero_) return {};
+  QStringList facts;
+  if (const QString year = hero_->year.value_or(QString()); !year.isEmpty()) facts.append(year);
+  if (const QString rating = hero_->rating.value_or(QString()); !rating.isEmpty())
+    facts.append(u"★ "_s + rating);
+  if (hero_->isExample) facts.append(u"Preview entry"_s);
+  return facts.join(u"   "_s);
+}
+
+QString PosterView::description() const {
+  if (hero_ && hero_->plot && !hero_->plot->isEmpty()) return *hero_->plot;
+  if (hero_ && hero_->isExample)
+    return u"A sample title for exploring the Vantor interface. No playable content is included."_s;
+  return u"Choose a title to watch or save it to My list."_s;
+}
+
+QUrl PosterView::artwork() const {
+  return hero_ ? hero_->artwork.value_or(QUrl()) : QUrl();
+}
+
+QString PosterView::symbol() const {
+  return vantor::symbol(hero_ ? hero_->kind : model_.kind().value_or(LibraryKind::movies));
+}
+
+QString PosterView::openLabel() const {
+  return hero_ && hero_->kind == LibraryKind::shows ? u"Episodes"_s : u"Play"_s;
+}
+
+QString PosterView::favoriteSymbol() const {
+  return hero_ && model_.favorites().contains(hero_->id) ? u"bookmark.fill"_s : u"bookmark"_s;
+}
+
+bool PosterView::allShowsOffered() const {
+  return hero_ && model_.showingEpisodes();
+}
+
+bool PosterView::showsPlayer() const {
+  return model_.playback().itemID().has_value();
+}
+
+PosterView::Content PosterView::content() const {
+  if (model_.showingEpisodes() && model_.selected()) return Content::Episodes;
+  // Whether there is nothing to show is not known before the saved account was read.
+  return model_.items().empty() && !model_.startingUp() ? Content::Empty : Content::Grid;
+}
+
+QString PosterView::limitNote() const {
+  return model_.items().size() > static_cast<std::size_t>(ItemListModel::rowLimit)
+             ? u"Showing 2,500 titles. Choose a category or search to narrow the results."_s
+             : QString();
+}
+
+int PosterView::keyRow() const {
+  return hero_ ? rowOf(hero_->id) : -1;
+}
+
+void PosterView::toggleFavorite() {
+  if (hero_) model_.favorite(*hero_);
+}
+
+void PosterView::closeEpisodes() {
+  model_.setShowingEpisodes(false);
+}
+
+void PosterView::choose(int row) {
+  if (row < 0 || static_cast<std::size_t>(row) >= model_.items().size()) return;
+  model_.setShowingEpisodes(false);
+  model_.select(model_.items().item(static_cast<std::size_t>(row)));
+}
+
+void PosterView::settledOn(int row) {
+  // A scroll that is still to be carried out decides where the grid stands.
+  if (scroll_ != Scroll::None) return;
+  if (row < 0 || static_cast<std::size_t>(row) >= model_.items().size()) return;
+  model_.setBrowseAnchor(model_.section(), model_.items().id(static_cast<std::size_t>(row)));
+}
+
+void PosterView::restorePosition() {
+  request(Scroll::ToAnchor);
+  carryOutScroll();
+}
+
+void PosterView::request(Scroll scroll) {
+  if (model_.kind() == LibraryKind::live) return;  // channels have no posters
+  // Where a section was left goes before its selection, whose change is told of after the entries.
+  scroll_ = std::max(scroll_, scroll);
+}
+
+void PosterView::carryOutScroll() {
+  const Scroll scroll = std::exchange(scroll_, Scroll::None);
+  if (scroll == Scroll::None) return;
+  int row = -1;
+  if (scroll == Scroll::ToAnchor)
+    row = rowOf(model_.browseAnchor(model_.section()).value_or(QString()));
+  if (row < 0 && model_.selected()) row = rowOf(model_.selected()->id);
+  // A selection without a poster leaves the grid where it is.
+  if (row >= 0 || scroll == Scroll::ToAnchor) Q_EMIT centerRequested(row);
+  settledOn(row);
+}
+
+int PosterView::rowOf(const QString& id) const {
+  if (id.isEmpty()) return -1;
+  const auto index = model_.items().indexOf(id);
+  return index && *index < static_cast<std::size_t>(ItemListModel::rowLimit)
+             ? static_cast<int>(*index)
+             : -1;
+}
+
+}  // namespace vantor

@@ -1,0 +1,172 @@
+#include "ui/shell/tv_shell.h"
+
+#include <array>
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Section {
+  const char* section;
+  const char* title;
+  const char* symbol;
+};
+
+constexpr std::array sectionTable = {
+    Section{"search", "Search", "magnifyingglass"},
+    Section{"live", "TV", "tv"},
+    Section{"movies", "Movies", "film"},
+    Section{"shows", "Shows", "rectangle.stack"},
+    Section{"favorites", "My list", "bookmark"},
+};
+
+}  // namespace
+
+QString sectionTitle(const AppModel& model) {
+  if (const auto kind = model.kind()) return title(*kind);
+  for (const Section& known : sectionTable)
+    if (model.section() == QLatin1String(known.section)) return QString::fromLatin1(known.title);
+  return u"Vantor"_s;
+}
+
+TVShell::TVShell(AppModel& model, QObject* parent)
+    : QObject(parent), model_(model), playback_(model.playback()) {
+  connect(&model, &AppModel::sectionChanged, this, [this] {
+    Q_EMIT sectionChanged();
+    Q_EMIT refreshEnabledChanged();
+    if (model_.section() == u"search"_s) Q_EMIT searchFocusRequested();
+  });
+  connect(&model, &AppModel::selectedChanged, this, &TVShell::selectedNameChanged);
+  connect(this, &TVShell::sectionChanged, this, &TVShell::selectedNameChanged);
+  connect(&model, &AppModel::accountChanged, this, &TVShell::accountChanged);
+  connect(&model, &AppModel::demoChanged, this, &TVShell::accountChanged);
+  connect(&model, &AppModel::accountChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model, &AppModel::demoChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model, &AppModel::loadingChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model, &AppModel::searchChanged, this, &TVShell::searchChanged);
+  connect(&model, &AppModel::noticeChanged, this, &TVShell::noticeChanged);
+  connect(&playback_, &Playback::expandedChanged, this, &TVShell::expandedChanged);
+}
+
+QVariantList TVShell::sections() const {
+  QVariantList list;
+  for (const Section& known : sectionTable)
+    list.append(QVariantMap{{u"section"_s, QString::fromLatin1(known.section)},
+                            {u"title"_s, QString::fromLatin1(known.title)},
+                            {u"symbol"_s, QString::fromLatin1(known.symbol)}});
+  return list;
+}
+
+QString TVShell::section() const {
+  return model_.section();
+}
+
+bool TVShell::showsChannels() const {
+  return model_.kind() == LibraryKind::live;
+}
+
+QString TVShell::title() const {
+  return sectionTitle(model_);
+}
+
+QString TVShell::headerTitle() const {
+  const QString shown = title();
+  return shown == u"TV"_s ? u"Live TV"_s : shown;
+}
+
+QString TVShell::selectedName() const {
+  return model_.selected() ? model_.selected()->name : headerTitle();
+}
+
+bool TVShell::searchOffered() const {
+  return model_.account() || model_.demo();
+}
+
+QString TVShell::searchPlaceholder() const {
+  return u"Search "_s + title();
+}
+
+QString TVShell::search() const {
+  return model_.search();
+}
+
+void TVShell::setSearch(const QString& text) {
+  model_.setSearch(text);
+}
+
+bool TVShell::refreshOffered() const {
+  return model_.kind().has_value();
+}
+
+bool TVShell::refreshEnabled() const {
+  const auto kind = model_.kind();
+  return kind && model_.account() && !model_.demo() && !model_.loading().contains(*kind);
+}
+
+QString TVShell::notice() const {
+  return model_.notice().value_or(QString());
+}
+
+bool TVShell::expanded() const {
+  return playback_.expanded();
+}
+
+QString TVShell::accountLabel() const {
+  if (model_.demo()) return u"Preview library · No content included"_s;
+  return model_.account() ? model_.account()->name : u"Connect your own provider"_s;
+}
+
+QString TVShell::browseHint() const {
+  return u"↑ ↓ ← → Browse   ·   Return Select   ·   Esc Back"_s;
+}
+
+QString TVShell::versionLabel() const {
+  return u"Vantor for Mac " VANTOR_VERSION ""_s;
+}
+
+void TVShell::navigate(const QString& section) {
+  model_.navigate(section);
+}
+
+void TVShell::refresh() {
+  if (const auto kind = model_.kind()) model_.load(*kind, true);
+}
+
+void TVShell::openFile() {
+  model_.openFile();
+}
+
+void TVShell::clearNotice() {
+  model_.clearNotice();
+}
+
+void TVShell::openSettings() {
+  model_.setShowingSettings(true);
+}
+
+void TVShell::connectProvider() {
+  model_.setShowingConnect(true);
+}
+
+void TVShell::backToBrowsing() {
+  playback_.setExpanded(false);
+}
+
+void TVShell::startOver() {
+  playback_.restart();
+}
+
+void TVShell::escape() {
+  if (playback_.expanded())
+    playback_.setExpanded(false);
+  else if (model_.showingEpisodes())
+    model_.setShowingEpisodes(false);
+  else
+    model_.navigate(rawValue(LibraryKind::live));
+}
+
+}  // namespace vantor

@@ -1,0 +1,67 @@
+#include "ui/window/dialog_file_panel.h"
+
+#include <QMimeDatabase>
+#include <QSet>
+#include <algorithm>
+#include <array>
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// "*.mkv" for any case: "*.[mM][kK][vV]". Not every desktop's panel matches without regard to it.
+QString inAnyCase(const QString& pattern) {
+  QString any;
+  for (const QChar letter : pattern) {
+    if (letter.isLetter())
+      any += u'[' + letter.toLower() + letter.toUpper() + u']';
+    else
+      any += letter;
+  }
+  return any;
+}
+
+bool isMedia(const QString& type) {
+  static const std::array others = {"application/mxf"_L1, "application/ogg"_L1,
+                                    "application/vnd.rn-realmedia"_L1, "application/vnd.ms-asf"_L1};
+  return type.startsWith("video/"_L1) || type.startsWith("audio/"_L1) ||
+         std::find(others.begin(), others.end(), type) != others.end();
+}
+
+}  // namespace
+
+QStringList DialogFilePanel::nameFilters() {
+  // What a system without a database of its own may lack.
+  QSet<QString> patterns = {u"*.vob"_s, u"*.mts"_s, u"*.m2ts"_s, u"*.ts"_s, u"*.mxf"_s, u"*.mka"_s};
+  for (const QMimeType& type : QMimeDatabase().allMimeTypes()) {
+    if (!isMedia(type.name())) continue;
+    for (const QString& pattern : type.globPatterns())
+      if (pattern.startsWith("*."_L1)) patterns.insert(pattern.toLower());
+  }
+  QStringList sorted;
+  for (const QString& pattern : patterns) sorted.append(inAnyCase(pattern));
+  sorted.sort();
+  return {u"Movies and audio (%1)"_s.arg(sorted.join(u' '))};
+}
+
+Pending<std::optional<QUrl>> DialogFilePanel::chooseMediaFile() {
+  cancel();
+  // Of its own: a dialog that does not load answers before this returns.
+  Pending<std::optional<QUrl>> choice;
+  choice_ = choice;
+  Q_EMIT requested();
+  return choice;
+}
+
+void DialogFilePanel::choose(const QUrl& file) {
+  if (choice_) choice_->resolve(file);
+  choice_.reset();
+}
+
+void DialogFilePanel::cancel() {
+  if (choice_) choice_->resolve(std::nullopt);
+  choice_.reset();
+}
+
+}  // namespace vantor

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "platform/worker.h"
+#include "playback/playback.h"
+#include "support/fake_engine.h"
+#include "support/manual_clock.h"
+#include "support/waiting.h"
+#include "ui/player/player_pane.h"
+#include "ui/player/transport_controls.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+TEST(TransportClock, WritesMinutesAndHours) {
+  const std::pair<double, const char16_t*> cases[] = {
+      {0, u"0:00"},        {-3, u"0:00"},      {59.9, u"0:59"},       {545, u"9:05"},
+      {3599.99, u"59:59"}, {3600, u"1:00:00"}, {36'061, u"10:01:01"}, {1e300, u"277777777:46:40"}};
+  for (const auto& [seconds, text] : cases)
+    EXPECT_EQ(TransportControls::clock(seconds), QString::fromUtf16(text));
+}
+
+class PlayerViewsTest : public ::testing::Test {
+ protected:
+  QTemporaryDir home;
+  test::FakeEngine engine;
+  test::ManualClock clock;
+  Worker worker;
+  Folders folders{home.path(), home.path(), home.path()};
+  Playback playback{engine, clock, worker, folders, true};
+  PlayerPane pane{playback};
+  TransportControls controls{playback};
+
+  void play() {
+    playback.play(
+        {.url = QUrl(u"http://tv.example/1.ts"_s), .title = u"News"_s, .id = u"live:1"_s});
+    test::settle();
+  }
+  void advance(const EngineStatus& status) {
+    engine.now = status;
+    clock.advance(250ms);
+  }
+  static EngineStatus movie() {
+    EngineStatus status;
+    status.state = EngineState::playing;
+    status.hasMedia = true;
+    status.time = 30'000;
+    status.length = 90'000;
+    status.seekable = true;
+    status.decodedVideo = 5;
+    return status;
+  }
+};
+
+TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
+  EXPECT_TRUE(pane.idle());
+  EXPECT_EQ(pane.placeholder(), u"Choose something to watch"_s);
+  EXPECT_FALSE(pane.surfaceVisible());
+  play();
+  EXPECT_TRUE(pane.loading() && pane.surfaceVisible() && !pane.idle());
+  EXPECT_EQ(pane.openingText(), u"Opening News"_s);
+  EXPECT_EQ(pane.playPauseSymbol(), u"pause.fill"_s);
+  advance(movie());
+  EXPECT_FALSE(pane.loading());
+  pane.togglePause();
+  EXPECT_EQ(pane.playPauseSymbol(), u"play.fill"_s);
+  pane.toggleExpanded();
+  EXPECT_EQ(pane.expandSymbol(), u"arrow.down.right.and.arrow.up.left"_s);
+  EngineStatus failed = movie();
+  failed.state = EngineState::error;
+  advance(failed);
+  EXPECT_FALSE(pane.surfaceVisible());
+  EXPECT_EQ(pane.message(),
+            u"This source could not be opened. It may be offline or your provider may be refusing "
+            "the connection."_s);
+  pane.stop();
+  EXPECT_TRUE(pane.idle());
+}
+
+TEST_F(PlayerViewsTest, ADragMovesPlaybackOnceAtItsEnd) {
+  play();
+  advance(movie());
+  EXPECT_EQ(controls.positionText(), u"0:30"_s);
+  EXPECT_EQ(controls.durationText(), u"1:30"_s);
+  EXPECT_EQ(controls.sliderEnd(), 90);
+  engine.calls.clear();
+  controls.beginSeek();
+  controls.dragTo(60);
+  advance(movie());
+  EXPECT_EQ(controls.positionText(), u"1:00"_s) << "follows the drag, not playback";
+  controls.dragTo(45);
+  EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty());
+  controls.endSeek();
+  EXPECT_EQ(engine.calls.filter(u"setTime"_s), QStringList{u"setTime 45000"_s});
+  controls.beginSeek();
+  controls.dragTo(10);
+  controls.abandonSeek();
+  EXPECT_EQ(engine.calls.filter(u"setTime"_s).size(), 1);
+  EXPECT_EQ(controls.sliderValue(), 30);
+}
+
+TEST_F(PlayerViewsTest, ALiveStreamHasAnEmptySlider) {
+  play();
+  EngineStatus live = movie();
+  live.length = 0;
+  live.seekable = false;
+  advance(live);
+  EXPECT_EQ(controls.sliderEnd(), 1);
+  EXPECT_EQ(controls.sliderValue(), 0);
+  controls.beginSeek();
+  controls.endSeek();
+  EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty());
+}
+
+TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
+  EXPECT_FALSE(controls.audioEnabled());
+  ASSERT_EQ(controls.subtitles().size(), 1);
+  EXPECT_EQ(controls.subtitles().first().toMap().value(u"name"_s), u"Off"_s);
+  play();
+  EngineStatus status = movie();
+  status.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
+  status.subtitleTracks = {{5, u"English"_s}};
+  advance(status);
+  EXPECT_TRUE(controls.audioEnabled());
+  EXPECT_EQ(controls.subtitles().size(), 2);
+  engine.calls.clear();
+  controls.chooseAudio(2);
+  controls.chooseSubtitle(-1);
+  controls.chooseSpeed(1.25);
+  EXPECT_EQ(engine.calls,
+            (QStringList{u"setAudioTrack 2"_s, u"setSubtitleTrack -1"_s, u"setRate 1.25"_s}));
+  EXPECT_EQ(controls.speeds().size(), 5);
+}
+
+}  // namespace
+}  // namespace vantor

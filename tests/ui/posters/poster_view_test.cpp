@@ -1,0 +1,222 @@
+#include "ui/posters/poster_view.h"
+
+#include <gtest/gtest.h>
+
+#include "support/model_fixture.h"
+#include "ui/episodes/episode_list_model.h"
+#include "ui/shell/tv_shell.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::eventually;
+using test::settle;
+
+class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  void open(const QStringList& arguments = {}) {
+    launch(arguments);
+    shell = std::make_unique<TVShell>(*model);
+    view = std::make_unique<PosterView>(*model);
+    episodes = std::make_unique<EpisodeListModel>(*model);
+    QObject::connect(view.get(), &PosterView::centerRequested,
+                     [this](int row) { centered.append(row); });
+  }
+  void TearDown() override {
+    episodes.reset();
+    view.reset();
+    shell.reset();
+  }
+  void load(LibraryKind kind, const QByteArray& body) {
+    shell->navigate(rawValue(kind));
+    ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
+    transport.answer(action(kind), body);
+    transport.answer(categoryAction(kind), "[]");
+    ASSERT_TRUE(eventually([&] { return model->loading().empty(); }));
+    settle();
+  }
+  void openShow(const QByteArray& answer) {
+    shell->activateSelection();
+    ASSERT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
+    EXPECT_EQ(episodes->progress(), u"Loading episodes…"_s);
+    EXPECT_EQ(episodes->emptyNote(), QString());
+    transport.answer(u"get_series_info"_s, answer);
+    ASSERT_TRUE(eventually([&] { return !model->detailsLoading(); }));
+  }
+  QStringList read(EpisodeListModel::Role role) const {
+    QStringList texts;
+    for (int row = 0; row < episodes->rowCount(); ++row)
+      texts.append(episodes->data(episodes->index(row), role).toString());
+    return texts;
+  }
+
+  std::unique_ptr<TVShell> shell;
+  std::unique_ptr<PosterView> view;
+  std::unique_ptr<EpisodeListModel> episodes;
+  QList<int> centered;
+};
+
+TEST_F(PosterViewTest, PresentsTheSectionWhenItHasNoEntries) {
+  open();
+  shell->navigate(u"favorites"_s);
+  EXPECT_EQ(view->kicker(), u"MY LIST"_s);
+  EXPECT_EQ(view->name(), u"My list"_s);
+  EXPECT_EQ(view->facts(), QString());
+  EXPECT_EQ(view->description(), u"Choose a title to watch or save it to My list."_s);
+  EXPECT_FALSE(view->hasHero());
+  EXPECT_EQ(view->content(), PosterView::Content::Empty);
+  EXPECT_EQ(view->keyRow(), -1);
+}
+
+TEST_F(PosterViewTest, PresentsTheFirstEntryUntilOneIsSelected) {
+  open();
+  signIn();
+  load(LibraryKind::movies, R"([
+      {"stream_id":1,"name":"First","plot":"A plot.","year":"1999","rating":"7.5"},
+      {"stream_id":2,"name":"Second","plot":"","rating":""},
+      {"stream_id":3,"name":"Third","year":"2004"}])");
+  EXPECT_EQ(view->kicker(), u"MOVIES"_s);
+  EXPECT_EQ(view->name(), u"First"_s);
+  EXPECT_EQ(view->facts(), u"1999   ★ 7.5"_s);
+  EXPECT_EQ(view->description(), u"A plot."_s);
+  EXPECT_EQ(view->openLabel(), u"Play"_s);
+  EXPECT_EQ(view->keyRow(), 0);
+  EXPECT_FALSE(view->allShowsOffered());
+
+  view->choose(1);
+  EXPECT_EQ(view->name(), u"Second"_s);
+  EXPECT_EQ(view->facts(), QString());
+  EXPECT_EQ(view->description(), u"Choose a title to watch or save it to My list."_s);
+  EXPECT_EQ(view->keyRow(), 1);
+  view->choose(3);
+  EXPECT_EQ(view->name(), u"Second"_s) << "there is no such row";
+
+  EXPECT_EQ(view->favoriteSymbol(), u"bookmark"_s);
+  view->toggleFavorite();
+  EXPECT_EQ(view->favoriteSymbol(), u"bookmark.fill"_s);
+  EXPECT_TRUE(model->favorites().contains(u"movies:2"_s));
+
+  EXPECT_FALSE(view->showsPlayer());
+  shell->activateSelection();
+  settle();
+  EXPECT_TRUE(view->showsPlayer());
+}
+
+TEST_F(PosterViewTest, SampleEntriesSaySo) {
+  open({u"--demo"_s});
+  shell->navigate(u"shows"_s);
+  EXPECT_EQ(view->facts(), u"Preview entry"_s);
+  EXPECT_EQ(
+      view->description(),
+      u"A sample title for exploring the Vantor interface. No playable content is included."_s);
+  EXPECT_EQ(view->openLabel(), u"Episodes"_s);
+  shell->activateSelection();
+  EXPECT_EQ(view->content(), PosterView::Content::Episodes);
+  EXPECT_TRUE(view->allShowsOffered());
+  EXPECT_EQ(episodes->emptyNote(), u"Connect your provider to load this show's episodes."_s);
+  view->closeEpisodes();
+  EXPECT_EQ(view->content(), PosterView::Content::Grid);
+  EXPECT_FALSE(view->allShowsOffered());
+  shell->activateSelection();
+  view->choose(2);
+  EXPECT_EQ(view->content(), PosterView::Content::Grid) << "a poster closes the episodes";
+}
+
+TEST_F(PosterViewTest, SaysThatNotEveryEntryHasAPoster) {
+  open();
+  signIn();
+  load(LibraryKind::movies, rows(LibraryKind::movies, 0, 2501));
+  EXPECT_EQ(view->limitNote(),
+            u"Showing 2,500 titles. Choose a category or search to narrow the results."_s);
+  view->choose(2500);
+  EXPECT_EQ(view->keyRow(), -1);
+  load(LibraryKind::shows, rows(LibraryKind::shows, 0, 2500));
+  EXPECT_EQ(view->limitNote(), QString());
+}
+
+TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
+  open();
+  signIn();
+  load(LibraryKind::movies, rows(LibraryKind::movies, 0, 100));
+  centered.clear();
+  view->choose(8);
+  settle();
+  EXPECT_EQ(centered, QList<int>{8});
+  view->settledOn(60);
+  view->settledOn(-1);
+  EXPECT_EQ(model->browseAnchor(u"movies"_s), u"movies:60"_s) << "no entry leaves it unchanged";
+
+  load(LibraryKind::shows, rows(LibraryKind::shows, 0, 100));
+  EXPECT_EQ(centered.last(), -1) << "a section seen for the first time starts at its top";
+  centered.clear();
+  shell->navigate(u"movies"_s);
+  EXPECT_EQ(centered, QList<int>{60}) << "not the selection, which was scrolled away from";
+  EXPECT_EQ(model->selected()->id, u"movies:8"_s);
+  EXPECT_EQ(model->browseAnchor(u"movies"_s), u"movies:60"_s);
+
+  model->setSearch(u"title 8"_s);
+  settle();
+  EXPECT_EQ(centered.last(), 0) << "without its anchor the list stands on the selection";
+}
+
+TEST_F(PosterViewTest, EpisodesAreListedBySeason) {
+  open();
+  signIn();
+  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 2));
+  openShow(R"({"episodes":{
+      "2":[{"id":"21","title":"Later","season":2,"episode_num":3}],
+      "1":[{"id":"11","title":"One","season":1,"episode_num":1},
+           {"id":"12","title":"Two","season":1,"episode_num":2}]}})");
+  EXPECT_EQ(episodes->seasons(), (QStringList{u"All seasons"_s, u"Season 1"_s, u"Season 2"_s}));
+  EXPECT_EQ(episodes->seasonRow(), 0);
+  EXPECT_EQ(read(EpisodeListModel::LabelRole).size(), 3);
+  EXPECT_EQ(episodes->emptyNote(), QString());
+
+  episodes->chooseSeason(2);
+  EXPECT_EQ(read(EpisodeListModel::LabelRole), QStringList{u"S2 · E3"_s});
+  EXPECT_EQ(read(EpisodeListModel::NameRole), QStringList{u"Later"_s});
+  episodes->chooseSeason(3);
+  EXPECT_EQ(episodes->seasonRow(), 2) << "there is no such choice";
+  episodes->play(1);
+  EXPECT_FALSE(view->showsPlayer()) << "there is no such row";
+  episodes->play(0);
+  settle();
+  EXPECT_EQ(model->playback().itemID(), u"episode:21"_s);
+  EXPECT_TRUE(episodes->data(episodes->index(0), EpisodeListModel::IsPlayingRole).toBool());
+
+  shell->selectRow(1);
+  EXPECT_EQ(episodes->seasonRow(), 0);
+  EXPECT_EQ(episodes->rowCount(), 0);
+}
+
+TEST_F(PosterViewTest, EpisodesWithoutNumbersBelongToNoSeason) {
+  open();
+  signIn();
+  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 1));
+  QByteArray many;
+  for (int i = 0; i < 10000; ++i)
+    many +=
+        QByteArray(i ? "," : "") + R"({"id":")" + QByteArray::number(i) + R"(","title":"Part"})";
+  openShow(R"({"episodes":{"all":[)" + many + "]}}");
+  ASSERT_EQ(episodes->rowCount(), 10000);
+  EXPECT_EQ(episodes->seasons(), QStringList{u"All seasons"_s});
+  EXPECT_EQ(read(EpisodeListModel::LabelRole).last(), u"S1 · E1"_s);
+}
+
+TEST_F(PosterViewTest, SaysWhyThereAreNoEpisodes) {
+  open();
+  signIn();
+  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 2));
+  openShow(R"({"episodes":{}})");
+  EXPECT_EQ(episodes->progress(), QString());
+  EXPECT_EQ(episodes->emptyNote(), u"No episodes returned by this provider."_s);
+  EXPECT_EQ(episodes->error(), QString());
+  shell->selectRow(1);
+  openShow("<html>");
+  EXPECT_EQ(episodes->error(), *model->detailsError());
+  EXPECT_FALSE(episodes->error().isEmpty());
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,112 @@
+#include "ui/sign_in/connect_view.h"
+
+#include <gtest/gtest.h>
+
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using test::eventually;
+using test::settle;
+
+const QString config = u"vantor-config.json"_s;
+
+class ConnectViewTest : public ::testing::Test, protected test::ModelFixture {
+ protected:
+  AppModel& app = launch();
+  std::unique_ptr<ConnectView> view = std::make_unique<ConnectView>(app);
+
+  void SetUp() override { app.setShowingConnect(true); }
+  void TearDown() override { view.reset(); }
+  void type(const QString& username, const QString& password) {
+    view->setUsername(username);
+    view->setPassword(password);
+  }
+  /// Clicks "Connect" and lets the configuration name a server.
+  void begin() {
+    view->connectAccount();
+    settle();
+    transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+    settle();
+  }
+};
+
+TEST_F(ConnectViewTest, ConnectsOnlyWithBothFields) {
+  EXPECT_FALSE(view->canConnect());
+  type(u" "_s, QString());
+  EXPECT_FALSE(view->canConnect());
+  type(u" "_s, u" "_s);
+  EXPECT_TRUE(view->canConnect());
+  begin();
+  ASSERT_TRUE(eventually([&] { return !view->error().isEmpty(); }));
+  EXPECT_EQ(view->error(), u"Enter your provider username and password."_s);
+  EXPECT_EQ(transport.requests(QString()), 0);
+}
+
+TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
+  type(u"user"_s, u"secret"_s);
+  begin();
+  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"tv.example"_s);
+  EXPECT_TRUE(view->working());
+  EXPECT_FALSE(view->canConnect() || view->closable());
+  view->close();
+  EXPECT_TRUE(app.showingConnect()) << "not while the provider is being asked";
+  transport.answer(QString(), acceptedSignIn());
+  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  EXPECT_FALSE(app.showingConnect());
+  EXPECT_EQ(app.account()->name, u"Vantor TV"_s);
+  EXPECT_EQ(view->password(), QString());
+  EXPECT_EQ(view->error(), QString());
+
+  app.setShowingConnect(true);
+  EXPECT_EQ(view->username(), u"user"_s);
+  EXPECT_EQ(view->password(), QString());
+}
+
+TEST_F(ConnectViewTest, AFailureKeepsWhatWasTyped) {
+  type(u"user"_s, u"wrong"_s);
+  begin();
+  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  transport.answer(QString(), R"({"user_info":{"auth":0}})");
+  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  EXPECT_EQ(view->error(),
+            u"Your provider did not accept this account. Check the username, password and "
+            "subscription status."_s);
+  EXPECT_EQ(view->username(), u"user"_s);
+  EXPECT_EQ(view->password(), u"wrong"_s);
+  EXPECT_TRUE(view->canConnect());
+  begin();
+  EXPECT_EQ(view->error(), QString());
+  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  transport.fail(QString(), std::make_exception_ptr(URLError(URLError::Code::unreachable)));
+  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  EXPECT_EQ(view->error(),
+            u"Unable to connect. Check your internet connection and provider details, then try "
+            "again."_s);
+}
+
+TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
+  type(u"user"_s, u"secret"_s);
+  view->connectAccount();
+  settle();
+  ASSERT_EQ(transport.open(config), 1);
+  view->close();
+  settle();
+  EXPECT_TRUE(transport.exchanges().back()->cancelled);
+  EXPECT_FALSE(app.showingConnect() || view->working());
+
+  app.setShowingConnect(true);
+  type(u"user"_s, u"secret"_s);
+  begin();
+  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  view.reset();
+  settle();
+  EXPECT_TRUE(transport.exchanges().back()->cancelled);
+  EXPECT_TRUE(eventually([&] { return !app.busy(); }));
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,252 @@
+#include <gtest/gtest.h>
+
+#include <QQmlAbstractUrlInterceptor>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QStyleHints>
+
+#include "support/awaited.h"
+#include "ui/window/window_place.h"
+#include "window_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/// What the window's frame does, and what works in the whole window.
+class WindowFrameTest : public test::WindowTest {
+ protected:
+  /// The visible text that is cut where it does not fit.
+  static const QQuickItem* elidedLabel(const QString& text, const QQuickItem* from) {
+    if (!from->isVisible()) return nullptr;
+    if (from->property("text") == text && from->property("elide").toInt() == Qt::ElideRight)
+      return from;
+    for (const QQuickItem* child : from->childItems())
+      if (const QQuickItem* found = elidedLabel(text, child)) return found;
+    return nullptr;
+  }
+  bool becomes(Qt::WindowState state) {
+    return QTest::qWaitFor([&] { return window->windowState() == state; });
+  }
+  Qt::CursorShape cursorAt(QPoint place) {
+    QTest::mouseMove(window, place);
+    QTest::qWait(50);
+    return window->cursor().shape();
+  }
+};
+
+TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoScreen) {
+  open();
+  QSignalSpy quits(views->menu(), &MenuCommands::quitRequested);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window->property("appeared").toBool(); }));
+  const auto work = [&](const char* sheet) {
+    SCOPED_TRACE(sheet);
+    QTest::qWait(50);
+    const QQuickItem* focused = window->activeFocusItem();
+    const int asked = filePanel.shown;
+    press(Qt::Key_O, Qt::ControlModifier);
+    test::settle();
+    EXPECT_EQ(filePanel.shown, asked + 1);
+    filePanel.choice.resolve(std::nullopt);
+    test::settle();
+    engine.takeCalls();
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quits.count(), 1);
+    quits.clear();
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(app->section(), u"live"_s) << "the screen behind stays";
+
+    EXPECT_EQ(cursorAt({window->width() - 2, 400}), Qt::SizeHorCursor);
+    EXPECT_EQ(cursorAt({400, window->height() - 2}), Qt::SizeVerCursor);
+    EXPECT_EQ(cursorAt({400, 400}), Qt::ArrowCursor);
+    for (const QPoint header :
+         {QPoint(500, 30), QPoint(80, 12), QPoint(window->width() - 250, 38)}) {
+      QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, header);
+      EXPECT_TRUE(becomes(Qt::WindowMaximized)) << header.x();
+      window->setWindowState(Qt::WindowNoState);
+      EXPECT_TRUE(becomes(Qt::WindowNoState));
+      QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    }
+    const auto pause = [] {
+      QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    };
+    pause();
+    const QPoint close(window->width() - 12 - 17, 38);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(36, 0));
+    EXPECT_TRUE(becomes(Qt::WindowMaximized));
+    pause();
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(36, 0));
+    EXPECT_TRUE(becomes(Qt::WindowNoState));
+    EXPECT_EQ(window->activeFocusItem(), focused);
+    pause();
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(72, 0));
+    EXPECT_TRUE(becomes(Qt::WindowMinimized));
+    window->showNormal();
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close);
+    EXPECT_FALSE(window->isVisible());
+    window->show();
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  };
+  app->setShowingConnect(true);
+  work("sign-in");
+  app->setShowingConnect(false);
+  app->setShowingSettings(true);
+  work("settings");
+}
+
+TEST_F(WindowFrameTest, ScrollBarsAtTheEdgeAreGrabbedInTheirWholeWidth) {
+  open();
+  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 60));
+  transport.always(categoryAction(LibraryKind::movies), "[]");
+  signIn(rows(LibraryKind::live, 1, 3));
+  press(Qt::Key_2, Qt::ControlModifier);
+  ASSERT_TRUE(test::eventually([&] { return app->items().size() == 60; }));
+  QTest::qWait(100);
+  QQuickItem* bar = find("atWindowEdge", true);
+  ASSERT_TRUE(bar);
+  const auto* handle = bar->property("contentItem").value<QQuickItem*>();
+  ASSERT_TRUE(handle);
+  ASSERT_GT(handle->width(), 4);
+  for (int x = -2; x < handle->width() + 2; ++x) {
+    const QPoint place = handle->mapToScene({x + 0.5, handle->height() / 2}).toPoint();
+    if (place.x() >= window->width() - 6) break;
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_TRUE(bar->property("pressed").toBool()) << x;
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_GE(x < 0 ? window->width() : window->width() - place.x(), 6);
+  }
+  const QPoint right = handle->mapToScene({handle->width(), 0}).toPoint();
+  EXPECT_LE(right.x(), window->width() - 6) << "the handle lies under the strip that resizes";
+}
+
+TEST_F(WindowFrameTest, AFileIsAskedForAgainAfterADialogThatDoesNotLoad) {
+  struct Broken final : QQmlAbstractUrlInterceptor {
+    QUrl intercept(const QUrl& url, DataType) override {
+      return url.fileName() == "MediaFileDialog.qml"_L1 ? QUrl(u"qrc:/none.qml"_s) : url;
+    }
+  } broken;
+  open();
+  qml->addUrlInterceptor(&broken);
+  for (int i = 0; i < 2; ++i) {
+    using File = std::optional<QUrl>;
+    EXPECT_EQ(test::awaited<File>(dialog.chooseMediaFile()), std::nullopt) << i;
+  }
+  messages.clear();
+}
+
+TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
+  const QStringList filters = DialogFilePanel::nameFilters();
+  ASSERT_EQ(filters.size(), 1);
+  const QStringList patterns = filters.first().section(u'(', 1).chopped(1).split(u' ');
+  const auto offered = [&](const QString& file) {
+    return std::any_of(patterns.begin(), patterns.end(), [&](const QString& pattern) {
+      return QRegularExpression::fromWildcard(pattern, Qt::CaseSensitive).match(file).hasMatch();
+    });
+  };
+  for (const char* extension :
+       {"mkv", "mp4", "m4v",  "mov", "avi",  "webm", "ts",  "m2ts", "mts", "mpg",  "mpeg", "vob",
+        "wmv", "asf", "flv",  "ogv", "3gp",  "3g2",  "mxf", "divx", "rm",  "rmvb", "mp3",  "m4a",
+        "m4b", "aac", "flac", "ogg", "opus", "wav",  "wma", "ac3",  "mka", "aiff", "aif",  "dts"})
+    for (const QString& file : {u"film."_s + QLatin1String(extension),
+                                u"FILM."_s + QString::fromLatin1(extension).toUpper()})
+      EXPECT_TRUE(offered(file)) << file.toStdString();
+  for (const QString& file : {u"letter.pdf"_s, u"picture.png"_s, u"mkv"_s, u"a.mkv.txt"_s})
+    EXPECT_FALSE(offered(file)) << file.toStdString();
+}
+
+TEST_F(WindowFrameTest, TheSizeStaysWhenAScreenChanges) {
+  open();
+  window->resize(1200, 760);
+  QTest::qWait(50);
+  Q_EMIT window->screen()->virtualGeometryChanged({});
+  QTest::qWait(50);
+  EXPECT_EQ(window->size(), QSize(1200, 760));
+}
+
+TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  ASSERT_EQ(screen.size(), QSize(1600, 1000));
+  const struct {
+    QStringList stored;
+    QRect expected;
+    bool placed = true;
+  } cases[] = {
+      {{}, {0, 0, 1320, 820}, false},
+      {{u"120"_s, u"90"_s, u"1150"_s, u"740"_s, QString()}, {120, 90, 1150, 740}},
+      {{u"900"_s, u"-50"_s, u"1150"_s, u"740"_s, QString()}, {450, 0, 1150, 740}},
+      {{u"0"_s, u"0"_s, u"9000"_s, u"9000"_s, QString()}, {0, 0, 1600, 1000}},
+      {{u"5000"_s, u"0"_s, u"1150"_s, u"740"_s, QString()}, {0, 0, 1150, 740}, false},
+      {{u"x"_s, u""_s, u"-5"_s, u"1e9"_s, QString()}, {0, 0, 1100, 720}, false},
+      {{u"1"_s}, {0, 0, 1320, 820}, false},
+  };
+  Preferences stored(home.filePath(u"window.ini"_s));
+  const auto make = [] {
+    auto made = std::make_unique<QWindow>();
+    made->setFlags(Qt::Window | Qt::FramelessWindowHint);
+    made->setMinimumSize({1100, 720});
+    made->resize(1320, 820);
+    return made;
+  };
+  for (const auto& [place, expected, placed] : cases) {
+    SCOPED_TRACE(place.join(u' ').toStdString());
+    stored.setTextList(u"windowPlace"_s, place);
+    const auto next = make();
+    const WindowPlace restored(*next, stored);
+    EXPECT_EQ(next->size(), expected.size());
+    if (placed) {
+      EXPECT_EQ(next->position(), expected.topLeft());
+    }
+  }
+  const QRect moved(70, 60, 1180, 730);
+  for (const bool maximized : {false, true}) {
+    {
+      const auto first = make();
+      const WindowPlace kept(*first, stored);
+      first->show();
+      ASSERT_TRUE(QTest::qWaitForWindowExposed(first.get()));
+      if (!maximized) first->setGeometry(moved);
+      if (maximized) first->setWindowState(Qt::WindowMaximized);
+      QTest::qWait(50);
+    }
+    const auto second = make();
+    const WindowPlace restored(*second, stored);
+    EXPECT_EQ(second->geometry(), moved);
+    EXPECT_EQ(second->windowState() == Qt::WindowMaximized, maximized);
+  }
+}
+
+TEST_F(WindowFrameTest, NamesStandLeftOnOneLineAndTheLogoIsThereAtOnce) {
+  open();
+  const QQuickItem* brand = nullptr;
+  for (const QQuickItem* image : window->findChildren<QQuickItem*>())
+    if (image->property("source").toUrl().fileName() == "brand.svg"_L1) brand = image;
+  ASSERT_TRUE(brand);
+  EXPECT_GT(brand->property("paintedWidth").toReal(), 0);
+  signIn(R"([{"stream_id":1,"name":"أخبار"},{"stream_id":2,"name":"One\nTwo"}])");
+  transport.always(action(LibraryKind::movies),
+                   R"([{"stream_id":1,"name":"חדשות"},{"stream_id":2,"name":"One\r\nTwo"}])");
+  transport.always(categoryAction(LibraryKind::movies), "[]");
+  for (const auto& [key, names] : {std::pair(Qt::Key_1, QStringList{u"أخبار"_s, u"One Two"_s}),
+                                   std::pair(Qt::Key_2, QStringList{u"חדשות"_s, u"One Two"_s})}) {
+    press(key, Qt::ControlModifier);
+    for (const QString& name : names) {
+      const QQuickItem* label = nullptr;
+      ASSERT_TRUE(QTest::qWaitFor([&] {
+        return (label = elidedLabel(name, window->contentItem()));
+      })) << name.toStdString();
+      // The artwork's stand-in has the name in its middle.
+      if (name != u"One Two"_s) {
+        EXPECT_EQ(label->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft))
+            << name.toStdString();
+      }
+      EXPECT_FALSE(label->property("truncated").toBool());
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vantor

@@ -1,0 +1,542 @@
+#include <gmock/gmock.h>
+
+#include <QtQml/qqmlextensionplugin.h>
+#include <QAccessible>
+#include <QQuickItem>
+#include <QRawFont>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "ui/player/persistent_video_overlay.h"
+#include "ui/style/style.h"
+#include "ui/style/symbols.h"
+#include "window_fixture.h"
+
+Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+using test::WindowTest;
+
+/// From every section to every section, with lists of every length on either side.
+TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
+  open();
+  const QStringList sections = {u"live"_s, u"movies"_s, u"shows"_s, u"favorites"_s, u"search"_s};
+  const auto go = [&](const QString& section) {
+    const auto key = sections.indexOf(section);
+    if (key < 3)
+      press(static_cast<Qt::Key>(Qt::Key_1 + key), Qt::ControlModifier);
+    else
+      views->shell()->navigate(section);
+    QTest::qWait(0);
+    EXPECT_EQ(app->section(), section);
+    EXPECT_EQ(static_cast<std::size_t>(views->items()->rowCount()), app->items().size());
+    press(Qt::Key_Down);
+  };
+  const auto walk = [&] {
+    // Every ordered pair of two sections, one after the other.
+    for (const char section : QByteArray("012340241303142043210")) go(sections[section - '0']);
+  };
+  const std::vector<std::pair<int, int>> lengths = {{60, 60}, {60, -1}, {1, 0},
+                                                    {0, 60},  {-1, 1},  {1, 60}};
+  for (const auto& [channels, movies] : lengths) {
+    SCOPED_TRACE(testing::Message() << channels << " channels, " << movies << " movies");
+    const auto provide = [&](LibraryKind kind, int count) {
+      transport.always(action(kind), count < 0 ? "no library" : rows(kind, 1, count));
+      transport.always(categoryAction(kind),
+                       R"([{"category_id":"0","category_name":"One"},
+                             {"category_id":"9","category_name":"None in it"}])");
+    };
+    provide(LibraryKind::live, channels);
+    provide(LibraryKind::movies, movies);
+    provide(LibraryKind::shows, movies / 2);
+    for (const QString& from : sections) {
+      go(from);
+      connectAccount(account);
+      transport.answer(QString(), acceptedSignIn());
+      ASSERT_TRUE(test::eventually([&] { return signInOver && app->loading().empty(); }));
+    }
+    walk();
+    ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+    walk();
+    for (const QString& section : {sections[0], sections[1]}) {
+      go(section);
+      app->setCategory(u"9"_s);
+      walk();
+      go(section);
+      app->setSearch(u"no such name"_s);
+      walk();
+    }
+    for (const LibraryKind kind : {LibraryKind::live, LibraryKind::movies})
+      if (const auto loaded = app->catalogs().find(kind);
+          loaded != app->catalogs().end() && loaded->second.size() > 0)
+        app->favorite(loaded->second.item(0));
+    go(sections[static_cast<int>(channels > 1) + 2]);
+    disconnectAccount();
+    ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+    walk();
+  }
+}
+
+/// A key that is held down comes once as itself and then again and again.
+TEST_F(WindowTest, OnlyMovementRepeats) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 20));
+  const auto hold = [&](Qt::Key key) {
+    for (const bool again : {false, true, true, true})
+      QTest::simulateEvent(window, true, key, Qt::NoModifier, QString(), again);
+    QTest::simulateEvent(window, false, key, Qt::NoModifier, QString(), false);
+    QTest::qWait(0);
+  };
+  hold(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:5"_s);
+  hold(Qt::Key_F10);
+  EXPECT_TRUE(find("startsMenu", true));
+  hold(Qt::Key_Escape);
+  QSignalSpy opened(&app->playback(), &Playback::loadingChanged);
+  hold(Qt::Key_Return);
+  EXPECT_EQ(app->playback().itemID(), u"live:5"_s);
+  EXPECT_EQ(opened.size(), 1);
+  app->setShowingSettings(true);
+  QTest::qWait(0);
+  hold(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s) << "one page at a time";
+  hold(Qt::Key_Escape);
+  EXPECT_TRUE(app->showingSettings());
+}
+
+/// After each of these the arrows act on the entries.
+TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
+  open();
+  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
+  transport.always(categoryAction(LibraryKind::movies),
+                   R"([{"category_id":"1","category_name":"One"}])");
+  signIn(rows(LibraryKind::live, 1, 20));
+  const auto expectMoves = [&](const char* after) {
+    QTest::qWait(0);
+    const QString before = selectedID();
+    press(Qt::Key_Down);
+    EXPECT_NE(selectedID(), before) << after;
+    EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
+  };
+  QQuickItem* group = find("name", u"Group"_s);
+  click(group);
+  press(Qt::Key_Return);
+  expectMoves("a group that was chosen by the pointer");
+  click(group);
+  press(Qt::Key_Escape);
+  expectMoves("groups of which none was chosen by the pointer");
+  group->forceActiveFocus(Qt::MouseFocusReason);
+  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  press(Qt::Key_Return);
+  const auto listIsOpen = [&] {
+    return group->property("popup").value<QObject*>()->property("visible").toBool();
+  };
+  EXPECT_FALSE(listIsOpen());
+  expectMoves("Return in the search field");
+  group->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyRelease(window, Qt::Key_Return);
+  EXPECT_FALSE(listIsOpen()) << "the key was pressed elsewhere";
+  press(Qt::Key_Return);
+  EXPECT_TRUE(QTest::qWaitFor(listIsOpen));
+  press(Qt::Key_Escape);
+  press(Qt::Key_Backtab, Qt::ShiftModifier);
+  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  press(Qt::Key_Return);
+  app->play(*app->selected());
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  QQuickItem* stop = find("help", u"Stop playback"_s);
+  ASSERT_TRUE(stop);
+  stop->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  expectMoves("stopping");
+  MediaItem sample;
+  sample.isExample = true;
+  app->play(sample);
+  QTest::qWait(0);
+  QQuickItem* dismiss = find("help", u"Dismiss"_s);
+  ASSERT_TRUE(dismiss);
+  dismiss->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  expectMoves("a notice that was dismissed");
+
+  press(Qt::Key_2, Qt::ControlModifier);
+  ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+  QQuickItem* rail = find("text", u"One"_s);
+  click(rail);
+  EXPECT_EQ(app->category(), u"1"_s);
+  QQuickItem* list = rail->parentItem()->parentItem();
+  list->forceActiveFocus(Qt::TabFocusReason);
+  EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
+  disconnectAccount();
+  ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+  press(Qt::Key_2, Qt::ControlModifier);
+  press(Qt::Key_Tab);
+  ASSERT_TRUE(window->activeFocusItem());
+  EXPECT_TRUE(window->activeFocusItem()->activeFocusOnTab()) << "an empty section has keys too";
+  press(Qt::Key_Escape);
+  EXPECT_EQ(app->section(), u"live"_s);
+}
+
+/// What was pressed is gone afterwards, or what had the keys was made anew.
+TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
+  open();
+  press(Qt::Key_2, Qt::ControlModifier);
+  const auto tabTo = [&](const QString& text) {
+    for (int i = 0; i < 60; ++i) {
+      if (QQuickItem* item = window->activeFocusItem(); item && item->property("text") == text)
+        return item;
+      press(Qt::Key_Tab);
+    }
+    ADD_FAILURE() << text.toStdString() << " is not reached";
+    return window->contentItem();
+  };
+  const auto expectMoves = [&](const char* after) {
+    QTest::qWait(0);
+    const QString before = selectedID();
+    press(Qt::Key_Down);
+    EXPECT_NE(selectedID(), before) << after;
+  };
+  tabTo(u"Connect provider"_s);
+  press(Qt::Key_Return);
+  ASSERT_TRUE(views->connectView()->shown());
+  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
+  transport.always(categoryAction(LibraryKind::movies), "[]");
+  signIn(rows(LibraryKind::live, 1, 20));
+  ASSERT_FALSE(views->connectView()->shown());
+  expectMoves("the button of an empty section, and a sign-in");
+
+  press(Qt::Key_1, Qt::ControlModifier);
+  for (const QString& way : {u"Retry"_s, u"Close"_s}) {
+    engine.now = {};
+    press(Qt::Key_Return);
+    test::settle();
+    engine.now.state = EngineState::error;
+    clock.advance(250ms);
+    QTest::qWait(0);
+    tabTo(way);
+    press(Qt::Key_Return);
+    expectMoves(qUtf8Printable(way));
+  }
+  engine.now = {};
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  press(Qt::Key_Return);
+  test::settle();
+  clock.advance(250ms);
+  engine.takeCalls();
+  press(Qt::Key_Space, Qt::ControlModifier);
+  press(Qt::Key_Space, Qt::AltModifier);
+  EXPECT_EQ(engine.takeCalls(), QStringList()) << "the key is Space alone";
+
+  QQuickItem* search = tabTo(u"Search"_s);
+  press(Qt::Key_Up);
+  EXPECT_EQ(window->activeFocusItem(), search) << "nothing is above the first section";
+
+  press(Qt::Key_Comma, Qt::ControlModifier);
+  for (const QString& back : {u"Done"_s, u"Back"_s}) {
+    tabTo(back);
+    press(Qt::Key_Down);
+    EXPECT_NE(window->activeFocusItem()->property("text"), back);
+    if (back == u"Done"_s) press(Qt::Key_Return);
+  }
+  ASSERT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  press(Qt::Key_Down);
+  const QString row = window->activeFocusItem()->property("title").toString();
+  ASSERT_NE(row, QString());
+  Q_EMIT views->settingsView()->blocksChanged();
+  QTest::qWait(0);
+  EXPECT_EQ(window->activeFocusItem()->property("title"), row) << "the server changed";
+}
+
+TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
+  open();
+  transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 2));
+  transport.always(categoryAction(LibraryKind::shows), "[]");
+  signIn(rows(LibraryKind::live, 1, 2));
+  press(Qt::Key_3, Qt::ControlModifier);
+  ASSERT_TRUE(test::eventually([&] { return app->loading().empty() && !app->items().empty(); }));
+  press(Qt::Key_Return);
+  ASSERT_TRUE(test::eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
+  transport.answer(u"get_series_info"_s, R"({"episodes":{"1":[
+      {"id":"11","title":"One","season":1,"episode_num":1},
+      {"id":"12","title":"Two","season":1,"episode_num":2},
+      {"id":"13","title":"Three","season":1,"episode_num":3}]}})");
+  ASSERT_TRUE(test::eventually([&] { return app->episodes().size() == 3; }));
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  app->playback().setExpanded(true);
+  QTest::qWait(0);
+  press(Qt::Key_Escape);
+  ASSERT_FALSE(app->playback().expanded());
+  // The list gives the focus on to its row.
+  const auto place = [&] {
+    const QQuickItem* row = window->activeFocusItem();
+    return row ? row->parentItem()->parentItem()->property("currentIndex").toInt() : -1;
+  };
+  EXPECT_EQ(place(), 1);
+  press(Qt::Key_Up);
+  EXPECT_EQ(place(), 0);
+}
+
+TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  EXPECT_EQ(window->title(), u"Vantor Player"_s);
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:3"_s);
+  press(Qt::Key_Left);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(selectedID(), u"live:3"_s);
+  press(Qt::Key_PageUp);
+  EXPECT_EQ(selectedID(), u"live:1"_s);
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+}
+
+TEST_F(WindowTest, ADoubleClickPlaysTheRowUnderThePointer) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  QQuickItem* row = nullptr;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 3"_s)) != nullptr; }));
+  const auto doubleClick = [&](qreal y) {
+    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
+                       row->mapToScene({row->width() / 2, y}).toPoint());
+    QTest::qWait(0);
+  };
+  doubleClick(3 * row->height());
+  EXPECT_EQ(app->playback().itemID(), std::nullopt);
+  doubleClick(row->height() / 2);
+  EXPECT_EQ(app->playback().itemID(), u"live:3"_s);
+}
+
+TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 200));
+  app->select(app->items().item(100));
+  QQuickItem* row = nullptr;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 101"_s)) != nullptr; }));
+  const auto* list = row->parentItem()->parentItem();
+  const double middle = row->mapToItem(list, row->boundingRect().center()).y();
+  EXPECT_NEAR(middle, list->height() / 2, 2);
+}
+
+TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 3));
+  const QQuickItem* before = window->activeFocusItem();
+  const QQuickItem* shell = before;
+  while (shell->parentItem() && shell->objectName() != u"shell"_s) shell = shell->parentItem();
+  press(Qt::Key_K, Qt::ControlModifier);
+  ASSERT_TRUE(app->showingConnect());
+  // The user name is filled in, so the password is next.
+  type(u"a b"_s);
+  EXPECT_EQ(views->connectView()->password(), u"a b"_s);
+  for (int i = 0; i < 12; ++i) {
+    press(Qt::Key_Tab, i < 6 ? Qt::NoModifier : Qt::ShiftModifier);
+    EXPECT_FALSE(focusIsIn(shell)) << "after Tab " << i;
+  }
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), QString());
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->showingConnect());
+  EXPECT_EQ(window->activeFocusItem(), before);
+}
+
+TEST_F(WindowTest, SignsInWithKeysAlone) {
+  open();
+  app->setShowingConnect(true);
+  QTest::qWait(0);
+  type(u"user"_s);
+  press(Qt::Key_Return);
+  EXPECT_FALSE(views->connectView()->working());
+  press(Qt::Key_Tab);
+  type(u"secret"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->connectView()->username(), u"user"_s);
+  EXPECT_EQ(views->connectView()->password(), u"secret"_s);
+  EXPECT_TRUE(views->connectView()->working());
+}
+
+void readAll(QAccessibleInterface* node, QStringList& texts) {
+  if (!node) return;
+  for (const auto kind : {QAccessible::Name, QAccessible::Value, QAccessible::Description})
+    texts.append(node->text(kind));
+  if (auto* text = node->textInterface()) texts.append(text->text(0, text->characterCount()));
+  for (int i = 0; i < node->childCount(); ++i) readAll(node->child(i), texts);
+}
+
+TEST_F(WindowTest, AssistiveProgramsReadTheTextsButNotThePassword) {
+  QAccessible::setActive(true);
+  open();
+  app->setShowingConnect(true);
+  QTest::qWait(0);
+  type(u"visible"_s);
+  press(Qt::Key_Tab);
+  type(u"topsecret"_s);
+  ASSERT_EQ(views->connectView()->password(), u"topsecret"_s);
+  QStringList texts;
+  readAll(QAccessible::queryAccessibleInterface(window), texts);
+  EXPECT_THAT(texts, ::testing::Contains(u"visible"_s));
+  EXPECT_THAT(texts, ::testing::Contains(u"Password"_s));
+  EXPECT_THAT(texts, ::testing::Contains(u"Connect"_s));
+  for (const QString& text : texts)
+    EXPECT_FALSE(text.contains(u"topsecret"_s)) << text.toStdString();
+}
+
+TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
+  open({u"--demo"_s});
+  click(find("text", u"Search"_s));
+  type(u"the n"_s);
+  EXPECT_EQ(app->search(), u"the n"_s);
+  EXPECT_EQ(app->items().size(), 1u);
+  press(Qt::Key_Return);
+  press(Qt::Key_Return);
+  EXPECT_EQ(selectedID(), u"movies:example-4"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(app->section(), u"live"_s);
+}
+
+TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
+  open({u"--demo"_s});
+  QStringList reached;
+  const QQuickItem* first = window->activeFocusItem();
+  for (int i = 0; i < 60; ++i) {
+    press(Qt::Key_Tab);
+    QQuickItem* item = window->activeFocusItem();
+    ASSERT_TRUE(item);
+    if (item == first) break;
+    const QString help = item->property("help").toString();
+    reached.append(help.isEmpty() ? item->property("text").toString() : help);
+    if (reached.last() == u"Movies"_s) press(Qt::Key_Space);
+    if (app->section() == u"movies"_s) break;
+  }
+  EXPECT_EQ(app->section(), u"movies"_s);
+  // Entering a section gives the keys to its list.
+  press(Qt::Key_Right);
+  EXPECT_EQ(selectedID(), u"movies:example-1"_s);
+  const auto inRail = [&] { return window->activeFocusItem()->property("keyRow").isValid(); };
+  for (int i = 0; i < 10 && !inRail(); ++i) press(Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(inRail());
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->category(), u"2"_s);
+}
+
+TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
+  open({u"--demo"_s});
+  const QQuickItem* before = window->activeFocusItem();
+  press(Qt::Key_F10);
+  QQuickItem* first = find("startsMenu", true);
+  ASSERT_TRUE(first);
+  EXPECT_TRUE(first->property("highlighted").toBool());
+  press(Qt::Key_Escape);
+  EXPECT_EQ(window->activeFocusItem(), before);
+  EXPECT_FALSE(find("keysText", u"Ctrl+3"_s));
+  EXPECT_EQ(app->section(), u"live"_s);
+  press(Qt::Key_F10);
+  click(find("keysText", u"Ctrl+3"_s));
+  EXPECT_EQ(app->section(), u"shows"_s);
+  press(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(app->section(), u"movies"_s);
+}
+
+TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
+  open();
+  press(Qt::Key_Comma, Qt::ControlModifier);
+  ASSERT_TRUE(app->showingSettings());
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playback"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(views->settingsView()->page(), u"Settings"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  press(Qt::Key_Up);
+  press(Qt::Key_Up);
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->showingSettings());
+}
+
+void expectDrawnIcons(const QQuickItem* item, const QRawFont& font, int& seen) {
+  const QString symbol = item->property("symbol").toString();
+  if (!symbol.isEmpty()) {
+    ++seen;
+    const QString drawn = glyph(symbol);
+    EXPECT_TRUE(drawn.size() == 1 && font.supportsCharacter(drawn.front())) << symbol.toStdString();
+  }
+  for (const QQuickItem* child : item->childItems()) expectDrawnIcons(child, font, seen);
+}
+
+TEST_F(WindowTest, EveryIconIsInTheIconFont) {
+  open();
+  const QRawFont font = QRawFont::fromFont(Style().iconFont(20));
+  int seen = 0;
+  expectDrawnIcons(window->contentItem(), font, seen);
+  EXPECT_GT(seen, 25);
+}
+
+TEST_F(WindowTest, SpaceInTheExpandedPlayerPauses) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 1));
+  press(Qt::Key_Return);
+  test::settle();
+  engine.now.state = EngineState::playing;
+  engine.now.decodedVideo = 1;
+  clock.advance(250ms);
+  app->playback().setExpanded(true);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+  press(Qt::Key_Tab);
+  QQuickItem* back = find("text", u"Back to browsing"_s);
+  for (int i = 0; i < 20 && window->activeFocusItem() != back; ++i) press(Qt::Key_Tab);
+  press(Qt::Key_Space);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
+}
+
+TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 1));
+  const auto* overlay = window->findChild<PersistentVideoOverlay*>();
+  ASSERT_TRUE(overlay);
+  const auto covers = [&] {
+    const QQuickItem* area = overlay->area();
+    return area && overlay->width() > 0 && area->size() == overlay->size() &&
+           area->mapToScene({}) == overlay->mapToScene({});
+  };
+  EXPECT_TRUE(QTest::qWaitFor(covers));
+  const QSizeF small = overlay->size();
+  EXPECT_EQ(small.width(), 355);
+  press(Qt::Key_Return);
+  app->playback().setExpanded(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return covers() && overlay->width() > 2 * small.width(); }));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return covers() && overlay->size() == small; }));
+  press(Qt::Key_Down);
+  EXPECT_EQ(selectedID(), u"live:1"_s);
+}
+
+}  // namespace
+}  // namespace vantor
