@@ -72,12 +72,12 @@ void Stage::submitSignIn() {
 void Stage::signIn() {
   submitSignIn();
   until("the signed-in program", [&] { return !views().connectView()->shown(); });
-  until("the library", [&] { return !views().statusLine()->loading(); });
+  until("the library", [&] { return !views().statusView()->loading(); });
 }
 
 void Stage::show(const QString& section) {
   views().shell()->navigate(section);
-  until("the entries", [&] { return !views().statusLine()->loading(); });
+  until("the entries", [&] { return !views().statusView()->loading(); });
   settle();
 }
 

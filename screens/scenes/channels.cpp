@@ -14,10 +14,10 @@ void channelGuide(Album& album) {
     stage.settle();
     stage.shot(u"channels-loading"_s, u"The channels are being loaded"_s);
     stage.provider().release("get_live_streams");
-    stage.until("the channels", [&] { return !stage.views().statusLine()->loading(); });
+    stage.until("the channels", [&] { return !stage.views().statusView()->loading(); });
     stage.provider().setFault("get_live_streams", sim::Fault::status500);
     stage.views().shell()->refresh();
-    stage.until("the failure", [&] { return !stage.views().statusLine()->error().isEmpty(); });
+    stage.until("the failure", [&] { return !stage.views().statusView()->error().isEmpty(); });
     stage.settle();
     stage.shot(u"channels-failed"_s, u"A refresh failed; the channels stay"_s);
   }

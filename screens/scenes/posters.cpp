@@ -15,7 +15,7 @@ void posters(Album& album) {
     stage.settle();
     stage.shot(u"movies-loading"_s, u"The movies are being loaded"_s);
     stage.provider().release("get_vod_streams");
-    stage.until("the movies", [&] { return !stage.views().statusLine()->loading(); });
+    stage.until("the movies", [&] { return !stage.views().statusView()->loading(); });
     stage.settle();
     stage.settle();
     stage.shot(u"movies"_s, u"80,000 movies, the first one presented"_s);

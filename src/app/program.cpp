@@ -52,7 +52,7 @@ Program::Program(const LaunchArguments& launch)
     delegate_.applicationShouldTerminate();
   };
   connect(&signals_, &TerminationSignals::received, this, quit);
-  connect(views_.menu(), &MenuCommands::quitRequested, this, quit);
+  connect(views_.commands(), &Commands::quitRequested, this, quit);
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, quit);
   connect(&delegate_, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
 }
@@ -85,12 +85,12 @@ void Program::makeWindow() {
 
 void Program::startUp() {
   delegate_.setPlayback(&model_.playback());
-  if (model_.startingUp())
-    connect(&model_, &AppModel::startingUpChanged, this, &Program::offerSignIn);
+  if (model_.session().startingUp())
+    connect(&model_.session(), &Session::startingUpChanged, this, &Program::offerSignIn);
   else
     offerSignIn();
-  connect(&model_, &AppModel::startingUpChanged, this, &Program::showWindowWhenReady);
-  connect(&model_, &AppModel::itemsChanged, this, &Program::showWindowWhenReady);
+  connect(&model_.session(), &Session::startingUpChanged, this, &Program::showWindowWhenReady);
+  connect(&model_.browsing(), &Browsing::itemsChanged, this, &Program::showWindowWhenReady);
   QTimer::singleShot(kLongestWaitForLibrary, this, &Program::showWindow);
   showWindowWhenReady();
   if (!launch_.smokeTest) return;
@@ -104,8 +104,8 @@ void Program::startUp() {
 }
 
 void Program::showWindowWhenReady() {
-  if (model_.startingUp()) return;
-  if (!model_.account() || model_.items().size() > 0) showWindow();
+  if (model_.session().startingUp()) return;
+  if (!model_.session().account() || model_.browsing().items().size() > 0) showWindow();
 }
 
 void Program::showWindow() {
@@ -127,7 +127,7 @@ void Program::showWindow() {
 }
 
 void Program::offerSignIn() {
-  if (!model_.account() && !model_.demo()) model_.setShowingConnect(true);
+  if (!model_.session().account() && !model_.session().demo()) model_.setShowingConnect(true);
 }
 
 }  // namespace vantor

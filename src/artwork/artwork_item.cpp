@@ -52,10 +52,6 @@ ArtworkItem::ArtworkItem(QQuickItem* parent) : QQuickItem(parent) {
   connect(this, &ArtworkItem::gradientChanged, this, &ArtworkItem::update);
 }
 
-ArtworkItem::~ArtworkItem() {
-  task_.cancel();
-}
-
 void ArtworkItem::setStore(ArtworkStore* store) {
   if (store_ == store) return;
   store_ = store;
@@ -93,7 +89,6 @@ void ArtworkItem::geometryChange(const QRectF& now, const QRectF& before) {
 }
 
 void ArtworkItem::restart() {
-  task_.cancel();
   task_ = {};
   // Whoever has its picture in memory shows it in this very frame.
   setImage(store_ ? store_->cached(source_) : QImage());
@@ -103,7 +98,6 @@ void ArtworkItem::restart() {
 void ArtworkItem::continueOrStop() {
   if (!isComponentComplete()) return;
   if (!active_ || !isVisible()) {
-    task_.cancel();
     task_ = {};
     return;
   }

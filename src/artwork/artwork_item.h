@@ -25,7 +25,6 @@ class ArtworkItem : public QQuickItem {
 
  public:
   explicit ArtworkItem(QQuickItem* parent = nullptr);
-  ~ArtworkItem() override;
 
   ArtworkStore* store() const { return store_; }
   void setStore(ArtworkStore* store);

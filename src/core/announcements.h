@@ -1,30 +1,28 @@
 #pragma once
 
-#include <QPointer>
 #include <QString>
-#include <algorithm>
-#include <bitset>
-#include <span>
+#include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
 namespace vantor {
 
-/// Tells of an object's changes once they are whole.
+/// Tells of the changes of several objects once they are whole.
 ///
 /// Within a scope changes are only noted; the end of the outermost scope emits each signal once, in
-/// the one order that the object gives, then those that name a key, then `settled`. What a listener
-/// changes meanwhile follows in a round of its own, so that no listener hears of things out of
-/// order. Main thread only.
-template <class Object>
+/// the order in which they were added, then calls `settled`. What a listener changes meanwhile
+/// follows in a round of its own, so that no listener hears of things out of order. Main thread
+/// only; a listener may destroy all of it.
 class Announcements {
  public:
-  using Signal = void (Object::*)();
-  using KeyedSignal = void (Object::*)(const QString&);
+  using Signal = std::function<void(const QString& key)>;
 
-  Announcements(Object& object, std::span<const Signal> order, Signal settled)
-      : object_(object), order_(order), settled_(settled) {}
+  explicit Announcements(std::function<void()> settled) : settled_(std::move(settled)) {}
+  Announcements(const Announcements&) = delete;
+  Announcements& operator=(const Announcements&) = delete;
 
+  /// Around everything that changes more than one field.
   class Scope {
    public:
     explicit Scope(Announcements& announcements) : announcements_(announcements) {
@@ -40,45 +38,61 @@ class Announcements {
     Announcements& announcements_;
   };
 
-  /// Notes a change within a scope. The signal is one of the order.
-  void note(Signal signal) {
-    const auto at = std::find(order_.begin(), order_.end(), signal);
-    Q_ASSERT(depth_ > 0 && at != order_.end());
-    noted_.set(static_cast<std::size_t>(at - order_.begin()));
-  }
-  void note(KeyedSignal signal, const QString& key) {
-    Q_ASSERT(depth_ > 0);
-    const auto change = std::pair(signal, key);
-    if (std::find(keyed_.begin(), keyed_.end(), change) == keyed_.end()) keyed_.push_back(change);
+  /// Adds a signal behind the others; the number by which it is noted.
+  std::size_t add(Signal signal);
+  /// Notes a change within a scope; a key names which one of many differs.
+  void note(std::size_t number, const QString& key = {});
+
+ private:
+  void announce();
+
+  const std::function<void()> settled_;
+  const std::shared_ptr<char> life_ = std::make_shared<char>();
+  std::vector<Signal> signals_;
+  std::vector<std::pair<std::size_t, QString>> noted_;
+  int depth_ = 0;
+  bool announcing_ = false;
+};
+
+/// A signal of an object that is emitted when the change is whole.
+class Announcement {
+ public:
+  template <class Owner>
+  Announcement(Announcements& all, Owner& owner, void (Owner::*changed)())
+      : all_(all), number_(all.add([&owner, changed](const QString&) { (owner.*changed)(); })) {}
+  template <class Owner>
+  Announcement(Announcements& all, Owner& owner, void (Owner::*changed)(const QString&))
+      : all_(all),
+        number_(all.add([&owner, changed](const QString& key) { (owner.*changed)(key); })) {}
+
+  void note(const QString& key = {}) {
+    const Announcements::Scope scope(all_);
+    all_.note(number_, key);
   }
 
  private:
-  static constexpr std::size_t capacity = 32;
+  Announcements& all_;
+  const std::size_t number_;
+};
 
-  void announce() {
-    if (announcing_) return;
-    const QPointer<Object> alive(&object_);
-    announcing_ = true;
-    while (noted_.any() || !keyed_.empty()) {
-      const auto noted = std::exchange(noted_, {});
-      const auto keyed = std::exchange(keyed_, {});
-      for (std::size_t i = 0; i < order_.size() && alive; ++i)
-        if (noted[i]) Q_EMIT(object_.*order_[i])();
-      for (const auto& [signal, key] : keyed)
-        if (alive) Q_EMIT(object_.*signal)(key);
-      if (alive) Q_EMIT(object_.*settled_)();
-      if (!alive) return;
-    }
-    announcing_ = false;
+/// A field with its signal, which comes when the value differs.
+template <class T>
+class Announced {
+ public:
+  template <class Owner>
+  Announced(Announcements& all, Owner& owner, void (Owner::*changed)(), T value = T())
+      : changed_(all, owner, changed), value_(std::move(value)) {}
+
+  const T& get() const { return value_; }
+  void set(T value) {
+    if (value_ == value) return;
+    value_ = std::move(value);
+    changed_.note();
   }
 
-  Object& object_;
-  const std::span<const Signal> order_;
-  const Signal settled_;
-  int depth_ = 0;
-  bool announcing_ = false;
-  std::bitset<capacity> noted_;
-  std::vector<std::pair<KeyedSignal, QString>> keyed_;
+ private:
+  Announcement changed_;
+  T value_;
 };
 
 }  // namespace vantor

@@ -1,49 +1,31 @@
 #include "core/app_model.h"
 
-#include <array>
-
 #include "playback/playback.h"
-#include "provider/guide_loader.h"
-#include "storage/catalog_disk_store.h"
 
 namespace vantor {
-
-namespace {
-
-constexpr std::array announcementOrder = {&AppModel::startingUpChanged,
-                                          &AppModel::restoringLibraryChanged,
-                                          &AppModel::accountChanged,
-                                          &AppModel::demoChanged,
-                                          &AppModel::detailsChanged,
-                                          &AppModel::loadingChanged,
-                                          &AppModel::errorsChanged,
-                                          &AppModel::favoritesChanged,
-                                          &AppModel::sectionChanged,
-                                          &AppModel::categoryChanged,
-                                          &AppModel::searchChanged,
-                                          &AppModel::catalogsChanged,
-                                          &AppModel::itemsChanged,
-                                          &AppModel::selectedChanged,
-                                          &AppModel::browseAnchorsChanged,
-                                          &AppModel::showingEpisodesChanged,
-                                          &AppModel::episodeSeasonChanged,
-                                          &AppModel::episodesChanged,
-                                          &AppModel::guideChanged,
-                                          &AppModel::detailsErrorChanged,
-                                          &AppModel::detailsLoadingChanged,
-                                          &AppModel::noticeChanged,
-                                          &AppModel::showingConnectChanged,
-                                          &AppModel::showingSettingsChanged,
-                                          &AppModel::busyChanged};
-
-}  // namespace
 
 AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
     : services_(std::move(services)),
       playback_(std::move(playback)),
-      announcements_(*this, announcementOrder, &AppModel::settled) {
+      announcements_([this] { Q_EMIT settled(); }),
+      session_(services_, announcements_),
+      libraries_(services_, announcements_, session_,
+                 {.changed = [this] { browsing_.itemsDiffer(); },
+                  .arrived =
+                      [this](LibraryKind kind) {
+                        if (browsing_.kind() == kind && !browsing_.selected()) selectRemembered();
+                      },
+                  .notice = [this](const QString& text) { notice_.set(text); }}),
+      record_(services_.preferences, announcements_, session_,
+              [this] { browsing_.favoritesDiffer(); }),
+      browsing_(announcements_, libraries_, record_),
+      guide_(services_, announcements_, session_, [this] { details_.clearError(); }),
+      details_(services_, announcements_, session_, guide_),
+      notice_(announcements_, *this, &AppModel::noticeChanged),
+      showingConnect_(announcements_, *this, &AppModel::showingConnectChanged),
+      showingSettings_(announcements_, *this, &AppModel::showingSettingsChanged) {
   playback_->onProgress = [this](const QString& id, double seconds, double duration) {
-    storeProgress(id, seconds, duration);
+    if (!playback_->isLocal()) record_.storeProgress(id, seconds, duration);
   };
   if (services_.launch.demo) explore();
   if (!services_.launch.isolated) beginStartUp();
@@ -51,36 +33,56 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
 
 AppModel::~AppModel() {
   startUpReading_.request_stop();
-  startUpTask_.cancel();
-  filePanelTask_.cancel();
-  detailTask_.cancel();
-  for (Job& task : guideTasks_) task.cancel();
-  for (auto& [kind, task] : tasks_) task.cancel();
-  for (const Pending<Done>& waiting : untilIdle_) waiting.resolve({});
 }
 
-void AppModel::setNotice(std::optional<QString> notice) {
-  assign(notice_, std::move(notice), &AppModel::noticeChanged);
+void AppModel::leaveWorld() {
+  const Announcements::Scope scope(announcements_);
+  session_.enterNewWorld();
+  libraries_.forget();
+  guide_.forget();
+  details_.forget();
+  browsing_.reset();
+  record_.forget();
+  session_.setAccount(std::nullopt);
+  session_.setDemo(false);
 }
 
-void AppModel::setShowingConnect(bool showing) {
-  assign(showingConnect_, showing, &AppModel::showingConnectChanged);
+void AppModel::navigate(const QString& section) {
+  if (section == browsing_.section()) return;
+  const Announcements::Scope scope(announcements_);
+  browsing_.enter(section);
+  details_.clear();
+  if (const auto kind = browsing_.kind()) load(*kind, false);
+  if (isCrossLibrary(section))
+    for (const LibraryKind kind : allLibraryKinds) load(kind, false);
+  selectRemembered();
 }
 
-void AppModel::setShowingSettings(bool showing) {
-  assign(showingSettings_, showing, &AppModel::showingSettingsChanged);
+void AppModel::selectRemembered() {
+  if (const std::optional<MediaItem> item = browsing_.remembered()) select(*item);
 }
 
-void AppModel::enterNewWorld() {
-  const Operation operation(announcements_);
-  for (auto& [kind, task] : tasks_) task.cancel();
-  tasks_.clear();
-  liveCopy_.reset();
-  detailTask_.cancel();
-  forgetGuides();
-  episodeCache_.clear();
-  assign(restoringLibrary_, false, &AppModel::restoringLibraryChanged);
-  generation_ = QUuid::createUuid();
+void AppModel::setCategory(const QString& id) {
+  const Announcements::Scope scope(announcements_);
+  browsing_.choose(id);
+  if (!browsing_.items().empty()) select(browsing_.items().item(0));
+}
+
+void AppModel::select(MediaItem item) {
+  const Announcements::Scope scope(announcements_);
+  browsing_.setSelected(item);
+  details_.start(item);
+}
+
+void AppModel::favorite(MediaItem item) {
+  record_.toggle(item.id);
+}
+
+void AppModel::refreshGuide() {
+  const Announcements::Scope scope(announcements_);
+  guide_.forget();
+  const std::optional<MediaItem> selected = browsing_.selected();
+  if (selected && selected->kind == LibraryKind::live) select(*selected);
 }
 
 }  // namespace vantor

@@ -1,5 +1,5 @@
-// Which list of entries is shown: section, category, search and selection.
-#include "core/app_model.h"
+#include "core/browsing.h"
+
 #include "provider/folded_text.h"
 
 namespace vantor {
@@ -8,157 +8,120 @@ namespace {
 const QString favoritesSection = QStringLiteral("favorites");
 const QString searchSection = QStringLiteral("search");
 
+}  // namespace
+
 bool isCrossLibrary(const QString& section) {
   return section == favoritesSection || section == searchSection;
 }
 
-}  // namespace
+Browsing::Browsing(Announcements& announcements, const Libraries& libraries,
+                   const WatchRecord& record)
+    : announcements_(announcements),
+      libraries_(libraries),
+      record_(record),
+      section_(announcements, *this, &Browsing::sectionChanged, rawValue(LibraryKind::live)),
+      category_(announcements, *this, &Browsing::categoryChanged),
+      search_(announcements, *this, &Browsing::searchChanged),
+      itemsDiffer_(announcements, *this, &Browsing::itemsChanged),
+      selected_(announcements, *this, &Browsing::selectedChanged),
+      showingEpisodes_(announcements, *this, &Browsing::showingEpisodesChanged),
+      episodeSeason_(announcements, *this, &Browsing::episodeSeasonChanged) {}
 
-Catalog AppModel::catalog() const {
+Catalog Browsing::catalog() const {
   const auto library = kind();
-  if (!library) return Catalog::empty();
-  const auto loaded = catalogs_.find(*library);
-  return loaded == catalogs_.end() ? Catalog::empty() : loaded->second;
+  return library ? libraries_.catalog(*library) : Catalog::empty();
 }
 
-std::shared_ptr<const ItemList> AppModel::sharedItems() const {
+std::shared_ptr<const ItemList> Browsing::sharedItems() const {
   if (!items_) items_ = std::make_shared<const ItemList>(makeItems());
   return items_;
 }
 
-void AppModel::itemsDiffer() {
-  items_.reset();
-  announcements_.note(&AppModel::itemsChanged);
-}
-
-void AppModel::setCatalogs(std::map<LibraryKind, Catalog> catalogs) {
-  if (catalogs_.empty() && catalogs.empty()) return;
-  const Operation operation(announcements_);
-  catalogs_ = std::move(catalogs);
-  announcements_.note(&AppModel::catalogsChanged);
-  itemsDiffer();
-}
-
-void AppModel::setFavorites(QSet<QString> favorites) {
-  if (favorites_ == favorites) return;
-  const Operation operation(announcements_);
-  assign(favorites_, std::move(favorites), &AppModel::favoritesChanged);
-  if (section_ == favoritesSection) itemsDiffer();
-}
-
-void AppModel::setFilter(const QString& section, const QString& category, const QString& search) {
-  if (section_ == section && category_ == category && search_ == search) return;
-  const Operation operation(announcements_);
-  assign(section_, section, &AppModel::sectionChanged);
-  assign(category_, category, &AppModel::categoryChanged);
-  assign(search_, search, &AppModel::searchChanged);
-  itemsDiffer();
-}
-
-ItemList AppModel::makeItems() const {
+ItemList Browsing::makeItems() const {
   ItemList list;
-  const CatalogFilter filter{category_, folded(search_.toStdString())};
-  for (const auto& [library, loaded] : catalogs_)
-    if (isCrossLibrary(section_) || library == kind()) list.append(library, loaded, filter);
-  if (section_ == favoritesSection)
-    list.keepOnly(std::vector<QString>(favorites_.begin(), favorites_.end()));
+  const CatalogFilter filter{category(), folded(search().toStdString())};
+  for (const auto& [library, loaded] : libraries_.catalogs())
+    if (isCrossLibrary(section()) || library == kind()) list.append(library, loaded, filter);
+  if (section() == favoritesSection)
+    list.keepOnly(std::vector<QString>(record_.favorites().begin(), record_.favorites().end()));
   return list;
 }
 
-void AppModel::setSearch(const QString& search) {
-  setFilter(section_, category_, search);
+void Browsing::itemsDiffer() {
+  items_.reset();
+  itemsDiffer_.note();
 }
 
-void AppModel::setSelected(std::optional<MediaItem> item) {
-  if (selected_ == item) return;
-  const Operation operation(announcements_);
-  assign(selected_, std::move(item), &AppModel::selectedChanged);
+void Browsing::favoritesDiffer() {
+  if (section() == favoritesSection) itemsDiffer();
+}
+
+void Browsing::setFilter(const QString& section, const QString& category, const QString& search) {
+  if (section_.get() == section && category_.get() == category && search_.get() == search) return;
+  const Announcements::Scope scope(announcements_);
+  section_.set(section);
+  category_.set(category);
+  search_.set(search);
+  itemsDiffer();
+}
+
+void Browsing::setSearch(const QString& search) {
+  setFilter(section(), category(), search);
+}
+
+void Browsing::choose(const QString& category) {
+  browseAnchors_.remove(section());
+  setFilter(section(), category, search());
+}
+
+void Browsing::setSelected(std::optional<MediaItem> item) {
+  if (selected_.get() == item) return;
+  const Announcements::Scope scope(announcements_);
+  selected_.set(std::move(item));
   setEpisodeSeason(0);
 }
 
-void AppModel::setShowingEpisodes(bool showing) {
-  assign(showingEpisodes_, showing, &AppModel::showingEpisodesChanged);
-}
-
-void AppModel::setEpisodeSeason(int season) {
-  assign(episodeSeason_, season, &AppModel::episodeSeasonChanged);
-}
-
-std::optional<QString> AppModel::browseAnchor(const QString& section) const {
+std::optional<QString> Browsing::browseAnchor(const QString& section) const {
   const auto anchor = browseAnchors_.find(section);
   if (anchor == browseAnchors_.end()) return std::nullopt;
   return *anchor;
 }
 
-void AppModel::setBrowseAnchor(const QString& section, const QString& id) {
-  QHash<QString, QString> anchors = browseAnchors_;
-  anchors.insert(section, id);
-  assign(browseAnchors_, std::move(anchors), &AppModel::browseAnchorsChanged);
+void Browsing::setBrowseAnchor(const QString& section, const QString& id) {
+  browseAnchors_.insert(section, id);
 }
 
-void AppModel::navigate(const QString& target) {
-  if (target == section_) return;
-  const Operation operation(announcements_);
-  BrowsePosition left{category_, search_, std::nullopt, browseAnchor(section_)};
-  if (selected_) left.selectedID = selected_->id;
-  positions_[section_] = left;
+void Browsing::enter(const QString& target) {
+  const Announcements::Scope scope(announcements_);
+  Position left{category(), search(), std::nullopt, browseAnchor(section())};
+  if (selected()) left.selectedID = selected()->id;
+  positions_[section()] = left;
 
   const auto known = positions_.find(target);
-  const BrowsePosition position = known == positions_.end() ? BrowsePosition() : known->second;
+  const Position position = known == positions_.end() ? Position() : known->second;
   setFilter(target, position.category, position.search);
   setSelected(std::nullopt);
-  detailTask_.cancel();
-  clearDetails();
   setShowingEpisodes(false);
   setEpisodeSeason(0);
   if (position.anchor) setBrowseAnchor(target, *position.anchor);
-
-  if (const auto library = kind()) load(*library, false);
-  if (isCrossLibrary(target))
-    for (const LibraryKind library : allLibraryKinds) load(library, false);
-
-  if (position.selectedID) selectRemembered(*position.selectedID);
 }
 
-void AppModel::selectRemembered(const QString& id) {
-  if (const auto index = items().indexOf(id)) select(items().item(*index));
+std::optional<MediaItem> Browsing::remembered() const {
+  const auto position = positions_.find(section());
+  if (position == positions_.end() || !position->second.selectedID) return std::nullopt;
+  const auto index = items().indexOf(*position->second.selectedID);
+  if (!index) return std::nullopt;
+  return items().item(*index);
 }
 
-void AppModel::setCategory(const QString& id) {
-  const Operation operation(announcements_);
-  QHash<QString, QString> anchors = browseAnchors_;
-  anchors.remove(section_);
-  assign(browseAnchors_, std::move(anchors), &AppModel::browseAnchorsChanged);
-  setFilter(section_, id, search_);
-  if (!items().empty()) select(items().item(0));
-}
-
-void AppModel::select(MediaItem item) {
-  const Operation operation(announcements_);
-  detailTask_.cancel();
-  setSelected(item);
-  clearDetails();
-  startDetails(item);
-}
-
-void AppModel::restoreSelection(LibraryKind library) {
-  if (section_ != rawValue(library) || selected_) return;
-  const auto position = positions_.find(section_);
-  if (position != positions_.end() && position->second.selectedID)
-    selectRemembered(*position->second.selectedID);
-}
-
-void AppModel::resetBrowseState() {
-  const Operation operation(announcements_);
+void Browsing::reset() {
+  const Announcements::Scope scope(announcements_);
   setSelected(std::nullopt);
-  clearDetails();
-  setFilter(section_, QString(), QString());
+  setFilter(rawValue(LibraryKind::live), QString(), QString());
   positions_.clear();
-  clear(browseAnchors_, &AppModel::browseAnchorsChanged);
-  progress_.clear();
+  browseAnchors_.clear();
   setShowingEpisodes(false);
   setEpisodeSeason(0);
-  dropGuideFetches();
 }
 
 }  // namespace vantor

@@ -10,30 +10,30 @@ namespace vantor {
 
 void AppModel::play(MediaItem item) {
   if (item.isExample) {
-    setNotice(QStringLiteral(
+    notice_.set(QStringLiteral(
         "These are sample library entries. Connect your provider or open your own media file to "
         "test playback."));
     return;
   }
-  if (!account_) return;
+  if (!session_.account()) return;
   QString extension = item.fileExtension;
   const bool live = item.kind == LibraryKind::live;
-  if (live && details_ && details_->formats.contains(QLatin1String("ts")) &&
-      !details_->formats.contains(QLatin1String("m3u8")))
+  const std::optional<ProviderDetails>& subscription = session_.subscription();
+  if (live && subscription && subscription->formats.contains(QLatin1String("ts")) &&
+      !subscription->formats.contains(QLatin1String("m3u8")))
     extension = QStringLiteral("ts");
   PlayRequest request;
   try {
-    request.url = account_->stream(item.providerID, item.kind, extension);
+    request.url = session_.account()->stream(item.providerID, item.kind, extension);
   } catch (...) {
-    setNotice(readableError(std::current_exception()));
+    notice_.set(readableError(std::current_exception()));
     return;
   }
   request.title = item.name;
   request.id = item.id;
-  request.agent = account_->userAgent;
+  request.agent = session_.account()->userAgent;
   request.live = live;
-  const QList<double> record = progress_.value(item.id);
-  if (!live && !record.isEmpty()) request.resume = record.first();
+  if (!live) request.resume = record_.resumePosition(item.id).value_or(request.resume);
   playback_->play(request);
 }
 

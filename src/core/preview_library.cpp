@@ -47,15 +47,13 @@ Catalog sampleCatalog(const SampleLibrary& library, Catalog::Time now) {
 }  // namespace
 
 void AppModel::explore() {
-  const Operation operation(announcements_);
-  enterNewWorld();
-  resetBrowseState();
-  settleIn(std::nullopt);
-  assign(demo_, true, &AppModel::demoChanged);
+  const Announcements::Scope scope(announcements_);
+  leaveWorld();
+  session_.setDemo(true);
   std::map<LibraryKind, Catalog> catalogs;
   for (const SampleLibrary& library : samples)
     catalogs.emplace(library.kind, sampleCatalog(library, services_.clock.now()));
-  setCatalogs(std::move(catalogs));
+  libraries_.show(std::move(catalogs));
 }
 
 }  // namespace vantor

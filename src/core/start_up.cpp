@@ -7,13 +7,19 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
+namespace {
+
+const QString keepingConnection =
+    QStringLiteral("The updated server could not be verified. Keeping your saved connection.");
+
+}  // namespace
 
 /// What the credential store held; a failure leaves what was restored before it.
 struct AppModel::Restored {
   std::optional<ProviderAccount> account;
   std::shared_ptr<CatalogDiskStore> disk;
   // Already being read while the window is made.
-  std::optional<CatalogCopy> liveCopy;
+  std::optional<Libraries::CatalogCopy> liveCopy;
   std::optional<QString> notice;
 
   static Restored read(const SecureStore& secrets, const Folders& folders, std::stop_token stop) {
@@ -35,49 +41,49 @@ struct AppModel::Restored {
 };
 
 void AppModel::beginStartUp() {
-  startingUp_ = true;
+  session_.setStartingUp(true);
   // Off the main thread: the credential store may wait for the user to unlock it. At once, so that
   // it goes on while the window is made.
   const Pending<Restored> reading = services_.secrets.run(
       [&secrets = services_.secureStore, folders = services_.folders,
        stop = startUpReading_.get_token()] { return Restored::read(secrets, folders, stop); });
   startUpTask_ =
-      Job::start([self = QPointer(this), token = generation_, reading](std::stop_token stop) {
-        return startUp(self, token, reading, stop);
-      });
+      Job::start([self = QPointer(this), token = session_.generation(),
+                  reading](std::stop_token stop) { return startUp(self, token, reading, stop); });
 }
 
-QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Generation token,
+QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Session::Generation token,
                                 Pending<Restored> reading, std::stop_token stop) {
   Restored restored = co_await reading;
   if (!self || stop.stop_requested()) co_return;
-  const bool superseded = self->generation_ != token;
+  const bool superseded = self->session_.generation() != token;
   self->applyRestored(superseded ? Restored() : std::move(restored));
-  if (!self || !self->restoringLibrary_) co_return;
-  const QCoro::Task<> refreshed = refreshService(self, stop);
-  co_await refreshed;
-  if (self && self->isCurrent(token, stop)) self->libraryRestorable();
+  if (!self || !self->session_.restoringLibrary()) co_return;
+  const QCoro::Task<bool> followed = self->session_.followService(stop);
+  const bool well = co_await followed;
+  if (!well && self) self->notice_.set(keepingConnection);
+  if (self && self->session_.isCurrent(token, stop)) self->libraryRestorable();
 }
 
 void AppModel::libraryRestorable() {
-  const Operation operation(announcements_);
-  assign(restoringLibrary_, false, &AppModel::restoringLibraryChanged);
+  const Announcements::Scope scope(announcements_);
+  session_.setRestoringLibrary(false);
   load(LibraryKind::live, false);
 }
 
 void AppModel::applyRestored(Restored restored) {
-  const Operation operation(announcements_);
-  assign(startingUp_, false, &AppModel::startingUpChanged);
-  if (restored.notice) setNotice(restored.notice);
+  const Announcements::Scope scope(announcements_);
+  session_.setStartingUp(false);
+  if (restored.notice) notice_.set(restored.notice);
   if (!restored.account) return;
   // Whoever went elsewhere meanwhile finds it as it was left.
   navigate(rawValue(LibraryKind::live));
-  assign(account_, std::move(restored.account), &AppModel::accountChanged);
-  assign(restoringLibrary_, true, &AppModel::restoringLibraryChanged);
-  disk_ = std::move(restored.disk);
-  liveCopy_ = std::move(restored.liveCopy);
-  readRecord();
-  if (disk_) beginRecord();
+  session_.setAccount(std::move(restored.account));
+  session_.setRestoringLibrary(true);
+  session_.setDisk(std::move(restored.disk));
+  libraries_.keepLiveCopy(std::move(restored.liveCopy));
+  record_.read();
+  if (session_.disk()) record_.begin();
 }
 
 }  // namespace vantor

@@ -1,7 +1,5 @@
-// What the user made of a library, "My list" and how far entries were watched: per account in the
-// preferences, and handed on when the same user signs in anew.
-#include "core/app_model.h"
-#include "playback/playback.h"
+#include "core/watch_record.h"
+
 #include "storage/catalog_disk_store.h"
 
 namespace vantor {
@@ -20,44 +18,72 @@ QString progressKey(const QString& account) {
 
 }  // namespace
 
-void AppModel::readRecord() {
-  const QStringList favorites = services_.preferences.textList(favoritesKey(account_->idText()));
+WatchRecord::WatchRecord(Preferences& preferences, Announcements& announcements,
+                         const Session& session, std::function<void()> changed)
+    : preferences_(preferences),
+      announcements_(announcements),
+      session_(session),
+      changed_(std::move(changed)),
+      favoritesDiffer_(announcements, *this, &WatchRecord::favoritesChanged) {}
+
+std::optional<double> WatchRecord::resumePosition(const QString& id) const {
+  const QList<double> record = progress_.value(id);
+  if (record.isEmpty()) return std::nullopt;
+  return record.first();
+}
+
+void WatchRecord::setFavorites(QSet<QString> favorites) {
+  if (favorites_ == favorites) return;
+  const Announcements::Scope scope(announcements_);
+  favorites_ = std::move(favorites);
+  favoritesDiffer_.note();
+  changed_();
+}
+
+void WatchRecord::read() {
+  const QString account = session_.account()->idText();
+  const QStringList favorites = preferences_.textList(favoritesKey(account));
   setFavorites(QSet<QString>(favorites.begin(), favorites.end()));
-  progress_ = services_.preferences.numberLists(progressKey(account_->idText()));
+  progress_ = preferences_.numberLists(progressKey(account));
 }
 
-void AppModel::beginRecord() {
-  Preferences& preferences = services_.preferences;
-  const QString account = account_->idText();
+void WatchRecord::begin() {
+  const QString account = session_.account()->idText();
+  CatalogDiskStore& disk = *session_.disk();
   // Known by a digest, since preferences are no place for a user name.
-  const QString userKey = QStringLiteral("account-") + disk_->keyedDigest(account_->username);
-  const QString last = preferences.text(userKey).value_or(account);
-  preferences.setText(userKey, account);
-  disk_->keepOnly(account_->id);
+  const QString userKey =
+      QStringLiteral("account-") + disk.keyedDigest(session_.account()->username);
+  const QString last = preferences_.text(userKey).value_or(account);
+  preferences_.setText(userKey, account);
+  disk.keepOnly(session_.account()->id);
   if (last == account) return;
-  preferences.setTextList(favoritesKey(account), preferences.textList(favoritesKey(last)));
-  preferences.setNumberLists(progressKey(account), preferences.numberLists(progressKey(last)));
-  preferences.remove(favoritesKey(last));
-  preferences.remove(progressKey(last));
-  readRecord();
+  preferences_.setTextList(favoritesKey(account), preferences_.textList(favoritesKey(last)));
+  preferences_.setNumberLists(progressKey(account), preferences_.numberLists(progressKey(last)));
+  preferences_.remove(favoritesKey(last));
+  preferences_.remove(progressKey(last));
+  read();
 }
 
-void AppModel::favorite(MediaItem item) {
-  const Operation operation(announcements_);
+void WatchRecord::forget() {
+  setFavorites({});
+  progress_.clear();
+}
+
+void WatchRecord::toggle(const QString& id) {
   QSet<QString> favorites = favorites_;
-  if (!favorites.remove(item.id)) favorites.insert(item.id);
+  if (!favorites.remove(id)) favorites.insert(id);
   setFavorites(std::move(favorites));
-  if (account_)
-    services_.preferences.setTextList(favoritesKey(account_->idText()),
-                                      QStringList(favorites_.begin(), favorites_.end()));
+  if (session_.account())
+    preferences_.setTextList(favoritesKey(session_.account()->idText()),
+                             QStringList(favorites_.begin(), favorites_.end()));
 }
 
-void AppModel::storeProgress(const QString& id, double seconds, double duration) {
-  if (!account_ || playback_->isLocal()) return;
+void WatchRecord::storeProgress(const QString& id, double seconds, double duration) {
+  if (!session_.account()) return;
   const double position = duration - finishMargin > seconds ? seconds : 0;
   progress_.insert(id, {position, duration});
   if (progress_.size() > progressBound) progress_ = {{id, {position, duration}}};
-  services_.preferences.setNumberLists(progressKey(account_->idText()), progress_);
+  preferences_.setNumberLists(progressKey(session_.account()->idText()), progress_);
 }
 
 }  // namespace vantor

@@ -11,6 +11,13 @@ Job Job::start(Body body) {
   return job;
 }
 
+Job& Job::operator=(Job&& other) noexcept {
+  // The stop may lead back here, which then finds the new job.
+  Job old;
+  old.state_ = std::exchange(state_, std::move(other.state_));
+  return *this;
+}
+
 void Job::cancel() {
   if (state_) state_->source.request_stop();
 }

@@ -163,8 +163,8 @@ void Playback::fail(const QString& message) {
 }
 
 void Playback::cancelTasks() {
-  loadTask_.cancel();
-  pollTask_.cancel();
+  loadTask_ = {};
+  pollTask_ = {};
 }
 
 void Playback::setExpanded(bool expanded) {

@@ -24,10 +24,6 @@ RecordingService::RecordingService(Playback& playback) : playback_(playback), no
           [this] { announce(u"Notice"_s, notice()); });
 }
 
-RecordingService::~RecordingService() {
-  offering_.cancel();
-}
-
 void RecordingService::offer(Worker& worker, const QString& name) {
   const QPointer<RecordingService> self(this);
   offering_ = Job::start([self, worker = &worker, name](std::stop_token token) {

@@ -29,7 +29,6 @@ class RecordingService final : public QObject, protected QDBusContext {
  public:
   /// `playback` outlives the object.
   explicit RecordingService(Playback& playback);
-  ~RecordingService() override;
 
   /// Offers the object under the bus name `name`, from some time later on. Without a session bus,
   /// or while another program has the name, nothing happens. `worker` waits for the bus.

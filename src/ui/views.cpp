@@ -11,9 +11,9 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
       frames_(frames),
       artwork_(artwork),
       shell_(model),
-      statusLine_(model),
-      emptyState_(model),
-      items_(model),
+      statusView_(model.browsing(), model.libraries()),
+      emptyState_(model.session(), model.browsing()),
+      items_(model.browsing(), model.record(), model.playback()),
       categories_(model),
       channels_(model, clock, items_),
       posters_(model),
@@ -22,6 +22,6 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
       settingsView_(model, opener, std::move(links)),
       player_(model.playback()),
       transport_(model.playback()),
-      menu_(model) {}
+      commands_(model) {}
 
 }  // namespace vantor

@@ -13,9 +13,9 @@
 #include "ui/posters/category_list_model.h"
 #include "ui/posters/poster_view.h"
 #include "ui/settings/settings_view.h"
+#include "ui/shell/commands.h"
 #include "ui/shell/empty_state.h"
-#include "ui/shell/menu_commands.h"
-#include "ui/shell/status_line.h"
+#include "ui/shell/status_view.h"
 #include "ui/shell/tv_shell.h"
 #include "ui/sign_in/connect_view.h"
 #include "ui/window/dialog_file_panel.h"
@@ -28,7 +28,7 @@ class Views final : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(vantor::TVShell* shell READ shell CONSTANT)
-  Q_PROPERTY(vantor::StatusLine* statusLine READ statusLine CONSTANT)
+  Q_PROPERTY(vantor::StatusView* statusView READ statusView CONSTANT)
   Q_PROPERTY(vantor::EmptyState* emptyState READ emptyState CONSTANT)
   Q_PROPERTY(vantor::ItemListModel* items READ items CONSTANT)
   Q_PROPERTY(vantor::CategoryListModel* categories READ categories CONSTANT)
@@ -39,7 +39,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
   Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
-  Q_PROPERTY(vantor::MenuCommands* menu READ menu CONSTANT)
+  Q_PROPERTY(vantor::Commands* commands READ commands CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
   Q_PROPERTY(vantor::VideoFrameQueue* frames READ frames CONSTANT)
   Q_PROPERTY(vantor::ArtworkStore* artwork READ artwork CONSTANT)
@@ -49,7 +49,7 @@ class Views final : public QObject {
         ArtworkStore& artwork, Opener& opener, SettingsLinks links);
 
   TVShell* shell() { return &shell_; }
-  StatusLine* statusLine() { return &statusLine_; }
+  StatusView* statusView() { return &statusView_; }
   EmptyState* emptyState() { return &emptyState_; }
   ItemListModel* items() { return &items_; }
   CategoryListModel* categories() { return &categories_; }
@@ -60,7 +60,7 @@ class Views final : public QObject {
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
   TransportControls* transport() { return &transport_; }
-  MenuCommands* menu() { return &menu_; }
+  Commands* commands() { return &commands_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
   VideoFrameQueue* frames() { return &frames_; }
   ArtworkStore* artwork() { return &artwork_; }
@@ -70,7 +70,7 @@ class Views final : public QObject {
   VideoFrameQueue& frames_;
   ArtworkStore& artwork_;
   TVShell shell_;
-  StatusLine statusLine_;
+  StatusView statusView_;
   EmptyState emptyState_;
   ItemListModel items_;
   CategoryListModel categories_;
@@ -81,7 +81,7 @@ class Views final : public QObject {
   SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
-  MenuCommands menu_;
+  Commands commands_;
 };
 
 }  // namespace vantor

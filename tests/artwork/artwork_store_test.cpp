@@ -144,7 +144,7 @@ TEST_F(ArtworkStoreTest, CancellingEndsARequestWhereverItIs) {
   const auto stopped = std::make_shared<Call>();
   std::stop_source stop;
   stop.request_stop();
-  Job::start(
+  const Job late = Job::start(
       [&](std::stop_token) { return follow(stop.get_token(), store.get(), address(6), stopped); });
   settle();
   EXPECT_TRUE(stopped->over);

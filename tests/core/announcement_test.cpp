@@ -14,48 +14,55 @@ using test::settle;
 /// What a listener can read of the model.
 QStringList state(const AppModel& model) {
   const auto text = [](const auto& value) { return value ? *value : QString(); };
-  QStringList read = {model.section(),
-                      model.category(),
-                      model.search(),
-                      model.selected() ? model.selected()->id : QString(),
-                      model.account() ? model.account()->idText() : QString(),
-                      text(model.notice()),
-                      text(model.detailsError()),
-                      model.browseAnchor(model.section()).value_or(QString())};
+  QStringList read = {
+      model.browsing().section(),
+      model.browsing().category(),
+      model.browsing().search(),
+      model.browsing().selected() ? model.browsing().selected()->id : QString(),
+      model.session().account() ? model.session().account()->idText() : QString(),
+      text(model.notice()),
+      text(model.details().detailsError()),
+      model.browsing().browseAnchor(model.browsing().section()).value_or(QString())};
   for (const auto number :
-       {static_cast<qsizetype>(model.items().size()),
-        static_cast<qsizetype>(model.catalogs().size()),
-        static_cast<qsizetype>(model.loading().size()),
-        static_cast<qsizetype>(model.errors().size()), model.favorites().size(),
-        model.episodes().size(), model.guide().size(),
-        static_cast<qsizetype>(model.episodeSeason()), static_cast<qsizetype>(model.busy()),
-        static_cast<qsizetype>(model.demo()), static_cast<qsizetype>(model.detailsLoading()),
-        static_cast<qsizetype>(model.showingEpisodes()),
+       {static_cast<qsizetype>(model.browsing().items().size()),
+        static_cast<qsizetype>(model.libraries().catalogs().size()),
+        static_cast<qsizetype>(model.libraries().loading().size()),
+        static_cast<qsizetype>(model.libraries().errors().size()),
+        model.record().favorites().size(), model.details().episodes().size(),
+        model.guide().guide().size(), static_cast<qsizetype>(model.browsing().episodeSeason()),
+        static_cast<qsizetype>(model.session().busy()),
+        static_cast<qsizetype>(model.session().demo()),
+        static_cast<qsizetype>(model.details().detailsLoading()),
+        static_cast<qsizetype>(model.browsing().showingEpisodes()),
         static_cast<qsizetype>(model.showingConnect()),
         static_cast<qsizetype>(model.showingSettings()),
-        static_cast<qsizetype>(model.startingUp())})
+        static_cast<qsizetype>(model.session().startingUp())})
     read.append(QString::number(number));
   return read;
 }
 
-/// Hears every signal of the model.
+/// Hears every signal of the model and its topics.
 class Listener final : public QObject {
   Q_OBJECT
 
  public:
   explicit Listener(AppModel& model) : model_(model) {
-    const QMetaObject& type = AppModel::staticMetaObject;
     const QMetaMethod heard = staticMetaObject.method(staticMetaObject.indexOfSlot("heard()"));
-    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
-      if (type.method(i).methodType() == QMetaMethod::Signal)
-        connect(&model, type.method(i), this, heard);
+    for (const QObject* topic : std::initializer_list<const QObject*>{
+             &model, &model.session(), &model.libraries(), &model.record(), &model.browsing(),
+             &model.guide(), &model.details()}) {
+      const QMetaObject& type = *topic->metaObject();
+      for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+        if (type.method(i).methodType() == QMetaMethod::Signal)
+          connect(topic, type.method(i), this, heard);
+    }
   }
 
   int rounds = 0;
 
  public Q_SLOTS:
   void heard() {
-    const QByteArray name = AppModel::staticMetaObject.method(senderSignalIndex()).name();
+    const QByteArray name = sender()->metaObject()->method(senderSignalIndex()).name();
     const QStringList now = state(model_);
     if (told_.isEmpty()) first_ = now;
     EXPECT_EQ(now, first_) << name.toStdString() << " came when not everything was changed";
@@ -88,20 +95,20 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   AppModel& app = launch();
   const Listener listener(app);
   app.navigate(QStringLiteral("movies"));
-  app.setSearch(QStringLiteral("title"));
+  app.browsing().setSearch(QStringLiteral("title"));
   signIn(rows(LibraryKind::live, 1, 9));
   load(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
   load(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   transport.always(QStringLiteral("get_series_info"), R"({"episodes":{"1":[{"id":"5"}]}})");
   for (const char* section : {"movies", "shows", "live", "favorites", "search", "movies"}) {
     app.navigate(QString::fromLatin1(section));
-    ASSERT_TRUE(eventually([&] { return app.loading().empty(); }));
-    app.setSearch(QStringLiteral("title 1"));
+    ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
+    app.browsing().setSearch(QStringLiteral("title 1"));
     app.setCategory(QStringLiteral("1"));
-    if (!app.items().empty()) app.favorite(app.items().item(0));
-    app.setBrowseAnchor(app.section(), QStringLiteral("movies:1"));
-    app.setShowingEpisodes(true);
-    app.setEpisodeSeason(2);
+    if (!app.browsing().items().empty()) app.favorite(app.browsing().items().item(0));
+    app.browsing().setBrowseAnchor(app.browsing().section(), QStringLiteral("movies:1"));
+    app.browsing().setShowingEpisodes(true);
+    app.browsing().setEpisodeSeason(2);
     settle();
     app.setCategory(QString());
     app.refreshGuide();
@@ -112,21 +119,21 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   account.id = QUuid::createUuid();
   signIn(rows(LibraryKind::live, 1, 9));
   app.navigate(QStringLiteral("shows"));
-  ASSERT_TRUE(eventually([&] { return app.loading().empty(); }));
+  ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
   EXPECT_GT(listener.rounds, 60);
 }
 
 TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
   AppModel& app = launch();
   signIn(rows(LibraryKind::live, 1, 9));
-  app.select(app.items().item(0));
+  app.select(app.browsing().items().item(0));
   transport.answer(QStringLiteral("get_short_epg"), R"({"epg_listings":[]})");
   settle();
   const Listener listener(app);
-  app.navigate(app.section());
-  app.setSearch(app.search());
+  app.navigate(app.browsing().section());
+  app.browsing().setSearch(app.browsing().search());
   app.setShowingConnect(false);
   app.clearNotice();
   app.load(LibraryKind::live, false);
@@ -137,12 +144,12 @@ TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
 TEST_F(AnnouncementTest, WhatAListenerChangesFollows) {
   AppModel& app = launch({QStringLiteral("--demo")});
   QStringList heard;
-  QObject::connect(&app, &AppModel::sectionChanged, &app, [&] {
-    app.setSearch(QStringLiteral("the"));
+  QObject::connect(&app.browsing(), &Browsing::sectionChanged, &app, [&] {
+    app.browsing().setSearch(QStringLiteral("the"));
     heard.append(QStringLiteral("section"));
   });
-  QObject::connect(&app, &AppModel::itemsChanged, &app,
-                   [&] { heard.append(QString::number(app.items().size())); });
+  QObject::connect(&app.browsing(), &Browsing::itemsChanged, &app,
+                   [&] { heard.append(QString::number(app.browsing().items().size())); });
   app.navigate(QStringLiteral("movies"));
   EXPECT_EQ(heard,
             (QStringList{QStringLiteral("section"), QStringLiteral("4"), QStringLiteral("4")}));

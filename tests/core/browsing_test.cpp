@@ -16,7 +16,8 @@ const QString searching = QStringLiteral("search");
 
 QStringList names(const AppModel& app) {
   QStringList list;
-  for (std::size_t i = 0; i < app.items().size(); ++i) list.append(app.items().item(i).name);
+  for (std::size_t i = 0; i < app.browsing().items().size(); ++i)
+    list.append(app.browsing().items().item(i).name);
   return list;
 }
 
@@ -25,12 +26,12 @@ class PreviewTest : public ::testing::Test, protected test::ModelFixture {
   AppModel& app = launch({QStringLiteral("--demo")});
   MediaItem entry(const char* section, int index) {
     app.navigate(QString::fromLatin1(section));
-    return app.items().item(static_cast<std::size_t>(index));
+    return app.browsing().items().item(static_cast<std::size_t>(index));
   }
 };
 
 TEST_F(PreviewTest, HoldsThreeLibrariesOfSamples) {
-  EXPECT_EQ(app.catalogs().size(), 3u);
+  EXPECT_EQ(app.libraries().catalogs().size(), 3u);
   EXPECT_EQ(names(app),
             (QStringList{QStringLiteral("World window"), QStringLiteral("The outdoors"),
                          QStringLiteral("Studio sessions"), QStringLiteral("At the table"),
@@ -52,11 +53,11 @@ TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
   EXPECT_EQ(names(app),
             (QStringList{QStringLiteral("The long way home"), QStringLiteral("A place to begin"),
                          QStringLiteral("Open horizons")}));
-  EXPECT_EQ(app.selected()->name, QStringLiteral("The long way home"));
-  app.setSearch(QStringLiteral("PLACE"));
+  EXPECT_EQ(app.browsing().selected()->name, QStringLiteral("The long way home"));
+  app.browsing().setSearch(QStringLiteral("PLACE"));
   EXPECT_EQ(names(app), QStringList{QStringLiteral("A place to begin")});
   app.navigate(searching);
-  app.setSearch(QStringLiteral("THE"));
+  app.browsing().setSearch(QStringLiteral("THE"));
   EXPECT_EQ(names(app),
             (QStringList{QStringLiteral("The outdoors"), QStringLiteral("At the table"),
                          QStringLiteral("The quiet hour"), QStringLiteral("Across the valley"),
@@ -68,40 +69,42 @@ TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
 TEST_F(PreviewTest, ComesBackToWhereASectionWasLeft) {
   app.navigate(movies);
   app.setCategory(QStringLiteral("1"));
-  app.setSearch(QStringLiteral("the"));
-  app.select(app.items().item(1));
-  app.setBrowseAnchor(movies, QStringLiteral("movies:example-2"));
-  app.setShowingEpisodes(true);
-  app.setEpisodeSeason(3);
-  const MediaItem chosen = *app.selected();
+  app.browsing().setSearch(QStringLiteral("the"));
+  app.select(app.browsing().items().item(1));
+  app.browsing().setBrowseAnchor(movies, QStringLiteral("movies:example-2"));
+  app.browsing().setShowingEpisodes(true);
+  app.browsing().setEpisodeSeason(3);
+  const MediaItem chosen = *app.browsing().selected();
 
   app.navigate(live);
-  EXPECT_EQ(app.category(), QString());
-  EXPECT_EQ(app.search(), QString());
-  EXPECT_FALSE(app.selected() || app.showingEpisodes() || app.episodeSeason());
+  EXPECT_EQ(app.browsing().category(), QString());
+  EXPECT_EQ(app.browsing().search(), QString());
+  EXPECT_FALSE(app.browsing().selected() || app.browsing().showingEpisodes() ||
+               app.browsing().episodeSeason());
   app.navigate(movies);
-  EXPECT_EQ(app.category(), QStringLiteral("1"));
-  EXPECT_EQ(app.search(), QStringLiteral("the"));
-  EXPECT_EQ(app.selected(), chosen);
-  EXPECT_EQ(app.browseAnchor(movies), QStringLiteral("movies:example-2"));
+  EXPECT_EQ(app.browsing().category(), QStringLiteral("1"));
+  EXPECT_EQ(app.browsing().search(), QStringLiteral("the"));
+  EXPECT_EQ(app.browsing().selected(), chosen);
+  EXPECT_EQ(app.browsing().browseAnchor(movies), QStringLiteral("movies:example-2"));
 
-  app.setShowingEpisodes(true);
+  app.browsing().setShowingEpisodes(true);
   app.navigate(movies);
-  EXPECT_TRUE(app.showingEpisodes()) << "navigating to the current section changes nothing";
+  EXPECT_TRUE(app.browsing().showingEpisodes())
+      << "navigating to the current section changes nothing";
 }
 
 TEST_F(PreviewTest, ACategoryWithoutEntriesKeepsTheSelection) {
-  app.select(app.items().item(2));
-  app.setBrowseAnchor(live, app.items().id(2));
+  app.select(app.browsing().items().item(2));
+  app.browsing().setBrowseAnchor(live, app.browsing().items().id(2));
   app.setCategory(QStringLiteral("none"));
-  EXPECT_TRUE(app.items().empty());
-  EXPECT_EQ(app.selected()->name, QStringLiteral("Studio sessions"));
-  EXPECT_EQ(app.browseAnchor(live), std::nullopt);
+  EXPECT_TRUE(app.browsing().items().empty());
+  EXPECT_EQ(app.browsing().selected()->name, QStringLiteral("Studio sessions"));
+  EXPECT_EQ(app.browsing().browseAnchor(live), std::nullopt);
 }
 
 TEST_F(PreviewTest, MyListHoldsTheMarkedEntriesOfAllLibraries) {
   app.navigate(favorites);
-  EXPECT_TRUE(app.items().empty());
+  EXPECT_TRUE(app.browsing().items().empty());
   const MediaItem show = entry("shows", 1);
   const MediaItem channel = entry("live", 4);
   app.favorite(show);
@@ -110,12 +113,12 @@ TEST_F(PreviewTest, MyListHoldsTheMarkedEntriesOfAllLibraries) {
   EXPECT_EQ(names(app), (QStringList{channel.name, show.name}));
   app.favorite(channel);
   EXPECT_EQ(names(app), QStringList{show.name});
-  app.setSearch(QStringLiteral("nothing like it"));
-  EXPECT_TRUE(app.items().empty());
+  app.browsing().setSearch(QStringLiteral("nothing like it"));
+  EXPECT_TRUE(app.browsing().items().empty());
 }
 
 TEST_F(PreviewTest, SamplesAreNotPlayed) {
-  app.play(app.items().item(0));
+  app.play(app.browsing().items().item(0));
   EXPECT_EQ(app.notice(),
             QStringLiteral("These are sample library entries. Connect your provider or open your "
                            "own media file to test playback."));
@@ -126,11 +129,11 @@ TEST_F(PreviewTest, SamplesAreNotPlayed) {
 }
 
 TEST_F(PreviewTest, FavouritesOfThePreviewAreGoneAfterSigningIn) {
-  app.favorite(app.items().item(0));
+  app.favorite(app.browsing().items().item(0));
   signIn();
-  EXPECT_TRUE(app.favorites().isEmpty());
-  EXPECT_FALSE(app.demo());
-  EXPECT_TRUE(app.items().empty());
+  EXPECT_TRUE(app.record().favorites().isEmpty());
+  EXPECT_FALSE(app.session().demo());
+  EXPECT_TRUE(app.browsing().items().empty());
 }
 
 class LibraryTest : public ::testing::Test, protected test::ModelFixture {
@@ -140,7 +143,7 @@ class LibraryTest : public ::testing::Test, protected test::ModelFixture {
     ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
     transport.answer(action(kind), body);
     transport.answer(categoryAction(kind), "[]");
-    ASSERT_TRUE(eventually([&] { return !app.loading().contains(kind); }));
+    ASSERT_TRUE(eventually([&] { return !app.libraries().loading().contains(kind); }));
   }
 };
 
@@ -148,20 +151,21 @@ TEST_F(LibraryTest, RestoresTheSelectionWhenItsLibraryArrives) {
   signIn(rows(LibraryKind::live, 0, 5));
   app.navigate(movies);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
-  app.select(app.items().item(12));
+  app.select(app.browsing().items().item(12));
   app.navigate(live);
   app.load(LibraryKind::movies, true);
   app.navigate(movies);
-  EXPECT_EQ(app.selected()->id, QStringLiteral("movies:12")) << "from the library that is there";
+  EXPECT_EQ(app.browsing().selected()->id, QStringLiteral("movies:12"))
+      << "from the library that is there";
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
   app.navigate(live);
   app.navigate(movies);
-  EXPECT_EQ(app.selected()->id, QStringLiteral("movies:12"));
+  EXPECT_EQ(app.browsing().selected()->id, QStringLiteral("movies:12"));
   app.navigate(live);
   app.load(LibraryKind::movies, true);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 50, 3));
   app.navigate(movies);
-  EXPECT_FALSE(app.selected().has_value()) << "an entry that is gone is not selected";
+  EXPECT_FALSE(app.browsing().selected().has_value()) << "an entry that is gone is not selected";
 }
 
 TEST_F(LibraryTest, SearchAsksForAllLibrariesAndListsThemInOrder) {
@@ -170,15 +174,16 @@ TEST_F(LibraryTest, SearchAsksForAllLibrariesAndListsThemInOrder) {
   answer(LibraryKind::shows, rows(LibraryKind::shows, 5, 1));
   answer(LibraryKind::movies, rows(LibraryKind::movies, 3, 2));
   QStringList ids;
-  for (std::size_t i = 0; i < app.items().size(); ++i) ids.append(app.items().id(i));
+  for (std::size_t i = 0; i < app.browsing().items().size(); ++i)
+    ids.append(app.browsing().items().id(i));
   EXPECT_EQ(ids, (QStringList{QStringLiteral("live:1"), QStringLiteral("live:2"),
                               QStringLiteral("movies:3"), QStringLiteral("movies:4"),
                               QStringLiteral("shows:5")}));
   for (int i = 0; i < static_cast<int>(ids.size()); ++i)
-    EXPECT_EQ(app.items().indexOf(ids.at(i)), static_cast<std::size_t>(i));
-  app.setSearch(QStringLiteral("TITLE 4"));
-  EXPECT_EQ(app.items().size(), 1u);
-  EXPECT_EQ(app.items().indexOf(QStringLiteral("live:1")), std::nullopt);
+    EXPECT_EQ(app.browsing().items().indexOf(ids.at(i)), static_cast<std::size_t>(i));
+  app.browsing().setSearch(QStringLiteral("TITLE 4"));
+  EXPECT_EQ(app.browsing().items().size(), 1u);
+  EXPECT_EQ(app.browsing().items().indexOf(QStringLiteral("live:1")), std::nullopt);
 }
 
 }  // namespace

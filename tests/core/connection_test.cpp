@@ -35,7 +35,7 @@ class ConnectionTest : public ::testing::Test, protected test::ModelFixture {
     return eventually([&] { return signInOver; });
   }
   bool idle() {
-    return eventually([&] { return app.loading().empty() && !app.busy(); });
+    return eventually([&] { return app.libraries().loading().empty() && !app.session().busy(); });
   }
   QStringList savedFiles() {
     return QDir(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog")))
@@ -46,20 +46,22 @@ class ConnectionTest : public ::testing::Test, protected test::ModelFixture {
 TEST_F(ConnectionTest, SigningInSavesTheAccountAndLoadsTheLiveLibrary) {
   app.setShowingConnect(true);
   connectAccount(account);
-  EXPECT_TRUE(app.busy());
-  EXPECT_FALSE(app.account().has_value()) << "nothing changes before the provider accepts";
+  EXPECT_TRUE(app.session().busy());
+  EXPECT_FALSE(app.session().account().has_value())
+      << "nothing changes before the provider accepts";
   ASSERT_TRUE(finishSignIn());
   EXPECT_EQ(signInFailure, nullptr);
-  EXPECT_EQ(app.account(), account);
-  EXPECT_EQ(app.section(), QStringLiteral("live"));
-  EXPECT_EQ(app.loading(), std::set{LibraryKind::live});
-  EXPECT_FALSE(app.busy() || app.demo() || app.showingConnect() || app.notice());
-  EXPECT_EQ(app.details()->formats.size(), 2);
+  EXPECT_EQ(app.session().account(), account);
+  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
+  EXPECT_FALSE(app.session().busy() || app.session().demo() || app.showingConnect() ||
+               app.notice());
+  EXPECT_EQ(app.session().subscription()->formats.size(), 2);
   EXPECT_EQ(credentials.value(providerItem), account.toJSON());
   EXPECT_EQ(configuration->currentServer(), QStringLiteral("http://tv.example"));
   answer(LibraryKind::live, rows(LibraryKind::live, 0, 4));
   ASSERT_TRUE(idle());
-  EXPECT_EQ(app.items().size(), 4u);
+  EXPECT_EQ(app.browsing().items().size(), 4u);
   EXPECT_EQ(savedFiles().size(), 1);
 }
 
@@ -79,9 +81,9 @@ TEST_F(ConnectionTest, AFailedSignInLeavesEverythingAsItWas) {
     transport.answer(QString(), example.accepted ? acceptedSignIn() : QByteArray("{}"));
     ASSERT_TRUE(eventually([&] { return signInOver; }));
     EXPECT_NE(signInFailure, nullptr);
-    EXPECT_FALSE(app.busy());
-    EXPECT_EQ(app.account(), account);
-    EXPECT_EQ(app.items().size(), 4u);
+    EXPECT_FALSE(app.session().busy());
+    EXPECT_EQ(app.session().account(), account);
+    EXPECT_EQ(app.browsing().items().size(), 4u);
     EXPECT_EQ(credentials.value(providerItem), saved);
     credentials.work(example.failing);
   }
@@ -89,7 +91,7 @@ TEST_F(ConnectionTest, AFailedSignInLeavesEverythingAsItWas) {
 
 TEST_F(ConnectionTest, ASecondSignInWhileOneRunsDoesNothing) {
   connectAccount(account);
-  const Job first = signInJob;
+  const Job first = std::move(signInJob);
   connectAccount(account);
   EXPECT_TRUE(signInOver) << "returns at once, without failure";
   EXPECT_EQ(signInFailure, nullptr);
@@ -97,21 +99,22 @@ TEST_F(ConnectionTest, ASecondSignInWhileOneRunsDoesNothing) {
   disconnectAccount();
   EXPECT_EQ(credentials.calls(Operation::remove), 0);
   transport.answer(QString(), acceptedSignIn());
-  EXPECT_TRUE(eventually([&] { return app.account().has_value() && !first.running(); }));
+  EXPECT_TRUE(eventually([&] { return app.session().account().has_value() && !first.running(); }));
 }
 
 TEST_F(ConnectionTest, SigningOutForgetsTheAccountAndItsFiles) {
   signIn(rows(LibraryKind::live, 0, 4));
-  app.select(app.items().item(1));
-  app.favorite(app.items().item(1));
+  app.select(app.browsing().items().item(1));
+  app.favorite(app.browsing().items().item(1));
   app.setShowingSettings(true);
   EXPECT_EQ(savedFiles().size(), 1);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
   EXPECT_FALSE(credentials.value(providerItem).has_value());
-  EXPECT_TRUE(app.items().empty() && app.catalogs().empty() && app.favorites().isEmpty());
-  EXPECT_FALSE(app.selected() || app.showingSettings());
-  EXPECT_TRUE(app.details().has_value());
+  EXPECT_TRUE(app.browsing().items().empty() && app.libraries().catalogs().empty() &&
+              app.record().favorites().isEmpty());
+  EXPECT_FALSE(app.browsing().selected() || app.showingSettings());
+  EXPECT_TRUE(app.session().subscription().has_value());
   EXPECT_TRUE(savedFiles().isEmpty());
   EXPECT_EQ(preferences->textList(QStringLiteral("favorites-") + account.idText()).size(), 1)
       << "marks wait for the account to come back";
@@ -123,9 +126,9 @@ TEST_F(ConnectionTest, SigningOutThatFailsKeepsEverything) {
   disconnectAccount();
   ASSERT_TRUE(eventually([&] { return app.notice().has_value(); }));
   EXPECT_EQ(app.notice(), QStringLiteral("The saved account could not be removed from Keychain."));
-  EXPECT_EQ(app.account(), account);
-  EXPECT_EQ(app.items().size(), 4u);
-  EXPECT_FALSE(app.busy());
+  EXPECT_EQ(app.session().account(), account);
+  EXPECT_EQ(app.browsing().items().size(), 4u);
+  EXPECT_FALSE(app.session().busy());
 }
 
 TEST_F(ConnectionTest, ALibraryIsAskedForOnce) {
@@ -137,7 +140,7 @@ TEST_F(ConnectionTest, ALibraryIsAskedForOnce) {
   ASSERT_TRUE(idle());
   app.load(LibraryKind::movies, false);
   settle();
-  EXPECT_TRUE(app.loading().empty());
+  EXPECT_TRUE(app.libraries().loading().empty());
   EXPECT_EQ(transport.requests(moviesRequest), 1);
 }
 
@@ -146,11 +149,11 @@ TEST_F(ConnectionTest, TheSavedCopySparesTheProvider) {
   ASSERT_TRUE(idle());
   launch();
   transport.answer(QStringLiteral("vantor-config.json"), "{}");
-  ASSERT_TRUE(eventually([&] { return model->items().size() == 4; }));
+  ASSERT_TRUE(eventually([&] { return model->browsing().items().size() == 4; }));
   EXPECT_EQ(transport.requests(liveRequest), 1) << "only the first run's";
   model->load(LibraryKind::live, true);
   ASSERT_TRUE(waitForRequest(liveRequest));
-  EXPECT_EQ(model->items().size(), 4u) << "shown while the refresh runs";
+  EXPECT_EQ(model->browsing().items().size(), 4u) << "shown while the refresh runs";
 }
 
 TEST_F(ConnectionTest, AFailedLoadKeepsTheLibraryAndSaysSo) {
@@ -158,11 +161,11 @@ TEST_F(ConnectionTest, AFailedLoadKeepsTheLibraryAndSaysSo) {
   app.load(LibraryKind::live, true);
   answer(LibraryKind::live, "{}");
   ASSERT_TRUE(idle());
-  EXPECT_EQ(app.errors().at(LibraryKind::live),
+  EXPECT_EQ(app.libraries().errors().at(LibraryKind::live),
             QStringLiteral("The provider returned an unreadable library."));
-  EXPECT_EQ(app.items().size(), 4u);
+  EXPECT_EQ(app.browsing().items().size(), 4u);
   app.load(LibraryKind::live, true);
-  EXPECT_TRUE(app.errors().empty());
+  EXPECT_TRUE(app.libraries().errors().empty());
 }
 
 TEST_F(ConnectionTest, ALibraryThatCannotBeSavedIsShownAllTheSame) {
@@ -175,7 +178,7 @@ TEST_F(ConnectionTest, ALibraryThatCannotBeSavedIsShownAllTheSame) {
   EXPECT_EQ(app.notice(),
             QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
                            "remain available while the app is open."));
-  EXPECT_EQ(app.catalogs().at(LibraryKind::movies).size(), 3u);
+  EXPECT_EQ(app.libraries().catalogs().at(LibraryKind::movies).size(), 3u);
 }
 
 /// What can replace the world while a load is suspended.
@@ -194,7 +197,8 @@ class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterfac
       }
       case Change::disconnect:
         disconnectAccount();
-        ASSERT_TRUE(eventually([&] { return !model->account() && !model->busy(); }));
+        ASSERT_TRUE(
+            eventually([&] { return !model->session().account() && !model->session().busy(); }));
         break;
       case Change::destroy:
         model.reset();
@@ -215,13 +219,13 @@ TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
   request->answer.resolve(rows(LibraryKind::movies, 0, 3));
   settle();
   if (!model) return;
-  EXPECT_FALSE(app.catalogs().contains(LibraryKind::movies));
-  EXPECT_FALSE(app.loading().contains(LibraryKind::movies));
-  EXPECT_TRUE(app.errors().empty());
+  EXPECT_FALSE(app.libraries().catalogs().contains(LibraryKind::movies));
+  EXPECT_FALSE(app.libraries().loading().contains(LibraryKind::movies));
+  EXPECT_TRUE(app.libraries().errors().empty());
   if (GetParam() != Change::connect) return;
   app.load(LibraryKind::movies, false);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2));
-  ASSERT_TRUE(eventually([&] { return app.catalogs().contains(LibraryKind::movies); }))
+  ASSERT_TRUE(eventually([&] { return app.libraries().catalogs().contains(LibraryKind::movies); }))
       << "the new world's own load is not hindered";
 }
 
@@ -233,7 +237,8 @@ TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
   launch();
   transport.answer(QStringLiteral("vantor-config.json"),
                    R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
-  ASSERT_TRUE(eventually([&] { return model->catalogs().contains(LibraryKind::live); }));
+  ASSERT_TRUE(
+      eventually([&] { return model->libraries().catalogs().contains(LibraryKind::live); }));
   const int before = transport.requests(moviesRequest);
   model->load(LibraryKind::movies, false);
   // The load now waits for the disk; the change comes first.
@@ -241,20 +246,20 @@ TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
   settle();
   EXPECT_EQ(transport.requests(moviesRequest), before);
   if (!model) return;
-  EXPECT_FALSE(model->catalogs().contains(LibraryKind::movies));
-  EXPECT_FALSE(model->loading().contains(LibraryKind::movies));
+  EXPECT_FALSE(model->libraries().catalogs().contains(LibraryKind::movies));
+  EXPECT_FALSE(model->libraries().loading().contains(LibraryKind::movies));
 }
 
 TEST_P(StaleLoadTest, AppliesNothingWhileItsCopyIsBeingSaved) {
   signIn();
   app.load(LibraryKind::movies, false);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2000));
-  ASSERT_TRUE(eventually([&] { return app.catalogs().contains(LibraryKind::movies); }));
+  ASSERT_TRUE(eventually([&] { return app.libraries().catalogs().contains(LibraryKind::movies); }));
   change();
   if (!model) return;
   settle();
-  EXPECT_FALSE(app.catalogs().contains(LibraryKind::movies));
-  EXPECT_FALSE(app.loading().contains(LibraryKind::movies));
+  EXPECT_FALSE(app.libraries().catalogs().contains(LibraryKind::movies));
+  EXPECT_FALSE(app.libraries().loading().contains(LibraryKind::movies));
 }
 
 INSTANTIATE_TEST_SUITE_P(Changes, StaleLoadTest,
@@ -282,25 +287,26 @@ TEST_F(ConnectionTest, TheListAndTheProgressGoWithTheUser) {
   transport.always(categoryAction(LibraryKind::live), "[]");
   const auto enter = [&](const char* name) {
     connectAccount(user(name));
-    ASSERT_TRUE(eventually([&] { return signInOver && model->catalogs().size() == 1; }));
+    ASSERT_TRUE(
+        eventually([&] { return signInOver && model->libraries().catalogs().size() == 1; }));
   };
   enter("somebody");
-  const QString first = model->account()->idText();
-  model->favorite(model->items().item(1));
+  const QString first = model->session().account()->idText();
+  model->favorite(model->browsing().items().item(1));
   model->playback().onProgress(QStringLiteral("movies:7"), 61, 500);
   enter("another");
-  EXPECT_TRUE(model->favorites().isEmpty());
+  EXPECT_TRUE(model->record().favorites().isEmpty());
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !model->account() && !model->busy(); }));
+  ASSERT_TRUE(eventually([&] { return !model->session().account() && !model->session().busy(); }));
   launch();
   enter("somebody");
-  const QString second = model->account()->idText();
+  const QString second = model->session().account()->idText();
   EXPECT_NE(second, first);
-  EXPECT_EQ(model->favorites(), QSet<QString>{QStringLiteral("live:1")});
+  EXPECT_EQ(model->record().favorites(), QSet<QString>{QStringLiteral("live:1")});
   model->playback().onProgress(QStringLiteral("movies:8"), 10, 500);
-  ASSERT_TRUE(eventually([&] { return model->loading().empty(); }));
+  ASSERT_TRUE(eventually([&] { return model->libraries().loading().empty(); }));
   launch();
-  EXPECT_EQ(model->favorites(), QSet<QString>{QStringLiteral("live:1")});
+  EXPECT_EQ(model->record().favorites(), QSet<QString>{QStringLiteral("live:1")});
   const NumberLists progress = preferences->numberLists(QStringLiteral("progress-") + second);
   EXPECT_EQ(progress.value(QStringLiteral("movies:7")), (QList<double>{61, 500}));
   EXPECT_EQ(progress.size(), 2);
@@ -338,7 +344,7 @@ TEST_F(ConnectionTest, TheLastReportOfProgressIsTheLeavingAccounts) {
   const QString key = QStringLiteral("progress-") + account.idText();
   preferences->remove(key);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
   EXPECT_EQ(preferences->numberLists(key).value(QStringLiteral("movies:2")),
             (QList<double>{60, 500}));
 }
@@ -387,13 +393,13 @@ TEST_F(ConnectionTest, AServiceCheckNeverUndoesWhatTheUserDoes) {
         settle();
       }
       if (late) unlocked.set_value();
-      ASSERT_TRUE(eventually([&] { return !model->busy(); }));
+      ASSERT_TRUE(eventually([&] { return !model->session().busy(); }));
       settle();
       const std::optional<QByteArray> stored = credentials.value(providerItem);
       if (strchr(steps, 'o') != nullptr) {
-        EXPECT_FALSE(stored || model->account());
+        EXPECT_FALSE(stored || model->session().account());
       } else {
-        EXPECT_EQ(model->account(), other);
+        EXPECT_EQ(model->session().account(), other);
         ASSERT_TRUE(stored.has_value());
         EXPECT_EQ(ProviderAccount::fromJSON(*stored), other);
       }

@@ -46,7 +46,7 @@ class DetailsTest : public ::testing::Test, protected test::ModelFixture {
   }
   int requests() const { return transport.requests(episodesRequest); }
   bool loaded() {
-    return eventually([&] { return !app.detailsLoading(); });
+    return eventually([&] { return !app.details().detailsLoading(); });
   }
   void selectWhole(int number) {
     select(show(number));
@@ -54,34 +54,34 @@ class DetailsTest : public ::testing::Test, protected test::ModelFixture {
     ASSERT_TRUE(loaded());
   }
   QString firstTitle() const {
-    return app.episodes().isEmpty() ? QString() : app.episodes().first().name;
+    return app.details().episodes().isEmpty() ? QString() : app.details().episodes().first().name;
   }
 };
 
 TEST_F(DetailsTest, MoviesAndSamplesHaveNone) {
   const auto before = transport.exchanges().size();
   select(entry(LibraryKind::movies, 1));
-  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_FALSE(app.details().detailsLoading());
   MediaItem sample = show(1);
   sample.isExample = true;
   select(sample);
-  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_FALSE(app.details().detailsLoading());
   EXPECT_EQ(transport.exchanges().size(), before);
 }
 
 TEST_F(DetailsTest, AShowIsAskedForOnce) {
   select(show(1));
-  EXPECT_TRUE(app.detailsLoading());
+  EXPECT_TRUE(app.details().detailsLoading());
   EXPECT_EQ(transport.exchanges().back()->request.address.query(),
             QStringLiteral("username=user&password=secret&action=get_series_info&series_id=1"));
   transport.answer(episodesRequest, episode("one"));
   ASSERT_TRUE(loaded());
   EXPECT_EQ(firstTitle(), QStringLiteral("one"));
   select(entry(LibraryKind::movies, 1));
-  EXPECT_TRUE(app.episodes().isEmpty());
+  EXPECT_TRUE(app.details().episodes().isEmpty());
   app.select(show(1));
   EXPECT_EQ(firstTitle(), QStringLiteral("one")) << "at once";
-  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_FALSE(app.details().detailsLoading());
   EXPECT_EQ(requests(), 1);
 }
 
@@ -90,7 +90,7 @@ TEST_F(DetailsTest, TheThirtyFirstShowStartsTheCacheAfresh) {
   app.select(show(31));
   EXPECT_EQ(firstTitle(), QStringLiteral("one"));
   app.select(show(30));
-  EXPECT_TRUE(app.detailsLoading());
+  EXPECT_TRUE(app.details().detailsLoading());
 }
 
 TEST_F(DetailsTest, AFailureIsShownAndTheNextSelectionTriesAgain) {
@@ -112,33 +112,33 @@ TEST_F(DetailsTest, AFailureIsShownAndTheNextSelectionTriesAgain) {
     else
       transport.fail(episodesRequest, std::make_exception_ptr(HTTPFailure(500)));
     ASSERT_TRUE(loaded());
-    EXPECT_EQ(app.detailsError(), example.message);
-    EXPECT_TRUE(app.episodes().isEmpty());
+    EXPECT_EQ(app.details().detailsError(), example.message);
+    EXPECT_TRUE(app.details().episodes().isEmpty());
   }
   app.select(entry(LibraryKind::movies, 1));
-  EXPECT_EQ(app.detailsError(), std::nullopt);
+  EXPECT_EQ(app.details().detailsError(), std::nullopt);
 }
 
 TEST_F(DetailsTest, AChannelsGuideIsUsedForFiveMinutes) {
   const MediaItem channel = entry(LibraryKind::live, 1);
-  app.prefetchGuide(channel);
+  app.guide().prefetchGuide(channel);
   settle();
   transport.answer(guideRequest, oneProgramme);
-  ASSERT_TRUE(eventually([&] { return app.guideOf(channel.id).has_value(); }));
+  ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel.id).has_value(); }));
   clock.advance(10s);
   app.select(channel);
-  EXPECT_EQ(app.guide().size(), 1);
-  EXPECT_FALSE(app.detailsLoading());
+  EXPECT_EQ(app.guide().guide().size(), 1);
+  EXPECT_FALSE(app.details().detailsLoading());
   clock.advance(290s);
   select(channel);
-  EXPECT_TRUE(app.guide().isEmpty() && app.detailsLoading());
+  EXPECT_TRUE(app.guide().guide().isEmpty() && app.details().detailsLoading());
   EXPECT_EQ(transport.requests(guideRequest), 2);
   transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
   ASSERT_TRUE(loaded());
-  EXPECT_TRUE(app.detailsError().has_value());
-  EXPECT_FALSE(app.guideFailed(channel.id));
+  EXPECT_TRUE(app.details().detailsError().has_value());
+  EXPECT_FALSE(app.guide().guideFailed(channel.id));
   clock.advance(1s);
-  app.prefetchGuide(channel);
+  app.guide().prefetchGuide(channel);
   settle();
   EXPECT_EQ(transport.requests(guideRequest), 3) << "the failed selection set no time";
 }
@@ -149,8 +149,8 @@ TEST_F(DetailsTest, The129thGuideOfASelectionStartsTheCacheAfresh) {
     select(entry(LibraryKind::live, number));
     ASSERT_TRUE(loaded());
   }
-  EXPECT_TRUE(app.guideOf(QStringLiteral("live:128")).has_value());
-  EXPECT_FALSE(app.guideOf(QStringLiteral("live:127")).has_value());
+  EXPECT_TRUE(app.guide().guideOf(QStringLiteral("live:128")).has_value());
+  EXPECT_FALSE(app.guide().guideOf(QStringLiteral("live:127")).has_value());
 }
 
 /// What replaces the selection of show 1 while its episodes are on their way.
@@ -174,7 +174,7 @@ class StaleDetailsTest : public DetailsTest,
         return app.navigate(QStringLiteral("favorites"));
       case Change::disconnect:
         disconnectAccount();
-        ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+        ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
         return;
       case Change::connect:
         connectAccount(account);
@@ -196,17 +196,17 @@ class StaleDetailsTest : public DetailsTest,
   void expectNothingOfShowOne() {
     if (!model) return;
     const bool loadsAnew = kind == Change::otherShow || kind == Change::sameShow;
-    EXPECT_TRUE(app.episodes().isEmpty());
-    EXPECT_EQ(app.detailsError(), std::nullopt);
-    EXPECT_EQ(app.detailsLoading(), loadsAnew);
+    EXPECT_TRUE(app.details().episodes().isEmpty());
+    EXPECT_EQ(app.details().detailsError(), std::nullopt);
+    EXPECT_EQ(app.details().detailsLoading(), loadsAnew);
     if (loadsAnew) {
       ASSERT_TRUE(transport.answer(episodesRequest, episode("new")));
       ASSERT_TRUE(loaded());
       EXPECT_EQ(firstTitle(), QStringLiteral("new"));
     }
-    if (!app.account() || kind == Change::sameShow) return;
+    if (!app.session().account() || kind == Change::sameShow) return;
     app.select(show(1));
-    EXPECT_TRUE(app.detailsLoading()) << "the late answer is not in the cache";
+    EXPECT_TRUE(app.details().detailsLoading()) << "the late answer is not in the cache";
   }
 };
 

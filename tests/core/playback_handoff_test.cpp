@@ -125,7 +125,7 @@ TEST_F(PlaybackHandoffTest, FavouritesAreStoredWithEachToggle) {
   EXPECT_EQ(preferences->textList(key), QStringList{QStringLiteral("movies:7")});
   app.favorite(movie(QStringLiteral("7")));
   EXPECT_TRUE(preferences->textList(key).isEmpty());
-  EXPECT_TRUE(app.favorites().isEmpty());
+  EXPECT_TRUE(app.record().favorites().isEmpty());
 }
 
 }  // namespace

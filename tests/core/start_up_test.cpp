@@ -22,9 +22,9 @@ class StartUpTest : public ::testing::Test, protected test::ModelFixture {
 
 TEST_F(StartUpTest, WithoutAnAccountNothingIsAsked) {
   AppModel& app = launch();
-  EXPECT_EQ(app.section(), QStringLiteral("live"));
-  EXPECT_FALSE(app.account() || app.notice() || app.demo());
-  EXPECT_TRUE(app.favorites().isEmpty());
+  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_FALSE(app.session().account() || app.notice() || app.session().demo());
+  EXPECT_TRUE(app.record().favorites().isEmpty());
   EXPECT_TRUE(transport.exchanges().empty());
 }
 
@@ -36,9 +36,10 @@ TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
     stored.setNumberLists(key("progress-"), {{QStringLiteral("movies:2"), {61, 500}}});
   }
   AppModel& app = launch();
-  EXPECT_EQ(app.account(), account);
-  EXPECT_EQ(app.favorites(), (QSet<QString>{QStringLiteral("live:1"), QStringLiteral("movies:2")}));
-  EXPECT_FALSE(app.details().has_value());
+  EXPECT_EQ(app.session().account(), account);
+  EXPECT_EQ(app.record().favorites(),
+            (QSet<QString>{QStringLiteral("live:1"), QStringLiteral("movies:2")}));
+  EXPECT_FALSE(app.session().subscription().has_value());
   playMovie();
   EXPECT_TRUE(engine.calls.contains(QStringLiteral("setTime 61000"))) << "resumes where it stopped";
 }
@@ -49,29 +50,29 @@ TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChann
   secretsWorker.post([waiting = unlocked.get_future().share()] { waiting.wait(); });
   AppModel& app = begin();
   app.navigate(QStringLiteral("movies"));
-  app.setSearch(QStringLiteral("x"));
+  app.browsing().setSearch(QStringLiteral("x"));
   unlocked.set_value();
-  ASSERT_TRUE(eventually([&] { return app.account().has_value(); }));
-  EXPECT_EQ(app.section(), QStringLiteral("live"));
-  EXPECT_EQ(app.search(), QString());
-  EXPECT_TRUE(app.restoringLibrary());
+  ASSERT_TRUE(eventually([&] { return app.session().account().has_value(); }));
+  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_EQ(app.browsing().search(), QString());
+  EXPECT_TRUE(app.session().restoringLibrary());
   transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  EXPECT_FALSE(app.restoringLibrary());
+  EXPECT_FALSE(app.session().restoringLibrary());
   app.navigate(QStringLiteral("movies"));
   EXPECT_TRUE(eventually([&] { return transport.open(action(LibraryKind::movies)) == 1; }));
-  EXPECT_EQ(app.search(), QStringLiteral("x"));
+  EXPECT_EQ(app.browsing().search(), QStringLiteral("x"));
 }
 
 TEST_F(StartUpTest, ChecksTheServerBeforeItLoadsTheLiveLibrary) {
   saveAccount();
   AppModel& app = launch();
   EXPECT_EQ(transport.open(config), 1);
-  EXPECT_TRUE(app.loading().empty());
+  EXPECT_TRUE(app.libraries().loading().empty());
   transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
   EXPECT_EQ(transport.requests(QString()), 0) << "the same server needs no verification";
-  EXPECT_EQ(app.loading(), std::set{LibraryKind::live});
+  EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
 }
 
 TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccount) {
@@ -82,9 +83,9 @@ TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccount) {
   EXPECT_EQ(transport.exchanges().back()->request.address.host(), QStringLiteral("new.example"));
   transport.answer(QString(), acceptedSignIn());
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  EXPECT_EQ(app.account()->serverText(), QStringLiteral("http://new.example"));
-  EXPECT_EQ(app.account()->id, account.id);
-  EXPECT_EQ(ProviderAccount::fromJSON(*credentials.value(providerItem)), *app.account());
+  EXPECT_EQ(app.session().account()->serverText(), QStringLiteral("http://new.example"));
+  EXPECT_EQ(app.session().account()->id, account.id);
+  EXPECT_EQ(ProviderAccount::fromJSON(*credentials.value(providerItem)), *app.session().account());
   EXPECT_EQ(configuration->currentServer(), QStringLiteral("http://new.example"));
 }
 
@@ -104,7 +105,7 @@ TEST_F(StartUpTest, KeepsTheSavedServerWhenTheNewOneFails) {
     }
     ASSERT_TRUE(eventually([&] { return app.notice().has_value(); }));
     EXPECT_EQ(app.notice(), keeping);
-    EXPECT_EQ(app.account(), account);
+    EXPECT_EQ(app.session().account(), account);
   }
 }
 
@@ -126,27 +127,27 @@ TEST_F(StartUpTest, AServiceCheckThatEndsLateLeavesANewAccountAlone) {
   verification->answer.resolve(acceptedSignIn());
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
   settle();
-  EXPECT_EQ(app.account(), other);
+  EXPECT_EQ(app.session().account(), other);
   EXPECT_EQ(ProviderAccount::fromJSON(*credentials.value(providerItem)), other);
 }
 
 TEST_F(StartUpTest, WhatCannotBeReadEndsInASentence) {
   credentials.put(providerItem, "{\"id\":7}");
   EXPECT_TRUE(launch().notice().has_value());
-  EXPECT_FALSE(model->account().has_value());
+  EXPECT_FALSE(model->session().account().has_value());
 
   credentials.fail(Operation::copyMatching);
   EXPECT_EQ(launch().notice(),
             QStringLiteral("Vantor could not read its saved account from Keychain. Allow access "
                            "and try again."));
-  EXPECT_FALSE(model->account().has_value());
+  EXPECT_FALSE(model->session().account().has_value());
 
   credentials.work(Operation::copyMatching);
   credentials.fail(Operation::add);
   saveAccount();
   EXPECT_EQ(launch().notice(),
             QStringLiteral("Vantor could not securely save this account in Keychain."));
-  EXPECT_EQ(model->account(), account) << "signed in without a disk copy";
+  EXPECT_EQ(model->session().account(), account) << "signed in without a disk copy";
 }
 
 TEST_F(StartUpTest, AnIsolatedLaunchTouchesNothing) {
@@ -155,8 +156,8 @@ TEST_F(StartUpTest, AnIsolatedLaunchTouchesNothing) {
        {QStringList{QStringLiteral("--demo")},
         QStringList{QStringLiteral("--smoke-test"), QStringLiteral("/x.mkv")}}) {
     AppModel& app = launch(arguments);
-    EXPECT_FALSE(app.account().has_value());
-    EXPECT_EQ(app.demo(), arguments.size() == 1);
+    EXPECT_FALSE(app.session().account().has_value());
+    EXPECT_EQ(app.session().demo(), arguments.size() == 1);
   }
   EXPECT_EQ(credentials.calls(Operation::copyMatching), 0);
   EXPECT_TRUE(transport.exchanges().empty());

@@ -72,12 +72,24 @@ TEST_F(JobTest, CancelledWhileSuspendedSeesTheStopWhenItResumes) {
   EXPECT_TRUE(trace.stoppedAtEnd);
 }
 
-TEST_F(JobTest, DroppedHandleDoesNotCancel) {
-  start();
-  gate.resolve({});
-  settle();
-  EXPECT_TRUE(trace.ended);
-  EXPECT_FALSE(trace.stoppedAtEnd);
+TEST_F(JobTest, DroppedOrReplacedItIsCancelledUnlessItWasDetached) {
+  for (const bool detached : {false, true}) {
+    for (const bool replaced : {false, true}) {
+      trace = {};
+      gate = {};
+      Job job = start();
+      settle();
+      if (detached) job.detach();
+      if (replaced)
+        job = Job();
+      else
+        const Job dropped = std::move(job);
+      gate.resolve({});
+      settle();
+      EXPECT_TRUE(trace.ended);
+      EXPECT_EQ(trace.stoppedAtEnd, !detached) << replaced;
+    }
+  }
 }
 
 QCoro::Task<> throwing(std::stop_token) {

@@ -31,7 +31,8 @@ ModelFixture::~ModelFixture() {
 
 AppModel& ModelFixture::launch(const QStringList& arguments) {
   begin(arguments);
-  if (!eventually([&] { return !model->startingUp(); })) qFatal("the start-up did not end");
+  if (!eventually([&] { return !model->session().startingUp(); }))
+    qFatal("the start-up did not end");
   settle();
   return *model;
 }
@@ -77,7 +78,9 @@ void ModelFixture::connectAccount(const ProviderAccount& wanted) {
 }
 
 void ModelFixture::disconnectAccount() {
-  Job::start([this](std::stop_token token) { return signOut(token, QPointer(model.get())); });
+  Job::start([this](std::stop_token token) {
+    return signOut(token, QPointer(model.get()));
+  }).detach();
   settle();
 }
 
@@ -89,7 +92,8 @@ void ModelFixture::signIn(const QByteArray& liveBody) {
   if (!asked) qFatal("the live library was not asked for");
   transport.answer(action(LibraryKind::live), liveBody);
   transport.answer(categoryAction(LibraryKind::live), "[]");
-  if (!eventually([&] { return model->loading().empty(); })) qFatal("the load did not end");
+  if (!eventually([&] { return model->libraries().loading().empty(); }))
+    qFatal("the load did not end");
 }
 
 void ModelFixture::playMovie(std::int64_t time) {

@@ -23,7 +23,7 @@ Browsable {
             id: heading
             width: parent.width
             channels: screen.views.channels
-            line: screen.views.statusLine
+            line: screen.views.statusView
             onGroupPointedAt: screen.browse()
         }
 
@@ -59,7 +59,7 @@ Browsable {
         width: 355
         height: parent.height
 
-        PlayerPanel {
+        PlayerArea {
             id: player
             y: 6
             width: parent.width

@@ -7,7 +7,7 @@ ColumnLayout {
     id: heading
 
     required property ChannelView channels
-    required property StatusLine line
+    required property StatusView line
 
     // The pointer is done with the groups.
     signal groupPointedAt

@@ -63,7 +63,9 @@ ListView {
 
     function openMenu(row: GuideRow, x: real, y: real) {
         menu.active = true;
-        (menu.item as GuideRowMenu).openAt(row, x, y);
+        const opened = menu.item as EntryMenu;
+        opened.favoriteSymbol = row.bookmarkSymbol;
+        opened.openAt(row.index, row, x, y);
     }
 
     function reportRows() {
@@ -118,8 +120,11 @@ ListView {
         id: menu
         active: false
 
-        sourceComponent: GuideRowMenu {
+        sourceComponent: EntryMenu {
+            width: 250
             shell: list.shell
+            playText: "Watch channel"
+            playSymbol: "play.fill"
         }
     }
 

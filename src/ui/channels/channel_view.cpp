@@ -26,23 +26,29 @@ QString shortTime(ProviderTime time) {
 }
 
 Catalog liveCatalog(const AppModel& model) {
-  const auto found = model.catalogs().find(LibraryKind::live);
-  return found == model.catalogs().end() ? Catalog::empty() : found->second;
+  return model.libraries().catalog(LibraryKind::live);
 }
 
 }  // namespace
 
 ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent)
-    : QObject(parent), model_(model), clock_(clock), items_(items), rows_(model, clock, items) {
-  for (const auto signal :
-       {&AppModel::selectedChanged, &AppModel::guideChanged, &AppModel::detailsLoadingChanged,
-        &AppModel::detailsErrorChanged, &AppModel::favoritesChanged})
-    connect(&model, signal, this, &ChannelView::programmeChanged);
-  connect(&model, &AppModel::catalogsChanged, this, &ChannelView::updateGroups);
-  connect(&model, &AppModel::categoryChanged, this, &ChannelView::groupChanged);
+    : QObject(parent),
+      model_(model),
+      clock_(clock),
+      items_(items),
+      rows_(model.guide(), clock, items) {
+  const ProgrammeGuide& guide = model.guide();
+  connect(&guide, &ProgrammeGuide::guideChanged, this, &ChannelView::programmeChanged);
+  for (const auto signal : {&ShowDetails::detailsLoadingChanged, &ShowDetails::detailsErrorChanged})
+    connect(&model.details(), signal, this, &ChannelView::programmeChanged);
+  connect(&model.browsing(), &Browsing::selectedChanged, this, &ChannelView::programmeChanged);
+  connect(&model.record(), &WatchRecord::favoritesChanged, this, &ChannelView::programmeChanged);
+  connect(&model.libraries(), &Libraries::catalogsChanged, this, &ChannelView::updateGroups);
+  connect(&model.browsing(), &Browsing::categoryChanged, this, &ChannelView::groupChanged);
   // A fetch that ends makes room for one that was turned away.
-  for (const auto signal : {&AppModel::guideCacheChanged, &AppModel::guideFailuresChanged})
-    connect(&model, signal, this, [this] { fetch(false); });
+  for (const auto signal :
+       {&ProgrammeGuide::guideCacheChanged, &ProgrammeGuide::guideFailuresChanged})
+    connect(&guide, signal, this, [this] { fetch(false); });
   connect(&items, &ItemListModel::modelReset, this, [this] { fetch(false); });
   updateGroups();
   waitForNextMinute();
@@ -62,12 +68,13 @@ void ChannelView::updateGroups() {
 }
 
 int ChannelView::group() const {
-  if (model_.category().isEmpty()) return 0;
+  if (model_.browsing().category().isEmpty()) return 0;
   const Catalog catalog = liveCatalog(model_);
   const auto& categories = catalog.categories();
-  const auto found = std::find_if(
-      categories.begin(), categories.end(),
-      [this](const MediaCategory& category) { return category.id == model_.category(); });
+  const auto found =
+      std::find_if(categories.begin(), categories.end(), [this](const MediaCategory& category) {
+        return category.id == model_.browsing().category();
+      });
   return found == categories.end() ? -1 : 1 + static_cast<int>(found - categories.begin());
 }
 
@@ -84,11 +91,11 @@ void ChannelView::chooseGroup(int group) {
 }
 
 QString ChannelView::channelName() const {
-  return channelSelected() ? model_.selected()->name : u"Live TV"_s;
+  return channelSelected() ? model_.browsing().selected()->name : u"Live TV"_s;
 }
 
 std::optional<GuideEntry> ChannelView::programme() const {
-  const GuideEntries upcoming = upcomingEntries(model_.guide(), clock_.now());
+  const GuideEntries upcoming = upcomingEntries(model_.guide().guide(), clock_.now());
   if (upcoming.isEmpty()) return std::nullopt;
   return upcoming.first();
 }
@@ -110,30 +117,31 @@ QString ChannelView::programmeDescription() const {
 
 QString ChannelView::programmeHint() const {
   if (programme()) return {};
-  return model_.detailsLoading() ? u"Loading programme information…"_s
-                                 : u"Select a channel to see its programme information."_s;
+  return model_.details().detailsLoading()
+             ? u"Loading programme information…"_s
+             : u"Select a channel to see its programme information."_s;
 }
 
 bool ChannelView::channelSelected() const {
-  return model_.selected().has_value();
+  return model_.browsing().selected().has_value();
 }
 
 QString ChannelView::bookmarkSymbol() const {
-  return channelSelected() && model_.favorites().contains(model_.selected()->id)
+  return channelSelected() && model_.record().favorites().contains(model_.browsing().selected()->id)
              ? u"bookmark.fill"_s
              : u"bookmark"_s;
 }
 
 QString ChannelView::error() const {
-  return model_.detailsError().value_or(QString());
+  return model_.details().detailsError().value_or(QString());
 }
 
 void ChannelView::watch() {
-  if (channelSelected()) model_.play(*model_.selected());
+  if (channelSelected()) model_.play(*model_.browsing().selected());
 }
 
 void ChannelView::toggleBookmark() {
-  if (channelSelected()) model_.favorite(*model_.selected());
+  if (channelSelected()) model_.favorite(*model_.browsing().selected());
 }
 
 void ChannelView::showRows(int first, int last) {
@@ -143,15 +151,15 @@ void ChannelView::showRows(int first, int last) {
 }
 
 void ChannelView::fetch(bool onlyRunningOut) {
-  if (model_.kind() != LibraryKind::live) return;
+  if (model_.browsing().kind() != LibraryKind::live) return;
   const int last = std::min(lastRow_, items_.rowCount() - 1);
   for (int row = std::max(firstRow_, 0); row <= last; ++row) {
     const MediaItem channel = items_.entry(row);
     if (onlyRunningOut) {
-      const GuideEntries known = model_.guideOf(channel.id).value_or(GuideEntries());
+      const GuideEntries known = model_.guide().guideOf(channel.id).value_or(GuideEntries());
       if (upcomingEntries(known, clock_.now()).size() >= 2) continue;
     }
-    model_.prefetchGuide(channel);
+    model_.guide().prefetchGuide(channel);
   }
 }
 

@@ -1,6 +1,6 @@
 #include "ui/channels/guide_list_model.h"
 
-#include "core/app_model.h"
+#include "core/programme_guide.h"
 #include "ui/channels/upcoming_entries.h"
 #include "ui/entries/item_list_model.h"
 
@@ -8,12 +8,12 @@ namespace vantor {
 
 using namespace Qt::StringLiterals;
 
-GuideListModel::GuideListModel(AppModel& model, const Clock& clock, ItemListModel& items,
-                               QObject* parent)
-    : QIdentityProxyModel(parent), model_(model), clock_(clock), items_(items) {
+GuideListModel::GuideListModel(const ProgrammeGuide& guide, const Clock& clock,
+                               ItemListModel& items, QObject* parent)
+    : QIdentityProxyModel(parent), guide_(guide), clock_(clock), items_(items) {
   setSourceModel(&items);
-  connect(&model, &AppModel::guideCacheChanged, this, &GuideListModel::guideChanged);
-  connect(&model, &AppModel::guideFailuresChanged, this, &GuideListModel::guideChanged);
+  connect(&guide, &ProgrammeGuide::guideCacheChanged, this, &GuideListModel::guideChanged);
+  connect(&guide, &ProgrammeGuide::guideFailuresChanged, this, &GuideListModel::guideChanged);
 }
 
 QVariant GuideListModel::data(const QModelIndex& index, int role) const {
@@ -35,7 +35,7 @@ QHash<int, QByteArray> GuideListModel::roleNames() const {
 }
 
 GuideEntries GuideListModel::upcoming(const QString& channelID) const {
-  return upcomingEntries(model_.guideOf(channelID).value_or(GuideEntries()), clock_.now());
+  return upcomingEntries(guide_.guideOf(channelID).value_or(GuideEntries()), clock_.now());
 }
 
 QString GuideListModel::nowText(const QModelIndex& index) const {
@@ -43,8 +43,8 @@ QString GuideListModel::nowText(const QModelIndex& index) const {
   const GuideEntries entries = upcoming(id);
   if (!entries.isEmpty()) return entries.first().title;
   if (index.data(ItemListModel::IsExampleRole).toBool()) return u"Preview channel"_s;
-  if (model_.guideFailed(id)) return u"Guide unavailable"_s;
-  return model_.guideOf(id) ? u"No programme information"_s : u"Loading guide…"_s;
+  if (guide_.guideFailed(id)) return u"Guide unavailable"_s;
+  return guide_.guideOf(id) ? u"No programme information"_s : u"Loading guide…"_s;
 }
 
 QString GuideListModel::nextText(const QModelIndex& index) const {

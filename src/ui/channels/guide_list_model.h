@@ -7,7 +7,7 @@
 
 namespace vantor {
 
-class AppModel;
+class ProgrammeGuide;
 class ItemListModel;
 
 /// The rows of the entries with what each channel shows now and next. Main thread only.
@@ -17,7 +17,7 @@ class GuideListModel final : public QIdentityProxyModel {
  public:
   enum Role { NowTextRole = Qt::UserRole + 100, NextTextRole };
 
-  GuideListModel(AppModel& model, const Clock& clock, ItemListModel& items,
+  GuideListModel(const ProgrammeGuide& guide, const Clock& clock, ItemListModel& items,
                  QObject* parent = nullptr);
 
   QVariant data(const QModelIndex& index, int role) const override;
@@ -33,7 +33,7 @@ class GuideListModel final : public QIdentityProxyModel {
   void updateTexts(int first, int last);
   void guideChanged(const QString& channelID);
 
-  AppModel& model_;
+  const ProgrammeGuide& guide_;
   const Clock& clock_;
   const ItemListModel& items_;
 };

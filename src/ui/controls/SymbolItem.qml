@@ -6,11 +6,11 @@ import Vantor.Ui
 MenuItem {
     id: item
 
-    required property string symbol
+    property string symbol: ""  // empty: none
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
 
     implicitHeight: 32
-    leftPadding: 38
+    leftPadding: symbol === "" ? 12 : 38
     rightPadding: 12
     font: Style.body
     Accessible.role: Accessible.MenuItem

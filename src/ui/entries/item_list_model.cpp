@@ -2,18 +2,19 @@
 
 #include <algorithm>
 
-#include "core/app_model.h"
+#include "core/browsing.h"
 #include "playback/playback.h"
 #include "ui/entries/one_line.h"
 
 namespace vantor {
 
-ItemListModel::ItemListModel(AppModel& model, QObject* parent)
-    : QAbstractListModel(parent), model_(model) {
-  connect(&model, &AppModel::itemsChanged, this, &ItemListModel::reset);
-  connect(&model, &AppModel::selectedChanged, this, &ItemListModel::updateCurrentRow);
-  connect(&model, &AppModel::favoritesChanged, this, &ItemListModel::updateFavorites);
-  connect(&model.playback(), &Playback::itemIDChanged, this, &ItemListModel::updatePlaying);
+ItemListModel::ItemListModel(const Browsing& browsing, const WatchRecord& record,
+                             const Playback& playback, QObject* parent)
+    : QAbstractListModel(parent), browsing_(browsing), record_(record), playback_(playback) {
+  connect(&browsing, &Browsing::itemsChanged, this, &ItemListModel::reset);
+  connect(&browsing, &Browsing::selectedChanged, this, &ItemListModel::updateCurrentRow);
+  connect(&record, &WatchRecord::favoritesChanged, this, &ItemListModel::updateFavorites);
+  connect(&playback, &Playback::itemIDChanged, this, &ItemListModel::updatePlaying);
   reset();
 }
 
@@ -44,11 +45,11 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
     case IsExampleRole:
       return readItem_.isExample;
     case IsFavoriteRole:
-      return model_.favorites().contains(readItem_.id);
+      return record_.favorites().contains(readItem_.id);
     case IsPlayingRole:
-      return model_.playback().itemID() == readItem_.id;
+      return playback_.itemID() == readItem_.id;
     case IsSelectedRole:
-      return model_.selected() && model_.selected()->id == readItem_.id;
+      return browsing_.selected() && browsing_.selected()->id == readItem_.id;
     default:
       return {};
   }
@@ -64,10 +65,10 @@ QHash<int, QByteArray> ItemListModel::roleNames() const {
 
 void ItemListModel::reset() {
   beginResetModel();
-  list_ = model_.sharedItems();
+  list_ = browsing_.sharedItems();
   rows_ = static_cast<int>(std::min<std::size_t>(list_->size(), rowLimit));
   readRow_ = -1;
-  playingID_ = model_.playback().itemIDText();
+  playingID_ = playback_.itemIDText();
   endResetModel();
   updateCurrentRow();
 }
@@ -90,7 +91,7 @@ void ItemListModel::touch(int row, Role role) {
 
 void ItemListModel::updateCurrentRow() {
   const int previous =
-      std::exchange(currentRow_, model_.selected() ? rowOf(model_.selected()->id) : -1);
+      std::exchange(currentRow_, browsing_.selected() ? rowOf(browsing_.selected()->id) : -1);
   if (previous == currentRow_) return;
   touch(previous < rows_ ? previous : -1, IsSelectedRole);
   touch(currentRow_, IsSelectedRole);
@@ -98,7 +99,7 @@ void ItemListModel::updateCurrentRow() {
 }
 
 void ItemListModel::updatePlaying() {
-  const QString previous = std::exchange(playingID_, model_.playback().itemIDText());
+  const QString previous = std::exchange(playingID_, playback_.itemIDText());
   touch(rowOf(previous), IsPlayingRole);
   touch(rowOf(playingID_), IsPlayingRole);
 }

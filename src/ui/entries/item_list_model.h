@@ -8,8 +8,10 @@
 
 namespace vantor {
 
-class AppModel;
+class Browsing;
 class ItemList;
+class Playback;
+class WatchRecord;
 
 /// The entries that the current section shows, as rows for a list: the first 2,500 of them, read
 /// from the model when a row is drawn. Main thread only.
@@ -35,7 +37,8 @@ class ItemListModel final : public QAbstractListModel {
 
   static constexpr int rowLimit = 2500;
 
-  explicit ItemListModel(AppModel& model, QObject* parent = nullptr);
+  ItemListModel(const Browsing& browsing, const WatchRecord& record, const Playback& playback,
+                QObject* parent = nullptr);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -58,7 +61,9 @@ class ItemListModel final : public QAbstractListModel {
   void updateFavorites();
   void touch(int row, Role role);
 
-  AppModel& model_;
+  const Browsing& browsing_;
+  const WatchRecord& record_;
+  const Playback& playback_;
   std::shared_ptr<const ItemList> list_;  // what the rows were announced of
   int rows_ = 0;
   int currentRow_ = -1;

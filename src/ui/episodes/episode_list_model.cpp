@@ -13,12 +13,13 @@ using namespace Qt::StringLiterals;
 
 EpisodeListModel::EpisodeListModel(AppModel& model, QObject* parent)
     : QAbstractListModel(parent), model_(model) {
-  connect(&model, &AppModel::episodesChanged, this, &EpisodeListModel::readEpisodes);
-  connect(&model, &AppModel::episodeSeasonChanged, this, &EpisodeListModel::filter);
+  connect(&model.details(), &ShowDetails::episodesChanged, this, &EpisodeListModel::readEpisodes);
+  connect(&model.browsing(), &Browsing::episodeSeasonChanged, this, &EpisodeListModel::filter);
   connect(&model.playback(), &Playback::itemIDChanged, this, &EpisodeListModel::updatePlaying);
-  for (const auto signal : {&AppModel::episodesChanged, &AppModel::detailsLoadingChanged,
-                            &AppModel::detailsErrorChanged, &AppModel::demoChanged})
-    connect(&model, signal, this, &EpisodeListModel::statusChanged);
+  for (const auto signal : {&ShowDetails::episodesChanged, &ShowDetails::detailsLoadingChanged,
+                            &ShowDetails::detailsErrorChanged})
+    connect(&model.details(), signal, this, &EpisodeListModel::statusChanged);
+  connect(&model.session(), &Session::demoChanged, this, &EpisodeListModel::statusChanged);
   readEpisodes();
 }
 
@@ -53,15 +54,16 @@ QStringList EpisodeListModel::seasons() const {
 
 int EpisodeListModel::seasonRow() const {
   const auto chosen =
-      std::find(seasonNumbers_.begin(), seasonNumbers_.end(), model_.episodeSeason());
+      std::find(seasonNumbers_.begin(), seasonNumbers_.end(), model_.browsing().episodeSeason());
   // A season 0 is named in the choices, but choosing it is choosing all of them.
-  if (model_.episodeSeason() == 0 || chosen == seasonNumbers_.end()) return 0;
+  if (model_.browsing().episodeSeason() == 0 || chosen == seasonNumbers_.end()) return 0;
   return static_cast<int>(chosen - seasonNumbers_.begin()) + 1;
 }
 
 void EpisodeListModel::chooseSeason(int row) {
   if (row < 0 || row > static_cast<int>(seasonNumbers_.size())) return;
-  model_.setEpisodeSeason(row == 0 ? 0 : seasonNumbers_[static_cast<std::size_t>(row) - 1]);
+  model_.browsing().setEpisodeSeason(row == 0 ? 0
+                                              : seasonNumbers_[static_cast<std::size_t>(row) - 1]);
   // Also when the season stays what it was: the picker has moved on its own.
   Q_EMIT seasonRowChanged();
 }
@@ -73,21 +75,21 @@ void EpisodeListModel::play(int row) {
 }
 
 QString EpisodeListModel::progress() const {
-  return model_.detailsLoading() ? u"Loading episodes…"_s : QString();
+  return model_.details().detailsLoading() ? u"Loading episodes…"_s : QString();
 }
 
 QString EpisodeListModel::error() const {
-  return model_.detailsError().value_or(QString());
+  return model_.details().detailsError().value_or(QString());
 }
 
 QString EpisodeListModel::emptyNote() const {
-  if (!model_.episodes().isEmpty() || model_.detailsLoading()) return {};
-  return model_.demo() ? u"Connect your provider to load this show's episodes."_s
-                       : u"No episodes returned by this provider."_s;
+  if (!model_.details().episodes().isEmpty() || model_.details().detailsLoading()) return {};
+  return model_.session().demo() ? u"Connect your provider to load this show's episodes."_s
+                                 : u"No episodes returned by this provider."_s;
 }
 
 void EpisodeListModel::readEpisodes() {
-  episodes_ = model_.episodes();
+  episodes_ = model_.details().episodes();
   std::set<int> numbers;
   for (const MediaItem& episode : std::as_const(episodes_))
     if (episode.season) numbers.insert(*episode.season);
@@ -97,7 +99,7 @@ void EpisodeListModel::readEpisodes() {
 }
 
 void EpisodeListModel::filter() {
-  const int season = model_.episodeSeason();
+  const int season = model_.browsing().episodeSeason();
   beginResetModel();
   currentRow_ = 0;
   shown_.clear();

@@ -9,7 +9,7 @@ FocusScope {
     required property Views views
     required property PersistentVideoOverlay overlay
 
-    PlayerPanel {
+    PlayerArea {
         anchors.fill: parent
         anchors.leftMargin: Style.inset
         anchors.rightMargin: Style.inset

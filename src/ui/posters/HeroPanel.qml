@@ -93,7 +93,7 @@ Item {
         Component {
             id: player
 
-            PlayerPanel {
+            PlayerArea {
                 width: 285
                 player: hero.views.player
                 transport: hero.views.transport

@@ -28,6 +28,13 @@ Item {
     Accessible.focusable: true
     Accessible.focused: focused
     Accessible.onPressAction: card.chosen(card.index)
+    onFocusedChanged: tell()
+    Component.onCompleted: tell()
+
+    function tell() {
+        if (focused)
+            Assistive.highlight(card);
+    }
 
     Item {
         id: content

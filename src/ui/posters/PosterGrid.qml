@@ -16,10 +16,8 @@ FocusScope {
     readonly property int rowGap: 20
 
     function openMenu(row: int, place: Item, x: real, y: real) {
-        if (row < 0)
-            return;
-        menu.row = row;
-        menu.popup(place, x, y);
+        if (row >= 0)
+            menu.openAt(row, place, x, y);
     }
 
     function openMenuByKey() {
@@ -89,23 +87,6 @@ FocusScope {
                 area.shell.activateSelection()
         }
 
-        readonly property int highlighted: area.view.keyRow
-
-        function tell() {
-            if (activeFocus && highlighted >= 0)
-                Assistive.highlight((itemAtIndex(highlighted) as PosterCell)?.card ?? null);
-        }
-
-        onActiveFocusChanged: tell()
-        // Once the grid has moved there.
-        onHighlightedChanged: told.restart()
-
-        Timer {
-            id: told
-            interval: 0
-            onTriggered: grid.tell()
-        }
-
         Component.onCompleted: area.view.restorePosition()
         onMovementEnded: settle()
         onHeightChanged: area.view.restorePosition()
@@ -122,14 +103,8 @@ FocusScope {
             }
         }
 
-        component PosterCell: Item {
-            property PosterCard card: null
-        }
-
-        delegate: PosterCell {
+        delegate: Item {
             id: cell
-
-            card: poster
 
             required property int index
             required property string name
@@ -177,26 +152,12 @@ FocusScope {
         elide: Text.ElideRight
     }
 
-    PopupMenu {
+    EntryMenu {
         id: menu
 
-        property int row: -1
-
         width: 220
+        shell: area.shell
+        playText: "Play"
         onClosed: grid.forceActiveFocus(Qt.PopupFocusReason)
-
-        ChoiceItem {
-            modelData: ({
-                    name: "Play"
-                })
-            onTriggered: area.shell.playRow(menu.row)
-        }
-
-        ChoiceItem {
-            modelData: ({
-                    name: "Add / remove from My list"
-                })
-            onTriggered: area.shell.favoriteRow(menu.row)
-        }
     }
 }

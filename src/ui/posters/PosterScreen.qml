@@ -42,7 +42,7 @@ Browsable {
         StatusStrip {
             id: status
             width: parent.width
-            line: screen.views.statusLine
+            line: screen.views.statusView
         }
 
         HeroPanel {

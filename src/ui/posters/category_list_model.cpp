@@ -11,19 +11,19 @@ using namespace Qt::StringLiterals;
 CategoryListModel::CategoryListModel(AppModel& model, QObject* parent)
     : QAbstractListModel(parent),
       model_(model),
-      section_(model.section()),
-      catalog_(model.catalog()) {
-  connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::update);
-  connect(&model, &AppModel::catalogsChanged, this, &CategoryListModel::update);
-  connect(&model, &AppModel::sectionChanged, this, &CategoryListModel::offeredChanged);
-  connect(&model, &AppModel::categoryChanged, this, &CategoryListModel::currentChanged);
+      section_(model.browsing().section()),
+      catalog_(model.browsing().catalog()) {
+  connect(&model.browsing(), &Browsing::sectionChanged, this, &CategoryListModel::update);
+  connect(&model.libraries(), &Libraries::catalogsChanged, this, &CategoryListModel::update);
+  connect(&model.browsing(), &Browsing::sectionChanged, this, &CategoryListModel::offeredChanged);
+  connect(&model.browsing(), &Browsing::categoryChanged, this, &CategoryListModel::currentChanged);
 }
 
 void CategoryListModel::update() {
-  const Catalog catalog = model_.catalog();
-  if (section_ == model_.section() && catalog.sharesContentsWith(catalog_)) return;
+  const Catalog catalog = model_.browsing().catalog();
+  if (section_ == model_.browsing().section() && catalog.sharesContentsWith(catalog_)) return;
   beginResetModel();
-  section_ = model_.section();
+  section_ = model_.browsing().section();
   catalog_ = catalog;
   endResetModel();
   Q_EMIT currentChanged();
@@ -42,7 +42,7 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
   if (row < 0 || row >= rowCount()) return {};
   if (role == CategoryIDRole) return idOf(row);
   if (role != NameRole) return {};
-  return row == 0 ? u"All "_s + sectionTitle(model_).toLower()
+  return row == 0 ? u"All "_s + sectionTitle(model_.browsing()).toLower()
                   : oneLine(catalog_.categories()[static_cast<std::size_t>(row) - 1].name);
 }
 
@@ -51,16 +51,16 @@ QHash<int, QByteArray> CategoryListModel::roleNames() const {
 }
 
 bool CategoryListModel::offered() const {
-  return model_.kind().has_value();
+  return model_.browsing().kind().has_value();
 }
 
 QString CategoryListModel::current() const {
-  return model_.category();
+  return model_.browsing().category();
 }
 
 int CategoryListModel::currentRow() const {
   for (int row = 0; row < rowCount(); ++row)
-    if (idOf(row) == model_.category()) return row;
+    if (idOf(row) == model_.browsing().category()) return row;
   return -1;
 }
 

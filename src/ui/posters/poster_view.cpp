@@ -12,35 +12,36 @@ namespace vantor {
 using namespace Qt::StringLiterals;
 
 PosterView::PosterView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
+  const Browsing& browsing = model.browsing();
   for (const auto signal :
-       {&AppModel::itemsChanged, &AppModel::selectedChanged, &AppModel::sectionChanged})
-    connect(&model, signal, this, &PosterView::updateHero);
-  for (const auto signal : {&AppModel::favoritesChanged, &AppModel::showingEpisodesChanged,
-                            &AppModel::startingUpChanged})
-    connect(&model, signal, this, &PosterView::changed);
+       {&Browsing::itemsChanged, &Browsing::selectedChanged, &Browsing::sectionChanged})
+    connect(&browsing, signal, this, &PosterView::updateHero);
+  connect(&browsing, &Browsing::showingEpisodesChanged, this, &PosterView::changed);
+  connect(&model.record(), &WatchRecord::favoritesChanged, this, &PosterView::changed);
+  connect(&model.session(), &Session::startingUpChanged, this, &PosterView::changed);
   connect(&model.playback(), &Playback::itemIDChanged, this, &PosterView::changed);
-  connect(&model, &AppModel::itemsChanged, this, [this] { request(Scroll::ToAnchor); });
-  connect(&model, &AppModel::selectedChanged, this, [this] { request(Scroll::ToSelection); });
+  connect(&browsing, &Browsing::itemsChanged, this, [this] { request(Scroll::ToAnchor); });
+  connect(&browsing, &Browsing::selectedChanged, this, [this] { request(Scroll::ToSelection); });
   connect(&model, &AppModel::settled, this, &PosterView::carryOutScroll);
   updateHero();
 }
 
 void PosterView::updateHero() {
-  if (model_.selected())
-    hero_ = model_.selected();
-  else if (!model_.items().empty())
-    hero_ = model_.items().item(0);
+  if (model_.browsing().selected())
+    hero_ = model_.browsing().selected();
+  else if (!model_.browsing().items().empty())
+    hero_ = model_.browsing().items().item(0);
   else
     hero_.reset();
   Q_EMIT changed();
 }
 
 QString PosterView::kicker() const {
-  return (hero_ ? title(hero_->kind) : sectionTitle(model_)).toUpper();
+  return (hero_ ? title(hero_->kind) : sectionTitle(model_.browsing())).toUpper();
 }
 
 QString PosterView::name() const {
-  return hero_ ? hero_->name : sectionTitle(model_);
+  return hero_ ? hero_->name : sectionTitle(model_.browsing());
 }
 
 QString PosterView::facts() const {
@@ -65,7 +66,8 @@ QUrl PosterView::artwork() const {
 }
 
 QString PosterView::symbol() const {
-  return vantor::symbol(hero_ ? hero_->kind : model_.kind().value_or(LibraryKind::movies));
+  return vantor::symbol(hero_ ? hero_->kind
+                              : model_.browsing().kind().value_or(LibraryKind::movies));
 }
 
 QString PosterView::openLabel() const {
@@ -73,11 +75,12 @@ QString PosterView::openLabel() const {
 }
 
 QString PosterView::favoriteSymbol() const {
-  return hero_ && model_.favorites().contains(hero_->id) ? u"bookmark.fill"_s : u"bookmark"_s;
+  return hero_ && model_.record().favorites().contains(hero_->id) ? u"bookmark.fill"_s
+                                                                  : u"bookmark"_s;
 }
 
 bool PosterView::allShowsOffered() const {
-  return hero_ && model_.showingEpisodes();
+  return hero_ && model_.browsing().showingEpisodes();
 }
 
 bool PosterView::showsPlayer() const {
@@ -85,13 +88,14 @@ bool PosterView::showsPlayer() const {
 }
 
 PosterView::Content PosterView::content() const {
-  if (model_.showingEpisodes() && model_.selected()) return Content::Episodes;
+  if (model_.browsing().showingEpisodes() && model_.browsing().selected()) return Content::Episodes;
   // Whether there is nothing to show is not known before the saved account was read.
-  return model_.items().empty() && !model_.startingUp() ? Content::Empty : Content::Grid;
+  return model_.browsing().items().empty() && !model_.session().startingUp() ? Content::Empty
+                                                                             : Content::Grid;
 }
 
 QString PosterView::limitNote() const {
-  return model_.items().size() > static_cast<std::size_t>(ItemListModel::rowLimit)
+  return model_.browsing().items().size() > static_cast<std::size_t>(ItemListModel::rowLimit)
              ? u"Showing 2,500 titles. Choose a category or search to narrow the results."_s
              : QString();
 }
@@ -105,20 +109,21 @@ void PosterView::toggleFavorite() {
 }
 
 void PosterView::closeEpisodes() {
-  model_.setShowingEpisodes(false);
+  model_.browsing().setShowingEpisodes(false);
 }
 
 void PosterView::choose(int row) {
-  if (row < 0 || static_cast<std::size_t>(row) >= model_.items().size()) return;
-  model_.setShowingEpisodes(false);
-  model_.select(model_.items().item(static_cast<std::size_t>(row)));
+  if (row < 0 || static_cast<std::size_t>(row) >= model_.browsing().items().size()) return;
+  model_.browsing().setShowingEpisodes(false);
+  model_.select(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
 void PosterView::settledOn(int row) {
   // A scroll that is still to be carried out decides where the grid stands.
   if (scroll_ != Scroll::None) return;
-  if (row < 0 || static_cast<std::size_t>(row) >= model_.items().size()) return;
-  model_.setBrowseAnchor(model_.section(), model_.items().id(static_cast<std::size_t>(row)));
+  if (row < 0 || static_cast<std::size_t>(row) >= model_.browsing().items().size()) return;
+  model_.browsing().setBrowseAnchor(model_.browsing().section(),
+                                    model_.browsing().items().id(static_cast<std::size_t>(row)));
 }
 
 void PosterView::restorePosition() {
@@ -127,7 +132,7 @@ void PosterView::restorePosition() {
 }
 
 void PosterView::request(Scroll scroll) {
-  if (model_.kind() == LibraryKind::live) return;  // channels have no posters
+  if (model_.browsing().kind() == LibraryKind::live) return;  // channels have no posters
   // Where a section was left goes before its selection, whose change is told of after the entries.
   scroll_ = std::max(scroll_, scroll);
 }
@@ -137,8 +142,8 @@ void PosterView::carryOutScroll() {
   if (scroll == Scroll::None) return;
   int row = -1;
   if (scroll == Scroll::ToAnchor)
-    row = rowOf(model_.browseAnchor(model_.section()).value_or(QString()));
-  if (row < 0 && model_.selected()) row = rowOf(model_.selected()->id);
+    row = rowOf(model_.browsing().browseAnchor(model_.browsing().section()).value_or(QString()));
+  if (row < 0 && model_.browsing().selected()) row = rowOf(model_.browsing().selected()->id);
   // A selection without a poster leaves the grid where it is.
   if (row >= 0 || scroll == Scroll::ToAnchor) Q_EMIT centerRequested(row);
   settledOn(row);
@@ -146,7 +151,7 @@ void PosterView::carryOutScroll() {
 
 int PosterView::rowOf(const QString& id) const {
   if (id.isEmpty()) return -1;
-  const auto index = model_.items().indexOf(id);
+  const auto index = model_.browsing().items().indexOf(id);
   return index && *index < static_cast<std::size_t>(ItemListModel::rowLimit)
              ? static_cast<int>(*index)
              : -1;

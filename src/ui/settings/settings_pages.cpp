@@ -30,11 +30,13 @@ QList<SettingsBlock> mainPage() {
 
 QList<SettingsBlock> playlistsPage(const AppModel& model) {
   QList<SettingsBlock> blocks = {
-      text(model.account() ? model.account()->name : u"No provider connected"_s),
+      text(model.session().account() ? model.session().account()->name
+                                     : u"No provider connected"_s),
       secondary(u"Channels, movies, shows and artwork come directly from your provider. Saved "
                 "libraries stay available when you change sections."_s)};
-  if (model.account() && model.details())
-    blocks.append(text(u"Provider connection limit: "_s + model.details()->maximumConnections));
+  if (model.session().account() && model.session().subscription())
+    blocks.append(text(u"Provider connection limit: "_s +
+                       model.session().subscription()->maximumConnections));
   blocks.append(
       {row(u"Xtream Codes parameters"_s, u"Change your provider account"_s, Action::changeProvider),
        row(u"Refresh playlists"_s, u"Update TV, Movies and Shows"_s, Action::refreshPlaylists),

@@ -34,14 +34,10 @@ SettingsView::SettingsView(AppModel& model, Opener& opener, SettingsLinks links,
       opener_(opener),
       links_(std::move(links)),
       page_(settingsMainPage) {
-  connect(&model, &AppModel::accountChanged, this, &SettingsView::blocksChanged);
-  connect(&model, &AppModel::detailsChanged, this, &SettingsView::blocksChanged);
+  connect(&model.session(), &Session::accountChanged, this, &SettingsView::blocksChanged);
+  connect(&model.session(), &Session::subscriptionChanged, this, &SettingsView::blocksChanged);
   connect(&model, &AppModel::showingSettingsChanged, this, &SettingsView::shownOrHidden);
   shownOrHidden();
-}
-
-SettingsView::~SettingsView() {
-  removalTask_.cancel();
 }
 
 void SettingsView::shownOrHidden() {

@@ -38,7 +38,6 @@ class SettingsView final : public QObject {
 
  public:
   SettingsView(AppModel& model, Opener& opener, SettingsLinks links, QObject* parent = nullptr);
-  ~SettingsView() override;
 
   bool shown() const { return shown_; }
   const QString& page() const { return page_; }

@@ -8,13 +8,13 @@ import Vantor.Ui
 PopupMenu {
     id: commandMenu
 
-    required property MenuCommands commands
+    required property Commands commands
 
     width: 270
     modal: false
 
     Instantiator {
-        model: commandMenu.commands.commands
+        model: commandMenu.commands.list
         onObjectAdded: (index, object) => commandMenu.insertItem(index, object as MenuItem)
         onObjectRemoved: (index, object) => commandMenu.removeItem(object as MenuItem)
 

@@ -6,12 +6,12 @@ import Vantor.Ui
 Instantiator {
     id: shortcuts
 
-    required property MenuCommands commands
+    required property Commands commands
     // The commands that work over an open sheet, or those that do not. Qt keeps every key from what
     // has a popup above it; keys that work anywhere must belong to the window and not to an item.
     property bool anywhere: false
 
-    model: commands.commands
+    model: commands.list
 
     delegate: Shortcut {
         required property int index

@@ -7,7 +7,7 @@ Item {
     id: header
 
     required property TVShell shell
-    required property MenuCommands commands
+    required property Commands commands
     required property WindowActions window
 
     // The search is over; the keyboard goes to what was found.

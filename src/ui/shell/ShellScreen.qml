@@ -88,7 +88,7 @@ FocusScope {
             id: header
             width: parent.width
             shell: screen.views.shell
-            commands: screen.views.menu
+            commands: screen.views.commands
             window: screen.window
             onDone: screen.browse()
         }

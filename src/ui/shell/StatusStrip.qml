@@ -5,7 +5,7 @@ import Vantor.Ui
 Rectangle {
     id: strip
 
-    required property StatusLine line
+    required property StatusView line
 
     implicitHeight: label.implicitHeight + 2 * 10
     color: Style.faded(Style.panelColor, 0.35)

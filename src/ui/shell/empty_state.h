@@ -5,7 +5,8 @@
 
 namespace vantor {
 
-class AppModel;
+class Browsing;
+class Session;
 
 /// What stands in place of a list without entries. Main thread only.
 class EmptyState final : public QObject {
@@ -18,7 +19,7 @@ class EmptyState final : public QObject {
   Q_PROPERTY(bool connectOffered READ connectOffered NOTIFY changed)
 
  public:
-  explicit EmptyState(AppModel& model, QObject* parent = nullptr);
+  EmptyState(const Session& session, const Browsing& browsing, QObject* parent = nullptr);
 
   bool shown() const;
   QString headline() const;
@@ -29,7 +30,8 @@ class EmptyState final : public QObject {
   void changed();
 
  private:
-  AppModel& model_;
+  const Session& session_;
+  const Browsing& browsing_;
 };
 
 }  // namespace vantor

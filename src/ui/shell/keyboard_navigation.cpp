@@ -24,51 +24,53 @@ std::int64_t step(TVShell::Direction direction, int columns) {
 }  // namespace
 
 void TVShell::moveSelection(Direction direction, int columns) {
-  const ItemList& items = model_.items();
+  const ItemList& items = model_.browsing().items();
   if (items.empty()) return;
   std::int64_t current = 0;
-  if (model_.selected())
-    current = static_cast<std::int64_t>(items.indexOf(model_.selected()->id).value_or(0));
+  if (model_.browsing().selected())
+    current =
+        static_cast<std::int64_t>(items.indexOf(model_.browsing().selected()->id).value_or(0));
   const auto last = static_cast<std::int64_t>(items.size()) - 1;
   const std::int64_t target = std::clamp<std::int64_t>(current + step(direction, columns), 0, last);
   model_.select(items.item(static_cast<std::size_t>(target)));
 }
 
 void TVShell::activateSelection() {
-  if (model_.selected())
-    open(*model_.selected());
-  else if (!model_.items().empty())
-    open(model_.items().item(0));
+  if (model_.browsing().selected())
+    open(*model_.browsing().selected());
+  else if (!model_.browsing().items().empty())
+    open(model_.browsing().items().item(0));
 }
 
 void TVShell::open(MediaItem item) {
-  if (!model_.selected() || model_.selected()->id != item.id) model_.select(item);
+  if (!model_.browsing().selected() || model_.browsing().selected()->id != item.id)
+    model_.select(item);
   if (item.kind == LibraryKind::shows)
-    model_.setShowingEpisodes(true);
+    model_.browsing().setShowingEpisodes(true);
   else
     model_.play(item);
 }
 
 bool TVShell::hasRow(int row) const {
-  return row >= 0 && static_cast<std::size_t>(row) < model_.items().size();
+  return row >= 0 && static_cast<std::size_t>(row) < model_.browsing().items().size();
 }
 
 void TVShell::selectRow(int row) {
-  if (hasRow(row)) model_.select(model_.items().item(static_cast<std::size_t>(row)));
+  if (hasRow(row)) model_.select(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
 void TVShell::openRow(int row) {
-  if (hasRow(row)) open(model_.items().item(static_cast<std::size_t>(row)));
+  if (hasRow(row)) open(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
 void TVShell::playRow(int row) {
   if (!hasRow(row)) return;
   selectRow(row);
-  model_.play(model_.items().item(static_cast<std::size_t>(row)));
+  model_.play(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
 void TVShell::favoriteRow(int row) {
-  if (hasRow(row)) model_.favorite(model_.items().item(static_cast<std::size_t>(row)));
+  if (hasRow(row)) model_.favorite(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
 }  // namespace vantor

@@ -26,28 +26,28 @@ constexpr std::array sectionTable = {
 
 }  // namespace
 
-QString sectionTitle(const AppModel& model) {
-  if (const auto kind = model.kind()) return title(*kind);
+QString sectionTitle(const Browsing& browsing) {
+  if (const auto kind = browsing.kind()) return title(*kind);
   for (const Section& known : sectionTable)
-    if (model.section() == QLatin1String(known.section)) return QString::fromLatin1(known.title);
+    if (browsing.section() == QLatin1String(known.section)) return QString::fromLatin1(known.title);
   return u"Vantor"_s;
 }
 
 TVShell::TVShell(AppModel& model, QObject* parent)
     : QObject(parent), model_(model), playback_(model.playback()) {
-  connect(&model, &AppModel::sectionChanged, this, [this] {
+  connect(&model.browsing(), &Browsing::sectionChanged, this, [this] {
     Q_EMIT sectionChanged();
     Q_EMIT refreshEnabledChanged();
-    if (model_.section() == u"search"_s) Q_EMIT searchFocusRequested();
+    if (model_.browsing().section() == u"search"_s) Q_EMIT searchFocusRequested();
   });
-  connect(&model, &AppModel::selectedChanged, this, &TVShell::selectedNameChanged);
+  connect(&model.browsing(), &Browsing::selectedChanged, this, &TVShell::selectedNameChanged);
   connect(this, &TVShell::sectionChanged, this, &TVShell::selectedNameChanged);
-  connect(&model, &AppModel::accountChanged, this, &TVShell::accountChanged);
-  connect(&model, &AppModel::demoChanged, this, &TVShell::accountChanged);
-  connect(&model, &AppModel::accountChanged, this, &TVShell::refreshEnabledChanged);
-  connect(&model, &AppModel::demoChanged, this, &TVShell::refreshEnabledChanged);
-  connect(&model, &AppModel::loadingChanged, this, &TVShell::refreshEnabledChanged);
-  connect(&model, &AppModel::searchChanged, this, &TVShell::searchChanged);
+  connect(&model.session(), &Session::accountChanged, this, &TVShell::accountChanged);
+  connect(&model.session(), &Session::demoChanged, this, &TVShell::accountChanged);
+  connect(&model.session(), &Session::accountChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model.session(), &Session::demoChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model.libraries(), &Libraries::loadingChanged, this, &TVShell::refreshEnabledChanged);
+  connect(&model.browsing(), &Browsing::searchChanged, this, &TVShell::searchChanged);
   connect(&model, &AppModel::noticeChanged, this, &TVShell::noticeChanged);
   connect(&playback_, &Playback::expandedChanged, this, &TVShell::expandedChanged);
 }
@@ -62,15 +62,15 @@ QVariantList TVShell::sections() const {
 }
 
 QString TVShell::section() const {
-  return model_.section();
+  return model_.browsing().section();
 }
 
 bool TVShell::showsChannels() const {
-  return model_.kind() == LibraryKind::live;
+  return model_.browsing().kind() == LibraryKind::live;
 }
 
 QString TVShell::title() const {
-  return sectionTitle(model_);
+  return sectionTitle(model_.browsing());
 }
 
 QString TVShell::headerTitle() const {
@@ -79,11 +79,11 @@ QString TVShell::headerTitle() const {
 }
 
 QString TVShell::selectedName() const {
-  return model_.selected() ? model_.selected()->name : headerTitle();
+  return model_.browsing().selected() ? model_.browsing().selected()->name : headerTitle();
 }
 
 bool TVShell::searchOffered() const {
-  return model_.account() || model_.demo();
+  return model_.session().account() || model_.session().demo();
 }
 
 QString TVShell::searchPlaceholder() const {
@@ -91,20 +91,21 @@ QString TVShell::searchPlaceholder() const {
 }
 
 QString TVShell::search() const {
-  return model_.search();
+  return model_.browsing().search();
 }
 
 void TVShell::setSearch(const QString& text) {
-  model_.setSearch(text);
+  model_.browsing().setSearch(text);
 }
 
 bool TVShell::refreshOffered() const {
-  return model_.kind().has_value();
+  return model_.browsing().kind().has_value();
 }
 
 bool TVShell::refreshEnabled() const {
-  const auto kind = model_.kind();
-  return kind && model_.account() && !model_.demo() && !model_.loading().contains(*kind);
+  const auto kind = model_.browsing().kind();
+  return kind && model_.session().account() && !model_.session().demo() &&
+         !model_.libraries().loading().contains(*kind);
 }
 
 QString TVShell::notice() const {
@@ -116,8 +117,9 @@ bool TVShell::expanded() const {
 }
 
 QString TVShell::accountLabel() const {
-  if (model_.demo()) return u"Preview library · No content included"_s;
-  return model_.account() ? model_.account()->name : u"Connect your own provider"_s;
+  if (model_.session().demo()) return u"Preview library · No content included"_s;
+  return model_.session().account() ? model_.session().account()->name
+                                    : u"Connect your own provider"_s;
 }
 
 QString TVShell::browseHint() const {
@@ -133,7 +135,7 @@ void TVShell::navigate(const QString& section) {
 }
 
 void TVShell::refresh() {
-  if (const auto kind = model_.kind()) model_.load(*kind, true);
+  if (const auto kind = model_.browsing().kind()) model_.load(*kind, true);
 }
 
 void TVShell::openFile() {
@@ -163,8 +165,8 @@ void TVShell::startOver() {
 void TVShell::escape() {
   if (playback_.expanded())
     playback_.setExpanded(false);
-  else if (model_.showingEpisodes())
-    model_.setShowingEpisodes(false);
+  else if (model_.browsing().showingEpisodes())
+    model_.browsing().setShowingEpisodes(false);
   else
     model_.navigate(rawValue(LibraryKind::live));
 }

@@ -9,6 +9,7 @@
 namespace vantor {
 
 class AppModel;
+class Browsing;
 class Playback;
 
 /// The browsing screen around its content: sections, header, notice, footer, keyboard actions and
@@ -97,6 +98,6 @@ class TVShell final : public QObject {
 };
 
 /// The title of the section that the model shows: "TV", "Movies", "Search".
-QString sectionTitle(const AppModel& model);
+QString sectionTitle(const Browsing& browsing);
 
 }  // namespace vantor

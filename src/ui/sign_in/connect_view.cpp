@@ -9,22 +9,18 @@ namespace vantor {
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
-  connect(&model, &AppModel::busyChanged, this, &ConnectView::workingChanged);
+  connect(&model.session(), &Session::busyChanged, this, &ConnectView::workingChanged);
   connect(this, &ConnectView::workingChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::usernameChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::passwordChanged, this, &ConnectView::canConnectChanged);
 }
 
-ConnectView::~ConnectView() {
-  connectTask_.cancel();
-}
-
 bool ConnectView::working() const {
-  return attempting_ || model_.busy();
+  return attempting_ || model_.session().busy();
 }
 
 bool ConnectView::closable() const {
-  return !model_.busy();
+  return !model_.session().busy();
 }
 
 bool ConnectView::canConnect() const {
@@ -59,7 +55,7 @@ void ConnectView::shownOrHidden() {
   setPassword({});
   setError({});
   if (model_.showingConnect())
-    setUsername(model_.account() ? model_.account()->username : QString());
+    setUsername(model_.session().account() ? model_.session().account()->username : QString());
   if (shown_ == model_.showingConnect()) return;
   shown_ = model_.showingConnect();
   Q_EMIT shownChanged();
@@ -67,7 +63,7 @@ void ConnectView::shownOrHidden() {
 
 void ConnectView::close() {
   if (!closable()) return;
-  connectTask_.cancel();
+  connectTask_ = {};
   setAttempting(false);
   model_.setShowingConnect(false);
 }

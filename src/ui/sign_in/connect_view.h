@@ -27,7 +27,6 @@ class ConnectView final : public QObject {
 
  public:
   explicit ConnectView(AppModel& model, QObject* parent = nullptr);
-  ~ConnectView() override;
 
   bool shown() const { return shown_; }
   const QString& username() const { return username_; }

@@ -76,13 +76,13 @@ ApplicationWindow {
         active: window.appeared
 
         sourceComponent: CommandShortcuts {
-            commands: window.views.menu
+            commands: window.views.commands
         }
     }
 
     readonly property CommandShortcuts shortcutsAnywhere: CommandShortcuts {
         active: window.appeared
-        commands: window.views.menu
+        commands: window.views.commands
         anywhere: true
     }
 

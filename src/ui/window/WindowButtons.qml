@@ -6,7 +6,7 @@ Row {
     id: buttons
 
     required property WindowActions window
-    required property MenuCommands commands
+    required property Commands commands
 
     spacing: 2
 

@@ -27,7 +27,7 @@ class ChannelViewTest : public ::testing::Test, protected test::ModelFixture {
     signIn(rows(LibraryKind::live, 0, channels));
   }
   void makeViews() {
-    items = std::make_unique<ItemListModel>(*model);
+    items = std::make_unique<ItemListModel>(model->browsing(), model->record(), model->playback());
     view = std::make_unique<ChannelView>(*model, clock, *items);
   }
   void TearDown() override {
@@ -59,8 +59,9 @@ class ChannelViewTest : public ::testing::Test, protected test::ModelFixture {
   }
   void arrive(int row, const QByteArray& body) {
     ASSERT_TRUE(eventually([&] { return transport.answer(guideRequest, body); }));
-    ASSERT_TRUE(eventually(
-        [&] { return model->guideOf(model->items().id(std::size_t(row))).has_value(); }));
+    ASSERT_TRUE(eventually([&] {
+      return model->guide().guideOf(model->browsing().items().id(std::size_t(row))).has_value();
+    }));
   }
 
   std::unique_ptr<ItemListModel> items;
@@ -79,7 +80,7 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   QSignalSpy changes(view->rows(), &QAbstractItemModel::dataChanged);
   ASSERT_TRUE(eventually(
       [&] { return transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500))); }));
-  ASSERT_TRUE(eventually([&] { return model->guideFailed(u"live:2"_s); }));
+  ASSERT_TRUE(eventually([&] { return model->guide().guideFailed(u"live:2"_s); }));
   ASSERT_FALSE(changes.isEmpty());
   for (const auto& change : changes) {
     EXPECT_EQ(change[0].toModelIndex().row(), 2) << "the other rows are left alone";
@@ -126,7 +127,7 @@ TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
   view->showRows(0, 0);
   settle();
   arrive(0, guide({"First", "Second", "Third"}, 90s));
-  model->select(model->items().item(0));
+  model->select(model->browsing().items().item(0));
   EXPECT_EQ(view->programmeTitle(), u"First"_s);
   QSignalSpy rowChanges(view->rows(), &QAbstractItemModel::dataChanged);
   QSignalSpy panelChanges(view.get(), &ChannelView::programmeChanged);
@@ -158,7 +159,7 @@ TEST_F(ChannelViewTest, RowsTurnedAwayAreAskedForWhenThereIsRoom) {
   }));
   EXPECT_EQ(now(30), u"Loading guide…"_s) << "not on screen";
 
-  model->setSearch(u"title 3"_s);
+  model->browsing().setSearch(u"title 3"_s);
   EXPECT_TRUE(eventually([&] {
     clock.advance(100ms);
     return now(10) == u"Now"_s;
@@ -189,12 +190,12 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
   view->toggleBookmark();
   EXPECT_FALSE(model->playback().itemID());
 
-  model->select(model->items().item(1));
+  model->select(model->browsing().items().item(1));
   EXPECT_EQ(view->channelName(), u"Title 1"_s);
   EXPECT_EQ(view->programmeHint(), u"Loading programme information…"_s);
   settle();
   arrive(1, guide({"Concert", "Talk"}, 10min));
-  ASSERT_TRUE(eventually([&] { return !model->detailsLoading(); }));
+  ASSERT_TRUE(eventually([&] { return !model->details().detailsLoading(); }));
   EXPECT_EQ(view->programmeHint(), QString());
   EXPECT_EQ(view->programmeTitle(), u"Concert"_s);
   EXPECT_EQ(view->programmeDescription(), u"About Concert"_s);
@@ -210,7 +211,7 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
   settle();
   EXPECT_EQ(model->playback().itemID(), u"live:1"_s);
 
-  model->select(model->items().item(0));
+  model->select(model->browsing().items().item(0));
   settle();
   ASSERT_TRUE(transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500))));
   ASSERT_TRUE(eventually([&] { return !view->error().isEmpty(); }));
@@ -231,7 +232,7 @@ TEST_F(ChannelViewTest, TheGroupIsTheCategory) {
   EXPECT_EQ(view->groups(), (QStringList{u"All channels"_s, u"News"_s, u"Sport"_s}));
   EXPECT_EQ(view->group(), 0);
   view->chooseGroup(2);
-  EXPECT_EQ(model->category(), u"2"_s);
+  EXPECT_EQ(model->browsing().category(), u"2"_s);
   EXPECT_EQ(view->group(), 2);
   EXPECT_EQ(view->groupName(), u"Sport"_s);
   EXPECT_EQ(view->rows()->rowCount(), 3);

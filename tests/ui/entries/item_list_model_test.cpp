@@ -15,7 +15,8 @@ using test::settle;
 class ItemListModelTest : public ::testing::Test, protected test::ModelFixture {
  protected:
   AppModel& app = launch();
-  std::unique_ptr<ItemListModel> list = std::make_unique<ItemListModel>(app);
+  std::unique_ptr<ItemListModel> list =
+      std::make_unique<ItemListModel>(app.browsing(), app.record(), app.playback());
 
   void TearDown() override { list.reset(); }
   QVariant read(int row, ItemListModel::Role role) { return list->data(list->index(row), role); }
@@ -28,7 +29,7 @@ TEST_F(ItemListModelTest, ListsTheEntriesUpToItsLimit) {
   EXPECT_EQ(read(2499, ItemListModel::NameRole), u"Title 2499"_s);
   EXPECT_EQ(read(7, ItemListModel::ItemIDRole), u"live:7"_s);
   EXPECT_FALSE(list->data(list->index(2500), ItemListModel::NameRole).isValid());
-  app.setSearch(u"title 25"_s);
+  app.browsing().setSearch(u"title 25"_s);
   EXPECT_EQ(list->rowCount(), 12);
   EXPECT_EQ(read(0, ItemListModel::NameRole), u"Title 25"_s);
 }
@@ -36,19 +37,19 @@ TEST_F(ItemListModelTest, ListsTheEntriesUpToItsLimit) {
 TEST_F(ItemListModelTest, FollowsSelectionPlayingAndFavourites) {
   signIn(rows(LibraryKind::live, 0, 2600));
   EXPECT_EQ(list->currentRow(), -1);
-  app.select(app.items().item(3));
+  app.select(app.browsing().items().item(3));
   EXPECT_EQ(list->currentRow(), 3);
   EXPECT_TRUE(read(3, ItemListModel::IsSelectedRole).toBool());
-  app.select(app.items().item(2550));
+  app.select(app.browsing().items().item(2550));
   EXPECT_EQ(list->currentRow(), -1) << "selected beyond the rows";
   EXPECT_FALSE(read(3, ItemListModel::IsSelectedRole).toBool());
 
   QSignalSpy changes(list.get(), &ItemListModel::dataChanged);
-  app.play(app.items().item(5));
+  app.play(app.browsing().items().item(5));
   ASSERT_FALSE(changes.isEmpty());
   EXPECT_EQ(changes.last().first().toModelIndex().row(), 5);
   EXPECT_TRUE(read(5, ItemListModel::IsPlayingRole).toBool());
-  app.favorite(app.items().item(6));
+  app.favorite(app.browsing().items().item(6));
   EXPECT_TRUE(read(6, ItemListModel::IsFavoriteRole).toBool());
   EXPECT_FALSE(read(5, ItemListModel::IsFavoriteRole).toBool());
 }

@@ -33,7 +33,7 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
     ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
     transport.answer(action(kind), body);
     transport.answer(categoryAction(kind), "[]");
-    ASSERT_TRUE(eventually([&] { return model->loading().empty(); }));
+    ASSERT_TRUE(eventually([&] { return model->libraries().loading().empty(); }));
     settle();
   }
   void openShow(const QByteArray& answer) {
@@ -42,7 +42,7 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
     EXPECT_EQ(episodes->progress(), u"Loading episodes…"_s);
     EXPECT_EQ(episodes->emptyNote(), QString());
     transport.answer(u"get_series_info"_s, answer);
-    ASSERT_TRUE(eventually([&] { return !model->detailsLoading(); }));
+    ASSERT_TRUE(eventually([&] { return !model->details().detailsLoading(); }));
   }
   QStringList read(EpisodeListModel::Role role) const {
     QStringList texts;
@@ -95,7 +95,7 @@ TEST_F(PosterViewTest, PresentsTheFirstEntryUntilOneIsSelected) {
   EXPECT_EQ(view->favoriteSymbol(), u"bookmark"_s);
   view->toggleFavorite();
   EXPECT_EQ(view->favoriteSymbol(), u"bookmark.fill"_s);
-  EXPECT_TRUE(model->favorites().contains(u"movies:2"_s));
+  EXPECT_TRUE(model->record().favorites().contains(u"movies:2"_s));
 
   EXPECT_FALSE(view->showsPlayer());
   shell->activateSelection();
@@ -145,17 +145,18 @@ TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
   EXPECT_EQ(centered, QList<int>{8});
   view->settledOn(60);
   view->settledOn(-1);
-  EXPECT_EQ(model->browseAnchor(u"movies"_s), u"movies:60"_s) << "no entry leaves it unchanged";
+  EXPECT_EQ(model->browsing().browseAnchor(u"movies"_s), u"movies:60"_s)
+      << "no entry leaves it unchanged";
 
   load(LibraryKind::shows, rows(LibraryKind::shows, 0, 100));
   EXPECT_EQ(centered.last(), -1) << "a section seen for the first time starts at its top";
   centered.clear();
   shell->navigate(u"movies"_s);
   EXPECT_EQ(centered, QList<int>{60}) << "not the selection, which was scrolled away from";
-  EXPECT_EQ(model->selected()->id, u"movies:8"_s);
-  EXPECT_EQ(model->browseAnchor(u"movies"_s), u"movies:60"_s);
+  EXPECT_EQ(model->browsing().selected()->id, u"movies:8"_s);
+  EXPECT_EQ(model->browsing().browseAnchor(u"movies"_s), u"movies:60"_s);
 
-  model->setSearch(u"title 8"_s);
+  model->browsing().setSearch(u"title 8"_s);
   settle();
   EXPECT_EQ(centered.last(), 0) << "without its anchor the list stands on the selection";
 }
@@ -214,7 +215,7 @@ TEST_F(PosterViewTest, SaysWhyThereAreNoEpisodes) {
   EXPECT_EQ(episodes->error(), QString());
   shell->selectRow(1);
   openShow("<html>");
-  EXPECT_EQ(episodes->error(), *model->detailsError());
+  EXPECT_EQ(episodes->error(), *model->details().detailsError());
   EXPECT_FALSE(episodes->error().isEmpty());
 }
 

@@ -68,7 +68,7 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   EXPECT_EQ(texts().first(), u"Vantor TV"_s);
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().busy(); }));
   activate(u"Playlists"_s);
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
@@ -78,7 +78,7 @@ TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesAndSaysSo) {
   signIn();
   activate(u"Playlists"_s);
   activate(u"Refresh playlists"_s);
-  EXPECT_EQ(app.loading().size(), 3u);
+  EXPECT_EQ(app.libraries().loading().size(), 3u);
   EXPECT_EQ(view->message(), u"Refresh requested. Your saved library remains available."_s);
   view->back();
   EXPECT_EQ(view->message(), QString());
@@ -95,10 +95,10 @@ TEST_F(SettingsViewTest, RemovalAsksFirst) {
   view->cancelRemoval();
   settle();
   EXPECT_FALSE(view->confirmingRemoval());
-  EXPECT_EQ(app.items().size(), 2u);
+  EXPECT_EQ(app.browsing().items().size(), 2u);
   activate(u"Remove saved provider"_s);
   view->removeProvider();
-  ASSERT_TRUE(eventually([&] { return !app.account() && !app.busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
   EXPECT_FALSE(app.showingSettings());
 }
 
@@ -121,7 +121,7 @@ TEST_F(SettingsViewTest, RowsLeadWhereTheySay) {
 
 TEST_F(SettingsViewTest, RefreshingTheGuideAsksForTheSelectedChannelAgain) {
   signIn(rows(LibraryKind::live, 0, 1));
-  app.select(app.items().item(0));
+  app.select(app.browsing().items().item(0));
   settle();
   activate(u"TV guide"_s);
   activate(u"Refresh guide information"_s);

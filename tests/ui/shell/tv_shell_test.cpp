@@ -4,9 +4,9 @@
 
 #include "support/model_fixture.h"
 #include "ui/posters/category_list_model.h"
+#include "ui/shell/commands.h"
 #include "ui/shell/empty_state.h"
-#include "ui/shell/menu_commands.h"
-#include "ui/shell/status_line.h"
+#include "ui/shell/status_view.h"
 
 namespace vantor {
 namespace {
@@ -21,18 +21,20 @@ class TVShellTest : public ::testing::Test, protected test::ModelFixture {
   void open(const QStringList& arguments = {}) {
     launch(arguments);
     shell = std::make_unique<TVShell>(*model);
-    status = std::make_unique<StatusLine>(*model);
-    empty = std::make_unique<EmptyState>(*model);
+    status = std::make_unique<StatusView>(model->browsing(), model->libraries());
+    empty = std::make_unique<EmptyState>(model->session(), model->browsing());
   }
   void TearDown() override {
     status.reset();
     empty.reset();
     shell.reset();
   }
-  QString selected() const { return model->selected() ? model->selected()->name : QString(); }
+  QString selected() const {
+    return model->browsing().selected() ? model->browsing().selected()->name : QString();
+  }
 
   std::unique_ptr<TVShell> shell;
-  std::unique_ptr<StatusLine> status;
+  std::unique_ptr<StatusView> status;
   std::unique_ptr<EmptyState> empty;
 };
 
@@ -92,13 +94,13 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
 TEST_F(TVShellTest, EscStepsBackOneThingAtATime) {
   open({u"--demo"_s});
   shell->navigate(u"shows"_s);
-  model->setShowingEpisodes(true);
+  model->browsing().setShowingEpisodes(true);
   model->playback().setExpanded(true);
   shell->escape();
   EXPECT_FALSE(shell->expanded());
-  EXPECT_TRUE(model->showingEpisodes());
+  EXPECT_TRUE(model->browsing().showingEpisodes());
   shell->escape();
-  EXPECT_FALSE(model->showingEpisodes());
+  EXPECT_FALSE(model->browsing().showingEpisodes());
   EXPECT_EQ(shell->section(), u"shows"_s);
   shell->escape();
   EXPECT_EQ(shell->section(), u"live"_s);
@@ -109,13 +111,13 @@ TEST_F(TVShellTest, ChangesOfSectionAndSelectionResetWhatBelongsToThem) {
   int searchFocus = 0;
   QObject::connect(shell.get(), &TVShell::searchFocusRequested, [&] { ++searchFocus; });
   shell->navigate(u"shows"_s);
-  model->setShowingEpisodes(true);
-  model->setEpisodeSeason(3);
+  model->browsing().setShowingEpisodes(true);
+  model->browsing().setEpisodeSeason(3);
   shell->selectRow(1);
-  EXPECT_EQ(model->episodeSeason(), 0);
-  EXPECT_TRUE(model->showingEpisodes());
+  EXPECT_EQ(model->browsing().episodeSeason(), 0);
+  EXPECT_TRUE(model->browsing().showingEpisodes());
   shell->navigate(u"search"_s);
-  EXPECT_FALSE(model->showingEpisodes());
+  EXPECT_FALSE(model->browsing().showingEpisodes());
   EXPECT_EQ(searchFocus, 1);
 }
 
@@ -158,10 +160,10 @@ TEST_F(TVShellTest, ReturnPlaysAnEntryAndOpensAShow) {
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::shows)) == 1; }));
   transport.answer(action(LibraryKind::shows), rows(LibraryKind::shows, 7, 1));
   transport.answer(categoryAction(LibraryKind::shows), "[]");
-  ASSERT_TRUE(eventually([&] { return model->items().size() == 1; }));
+  ASSERT_TRUE(eventually([&] { return model->browsing().items().size() == 1; }));
   shell->activateSelection();
   settle();
-  EXPECT_TRUE(model->showingEpisodes());
+  EXPECT_TRUE(model->browsing().showingEpisodes());
   EXPECT_EQ(model->playback().itemID(), u"live:3"_s);
 }
 
@@ -183,13 +185,13 @@ TEST_F(TVShellTest, RefreshIsOfferedWhileNothingLoads) {
   EXPECT_EQ(status->error(), QString());
 }
 
-TEST_F(TVShellTest, MenuCommandsRun) {
+TEST_F(TVShellTest, CommandsRun) {
   open({u"--demo"_s});
-  MenuCommands menu(*model);
+  Commands menu(*model);
   int quits = 0;
-  QObject::connect(&menu, &MenuCommands::quitRequested, [&] { ++quits; });
+  QObject::connect(&menu, &Commands::quitRequested, [&] { ++quits; });
   QHash<QString, QString> keys;
-  const QVariantList commands = menu.commands();
+  const QVariantList commands = menu.list();
   const auto run = [&](const QString& title) {
     for (int i = 0; i < commands.size(); ++i)
       if (commands[i].toMap().value(u"title"_s) == title) menu.run(i);
@@ -207,7 +209,7 @@ TEST_F(TVShellTest, MenuCommandsRun) {
                                            {u"Shows"_s, u"Ctrl+3"_s},
                                            {u"Quit"_s, u"Ctrl+Q"_s}}));
   run(u"Movies"_s);
-  EXPECT_EQ(model->section(), u"movies"_s);
+  EXPECT_EQ(model->browsing().section(), u"movies"_s);
   run(u"Connect Provider…"_s);
   EXPECT_TRUE(model->showingConnect());
   run(u"Settings…"_s);
@@ -234,7 +236,7 @@ TEST_F(TVShellTest, CategoriesFollowTheSection) {
   EXPECT_EQ(name(2), u"Discover"_s);
   EXPECT_EQ(categories.currentRow(), 0);
   categories.choose(2);
-  EXPECT_EQ(model->category(), u"2"_s);
+  EXPECT_EQ(model->browsing().category(), u"2"_s);
   EXPECT_EQ(categories.currentRow(), 2);
   shell->navigate(u"movies"_s);
   EXPECT_EQ(name(0), u"All movies"_s);

@@ -57,7 +57,7 @@ TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
   transport.answer(QString(), acceptedSignIn());
   ASSERT_TRUE(eventually([&] { return !view->working(); }));
   EXPECT_FALSE(app.showingConnect());
-  EXPECT_EQ(app.account()->name, u"Vantor TV"_s);
+  EXPECT_EQ(app.session().account()->name, u"Vantor TV"_s);
   EXPECT_EQ(view->password(), QString());
   EXPECT_EQ(view->error(), QString());
 
@@ -105,7 +105,7 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
   view.reset();
   settle();
   EXPECT_TRUE(transport.exchanges().back()->cancelled);
-  EXPECT_TRUE(eventually([&] { return !app.busy(); }));
+  EXPECT_TRUE(eventually([&] { return !app.session().busy(); }));
 }
 
 }  // namespace

@@ -85,7 +85,9 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
                       item->mapToScene(item->boundingRect().center()).toPoint());
     QTest::qWait(0);
   }
-  QString selectedID() const { return app->selected() ? app->selected()->id : QString(); }
+  QString selectedID() const {
+    return app->browsing().selected() ? app->browsing().selected()->id : QString();
+  }
 
   QStringList messages;
   QtMessageHandler previous = nullptr;

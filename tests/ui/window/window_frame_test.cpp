@@ -40,7 +40,7 @@ class WindowFrameTest : public test::WindowTest {
 
 TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoScreen) {
   open();
-  QSignalSpy quits(views->menu(), &MenuCommands::quitRequested);
+  QSignalSpy quits(views->commands(), &Commands::quitRequested);
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->property("appeared").toBool(); }));
   const auto work = [&](const char* sheet) {
     SCOPED_TRACE(sheet);
@@ -57,7 +57,7 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
     EXPECT_EQ(quits.count(), 1);
     quits.clear();
     press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(app->section(), u"live"_s) << "the screen behind stays";
+    EXPECT_EQ(app->browsing().section(), u"live"_s) << "the screen behind stays";
 
     EXPECT_EQ(cursorAt({window->width() - 2, 400}), Qt::SizeHorCursor);
     EXPECT_EQ(cursorAt({400, window->height() - 2}), Qt::SizeVerCursor);
@@ -104,7 +104,7 @@ TEST_F(WindowFrameTest, ScrollBarsAtTheEdgeAreGrabbedInTheirWholeWidth) {
   transport.always(categoryAction(LibraryKind::movies), "[]");
   signIn(rows(LibraryKind::live, 1, 3));
   press(Qt::Key_2, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually([&] { return app->items().size() == 60; }));
+  ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 60; }));
   QTest::qWait(100);
   QQuickItem* bar = find("atWindowEdge", true);
   ASSERT_TRUE(bar);

@@ -35,8 +35,8 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
     else
       views->shell()->navigate(section);
     QTest::qWait(0);
-    EXPECT_EQ(app->section(), section);
-    EXPECT_EQ(static_cast<std::size_t>(views->items()->rowCount()), app->items().size());
+    EXPECT_EQ(app->browsing().section(), section);
+    EXPECT_EQ(static_cast<std::size_t>(views->items()->rowCount()), app->browsing().items().size());
     press(Qt::Key_Down);
   };
   const auto walk = [&] {
@@ -60,26 +60,28 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
       go(from);
       connectAccount(account);
       transport.answer(QString(), acceptedSignIn());
-      ASSERT_TRUE(test::eventually([&] { return signInOver && app->loading().empty(); }));
+      ASSERT_TRUE(
+          test::eventually([&] { return signInOver && app->libraries().loading().empty(); }));
     }
     walk();
-    ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+    ASSERT_TRUE(test::eventually([&] { return app->libraries().loading().empty(); }));
     walk();
     for (const QString& section : {sections[0], sections[1]}) {
       go(section);
       app->setCategory(u"9"_s);
       walk();
       go(section);
-      app->setSearch(u"no such name"_s);
+      app->browsing().setSearch(u"no such name"_s);
       walk();
     }
     for (const LibraryKind kind : {LibraryKind::live, LibraryKind::movies})
-      if (const auto loaded = app->catalogs().find(kind);
-          loaded != app->catalogs().end() && loaded->second.size() > 0)
+      if (const auto loaded = app->libraries().catalogs().find(kind);
+          loaded != app->libraries().catalogs().end() && loaded->second.size() > 0)
         app->favorite(loaded->second.item(0));
     go(sections[static_cast<int>(channels > 1) + 2]);
     disconnectAccount();
-    ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+    ASSERT_TRUE(
+        test::eventually([&] { return !app->session().account() && !app->session().busy(); }));
     walk();
   }
 }
@@ -149,7 +151,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   press(Qt::Key_Backtab, Qt::ShiftModifier);
   find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
   press(Qt::Key_Return);
-  app->play(*app->selected());
+  app->play(*app->browsing().selected());
   test::settle();
   engine.now.state = EngineState::playing;
   engine.now.decodedVideo = 1;
@@ -170,21 +172,22 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   expectMoves("a notice that was dismissed");
 
   press(Qt::Key_2, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually([&] { return app->loading().empty(); }));
+  ASSERT_TRUE(test::eventually([&] { return app->libraries().loading().empty(); }));
   QQuickItem* rail = find("text", u"One"_s);
   click(rail);
-  EXPECT_EQ(app->category(), u"1"_s);
+  EXPECT_EQ(app->browsing().category(), u"1"_s);
   QQuickItem* list = rail->parentItem()->parentItem();
   list->forceActiveFocus(Qt::TabFocusReason);
   EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
   disconnectAccount();
-  ASSERT_TRUE(test::eventually([&] { return !app->account() && !app->busy(); }));
+  ASSERT_TRUE(
+      test::eventually([&] { return !app->session().account() && !app->session().busy(); }));
   press(Qt::Key_2, Qt::ControlModifier);
   press(Qt::Key_Tab);
   ASSERT_TRUE(window->activeFocusItem());
   EXPECT_TRUE(window->activeFocusItem()->activeFocusOnTab()) << "an empty section has keys too";
   press(Qt::Key_Escape);
-  EXPECT_EQ(app->section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), u"live"_s);
 }
 
 /// What was pressed is gone afterwards, or what had the keys was made anew.
@@ -264,14 +267,15 @@ TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   transport.always(categoryAction(LibraryKind::shows), "[]");
   signIn(rows(LibraryKind::live, 1, 2));
   press(Qt::Key_3, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually([&] { return app->loading().empty() && !app->items().empty(); }));
+  ASSERT_TRUE(test::eventually(
+      [&] { return app->libraries().loading().empty() && !app->browsing().items().empty(); }));
   press(Qt::Key_Return);
   ASSERT_TRUE(test::eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
   transport.answer(u"get_series_info"_s, R"({"episodes":{"1":[
       {"id":"11","title":"One","season":1,"episode_num":1},
       {"id":"12","title":"Two","season":1,"episode_num":2},
       {"id":"13","title":"Three","season":1,"episode_num":3}]}})");
-  ASSERT_TRUE(test::eventually([&] { return app->episodes().size() == 3; }));
+  ASSERT_TRUE(test::eventually([&] { return app->details().episodes().size() == 3; }));
   press(Qt::Key_Down);
   press(Qt::Key_Return);
   app->playback().setExpanded(true);
@@ -330,7 +334,7 @@ TEST_F(WindowTest, ADoubleClickPlaysTheRowUnderThePointer) {
 TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
   open();
   signIn(rows(LibraryKind::live, 1, 200));
-  app->select(app->items().item(100));
+  app->select(app->browsing().items().item(100));
   QQuickItem* row = nullptr;
   ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 101"_s)) != nullptr; }));
   const auto* list = row->parentItem()->parentItem();
@@ -405,13 +409,13 @@ TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
   open({u"--demo"_s});
   click(find("text", u"Search"_s));
   type(u"the n"_s);
-  EXPECT_EQ(app->search(), u"the n"_s);
-  EXPECT_EQ(app->items().size(), 1u);
+  EXPECT_EQ(app->browsing().search(), u"the n"_s);
+  EXPECT_EQ(app->browsing().items().size(), 1u);
   press(Qt::Key_Return);
   press(Qt::Key_Return);
   EXPECT_EQ(selectedID(), u"movies:example-4"_s);
   press(Qt::Key_Escape);
-  EXPECT_EQ(app->section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), u"live"_s);
 }
 
 TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
@@ -426,9 +430,9 @@ TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
     const QString help = item->property("help").toString();
     reached.append(help.isEmpty() ? item->property("text").toString() : help);
     if (reached.last() == u"Movies"_s) press(Qt::Key_Space);
-    if (app->section() == u"movies"_s) break;
+    if (app->browsing().section() == u"movies"_s) break;
   }
-  EXPECT_EQ(app->section(), u"movies"_s);
+  EXPECT_EQ(app->browsing().section(), u"movies"_s);
   // Entering a section gives the keys to its list.
   press(Qt::Key_Right);
   EXPECT_EQ(selectedID(), u"movies:example-1"_s);
@@ -438,7 +442,7 @@ TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
   press(Qt::Key_Down);
   press(Qt::Key_Down);
   press(Qt::Key_Return);
-  EXPECT_EQ(app->category(), u"2"_s);
+  EXPECT_EQ(app->browsing().category(), u"2"_s);
 }
 
 TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
@@ -451,12 +455,12 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   press(Qt::Key_Escape);
   EXPECT_EQ(window->activeFocusItem(), before);
   EXPECT_FALSE(find("keysText", u"Ctrl+3"_s));
-  EXPECT_EQ(app->section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), u"live"_s);
   press(Qt::Key_F10);
   click(find("keysText", u"Ctrl+3"_s));
-  EXPECT_EQ(app->section(), u"shows"_s);
+  EXPECT_EQ(app->browsing().section(), u"shows"_s);
   press(Qt::Key_2, Qt::ControlModifier);
-  EXPECT_EQ(app->section(), u"movies"_s);
+  EXPECT_EQ(app->browsing().section(), u"movies"_s);
 }
 
 TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {

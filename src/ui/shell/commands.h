@@ -9,18 +9,18 @@ namespace vantor {
 class AppModel;
 
 /// The commands of the menu, with the keys that run them from anywhere. Main thread only.
-class MenuCommands final : public QObject {
+class Commands final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
-  Q_PROPERTY(QVariantList commands READ commands CONSTANT)
+  Q_PROPERTY(QVariantList list READ list CONSTANT)
 
  public:
-  explicit MenuCommands(AppModel& model, QObject* parent = nullptr);
+  explicit Commands(AppModel& model, QObject* parent = nullptr);
 
   /// Maps of "heading" (the menu's title before its first command, else empty), "title", "keys" and
   /// "anywhere" (whether the keys work over an open sheet).
-  QVariantList commands() const;
+  QVariantList list() const;
   Q_INVOKABLE void run(int command);
 
  Q_SIGNALS:

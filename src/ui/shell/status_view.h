@@ -5,10 +5,11 @@
 
 namespace vantor {
 
-class AppModel;
+class Browsing;
+class Libraries;
 
 /// What the line above the entries says. Main thread only.
-class StatusLine final : public QObject {
+class StatusView final : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
@@ -18,7 +19,7 @@ class StatusLine final : public QObject {
   Q_PROPERTY(QString error READ error NOTIFY changed)
 
  public:
-  explicit StatusLine(AppModel& model, QObject* parent = nullptr);
+  StatusView(const Browsing& browsing, const Libraries& libraries, QObject* parent = nullptr);
 
   QString label() const;
   bool loading() const;
@@ -29,7 +30,8 @@ class StatusLine final : public QObject {
   void changed();
 
  private:
-  AppModel& model_;
+  const Browsing& browsing_;
+  const Libraries& libraries_;
 };
 
 }  // namespace vantor

@@ -1,4 +1,4 @@
-#include "ui/shell/menu_commands.h"
+#include "ui/shell/commands.h"
 
 #include <array>
 
@@ -38,9 +38,9 @@ const std::array<Command, 9>& table() {
 
 }  // namespace
 
-MenuCommands::MenuCommands(AppModel& model, QObject* parent) : QObject(parent), model_(model) {}
+Commands::Commands(AppModel& model, QObject* parent) : QObject(parent), model_(model) {}
 
-QVariantList MenuCommands::commands() const {
+QVariantList Commands::list() const {
   QVariantList list;
   QString menu;
   for (const Command& command : table()) {
@@ -53,7 +53,7 @@ QVariantList MenuCommands::commands() const {
   return list;
 }
 
-void MenuCommands::run(int command) {
+void Commands::run(int command) {
   if (command < 0 || command >= static_cast<int>(table().size())) return;
   switch (table()[static_cast<std::size_t>(command)].act) {
     case Act::openFile:

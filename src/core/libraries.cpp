@@ -1,0 +1,136 @@
+#include "core/libraries.h"
+
+#include "provider/error_wording.h"
+#include "provider/provider_client.h"
+#include "storage/catalog_disk_store.h"
+
+namespace vantor {
+
+Libraries::Libraries(const AppServices& services, Announcements& announcements,
+                     const Session& session, Listener listener)
+    : services_(services),
+      announcements_(announcements),
+      session_(session),
+      listener_(std::move(listener)),
+      loading_(announcements, *this, &Libraries::loadingChanged),
+      errors_(announcements, *this, &Libraries::errorsChanged),
+      catalogsDiffer_(announcements, *this, &Libraries::catalogsChanged) {}
+
+Catalog Libraries::catalog(LibraryKind kind) const {
+  const auto loaded = catalogs_.find(kind);
+  return loaded == catalogs_.end() ? Catalog::empty() : loaded->second;
+}
+
+void Libraries::show(std::map<LibraryKind, Catalog> catalogs) {
+  if (catalogs_.empty() && catalogs.empty()) return;
+  const Announcements::Scope scope(announcements_);
+  catalogs_ = std::move(catalogs);
+  catalogsDiffer_.note();
+  listener_.changed();
+}
+
+void Libraries::forget() {
+  const Announcements::Scope scope(announcements_);
+  tasks_.clear();
+  liveCopy_.reset();
+  show({});
+  loading_.set({});
+  errors_.set({});
+}
+
+void Libraries::load(LibraryKind kind, bool refresh) {
+  if (session_.demo() || !session_.account() || tasks_.contains(kind)) return;
+  if (!refresh && catalogs_.contains(kind)) return;
+  const Announcements::Scope scope(announcements_);
+  // A copy that is passed over is not kept.
+  if (refresh && kind == LibraryKind::live) liveCopy_.reset();
+  std::set<LibraryKind> loading = loading_.get();
+  loading.insert(kind);
+  loading_.set(std::move(loading));
+  std::map<LibraryKind, QString> errors = errors_.get();
+  errors.erase(kind);
+  errors_.set(std::move(errors));
+  tasks_[kind] = Job::start([self = QPointer(this), kind, refresh, account = *session_.account(),
+                             token = session_.generation()](std::stop_token stop) {
+    return loadLibrary(self, kind, refresh, account, token, stop);
+  });
+}
+
+Libraries::CatalogCopy Libraries::takeCopy(const QUuid& account, LibraryKind kind) {
+  if (kind == LibraryKind::live && liveCopy_) return *std::exchange(liveCopy_, std::nullopt);
+  return session_.disk()->load(account, kind);
+}
+
+void Libraries::arrived(LibraryKind kind, const Catalog& catalog) {
+  const Announcements::Scope scope(announcements_);
+  std::map<LibraryKind, Catalog> catalogs = catalogs_;
+  catalogs.insert_or_assign(kind, catalog);
+  show(std::move(catalogs));
+  listener_.arrived(kind);
+}
+
+void Libraries::ended(LibraryKind kind) {
+  std::set<LibraryKind> loading = loading_.get();
+  loading.erase(kind);
+  loading_.set(std::move(loading));
+  tasks_.erase(kind);
+}
+
+void Libraries::failed(LibraryKind kind, std::exception_ptr failure) {
+  const Announcements::Scope scope(announcements_);
+  std::map<LibraryKind, QString> errors = errors_.get();
+  errors[kind] = readableError(failure);
+  errors_.set(std::move(errors));
+  ended(kind);
+}
+
+bool Libraries::isCurrent(const Session::Generation& token, const std::stop_token& stop) const {
+  return session_.isCurrent(token, stop);
+}
+
+QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind, bool refresh,
+                                     ProviderAccount account, Session::Generation token,
+                                     std::stop_token stop) {
+  if (!self) co_return;
+  std::optional<Catalog> catalog;
+  if (!refresh && self->session_.disk()) {
+    const CatalogCopy reading = self->takeCopy(account.id, kind);
+    try {
+      catalog = co_await reading;
+    } catch (...) {
+      // A copy that cannot be read is as good as none.
+    }
+    if (!self || !self->isCurrent(token, stop)) co_return;
+  }
+  if (catalog) {
+    self->arrived(kind, *catalog);
+  } else {
+    std::exception_ptr failure;
+    try {
+      const ProviderClient client(account, self->services_.transport, self->services_.worker);
+      const QCoro::Task<Catalog> answered = client.catalog(kind, stop);
+      catalog = co_await answered;
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    if (!self || !self->isCurrent(token, stop)) co_return;
+    if (failure) co_return self->failed(kind, failure);
+    self->arrived(kind, *catalog);
+    if (self->session_.disk()) {
+      const Pending<Done> saved = self->session_.disk()->save(*catalog, account.id, kind);
+      try {
+        co_await saved;
+      } catch (...) {
+        failure = std::current_exception();
+      }
+      if (!self || !self->isCurrent(token, stop)) co_return;
+      if (failure)
+        self->listener_.notice(
+            QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
+                           "remain available while the app is open."));
+    }
+  }
+  self->ended(kind);
+}
+
+}  // namespace vantor

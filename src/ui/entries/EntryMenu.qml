@@ -1,0 +1,32 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// What can be done with an entry of the list.
+PopupMenu {
+    id: menu
+
+    required property TVShell shell
+    required property string playText
+    // Empty: without symbols.
+    property string playSymbol: ""
+    property string favoriteSymbol: ""
+    property int row: -1
+
+    function openAt(index: int, item: Item, x: real, y: real) {
+        row = index;
+        popup(item, x, y);
+    }
+
+    SymbolItem {
+        text: menu.playText
+        symbol: menu.playSymbol
+        onTriggered: menu.shell.playRow(menu.row)
+    }
+
+    SymbolItem {
+        text: "Add / remove from My list"
+        symbol: menu.favoriteSymbol
+        onTriggered: menu.shell.favoriteRow(menu.row)
+    }
+}

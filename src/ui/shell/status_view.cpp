@@ -1,0 +1,49 @@
+#include "ui/shell/status_view.h"
+
+#include <algorithm>
+
+#include "core/browsing.h"
+#include "ui/shell/tv_shell.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QObject* parent)
+    : QObject(parent), browsing_(browsing), libraries_(libraries) {
+  for (const auto signal :
+       {&Browsing::sectionChanged, &Browsing::categoryChanged, &Browsing::itemsChanged})
+    connect(&browsing, signal, this, &StatusView::changed);
+  for (const auto signal : {&Libraries::loadingChanged, &Libraries::errorsChanged})
+    connect(&libraries, signal, this, &StatusView::changed);
+}
+
+QString StatusView::label() const {
+  const QString title = sectionTitle(browsing_);
+  if (browsing_.category().isEmpty()) return u"All "_s + title.toLower();
+  const Catalog catalog = browsing_.catalog();
+  const auto& categories = catalog.categories();
+  const auto found = std::find_if(categories.begin(), categories.end(), [&](const auto& category) {
+    return category.id == browsing_.category();
+  });
+  return found == categories.end() ? title : found->name;
+}
+
+bool StatusView::loading() const {
+  const auto kind = browsing_.kind();
+  return kind && libraries_.loading().contains(*kind);
+}
+
+QString StatusView::count() const {
+  const std::size_t size = browsing_.items().size();
+  return QString::number(size) + (size == 1 ? u" item"_s : u" items"_s);
+}
+
+QString StatusView::error() const {
+  const auto kind = browsing_.kind();
+  if (!kind) return {};
+  const auto found = libraries_.errors().find(*kind);
+  return found == libraries_.errors().end() ? QString() : found->second;
+}
+
+}  // namespace vantor
