@@ -1,6 +1,5 @@
 // Scrolling the channel guide and the poster grid fast, beside lists of plain rectangles of the
 // same geometry. Needs a display and a secret service of its own.
-#include <QtQml/qqmlextensionplugin.h>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -14,10 +13,6 @@
 
 #include "measure.h"
 #include "screens/stage.h"
-
-Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 namespace vantor::bench {
 namespace {

@@ -32,10 +32,8 @@ vantor_add_precompiled(vantor_precompiled_test
   HEADERS <QCoroTask> <QByteArray> <QObject> <QString> <QUrl> <algorithm> <chrono> <functional>
           <gmock/gmock.h> <gtest/gtest.h> <memory> <optional> <stop_token> <string> <string_view>
           <vector>)
-
 # Tests are compiled more often than they are run.
-set(VANTOR_TEST_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O1>)
-target_compile_options(vantor_precompiled_test PRIVATE ${VANTOR_TEST_OPTIONS})
+target_compile_options(vantor_precompiled_test PUBLIC $<$<CONFIG:RelWithDebInfo>:-O1>)
 
 # vantor_precompile(target [LIKE precompiled])
 function(vantor_precompile target)
@@ -44,4 +42,6 @@ function(vantor_precompile target)
     set(ARG_LIKE vantor_precompiled)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${ARG_LIKE})
+  # Both agree in these or the header is of no use.
+  target_compile_options(${target} PRIVATE $<TARGET_PROPERTY:${ARG_LIKE},INTERFACE_COMPILE_OPTIONS>)
 endfunction()

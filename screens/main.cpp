@@ -1,6 +1,5 @@
 // Pictures of every screen in every state: the real window, against simulated providers that serve,
 // wait and fail as asked.  vantor_screens FOLDER [NAME]
-#include <QtQml/qqmlextensionplugin.h>
 #include <QAccessible>
 #include <QDir>
 #include <QGuiApplication>
@@ -10,10 +9,6 @@
 #include <exception>
 
 #include "scenes/scenes.h"
-
-Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 int main(int argc, char** argv) {
   using namespace vantor::screens;

@@ -1,4 +1,3 @@
-#include <QtQml/qqmlextensionplugin.h>
 #include <QGuiApplication>
 #include <QQuickStyle>
 #include <clocale>
@@ -6,10 +5,6 @@
 
 #include "app/program.h"
 #include "app/quit_limit.h"
-
-Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 namespace {
 

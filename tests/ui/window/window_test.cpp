@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <QtQml/qqmlextensionplugin.h>
 #include <QAccessible>
 #include <QQuickItem>
 #include <QRawFont>
@@ -11,10 +10,6 @@
 #include "ui/style/style.h"
 #include "ui/style/symbols.h"
 #include "window_fixture.h"
-
-Q_IMPORT_QML_PLUGIN(Vantor_StylePlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_UiPlugin)
-Q_IMPORT_QML_PLUGIN(Vantor_ViewsPlugin)
 
 namespace vantor {
 namespace {
