@@ -89,6 +89,13 @@ class Announced {
     value_ = std::move(value);
     changed_.note();
   }
+  /// Sets what `edit` makes of the value.
+  template <class Edit>
+  void change(Edit edit) {
+    T value = value_;
+    edit(value);
+    set(std::move(value));
+  }
 
  private:
   Announcement changed_;

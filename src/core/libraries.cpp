@@ -44,12 +44,8 @@ void Libraries::load(LibraryKind kind, bool refresh) {
   const Announcements::Scope scope(announcements_);
   // A copy that is passed over is not kept.
   if (refresh && kind == LibraryKind::live) liveCopy_.reset();
-  std::set<LibraryKind> loading = loading_.get();
-  loading.insert(kind);
-  loading_.set(std::move(loading));
-  std::map<LibraryKind, QString> errors = errors_.get();
-  errors.erase(kind);
-  errors_.set(std::move(errors));
+  loading_.change([kind](auto& loading) { loading.insert(kind); });
+  errors_.change([kind](auto& errors) { errors.erase(kind); });
   tasks_[kind] = Job::start([self = QPointer(this), kind, refresh, account = *session_.account(),
                              token = session_.generation()](std::stop_token stop) {
     return loadLibrary(self, kind, refresh, account, token, stop);
@@ -70,22 +66,14 @@ void Libraries::arrived(LibraryKind kind, const Catalog& catalog) {
 }
 
 void Libraries::ended(LibraryKind kind) {
-  std::set<LibraryKind> loading = loading_.get();
-  loading.erase(kind);
-  loading_.set(std::move(loading));
+  loading_.change([kind](auto& loading) { loading.erase(kind); });
   tasks_.erase(kind);
 }
 
 void Libraries::failed(LibraryKind kind, std::exception_ptr failure) {
   const Announcements::Scope scope(announcements_);
-  std::map<LibraryKind, QString> errors = errors_.get();
-  errors[kind] = readableError(failure);
-  errors_.set(std::move(errors));
+  errors_.change([&](auto& errors) { errors[kind] = readableError(failure); });
   ended(kind);
-}
-
-bool Libraries::isCurrent(const Session::Generation& token, const std::stop_token& stop) const {
-  return session_.isCurrent(token, stop);
 }
 
 QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind, bool refresh,
@@ -100,7 +88,7 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
     } catch (...) {
       // A copy that cannot be read is as good as none.
     }
-    if (!self || !self->isCurrent(token, stop)) co_return;
+    if (!self || !self->session_.isCurrent(token, stop)) co_return;
   }
   if (catalog) {
     self->arrived(kind, *catalog);
@@ -113,7 +101,7 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
     } catch (...) {
       failure = std::current_exception();
     }
-    if (!self || !self->isCurrent(token, stop)) co_return;
+    if (!self || !self->session_.isCurrent(token, stop)) co_return;
     if (failure) co_return self->failed(kind, failure);
     self->arrived(kind, *catalog);
     if (self->session_.disk()) {
@@ -123,7 +111,7 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
       } catch (...) {
         failure = std::current_exception();
       }
-      if (!self || !self->isCurrent(token, stop)) co_return;
+      if (!self || !self->session_.isCurrent(token, stop)) co_return;
       if (failure)
         self->listener_.notice(
             QStringLiteral("Library loaded, but its saved copy could not be updated. It will "

@@ -53,7 +53,6 @@ class Libraries final : public QObject {
   static QCoro::Task<> loadLibrary(QPointer<Libraries> self, LibraryKind kind, bool refresh,
                                    ProviderAccount account, Session::Generation token,
                                    std::stop_token stop);
-  bool isCurrent(const Session::Generation& token, const std::stop_token& stop) const;
   CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
   void arrived(LibraryKind kind, const Catalog& catalog);
   void failed(LibraryKind kind, std::exception_ptr failure);

@@ -33,11 +33,8 @@ void Session::enterNewWorld() {
 
 void Session::setDisk(std::shared_ptr<CatalogDiskStore> disk) {
   // The old store may be in the middle of a save, and its end waits for that.
-  if (!disk_) {
-    disk_ = std::move(disk);
-    return;
-  }
-  services_.worker.post([old = std::exchange(disk_, std::move(disk))] {});
+  if (auto old = std::exchange(disk_, std::move(disk)))
+    services_.worker.post([old = std::move(old)] {});
 }
 
 void Session::setBusy(bool busy) {

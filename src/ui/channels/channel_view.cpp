@@ -25,10 +25,6 @@ QString shortTime(ProviderTime time) {
   return locale.toString(local, QLocale::ShortFormat);
 }
 
-Catalog liveCatalog(const AppModel& model) {
-  return model.libraries().catalog(LibraryKind::live);
-}
-
 }  // namespace
 
 ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent)
@@ -58,7 +54,7 @@ ChannelView::~ChannelView() = default;
 
 void ChannelView::updateGroups() {
   QStringList groups = {u"All channels"_s};
-  const Catalog catalog = liveCatalog(model_);
+  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
   for (const MediaCategory& category : catalog.categories()) groups.append(oneLine(category.name));
   if (groups != groups_) {
     groups_ = groups;
@@ -69,7 +65,7 @@ void ChannelView::updateGroups() {
 
 int ChannelView::group() const {
   if (model_.browsing().category().isEmpty()) return 0;
-  const Catalog catalog = liveCatalog(model_);
+  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
   const auto& categories = catalog.categories();
   const auto found =
       std::find_if(categories.begin(), categories.end(), [this](const MediaCategory& category) {
@@ -84,7 +80,7 @@ QString ChannelView::groupName() const {
 
 void ChannelView::chooseGroup(int group) {
   if (group == 0) return model_.setCategory(QString());
-  const Catalog catalog = liveCatalog(model_);
+  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
   const auto& categories = catalog.categories();
   const auto index = static_cast<std::size_t>(group) - 1;
   if (group > 0 && index < categories.size()) model_.setCategory(categories[index].id);
