@@ -32,7 +32,10 @@ IconButton {
                 onObjectAdded: (index, object) => choiceMenu.insertItem(index, object as MenuItem)
                 onObjectRemoved: (index, object) => choiceMenu.removeItem(object as MenuItem)
 
-                delegate: ChoiceItem {
+                delegate: SymbolItem {
+                    required property var modelData
+
+                    text: modelData.name
                     onTriggered: button.chosen(modelData)
                 }
             }

@@ -3,16 +3,18 @@ import QtQuick.Controls.Basic
 import Vantor.Style
 import Vantor.Ui
 
+// An entry of a menu, with a symbol before it or, smaller, without one.
 MenuItem {
     id: item
 
     property string symbol: ""  // empty: none
+    readonly property bool plain: symbol === ""
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
 
-    implicitHeight: 32
-    leftPadding: symbol === "" ? 12 : 38
+    implicitHeight: plain ? 30 : 32
+    leftPadding: plain ? 12 : 38
     rightPadding: 12
-    font: Style.body
+    font: plain ? Style.font(12) : Style.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
 
@@ -20,6 +22,7 @@ MenuItem {
         text: item.text
         font: item.font
         color: item.ink
+        textFormat: Text.PlainText
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
     }
