@@ -85,6 +85,20 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
                       item->mapToScene(item->boundingRect().center()).toPoint());
     QTest::qWait(0);
   }
+  /// What was opened shows its first picture.
+  void showPicture() {
+    engine.now.state = EngineState::playing;
+    engine.now.decodedVideo = 1;
+    clock.advance(std::chrono::milliseconds(250));
+  }
+  /// The arrows act on the entries.
+  void expectMoves(const char* after) {
+    QTest::qWait(0);
+    const QString before = selectedID();
+    press(Qt::Key_Down);
+    EXPECT_NE(selectedID(), before) << after;
+    EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
+  }
   QString selectedID() const {
     return app->browsing().selected() ? app->browsing().selected()->id : QString();
   }

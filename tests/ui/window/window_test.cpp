@@ -115,13 +115,6 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   transport.always(categoryAction(LibraryKind::movies),
                    R"([{"category_id":"1","category_name":"One"}])");
   signIn(rows(LibraryKind::live, 1, 20));
-  const auto expectMoves = [&](const char* after) {
-    QTest::qWait(0);
-    const QString before = selectedID();
-    press(Qt::Key_Down);
-    EXPECT_NE(selectedID(), before) << after;
-    EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
-  };
   QQuickItem* group = find("name", u"Group"_s);
   click(group);
   press(Qt::Key_Return);
@@ -148,9 +141,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   press(Qt::Key_Return);
   app->play(*app->browsing().selected());
   test::settle();
-  engine.now.state = EngineState::playing;
-  engine.now.decodedVideo = 1;
-  clock.advance(250ms);
+  showPicture();
   QQuickItem* stop = find("help", u"Stop playback"_s);
   ASSERT_TRUE(stop);
   stop->forceActiveFocus(Qt::TabFocusReason);
@@ -198,12 +189,6 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
     ADD_FAILURE() << text.toStdString() << " is not reached";
     return window->contentItem();
   };
-  const auto expectMoves = [&](const char* after) {
-    QTest::qWait(0);
-    const QString before = selectedID();
-    press(Qt::Key_Down);
-    EXPECT_NE(selectedID(), before) << after;
-  };
   tabTo(u"Connect provider"_s);
   press(Qt::Key_Return);
   ASSERT_TRUE(views->connectView()->shown());
@@ -226,11 +211,9 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
     expectMoves(qUtf8Printable(way));
   }
   engine.now = {};
-  engine.now.state = EngineState::playing;
-  engine.now.decodedVideo = 1;
   press(Qt::Key_Return);
   test::settle();
-  clock.advance(250ms);
+  showPicture();
   engine.takeCalls();
   press(Qt::Key_Space, Qt::ControlModifier);
   press(Qt::Key_Space, Qt::AltModifier);
@@ -302,9 +285,7 @@ TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
   press(Qt::Key_PageUp);
   EXPECT_EQ(selectedID(), u"live:1"_s);
   test::settle();
-  engine.now.state = EngineState::playing;
-  engine.now.decodedVideo = 1;
-  clock.advance(250ms);
+  showPicture();
   engine.takeCalls();
   press(Qt::Key_Space);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
@@ -499,9 +480,7 @@ TEST_F(WindowTest, SpaceInTheExpandedPlayerPauses) {
   signIn(rows(LibraryKind::live, 1, 1));
   press(Qt::Key_Return);
   test::settle();
-  engine.now.state = EngineState::playing;
-  engine.now.decodedVideo = 1;
-  clock.advance(250ms);
+  showPicture();
   app->playback().setExpanded(true);
   engine.takeCalls();
   press(Qt::Key_Space);
