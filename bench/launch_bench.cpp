@@ -10,11 +10,11 @@
 #include <QScreen>
 #include <QThread>
 
+#include "library/catalog_stored_form.h"
 #include "measure.h"
 #include "platform/folders.h"
 #include "platform/secret_service_store.h"
 #include "provider/catalog_parsing.h"
-#include "provider/catalog_stored_form.h"
 #include "provider/provider_account.h"
 #include "provider/service_values.h"
 #include "sim/library.h"

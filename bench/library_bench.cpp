@@ -6,13 +6,13 @@
 #include <ctime>
 
 #include "core/item_list.h"
+#include "library/catalog_stored_form.h"
+#include "library/folded_text.h"
 #include "measure.h"
+#include "net/http_client.h"
 #include "platform/job.h"
 #include "platform/worker.h"
 #include "provider/catalog_parsing.h"
-#include "provider/catalog_stored_form.h"
-#include "provider/folded_text.h"
-#include "provider/http_client.h"
 #include "provider/provider_client.h"
 #include "sim/library.h"
 #include "sim/server.h"

@@ -1,5 +1,5 @@
 #include "input.h"
-#include "provider/base64_text.h"
+#include "json/base64_text.h"
 
 using namespace vantor;
 

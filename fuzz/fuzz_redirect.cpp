@@ -1,5 +1,5 @@
 #include "input.h"
-#include "provider/redirect_rule.h"
+#include "net/redirect_rule.h"
 
 using namespace vantor;
 

@@ -1,5 +1,5 @@
 #include "input.h"
-#include "provider/catalog_stored_form.h"
+#include "library/catalog_stored_form.h"
 
 using namespace vantor;
 

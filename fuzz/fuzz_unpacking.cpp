@@ -1,5 +1,5 @@
 #include "input.h"
-#include "provider/unpacking.h"
+#include "net/unpacking.h"
 
 using namespace vantor;
 

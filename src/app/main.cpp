@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QQuickStyle>
 #include <clocale>
 #include <cstdio>
@@ -9,10 +10,11 @@
 namespace {
 
 constexpr char usage[] =
-    "Usage: vantor [--demo | --smoke-test FILE]\n"
+    "Usage: vantor [--demo | --smoke-test FILE] [--verbose]\n"
     "Watch Vantor TV: channels, movies and shows.\n\n"
     "  --demo             show a sample library, without an account\n"
     "  --smoke-test FILE  play a media file\n"
+    "  --verbose          tell on standard error what fails, and how\n"
     "  --version          say which version this is\n"
     "  --help             say this\n";
 
@@ -31,6 +33,8 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
   const QGuiApplication application(argc, argv);
+  if (QGuiApplication::arguments().contains(QStringLiteral("--verbose")))
+    QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
   // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
   std::setlocale(LC_NUMERIC, "C");
   // Quitting waits for playback; see AppDelegate.

@@ -4,10 +4,11 @@
 #include <QQueue>
 
 #include "artwork/thumbnail.h"
+#include "net/http_transport.h"
 #include "platform/cancelled.h"
 #include "platform/slot.h"
+#include "platform/trace.h"
 #include "platform/worker.h"
-#include "provider/http_transport.h"
 
 namespace vantor {
 
@@ -52,6 +53,7 @@ QCoro::Task<QImage> ArtworkStore::load(std::shared_ptr<State> state, QUrl addres
   }
   if (token.stop_requested()) co_return QImage();
   const Slot slot(state->active);
+  const Attempt attempt(artworkTrace, "fetching a picture");
   try {
     HTTPRequest request;
     request.address = address;
@@ -64,6 +66,7 @@ QCoro::Task<QImage> ArtworkStore::load(std::shared_ptr<State> state, QUrl addres
     image = co_await decoded;
   } catch (...) {
     // All failures look the same: there is no picture.
+    attempt.failed();
   }
   if (token.stop_requested()) co_return QImage();
   if (!image.isNull()) state->store(address, image);

@@ -1,6 +1,6 @@
 #include "core/browsing.h"
 
-#include "provider/folded_text.h"
+#include "library/folded_text.h"
 
 namespace vantor {
 namespace {

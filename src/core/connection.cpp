@@ -1,6 +1,7 @@
 // Signing in and out.
 #include "core/app_model.h"
 #include "platform/cancelled.h"
+#include "platform/trace.h"
 #include "playback/playback.h"
 #include "provider/error_wording.h"
 #include "provider/vantor_configuration.h"
@@ -17,11 +18,13 @@ QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
   if (self->session_.busy()) co_return;
   self->session_.setBusy(true);
   Session::SignedIn accepted;
+  const Attempt attempt(sessionTrace, "signing in");
   try {
     const QCoro::Task<Session::SignedIn> asked = self->session_.authenticate(account, stop);
     accepted = co_await asked;
     if (!self) throw Cancelled();
   } catch (...) {
+    attempt.failed();
     if (self) self->session_.setBusy(false);
     throw;
   }
@@ -51,9 +54,11 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
   if (self->session_.busy()) co_return;
   self->session_.setBusy(true);
   const QCoro::Task<> removed = self->session_.forgetSaved(stop);
+  const Attempt removing(sessionTrace, "removing the saved account");
   try {
     co_await removed;
   } catch (...) {
+    removing.failed();
     if (!self) co_return;
     self->notice_.set(readableError(std::current_exception()));
     self->session_.setBusy(false);
@@ -64,10 +69,12 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
   self->signedOut();
   if (left && self->session_.disk()) {
     const Pending<Done> cleared = self->session_.disk()->clear(left->id);
+    const Attempt clearing(storageTrace, "removing the account's libraries");
     try {
       co_await cleared;
     } catch (...) {
       // The account is gone either way; its files are unreadable without the key.
+      clearing.failed();
     }
   }
   if (self) self->session_.setBusy(false);

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "provider/catalog.h"
+#include "library/catalog.h"
 
 namespace vantor {
 

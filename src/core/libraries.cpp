@@ -1,5 +1,6 @@
 #include "core/libraries.h"
 
+#include "platform/trace.h"
 #include "provider/error_wording.h"
 #include "provider/provider_client.h"
 #include "storage/catalog_disk_store.h"
@@ -83,10 +84,12 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
   std::optional<Catalog> catalog;
   if (!refresh && self->session_.disk()) {
     const CatalogCopy reading = self->takeCopy(account.id, kind);
+    const Attempt attempt(storageTrace, "reading the copy of a library");
     try {
       catalog = co_await reading;
     } catch (...) {
       // A copy that cannot be read is as good as none.
+      attempt.failed();
     }
     if (!self || !self->session_.isCurrent(token, stop)) co_return;
   }
@@ -94,6 +97,7 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
     self->arrived(kind, *catalog);
   } else {
     std::exception_ptr failure;
+    const Attempt loading(providerTrace, "loading a library");
     try {
       const ProviderClient client(account, self->services_.transport, self->services_.worker);
       const QCoro::Task<Catalog> answered = client.catalog(kind, stop);
@@ -102,20 +106,26 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
       failure = std::current_exception();
     }
     if (!self || !self->session_.isCurrent(token, stop)) co_return;
-    if (failure) co_return self->failed(kind, failure);
+    if (failure) {
+      loading.failed(failure);
+      co_return self->failed(kind, failure);
+    }
     self->arrived(kind, *catalog);
     if (self->session_.disk()) {
       const Pending<Done> saved = self->session_.disk()->save(*catalog, account.id, kind);
+      const Attempt saving(storageTrace, "saving the copy of a library");
       try {
         co_await saved;
       } catch (...) {
         failure = std::current_exception();
       }
       if (!self || !self->session_.isCurrent(token, stop)) co_return;
-      if (failure)
+      if (failure) {
+        saving.failed(failure);
         self->listener_.notice(
             QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
                            "remain available while the app is open."));
+      }
     }
   }
   self->ended(kind);

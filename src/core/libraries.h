@@ -6,8 +6,8 @@
 #include <set>
 
 #include "core/session.h"
+#include "library/catalog.h"
 #include "platform/job.h"
-#include "provider/catalog.h"
 
 namespace vantor {
 

@@ -1,6 +1,6 @@
 // The built-in sample library, for exploring the interface without a provider.
 #include "core/app_model.h"
-#include "provider/catalog_builder.h"
+#include "library/catalog_builder.h"
 
 namespace vantor {
 namespace {

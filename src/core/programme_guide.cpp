@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/cancelled.h"
+#include "platform/trace.h"
 #include "provider/guide_loader.h"
 
 namespace vantor {
@@ -104,11 +105,13 @@ QCoro::Task<> ProgrammeGuide::fetch(QPointer<ProgrammeGuide> self, ProviderAccou
   if (!self || !self->session_.isCurrent(token, stop)) co_return;
   GuideEntries entries;
   bool failed = false;
+  const Attempt attempt(providerTrace, "loading the guide of a row");
   try {
     const QCoro::Task<GuideEntries> loaded = load(self, account, item, stop);
     entries = co_await loaded;
   } catch (...) {
     // The row shows that there is no guide; nothing more is said about it.
+    attempt.failed();
     failed = true;
   }
   // A fetch that was cancelled leaves even its handle to the reset that cancelled it.

@@ -7,10 +7,10 @@
 #include <map>
 
 #include "core/session.h"
+#include "library/guide_entry.h"
+#include "library/media_item.h"
 #include "platform/clock.h"
 #include "platform/job.h"
-#include "provider/guide_entry.h"
-#include "provider/media_item.h"
 
 namespace vantor {
 

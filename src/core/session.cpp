@@ -1,6 +1,7 @@
 #include "core/session.h"
 
 #include "platform/cancelled.h"
+#include "platform/trace.h"
 #include "platform/worker.h"
 #include "provider/provider_client.h"
 #include "provider/vantor_configuration.h"
@@ -91,6 +92,7 @@ QCoro::Task<bool> Session::followService(QPointer<Session> self, std::stop_token
   ProviderAccount candidate = *self->account();
   candidate.server = QUrl(server, QUrl::StrictMode);
   if (!candidate.server.isValid()) co_return true;
+  const Attempt attempt(sessionTrace, "following the service to another server");
   try {
     const ProviderClient client(candidate, self->services_.transport, self->services_.worker);
     const QCoro::Task<ProviderDetails> answered = client.authenticate(stop);
@@ -108,6 +110,7 @@ QCoro::Task<bool> Session::followService(QPointer<Session> self, std::stop_token
         });
     co_await written;
   } catch (...) {
+    attempt.failed();
     co_return isSuperseded();
   }
   if (isSuperseded()) co_return true;

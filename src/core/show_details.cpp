@@ -1,5 +1,6 @@
 #include "core/show_details.h"
 
+#include "platform/trace.h"
 #include "provider/error_wording.h"
 #include "provider/provider_client.h"
 
@@ -57,6 +58,7 @@ QCoro::Task<> ShowDetails::fetch(QPointer<ShowDetails> self, ProviderAccount acc
   QList<MediaItem> episodes;
   GuideEntries entries;
   std::exception_ptr failure;
+  const Attempt attempt(providerTrace, "loading episodes or a guide");
   try {
     if (item.kind == LibraryKind::shows) {
       const ProviderClient client(account, self->services_.transport, self->services_.worker);
@@ -67,6 +69,7 @@ QCoro::Task<> ShowDetails::fetch(QPointer<ShowDetails> self, ProviderAccount acc
       entries = co_await loaded;
     }
   } catch (...) {
+    attempt.failed();
     failure = std::current_exception();
   }
   // Another selection has dropped this job.

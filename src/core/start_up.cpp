@@ -1,5 +1,6 @@
 // Restoring the saved account when the program starts.
 #include "core/app_model.h"
+#include "platform/trace.h"
 #include "platform/worker.h"
 #include "playback/playback.h"
 #include "provider/error_wording.h"
@@ -24,6 +25,7 @@ struct AppModel::Restored {
 
   static Restored read(const SecureStore& secrets, const Folders& folders, std::stop_token stop) {
     Restored restored;
+    const Attempt attempt(sessionTrace, "reading the saved account");
     try {
       const std::optional<QByteArray> saved = secrets.read(providerItem, stop);
       if (!saved) {
@@ -34,6 +36,7 @@ struct AppModel::Restored {
       restored.disk = CatalogDiskStore::create(secrets, folders, stop);
       restored.liveCopy = restored.disk->load(restored.account->id, LibraryKind::live);
     } catch (...) {
+      attempt.failed();
       restored.notice = readableError(std::current_exception());
     }
     return restored;

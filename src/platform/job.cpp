@@ -1,6 +1,7 @@
 #include "platform/job.h"
 
 #include "platform/pending.h"
+#include "platform/trace.h"
 
 namespace vantor {
 
@@ -30,11 +31,13 @@ QCoro::Task<> Job::drive(std::shared_ptr<State> state, Body body) {
   Pending<Done> turn;
   turn.resolve({});
   co_await turn;
+  const Attempt attempt(sessionTrace, "a job");
   try {
     const QCoro::Task<> task = body(state->source.get_token());
     co_await task;
   } catch (...) {
-    // Failures are the body's to report; see the class comment.
+    // The body's to report; see the class comment.
+    attempt.failed();
   }
   state->finished = true;
 }

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <chrono>
 
+#include "platform/trace.h"
 #include "platform/worker.h"
 #include "playback/held_frame.h"
 #include "playback/time_values.h"
@@ -154,6 +155,8 @@ void Playback::load(const PlayRequest& request) {
 }
 
 void Playback::fail(const QString& message) {
+  // The sentence, which names no source.
+  qCInfo(playbackTrace).noquote() << "playing failed:" << message;
   finishRecording();
   setLoading(false);
   setHeldFrame({});

@@ -5,6 +5,8 @@
 #include <QUuid>
 #include <algorithm>
 
+#include "platform/trace.h"
+
 namespace vantor {
 
 namespace {
@@ -43,11 +45,13 @@ void Recording::start(const std::optional<QString>& folder) {
   if (stage_ != Stage::idle) return;
   const QString target = folder.value_or(this->folder());
   if (!makePrivateFolder(target)) {
+    qCInfo(recordingTrace) << "making the folder of recordings: failed";
     setNotice(u"The recording folder could not be created."_s);
     return;
   }
   target_ = target;
   if (!engine_.startRecording(target)) {
+    qCInfo(recordingTrace) << "recording a source: refused by the engine";
     setNotice(u"This source does not support recording."_s);
     return;
   }
@@ -60,6 +64,7 @@ void Recording::finish() {
   setStage(Stage::saving);
   setNotice(u"Saving recording…"_s);
   if (engine_.stopRecording()) return;
+  qCInfo(recordingTrace) << "saving a recording: the engine has none";
   setStage(Stage::idle);
   setNotice(u"Recording could not be finalized. Check the recording folder."_s);
 }

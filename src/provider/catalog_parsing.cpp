@@ -3,12 +3,12 @@
 #include <string>
 #include <unordered_set>
 
+#include "json/json_reading.h"
+#include "library/catalog_builder.h"
+#include "library/text_hash.h"
+#include "platform/app_error.h"
 #include "platform/cancelled.h"
-#include "provider/catalog_builder.h"
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
 #include "provider/safe_artwork.h"
-#include "provider/text_hash.h"
 
 namespace vantor {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <stop_token>
 
-#include "provider/catalog.h"
+#include "library/catalog.h"
 
 namespace vantor {
 

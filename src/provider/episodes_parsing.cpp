@@ -6,10 +6,10 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "json/json_reading.h"
+#include "library/text_hash.h"
+#include "platform/app_error.h"
 #include "platform/cancelled.h"
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
-#include "provider/text_hash.h"
 
 namespace vantor {
 namespace {

@@ -4,7 +4,7 @@
 #include <QList>
 #include <stop_token>
 
-#include "provider/media_item.h"
+#include "library/media_item.h"
 
 namespace vantor {
 

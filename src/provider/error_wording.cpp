@@ -1,7 +1,8 @@
 #include "provider/error_wording.h"
 
+#include "net/http_transport.h"
+#include "platform/app_error.h"
 #include "platform/cancelled.h"
-#include "provider/http_transport.h"
 
 namespace vantor {
 

@@ -5,13 +5,6 @@
 
 namespace vantor {
 
-/// The program's own failure: a complete sentence for the user.
-struct AppError : std::exception {
-  explicit AppError(QString sentence) : message(std::move(sentence)) {}
-  const char* what() const noexcept override { return "application error"; }
-  QString message;
-};
-
 /// Turns any failure into one sentence for the user.
 QString readableError(const std::exception_ptr& error);
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "library/media_item.h"
 #include "platform/clock.h"
-#include "provider/media_item.h"
 #include "provider/provider_client.h"
 
 namespace vantor {

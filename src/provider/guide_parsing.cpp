@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "json/base64_text.h"
+#include "json/json_reading.h"
 #include "platform/cancelled.h"
-#include "provider/base64_text.h"
-#include "provider/json_reading.h"
 
 namespace vantor {
 namespace {

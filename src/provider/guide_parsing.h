@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <stop_token>
 
-#include "provider/guide_entry.h"
+#include "library/guide_entry.h"
 
 namespace vantor {
 

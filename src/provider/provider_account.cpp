@@ -10,8 +10,9 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
+#include "json/json_reading.h"
+#include "platform/app_error.h"
+#include "platform/canonical_text.h"
 
 namespace vantor {
 namespace {
@@ -68,10 +69,6 @@ bool isNumeric(const QString& id) {
 }
 
 }  // namespace
-
-QString canonicalText(const QUuid& id) {
-  return id.toString(QUuid::WithoutBraces).toUpper();
-}
 
 QString ProviderAccount::idText() const {
   return canonicalText(id);

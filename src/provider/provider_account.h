@@ -7,7 +7,7 @@
 #include <QUuid>
 #include <utility>
 
-#include "provider/library_kind.h"
+#include "library/library_kind.h"
 
 namespace vantor {
 
@@ -45,8 +45,5 @@ struct ProviderAccount {
   /// Fails with `JSONError` when a key is missing or has the wrong type.
   static ProviderAccount fromJSON(const QByteArray& json);
 };
-
-/// 36 characters, upper case, hyphenated.
-QString canonicalText(const QUuid& id);
 
 }  // namespace vantor

@@ -1,7 +1,8 @@
 #include "provider/provider_client.h"
 
+#include "library/catalog_builder.h"
 #include "platform/worker.h"
-#include "provider/catalog_builder.h"
+#include "provider/api_actions.h"
 #include "provider/catalog_parsing.h"
 #include "provider/episodes_parsing.h"
 #include "provider/guide_parsing.h"

@@ -3,9 +3,9 @@
 #include <QCoroTask>
 #include <stop_token>
 
-#include "provider/catalog.h"
-#include "provider/guide_entry.h"
-#include "provider/http_transport.h"
+#include "library/catalog.h"
+#include "library/guide_entry.h"
+#include "net/http_transport.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"
 

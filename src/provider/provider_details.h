@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <optional>
 
-#include "provider/provider_time.h"
+#include "library/provider_time.h"
 
 namespace vantor {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
+#include "json/json_reading.h"
+#include "platform/app_error.h"
 #include "provider/provider_client.h"
 
 namespace vantor {

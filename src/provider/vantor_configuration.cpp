@@ -1,9 +1,10 @@
 #include "provider/vantor_configuration.h"
 
+#include "json/json_reading.h"
+#include "net/http_transport.h"
+#include "platform/app_error.h"
 #include "platform/preferences.h"
-#include "provider/error_wording.h"
-#include "provider/http_transport.h"
-#include "provider/json_reading.h"
+#include "platform/trace.h"
 
 namespace vantor {
 namespace {
@@ -42,12 +43,14 @@ QCoro::Task<QString> VantorConfiguration::resolve(std::stop_token token) const {
   HTTPRequest request;
   request.address = endpoint_;
   request.timeout = std::chrono::seconds(8);
+  const Attempt attempt(providerTrace, "reading the service configuration");
   try {
     const QCoro::Task<QByteArray> fetched = transport_.fetch(request, documentLimit, token);
     const QByteArray document = co_await fetched;
     co_return decode(document);
   } catch (...) {
     // Every failure has the same answer, below.
+    attempt.failed();
   }
   co_return currentServer();
 }

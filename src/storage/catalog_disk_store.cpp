@@ -4,10 +4,11 @@
 #include <QFileInfo>
 #include <QMessageAuthenticationCode>
 
+#include "library/catalog_stored_form.h"
+#include "platform/app_error.h"
+#include "platform/canonical_text.h"
 #include "platform/folders.h"
-#include "provider/catalog_stored_form.h"
-#include "provider/error_wording.h"
-#include "provider/provider_account.h"
+#include "platform/trace.h"
 #include "storage/private_file.h"
 #include "storage/sealed_box.h"
 #include "storage/secure_store.h"
@@ -23,10 +24,12 @@ QString catalogFolder(const Folders& folders) {
 void removeOthers(const QString& folder, const QString& kept) {
   for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
     if (!kept.isEmpty() && name.startsWith(kept)) continue;
+    const Attempt attempt(storageTrace, "removing another account's library");
     try {
       private_file::remove(folder + QLatin1Char('/') + name);
     } catch (const std::system_error&) {
       // Nobody reads it any more; the next start tries again.
+      attempt.failed();
     }
   }
 }

@@ -7,8 +7,8 @@
 #include <optional>
 #include <stop_token>
 
+#include "library/catalog.h"
 #include "platform/worker.h"
-#include "provider/catalog.h"
 
 namespace vantor {
 

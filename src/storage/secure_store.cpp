@@ -1,7 +1,7 @@
 #include "storage/secure_store.h"
 
+#include "platform/app_error.h"
 #include "platform/credential_store.h"
-#include "provider/error_wording.h"
 
 namespace vantor {
 

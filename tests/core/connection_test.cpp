@@ -5,7 +5,6 @@
 #include <cstring>
 #include <future>
 
-#include "provider/error_wording.h"
 #include "support/model_fixture.h"
 
 namespace vantor {

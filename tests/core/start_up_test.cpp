@@ -2,7 +2,6 @@
 
 #include <future>
 
-#include "provider/error_wording.h"
 #include "support/model_fixture.h"
 
 namespace vantor {

@@ -1,10 +1,10 @@
 #include "provider/catalog_parsing.h"
+#include "platform/app_error.h"
 
 #include <gtest/gtest.h>
 
-#include "provider/error_wording.h"
-#include "provider/folded_text.h"
-#include "provider/json_reading.h"
+#include "json/json_reading.h"
+#include "library/folded_text.h"
 
 namespace vantor {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
+#include "json/json_reading.h"
+#include "platform/app_error.h"
 #include "support/peak_memory.h"
 
 namespace vantor {

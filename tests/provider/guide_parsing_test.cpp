@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "provider/base64_text.h"
-#include "provider/json_reading.h"
+#include "json/base64_text.h"
+#include "json/json_reading.h"
 
 namespace vantor {
 namespace {

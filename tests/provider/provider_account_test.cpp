@@ -4,8 +4,8 @@
 
 #include <QRegularExpression>
 
-#include "provider/error_wording.h"
-#include "provider/json_reading.h"
+#include "json/json_reading.h"
+#include "platform/app_error.h"
 
 namespace vantor {
 namespace {

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "json/json_reading.h"
+#include "platform/app_error.h"
 #include "platform/cancelled.h"
 #include "platform/preferences.h"
 #include "platform/worker.h"
 #include "provider/error_wording.h"
-#include "provider/json_reading.h"
 #include "provider/vantor_configuration.h"
 #include "support/awaited.h"
 #include "support/fake_transport.h"

@@ -10,10 +10,10 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 
+#include "library/catalog_builder.h"
+#include "library/catalog_stored_form.h"
+#include "platform/app_error.h"
 #include "platform/folders.h"
-#include "provider/catalog_builder.h"
-#include "provider/catalog_stored_form.h"
-#include "provider/error_wording.h"
 #include "storage/private_file.h"
 #include "storage/sealed_box.h"
 #include "storage/secure_store.h"

@@ -4,8 +4,8 @@
 
 #include <QUuid>
 
+#include "platform/app_error.h"
 #include "platform/secret_service_store.h"
-#include "provider/error_wording.h"
 #include "support/fake_credential_store.h"
 
 namespace vantor {

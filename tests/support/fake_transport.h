@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "net/http_transport.h"
 #include "platform/pending.h"
-#include "provider/http_transport.h"
 
 namespace vantor::test {
 

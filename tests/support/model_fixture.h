@@ -6,6 +6,7 @@
 #include "core/app_model.h"
 #include "platform/worker.h"
 #include "playback/playback.h"
+#include "provider/api_actions.h"
 #include "provider/vantor_configuration.h"
 #include "storage/secure_store.h"
 #include "support/fake_credential_store.h"

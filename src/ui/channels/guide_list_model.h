@@ -2,8 +2,8 @@
 
 #include <QIdentityProxyModel>
 
+#include "library/guide_entry.h"
 #include "platform/clock.h"
-#include "provider/guide_entry.h"
 
 namespace vantor {
 

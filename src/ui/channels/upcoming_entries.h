@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "library/guide_entry.h"
 #include "platform/clock.h"
-#include "provider/guide_entry.h"
 
 namespace vantor {
 

@@ -4,6 +4,7 @@
 
 #include "core/browsing.h"
 #include "playback/playback.h"
+#include "ui/entries/library_wording.h"
 #include "ui/entries/one_line.h"
 
 namespace vantor {

@@ -4,7 +4,7 @@
 #include <QAbstractListModel>
 #include <memory>
 
-#include "provider/media_item.h"
+#include "library/media_item.h"
 
 namespace vantor {
 

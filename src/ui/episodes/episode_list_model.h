@@ -4,7 +4,7 @@
 #include <QAbstractListModel>
 #include <vector>
 
-#include "provider/media_item.h"
+#include "library/media_item.h"
 
 namespace vantor {
 

@@ -3,7 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QAbstractListModel>
 
-#include "provider/catalog.h"
+#include "library/catalog.h"
 
 namespace vantor {
 

@@ -5,6 +5,7 @@
 #include "core/app_model.h"
 #include "playback/playback.h"
 #include "ui/entries/item_list_model.h"
+#include "ui/entries/library_wording.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {

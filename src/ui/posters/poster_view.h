@@ -5,7 +5,7 @@
 #include <QUrl>
 #include <optional>
 
-#include "provider/media_item.h"
+#include "library/media_item.h"
 
 namespace vantor {
 

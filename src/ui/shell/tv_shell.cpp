@@ -4,6 +4,7 @@
 
 #include "core/app_model.h"
 #include "playback/playback.h"
+#include "ui/entries/library_wording.h"
 
 namespace vantor {
 namespace {

@@ -1,0 +1,145 @@
+#include "library/catalog.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "library/catalog_contents.h"
+
+namespace vantor {
+namespace {
+
+QString qt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::optional<QString> optionalText(const CatalogContents& contents, std::size_t row,
+                                    EntryFlag flag, EntryText which) {
+  if (!(contents.rows[row].flags & flag)) return std::nullopt;
+  return qt(contents.textOf(row, which));
+}
+
+}  // namespace
+
+Catalog::Catalog(std::shared_ptr<const CatalogContents> contents)
+    : contents_(std::move(contents)) {}
+
+Catalog Catalog::empty() {
+  static const Catalog shared = [] {
+    auto contents = std::make_shared<CatalogContents>();
+    contents->savedAt = std::chrono::system_clock::now();
+    return Catalog(std::move(contents));
+  }();
+  return shared;
+}
+
+std::size_t Catalog::size() const {
+  return contents_->rows.size();
+}
+
+QString Catalog::id(std::size_t index) const {
+  const EntryRow& row = contents_->rows[index];
+  if (row.flags & hasOwnID) return qt(contents_->textOf(index, EntryText::id));
+  return entryID(row.kind, qt(contents_->textOf(index, EntryText::providerID)));
+}
+
+QString Catalog::name(std::size_t index) const {
+  return qt(contents_->textOf(index, EntryText::name));
+}
+
+LibraryKind Catalog::kind(std::size_t index) const {
+  return contents_->rows[index].kind;
+}
+
+MediaItem Catalog::item(std::size_t index) const {
+  const CatalogContents& contents = *contents_;
+  const EntryRow& row = contents.rows[index];
+  MediaItem item;
+  item.id = id(index);
+  item.providerID = qt(contents.textOf(index, EntryText::providerID));
+  item.kind = row.kind;
+  item.name = name(index);
+  item.category = qt(contents.categoryIDs[row.category]);
+  if (row.flags & hasArtwork) item.artwork = QUrl(qt(contents.textOf(index, EntryText::artwork)));
+  item.fileExtension = qt(contents.extensions[row.fileExtension]);
+  item.plot = optionalText(contents, index, hasPlot, EntryText::plot);
+  item.rating = optionalText(contents, index, hasRating, EntryText::rating);
+  item.year = optionalText(contents, index, hasYear, EntryText::year);
+  if (row.flags & hasNumbers) {
+    const EntryNumbers& numbers = contents.numbers.at(static_cast<std::uint32_t>(index));
+    item.episode = numbers.episode;
+    item.season = numbers.season;
+  }
+  item.isExample = row.flags & isSample;
+  return item;
+}
+
+std::optional<std::size_t> Catalog::indexOf(const QString& id) const {
+  const std::string wanted = id.toStdString();
+  for (std::size_t row = 0; row < size(); ++row) {
+    const EntryRow& entry = contents_->rows[row];
+    if (entry.flags & hasOwnID) {
+      if (contents_->textOf(row, EntryText::id) == wanted) return row;
+      continue;
+    }
+    const std::string_view providerID = contents_->textOf(row, EntryText::providerID);
+    if (!std::string_view(wanted).ends_with(providerID)) continue;
+    if (this->id(row) == id) return row;
+  }
+  return std::nullopt;
+}
+
+const std::vector<MediaCategory>& Catalog::categories() const {
+  return contents_->categories;
+}
+
+Catalog::Time Catalog::savedAt() const {
+  return contents_->savedAt;
+}
+
+void Catalog::match(const CatalogFilter& filter, std::vector<std::uint32_t>& indexes) const {
+  const CatalogContents& contents = *contents_;
+  const auto count = static_cast<std::uint32_t>(size());
+  std::uint32_t category = 0;
+  if (!filter.category.isEmpty()) {
+    const auto known = std::find(contents.categoryIDs.begin(), contents.categoryIDs.end(),
+                                 filter.category.toStdString());
+    if (known == contents.categoryIDs.end()) return;
+    category = static_cast<std::uint32_t>(known - contents.categoryIDs.begin());
+  }
+  const auto inCategory = [&](std::uint32_t row) {
+    return filter.category.isEmpty() || contents.rows[row].category == category;
+  };
+  if (filter.foldedName.empty()) {
+    indexes.reserve(indexes.size() + count);
+    for (std::uint32_t row = 0; row < count; ++row)
+      if (inCategory(row)) indexes.push_back(row);
+    return;
+  }
+  // One scan over all names; a hit skips to the next name, the separator keeps it inside one.
+  const char* const begin = contents.foldedNames.data();
+  const char* const end = begin + contents.foldedNames.size();
+  const char* position = begin;
+  std::uint32_t row = 0;
+  while (position < end) {
+    const auto* hit =
+        static_cast<const char*>(memmem(position, static_cast<std::size_t>(end - position),
+                                        filter.foldedName.data(), filter.foldedName.size()));
+    if (!hit) return;
+    const auto offset = static_cast<std::uint32_t>(hit - begin);
+    while (contents.foldedEnds[row] <= offset) ++row;
+    if (inCategory(row)) indexes.push_back(row);
+    position = begin + contents.foldedEnds[row];
+    ++row;
+  }
+}
+
+std::size_t Catalog::memory() const {
+  const CatalogContents& contents = *contents_;
+  return sizeof(CatalogContents) + contents.text.capacity() +
+         contents.rows.capacity() * sizeof(EntryRow) + contents.foldedNames.capacity() +
+         contents.foldedEnds.capacity() * sizeof(std::uint32_t) + contents.numbers.size() * 32 +
+         contents.categoryIDs.capacity() * sizeof(std::string) +
+         contents.categories.capacity() * sizeof(MediaCategory);
+}
+
+}  // namespace vantor

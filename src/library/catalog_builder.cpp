@@ -1,0 +1,83 @@
+#include "library/catalog_builder.h"
+
+#include <limits>
+
+#include "library/catalog_contents.h"
+#include "library/folded_text.h"
+
+namespace vantor {
+
+CatalogBuilder::CatalogBuilder(std::size_t expectedText)
+    : contents_(std::make_shared<CatalogContents>()) {
+  contents_->text.reserve(expectedText);
+}
+
+CatalogBuilder::~CatalogBuilder() = default;
+
+std::uint32_t CatalogBuilder::indexOf(std::string_view text, Indexes& indexes,
+                                      std::vector<std::string>& texts) {
+  const auto [known, isNew] =
+      indexes.try_emplace(std::string(text), static_cast<std::uint32_t>(texts.size()));
+  if (isNew) texts.emplace_back(text);
+  return known->second;
+}
+
+void CatalogBuilder::add(const CatalogEntry& entry) {
+  CatalogContents& contents = *contents_;
+  EntryRow row;
+  row.kind = entry.kind;
+  // Most entries are like the one before: providers list them category by category.
+  const EntryRow* const previous = contents.rows.empty() ? nullptr : &contents.rows.back();
+  row.category = previous && contents.categoryIDs[previous->category] == entry.category
+                     ? previous->category
+                     : indexOf(entry.category, categories_, contents.categoryIDs);
+  row.fileExtension =
+      previous && contents.extensions[previous->fileExtension] == entry.fileExtension
+          ? previous->fileExtension
+          : indexOf(entry.fileExtension, extensions_, contents.extensions);
+  const auto append = [&](EntryText which, std::string_view text) {
+    contents.text.append(text);
+    if (contents.text.size() > std::numeric_limits<std::uint32_t>::max())
+      throw std::length_error("library too large");
+    row.ends[static_cast<std::size_t>(which)] = static_cast<std::uint32_t>(contents.text.size());
+  };
+  const auto appendOptional = [&](EntryText which, EntryFlag flag,
+                                  const std::optional<std::string_view>& text) {
+    append(which, text.value_or(std::string_view()));
+    if (text) row.flags |= flag;
+  };
+  appendOptional(EntryText::id, hasOwnID, entry.id);
+  append(EntryText::providerID, entry.providerID);
+  append(EntryText::name, entry.name);
+  appendOptional(EntryText::artwork, hasArtwork, entry.artwork);
+  appendOptional(EntryText::plot, hasPlot, entry.plot);
+  appendOptional(EntryText::rating, hasRating, entry.rating);
+  appendOptional(EntryText::year, hasYear, entry.year);
+  if (entry.isExample) row.flags |= isSample;
+  if (entry.episode || entry.season) {
+    row.flags |= hasNumbers;
+    contents.numbers[static_cast<std::uint32_t>(contents.rows.size())] = {entry.episode,
+                                                                          entry.season};
+  }
+  contents.rows.push_back(row);
+  appendFolded(entry.name, contents.foldedNames);
+  contents.foldedNames.push_back(CatalogContents::separator);
+  contents.foldedEnds.push_back(static_cast<std::uint32_t>(contents.foldedNames.size()));
+}
+
+void CatalogBuilder::add(MediaCategory category) {
+  contents_->categories.push_back(std::move(category));
+}
+
+Catalog CatalogBuilder::build(Catalog::Time savedAt) {
+  contents_->savedAt = savedAt;
+  contents_->text.shrink_to_fit();
+  contents_->rows.shrink_to_fit();
+  contents_->foldedNames.shrink_to_fit();
+  contents_->foldedEnds.shrink_to_fit();
+  categories_.clear();
+  extensions_.clear();
+  return Catalog(std::exchange(contents_, std::make_shared<CatalogContents>()));
+}
+
+}  // namespace vantor

@@ -1,0 +1,62 @@
+#include "platform/trace.h"
+
+#include <cxxabi.h>
+
+#include <QHash>
+#include <QString>
+#include <cstdlib>
+#include <memory>
+#include <mutex>
+#include <system_error>
+#include <typeinfo>
+
+#include "platform/cancelled.h"
+
+namespace vantor {
+
+Q_LOGGING_CATEGORY(sessionTrace, "vantor.session", QtWarningMsg)
+Q_LOGGING_CATEGORY(providerTrace, "vantor.provider", QtWarningMsg)
+Q_LOGGING_CATEGORY(storageTrace, "vantor.storage", QtWarningMsg)
+Q_LOGGING_CATEGORY(playbackTrace, "vantor.playback", QtWarningMsg)
+Q_LOGGING_CATEGORY(recordingTrace, "vantor.recording", QtWarningMsg)
+Q_LOGGING_CATEGORY(artworkTrace, "vantor.artwork", QtWarningMsg)
+
+namespace {
+
+int countOf(const char* tried) {
+  static std::mutex mutex;
+  static QHash<QByteArray, int> counts;
+  const std::lock_guard lock(mutex);
+  return ++counts[tried];
+}
+
+/// The failure's type, and its number when it has one. What it says of itself may name a file.
+QString kindOf(const std::exception& failure) {
+  const std::unique_ptr<char, decltype(&std::free)> name(
+      abi::__cxa_demangle(typeid(failure).name(), nullptr, nullptr, nullptr), &std::free);
+  QString kind = QString::fromUtf8(name ? name.get() : typeid(failure).name());
+  if (const auto* numbered = dynamic_cast<const NumberedFailure*>(&failure))
+    kind += QStringLiteral(" %1").arg(numbered->number());
+  if (const auto* system = dynamic_cast<const std::system_error*>(&failure))
+    kind += QStringLiteral(" %1").arg(system->code().value());
+  return kind;
+}
+
+}  // namespace
+
+void Attempt::failed(const std::exception_ptr& failure) const {
+  QString kind = QStringLiteral("an unknown failure");
+  try {
+    std::rethrow_exception(failure);
+  } catch (const Cancelled&) {
+    return;
+  } catch (const std::exception& known) {
+    kind = kindOf(known);
+  } catch (...) {
+    // Nothing is known of it.
+  }
+  qCInfo(category_).noquote().nospace() << tried_ << ": " << kind << ", failure " << countOf(tried_)
+                                        << ", after " << sinceStart_.elapsed() << " ms";
+}
+
+}  // namespace vantor

@@ -1,0 +1,186 @@
+// What all readers of JSON have in common.
+#include "json/json_reading.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+#include "library/catalog_stored_form.h"
+#include "platform/cancelled.h"
+#include "provider/catalog_parsing.h"
+#include "provider/episodes_parsing.h"
+#include "provider/guide_parsing.h"
+#include "provider/provider_client.h"
+#include "provider/vantor_configuration.h"
+
+namespace vantor {
+namespace {
+
+QString parsedCatalog(const QByteArray& entries, const QByteArray& categories) {
+  const Catalog catalog = parseCatalog(entries, categories, LibraryKind::movies, {});
+  return (catalog.size() > 0 ? catalog.name(0) : QString()) +
+         (catalog.categories().empty() ? QString() : catalog.categories().front().name);
+}
+
+struct Reader {
+  const char* name;
+  /// A whole answer; "@" stands for fields that nobody reads, "<" and ">" around a key that comes
+  /// twice enclose its first value.
+  const char* answer;
+  QString (*read)(const QByteArray&);  // what it makes of the repeated field
+};
+
+const Reader readers[] = {
+    {"entries", R"([{"stream_id":1,<"name":"first",>"name":"last"@},{"name":7@}])",
+     [](const QByteArray& json) { return parsedCatalog(json, "[]"); }},
+    {"categories", R"([{"category_id":1,<"category_name":"first",>"category_name":"last"@}])",
+     [](const QByteArray& json) { return parsedCatalog("[]", json); }},
+    {"episodes", R"({"info":{}@,"episodes":{<"1":[{"id":1,"title":"first"}],>
+                     "1":[{"id":2,"title":"last"@},{"title":"no id"@}]}})",
+     [](const QByteArray& json) {
+       const auto episodes = parseEpisodes(json, MediaItem());
+       return episodes.isEmpty() ? QString() : episodes.first().name;
+     }},
+    {"guide", R"({<"epg_listings":[],>"epg_listings":[{"title":"last","start_timestamp":1,
+                  "stop_timestamp":2@}]@})",
+     [](const QByteArray& json) {
+       const auto entries = parseGuide(json, QString());
+       return entries.isEmpty() ? QString() : entries.first().title;
+     }},
+    {"sign-in", R"({<"user_info":{"auth":0},>"user_info":{"auth":1,"status":"Active",
+                    <"max_connections":"first",>"max_connections":"last"@}@,"server_info":{}})",
+     [](const QByteArray& json) { return parseSignIn(json).maximumConnections; }},
+    {"configuration", R"({<"schemaVersion":2,>"schemaVersion":1,<"serverUrl":7,>
+                          "serverUrl":"http://last"@})",
+     [](const QByteArray& json) { return VantorConfiguration::decode(json).mid(7); }},
+    {"account", R"({"id":"6BA7B810-9DAD-11D1-80B4-00C04FD430C8","name":"n","server":"http://a",
+                    <"username":"first",>"username":"last","password":"p","userAgent":"u"@})",
+     [](const QByteArray& json) { return ProviderAccount::fromJSON(json).username; }},
+    {"stored catalogue", R"({<"items":[],>"items":[{"id":"live:1","providerID":"1","kind":"live",
+                             <"name":"first",>"name":"last","category":"","fileExtension":"ts",
+                             "isExample":false@}],<"categories":[{"id":"","name":"x"}],>
+                             "categories":[]@,"savedAt":1})",
+     [](const QByteArray& json) {
+       const Catalog catalog = catalogFromJSON(json);
+       return catalog.categories().empty() && catalog.size() == 1 ? catalog.name(0) : QString();
+     }},
+};
+
+QByteArray answer(const Reader& reader, const QByteArray& unread, bool repeated = false) {
+  QByteArray json = reader.answer;
+  for (auto begin = json.indexOf('<'); !repeated && begin >= 0; begin = json.indexOf('<'))
+    json.remove(begin, json.indexOf('>', begin) - begin);
+  json.replace('<', "").replace('>', "");
+  return json.replace('@', unread.isEmpty() ? QByteArray() : ",\"x\":" + unread);
+}
+
+TEST(JSONReading, WhatNobodyReadsIsCheckedAsWell) {
+  const QByteArray deep = QByteArray(300'000, '[') + QByteArray(300'000, ']');
+  for (const Reader& reader : readers) {
+    EXPECT_EQ(reader.read(answer(reader, "")), QStringLiteral("last")) << reader.name;
+    for (const char* sound :
+         {"true", "false", "null", "0", "-0.5e+3", "1E400", "123456789012345678901234567890",
+          R"("\"\\\/\b\f\n\r\t\u00e9\ud83d")", R"([ ])", R"({ })",
+          R"({"a":[{"b\u0041\ud800":[null,1.5,"x"]},[]],"":{}})", "[[[[[[[[[[[[1]]]]]]]]]]]]"})
+      EXPECT_EQ(reader.read(answer(reader, sound)), QStringLiteral("last"))
+          << reader.name << ' ' << sound;
+    for (const QByteArray& damage : {QByteArray("tru"),
+                                     QByteArray("truer"),
+                                     QByteArray("nul"),
+                                     QByteArray("falsé"),
+                                     QByteArray("01"),
+                                     QByteArray("-01"),
+                                     QByteArray("1."),
+                                     QByteArray(".5"),
+                                     QByteArray("-"),
+                                     QByteArray("1e"),
+                                     QByteArray("1e+"),
+                                     QByteArray("-inf"),
+                                     QByteArray("1x"),
+                                     QByteArray("0x1"),
+                                     QByteArray("+1"),
+                                     QByteArray("1\"a\""),
+                                     QByteArray(R"("\q")"),
+                                     QByteArray(R"("\u12g4")"),
+                                     QByteArray(R"("\u12")"),
+                                     QByteArray("\"\n\""),
+                                     QByteArray("\"\xff\""),
+                                     QByteArray("[1,]"),
+                                     QByteArray("[,1]"),
+                                     QByteArray("[1 2]"),
+                                     QByteArray("[1"),
+                                     QByteArray("[}"),
+                                     QByteArray("{]"),
+                                     QByteArray(R"({"a":1,})"),
+                                     QByteArray(R"({"a":})"),
+                                     QByteArray(R"({"a" 1})"),
+                                     QByteArray("{1:2}"),
+                                     QByteArray(R"({"\q":1})"),
+                                     QByteArray(""),
+                                     QByteArray("@"),
+                                     deep})
+      EXPECT_THROW(reader.read(answer(reader, damage.isEmpty() ? QByteArray(" ") : damage)),
+                   JSONError)
+          << reader.name << ' ' << damage.left(20).toStdString();
+  }
+}
+
+TEST(JSONReading, AnAnswerCutOffAnywhereIsRefused) {
+  for (const Reader& reader : readers) {
+    const QByteArray whole = answer(reader, R"({"a":[1,"b"]})");
+    for (qsizetype size = 0; size < whole.size(); ++size)
+      EXPECT_THROW(reader.read(whole.left(size)), JSONError)
+          << reader.name << ' ' << whole.left(size).toStdString();
+    EXPECT_THROW(reader.read(whole + " x"), JSONError) << reader.name;
+    EXPECT_NO_THROW(reader.read("\xEF\xBB\xBF \n" + whole + "\n ")) << reader.name;
+  }
+}
+
+TEST(JSONReading, StopsWhileItReads) {
+  const auto answer = [](const char* before, QByteArray row, const char* after) {
+    return before + (row + ',').repeated(1'000'000) + row + after;
+  };
+  const QByteArray rows = answer("[", "{}", "]");
+  const QByteArray episodes = answer(R"({"episodes":{"1":[)", "{}", "]}}");
+  const QByteArray seasons = answer(R"({"episodes":{)", R"("":[])", "}}");
+  const QByteArray programmes = answer(R"({"epg_listings":[)", "{}", "]}");
+  const std::function<void(std::stop_token)> readings[] = {
+      [&](auto stop) { parseCatalog(rows, "[]", LibraryKind::live, {}, stop); },
+      [&](auto stop) { parseCatalog("[]", rows, LibraryKind::live, {}, stop); },
+      [&](auto stop) { parseEpisodes(episodes, MediaItem(), stop); },
+      [&](auto stop) { parseEpisodes(seasons, MediaItem(), stop); },
+      [&](auto stop) { parseGuide(programmes, QString(), stop); },
+  };
+  for (const auto& reading : readings) {
+    bool stopped = false;
+    // The request may come too late where threads wait for a processor.
+    for (int attempt = 0; attempt < 10 && !stopped; ++attempt) {
+      std::stop_source stop;
+      std::atomic<bool> begun = false;
+      std::thread stopper([&] {
+        begun.wait(false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        stop.request_stop();
+      });
+      begun = true;
+      begun.notify_all();
+      try {
+        reading(stop.get_token());
+      } catch (const Cancelled&) {
+        stopped = true;
+      }
+      stopper.join();
+    }
+    EXPECT_TRUE(stopped) << &reading - readings;
+  }
+}
+
+TEST(JSONReading, TheLastOfARepeatedKeyCounts) {
+  for (const Reader& reader : readers)
+    EXPECT_EQ(reader.read(answer(reader, "", true)), QStringLiteral("last")) << reader.name;
+}
+
+}  // namespace
+}  // namespace vantor
