@@ -86,8 +86,8 @@ class OurPlayer {
  public:
   OurPlayer()
       : frames_(std::make_shared<VideoFrameQueue>()),
-        engine_(frames_, false),
-        playback_(engine_, clock_, worker_, Folders::ofUser(), false),
+        engine_(frames_, Output::shown),
+        playback_(engine_, clock_, worker_, Folders::ofUser(), Output::shown),
         surface_(new VideoSurface) {
     surface_->setFrames(frames_.get());
     surface_->setSize(QSizeF(640, 360));

@@ -136,7 +136,7 @@ int main(int argc, char** argv) {
   screens::Stage stage(album, {.channels = 100'000, .movies = 80'000, .streams = false});
   stage.signIn();
   report("scrolling 100,000 channels", scrollScreen(stage), plainList);
-  stage.show(QStringLiteral("movies"));
+  stage.show(Section::movies);
   report("scrolling 80,000 movies", scrollScreen(stage), plainGrid);
   return 0;
 }

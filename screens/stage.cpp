@@ -75,8 +75,8 @@ void Stage::signIn() {
   until("the library", [&] { return !views().statusView()->loading(); });
 }
 
-void Stage::show(const QString& section) {
-  views().shell()->navigate(section);
+void Stage::show(Section section) {
+  views().shell()->navigate(static_cast<int>(section));
   until("the entries", [&] { return !views().statusView()->loading(); });
   settle();
 }

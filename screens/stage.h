@@ -41,7 +41,7 @@ class Stage {
   /// Signs in and waits for the first library.
   void signIn();
   /// Shows the section and waits for its entries.
-  void show(const QString& section);
+  void show(Section section);
   void until(const char* what, const std::function<bool()>& condition);
   /// Waits until `count` more requests of the action have arrived at the provider.
   void untilAsked(const char* action, int count = 1);

@@ -38,7 +38,7 @@ void episodes(Album& album) {
   {
     Stage stage(album, {.streams = false});
     stage.signIn();
-    stage.show(u"shows"_s);
+    stage.show(Section::shows);
     stage.settle();
     stage.shot(u"shows"_s, u"Shows"_s);
     stage.provider().hold("get_series_info");
@@ -55,7 +55,7 @@ void episodes(Album& album) {
     Stage stage(album, {.streams = false});
     stage.signIn();
     stage.provider().setFault("get_series_info", sim::Fault::status500);
-    stage.show(u"shows"_s);
+    stage.show(Section::shows);
     openFirstShow(stage);
     stage.shot(u"episodes-failed"_s, u"The episodes cannot be loaded"_s);
   }
@@ -63,7 +63,7 @@ void episodes(Album& album) {
     Stage stage(album, {.streams = false});
     stage.signIn();
     stage.provider().setBody("get_series_info", "{\"episodes\":[]}");
-    stage.show(u"shows"_s);
+    stage.show(Section::shows);
     openFirstShow(stage);
     stage.shot(u"episodes-none"_s, u"A show without episodes"_s);
   }
@@ -71,7 +71,7 @@ void episodes(Album& album) {
   stage.signIn();
   stage.provider().setBody("get_series_info", longShow());
   stage.provider().setBody("get_series", oddRows(sim::Kind::series, stage.provider().url()));
-  stage.show(u"shows"_s);
+  stage.show(Section::shows);
   openFirstShow(stage);
   stage.settle();
   stage.shot(u"episodes-thousands"_s,

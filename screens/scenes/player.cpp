@@ -41,7 +41,7 @@ void player(Album& album) {
   shell.backToBrowsing();
   stage.settle();
 
-  stage.show(u"movies"_s);
+  stage.show(Section::movies);
   stage.settle();
   shell.playRow(1);
   stage.until("the picture", playing);

@@ -10,7 +10,7 @@ void posters(Album& album) {
     Stage stage(album, {.movies = 80'000, .streams = false});
     stage.signIn();
     stage.provider().hold("get_vod_streams");
-    stage.views().shell()->navigate(u"movies"_s);
+    stage.views().shell()->navigate(static_cast<int>(Section::movies));
     stage.untilAsked("get_vod_streams");
     stage.settle();
     stage.shot(u"movies-loading"_s, u"The movies are being loaded"_s);
@@ -34,27 +34,27 @@ void posters(Album& album) {
   {
     Stage stage(album, {.movies = 1, .streams = false});
     stage.signIn();
-    stage.show(u"movies"_s);
+    stage.show(Section::movies);
     stage.shot(u"movies-one"_s, u"A single movie"_s);
   }
   {
     Stage stage(album, {.streams = false});
     stage.signIn();
     stage.provider().setFault("get_vod_streams", sim::Fault::html);
-    stage.show(u"movies"_s);
+    stage.show(Section::movies);
     stage.shot(u"movies-failed"_s, u"The movies cannot be loaded"_s);
   }
   {
     Stage stage(album, {.streams = false});
     stage.signIn();
     stage.provider().setFault("poster", sim::Fault::status404);
-    stage.show(u"movies"_s);
+    stage.show(Section::movies);
     stage.shot(u"movies-no-posters"_s, u"Placeholders where posters cannot be had"_s);
   }
   Stage stage(album, {.streams = false});
   stage.signIn();
   stage.provider().setBody("get_vod_streams", oddRows(sim::Kind::movie, stage.provider().url()));
-  stage.show(u"movies"_s);
+  stage.show(Section::movies);
   stage.shot(u"movies-odd-names"_s, u"Names of every kind"_s);
 }
 
@@ -62,17 +62,17 @@ void searchAndList(Album& album) {
   Stage stage(album, {.streams = false});
   stage.signIn();
   TVShell& shell = *stage.views().shell();
-  stage.show(u"favorites"_s);
+  stage.show(Section::favorites);
   stage.shot(u"my-list-empty"_s, u"My list without entries"_s);
-  stage.show(u"movies"_s);
+  stage.show(Section::movies);
   for (const int row : {0, 3, 5, 8}) shell.favoriteRow(row);
-  stage.show(u"live"_s);
+  stage.show(Section::live);
   for (const int row : {1, 2}) shell.favoriteRow(row);
-  stage.show(u"shows"_s);
+  stage.show(Section::shows);
   shell.favoriteRow(2);
-  stage.show(u"favorites"_s);
+  stage.show(Section::favorites);
   stage.shot(u"my-list"_s, u"Channels, movies and a show in My list"_s);
-  stage.show(u"search"_s);
+  stage.show(Section::search);
   stage.shot(u"search"_s, u"Search before a word is typed"_s);
   shell.setSearch(u"night"_s);
   stage.settle();
@@ -81,7 +81,7 @@ void searchAndList(Album& album) {
   stage.settle();
   stage.shot(u"search-nothing"_s, u"Nothing was found"_s);
   shell.setSearch({});
-  stage.show(u"live"_s);
+  stage.show(Section::live);
   shell.setSearch(u"a"_s);
   stage.settle();
   stage.shot(u"channels-filtered"_s, u"Channels whose names match"_s);

@@ -14,7 +14,7 @@ void settings(Album& album) {
   for (int row = 0; row < 4; ++row) {
     view.activate(row);
     stage.settle();
-    stage.shot(u"settings-"_s + view.page().toLower().replace(u' ', u'-'), view.page());
+    stage.shot(u"settings-"_s + view.title().toLower().replace(u' ', u'-'), view.title());
     view.back();
   }
   view.activate(0);

@@ -13,16 +13,16 @@ void shell(Album& album) {
     stage.views().connectView()->close();
     stage.settle();
     stage.shot(u"no-account"_s, u"TV without an account"_s);
-    stage.show(u"movies"_s);
+    stage.show(Section::movies);
     stage.shot(u"no-account-movies"_s, u"Movies without an account"_s);
   }
   {
     Stage stage(album, {.streams = false}, {.demo = true});
     stage.settle();
     stage.shot(u"sample-channels"_s, u"The sample library: TV"_s);
-    stage.show(u"movies"_s);
+    stage.show(Section::movies);
     stage.shot(u"sample-movies"_s, u"The sample library: movies"_s);
-    stage.show(u"shows"_s);
+    stage.show(Section::shows);
     stage.press(Qt::Key_Return);
     stage.shot(u"sample-show"_s, u"The sample library: a show"_s);
   }
@@ -37,7 +37,7 @@ void shell(Album& album) {
   stage.window().resize(1100, 720);
   stage.settle();
   stage.shot(u"smallest-channels"_s, u"Smallest window: channel guide"_s);
-  stage.show(u"movies"_s);
+  stage.show(Section::movies);
   stage.shot(u"smallest-movies"_s, u"Smallest window: movies"_s);
 }
 

@@ -40,10 +40,10 @@ Program::Program(const LaunchArguments& launch)
       secureStore_(credentials_, values_.bundleIdentifier),
       artwork_(transport_, clock_, artworkWorker_),
       frames_(std::make_shared<VideoFrameQueue>()),
-      engine_(frames_, false),
+      engine_(frames_, Output::shown),
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
                          configuration_, filePanel_, folders_, launch_},
-             std::make_unique<Playback>(engine_, clock_, worker_, folders_, false)),
+             std::make_unique<Playback>(engine_, clock_, worker_, folders_, Output::shown)),
       recordingService_(model_.playback()),
       views_(model_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
@@ -99,7 +99,7 @@ void Program::startUp() {
   request.title = QStringLiteral("Local playback test");
   request.id = QStringLiteral("smoke");
   request.agent = defaultUserAgent;
-  request.local = true;
+  request.kind = SourceKind::file;
   model_.playback().play(request);
 }
 

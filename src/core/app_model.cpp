@@ -47,14 +47,13 @@ void AppModel::leaveWorld() {
   session_.setDemo(false);
 }
 
-void AppModel::navigate(const QString& section) {
+void AppModel::navigate(Section section) {
   if (section == browsing_.section()) return;
   const Announcements::Scope scope(announcements_);
   browsing_.enter(section);
   details_.clear();
-  if (const auto kind = browsing_.kind()) load(*kind, false);
-  if (isCrossLibrary(section))
-    for (const LibraryKind kind : allLibraryKinds) load(kind, false);
+  for (const LibraryKind kind : allLibraryKinds)
+    if (kind == browsing_.kind().value_or(kind)) load(kind, LoadMode::copyFirst);
   selectRemembered();
 }
 

@@ -34,11 +34,11 @@ class AppModel final : public QObject {
   VantorConfiguration& configuration() const { return services_.configuration; }
 
   // browsing and what depends on it
-  void navigate(const QString& section);
+  void navigate(Section section);
   void setCategory(const QString& id);
   void select(MediaItem item);
   void favorite(MediaItem item);
-  void load(LibraryKind kind, bool refresh) { libraries_.load(kind, refresh); }
+  void load(LibraryKind kind, LoadMode mode) { libraries_.load(kind, mode); }
   void refreshGuide();
 
   // connection.cpp

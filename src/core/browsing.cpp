@@ -3,23 +3,13 @@
 #include "library/folded_text.h"
 
 namespace vantor {
-namespace {
-
-const QString favoritesSection = QStringLiteral("favorites");
-const QString searchSection = QStringLiteral("search");
-
-}  // namespace
-
-bool isCrossLibrary(const QString& section) {
-  return section == favoritesSection || section == searchSection;
-}
 
 Browsing::Browsing(Announcements& announcements, const Libraries& libraries,
                    const WatchRecord& record)
     : announcements_(announcements),
       libraries_(libraries),
       record_(record),
-      section_(announcements, *this, &Browsing::sectionChanged, rawValue(LibraryKind::live)),
+      section_(announcements, *this, &Browsing::sectionChanged, Section::live),
       category_(announcements, *this, &Browsing::categoryChanged),
       search_(announcements, *this, &Browsing::searchChanged),
       itemsDiffer_(announcements, *this, &Browsing::itemsChanged),
@@ -41,8 +31,8 @@ ItemList Browsing::makeItems() const {
   ItemList list;
   const CatalogFilter filter{category(), folded(search().toStdString())};
   for (const auto& [library, loaded] : libraries_.catalogs())
-    if (isCrossLibrary(section()) || library == kind()) list.append(library, loaded, filter);
-  if (section() == favoritesSection)
+    if (!kind() || library == kind()) list.append(library, loaded, filter);
+  if (section() == Section::favorites)
     list.keepOnly(std::vector<QString>(record_.favorites().begin(), record_.favorites().end()));
   return list;
 }
@@ -53,10 +43,10 @@ void Browsing::itemsDiffer() {
 }
 
 void Browsing::favoritesDiffer() {
-  if (section() == favoritesSection) itemsDiffer();
+  if (section() == Section::favorites) itemsDiffer();
 }
 
-void Browsing::setFilter(const QString& section, const QString& category, const QString& search) {
+void Browsing::setFilter(Section section, const QString& category, const QString& search) {
   if (section_.get() == section && category_.get() == category && search_.get() == search) return;
   const Announcements::Scope scope(announcements_);
   section_.set(section);
@@ -70,7 +60,7 @@ void Browsing::setSearch(const QString& search) {
 }
 
 void Browsing::choose(const QString& category) {
-  browseAnchors_.remove(section());
+  browseAnchors_.erase(section());
   setFilter(section(), category, search());
 }
 
@@ -81,17 +71,17 @@ void Browsing::setSelected(std::optional<MediaItem> item) {
   setEpisodeSeason(0);
 }
 
-std::optional<QString> Browsing::browseAnchor(const QString& section) const {
+std::optional<QString> Browsing::browseAnchor(Section section) const {
   const auto anchor = browseAnchors_.find(section);
   if (anchor == browseAnchors_.end()) return std::nullopt;
-  return *anchor;
+  return anchor->second;
 }
 
-void Browsing::setBrowseAnchor(const QString& section, const QString& id) {
-  browseAnchors_.insert(section, id);
+void Browsing::setBrowseAnchor(Section section, const QString& id) {
+  browseAnchors_[section] = id;
 }
 
-void Browsing::enter(const QString& target) {
+void Browsing::enter(Section target) {
   const Announcements::Scope scope(announcements_);
   Position left{category(), search(), std::nullopt, browseAnchor(section())};
   if (selected()) left.selectedID = selected()->id;
@@ -117,7 +107,7 @@ std::optional<MediaItem> Browsing::remembered() const {
 void Browsing::reset() {
   const Announcements::Scope scope(announcements_);
   setSelected(std::nullopt);
-  setFilter(rawValue(LibraryKind::live), QString(), QString());
+  setFilter(Section::live, QString(), QString());
   positions_.clear();
   browseAnchors_.clear();
   setShowingEpisodes(false);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QHash>
 #include <QObject>
 
 #include "core/item_list.h"
 #include "core/libraries.h"
+#include "core/section.h"
 #include "core/watch_record.h"
 
 namespace vantor {
@@ -17,8 +17,8 @@ class Browsing final : public QObject {
  public:
   Browsing(Announcements& announcements, const Libraries& libraries, const WatchRecord& record);
 
-  const QString& section() const { return section_.get(); }
-  std::optional<LibraryKind> kind() const { return libraryKind(section()); }
+  Section section() const { return section_.get(); }
+  std::optional<LibraryKind> kind() const { return libraryOf(section()); }
   /// The catalogue of the section's library, empty where it has none.
   Catalog catalog() const;
   const ItemList& items() const { return *sharedItems(); }  // valid until the list changes
@@ -28,18 +28,18 @@ class Browsing final : public QObject {
   const QString& search() const { return search_.get(); }
   const std::optional<MediaItem>& selected() const { return selected_.get(); }
   /// The entry in the middle of a section's posters.
-  std::optional<QString> browseAnchor(const QString& section) const;
+  std::optional<QString> browseAnchor(Section section) const;
   bool showingEpisodes() const { return showingEpisodes_.get(); }  // of the selected show
   int episodeSeason() const { return episodeSeason_.get(); }       // 0: all
 
   void setSearch(const QString& search);
-  void setBrowseAnchor(const QString& section, const QString& id);
+  void setBrowseAnchor(Section section, const QString& id);
   void setShowingEpisodes(bool showing) { showingEpisodes_.set(showing); }
   void setEpisodeSeason(int season) { episodeSeason_.set(season); }
 
   // What the model does, which brings along what else depends on it.
   /// Leaves for another section, where it was left before, with nothing selected.
-  void enter(const QString& section);
+  void enter(Section section);
   /// The entry that was selected when the section was left, while it is in the list.
   std::optional<MediaItem> remembered() const;
   void choose(const QString& category);
@@ -67,25 +67,22 @@ class Browsing final : public QObject {
     std::optional<QString> selectedID;
     std::optional<QString> anchor;
   };
-  void setFilter(const QString& section, const QString& category, const QString& search);
+  void setFilter(Section section, const QString& category, const QString& search);
   ItemList makeItems() const;
 
   Announcements& announcements_;
   const Libraries& libraries_;
   const WatchRecord& record_;
-  Announced<QString> section_;
+  Announced<Section> section_;
   Announced<QString> category_;
   Announced<QString> search_;
   Announcement itemsDiffer_;
   Announced<std::optional<MediaItem>> selected_;
   Announced<bool> showingEpisodes_;
   Announced<int> episodeSeason_;
-  QHash<QString, QString> browseAnchors_;  // by section
-  std::map<QString, Position> positions_;
+  std::map<Section, QString> browseAnchors_;
+  std::map<Section, Position> positions_;
   mutable std::shared_ptr<const ItemList> items_;  // made when first read
 };
-
-/// Whether the section shows entries of every library.
-bool isCrossLibrary(const QString& section);
 
 }  // namespace vantor

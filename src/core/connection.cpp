@@ -42,7 +42,7 @@ void AppModel::signedIn(ProviderAccount account, Session::SignedIn accepted) {
   record_.begin();
   notice_.set(std::nullopt);
   setShowingConnect(false);
-  load(LibraryKind::live, false);
+  load(LibraryKind::live, LoadMode::copyFirst);
   session_.setBusy(false);
 }
 

@@ -39,17 +39,17 @@ void Libraries::forget() {
   errors_.set({});
 }
 
-void Libraries::load(LibraryKind kind, bool refresh) {
+void Libraries::load(LibraryKind kind, LoadMode mode) {
   if (session_.demo() || !session_.account() || tasks_.contains(kind)) return;
-  if (!refresh && catalogs_.contains(kind)) return;
+  if (mode == LoadMode::copyFirst && catalogs_.contains(kind)) return;
   const Announcements::Scope scope(announcements_);
   // A copy that is passed over is not kept.
-  if (refresh && kind == LibraryKind::live) liveCopy_.reset();
+  if (mode == LoadMode::refresh && kind == LibraryKind::live) liveCopy_.reset();
   loading_.change([kind](auto& loading) { loading.insert(kind); });
   errors_.change([kind](auto& errors) { errors.erase(kind); });
-  tasks_[kind] = Job::start([self = QPointer(this), kind, refresh, account = *session_.account(),
+  tasks_[kind] = Job::start([self = QPointer(this), kind, mode, account = *session_.account(),
                              token = session_.generation()](std::stop_token stop) {
-    return loadLibrary(self, kind, refresh, account, token, stop);
+    return loadLibrary(self, kind, mode, account, token, stop);
   });
 }
 
@@ -77,12 +77,12 @@ void Libraries::failed(LibraryKind kind, std::exception_ptr failure) {
   ended(kind);
 }
 
-QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind, bool refresh,
+QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind, LoadMode mode,
                                      ProviderAccount account, Session::Generation token,
                                      std::stop_token stop) {
   if (!self) co_return;
   std::optional<Catalog> catalog;
-  if (!refresh && self->session_.disk()) {
+  if (mode == LoadMode::copyFirst && self->session_.disk()) {
     const CatalogCopy reading = self->takeCopy(account.id, kind);
     const Attempt attempt(storageTrace, "reading the copy of a library");
     try {

@@ -11,6 +11,9 @@
 
 namespace vantor {
 
+/// Whether a library that is loaded, or has a copy, will do; or the provider is asked in any case.
+enum class LoadMode : unsigned char { copyFirst, refresh };
+
 /// The catalogues of the account's libraries, loaded from their copies on disk or from the
 /// provider. Main thread only.
 class Libraries final : public QObject {
@@ -36,8 +39,7 @@ class Libraries final : public QObject {
   /// What the last load of a library failed with, one of the system's sentences.
   const std::map<LibraryKind, QString>& errors() const { return errors_.get(); }
 
-  /// Loads a library that is not loaded, or asks the provider again.
-  void load(LibraryKind kind, bool refresh);
+  void load(LibraryKind kind, LoadMode mode);
   void show(std::map<LibraryKind, Catalog> catalogs);
   /// The live library's copy of this start is used by the first load, if it reads copies.
   void keepLiveCopy(std::optional<CatalogCopy> copy) { liveCopy_ = std::move(copy); }
@@ -50,7 +52,7 @@ class Libraries final : public QObject {
   void catalogsChanged();
 
  private:
-  static QCoro::Task<> loadLibrary(QPointer<Libraries> self, LibraryKind kind, bool refresh,
+  static QCoro::Task<> loadLibrary(QPointer<Libraries> self, LibraryKind kind, LoadMode mode,
                                    ProviderAccount account, Session::Generation token,
                                    std::stop_token stop);
   CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);

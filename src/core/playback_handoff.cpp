@@ -5,6 +5,7 @@
 #include "platform/file_panel.h"
 #include "playback/playback.h"
 #include "provider/error_wording.h"
+#include "provider/stream_extension.h"
 
 namespace vantor {
 
@@ -16,15 +17,10 @@ void AppModel::play(MediaItem item) {
     return;
   }
   if (!session_.account()) return;
-  QString extension = item.fileExtension;
-  const bool live = item.kind == LibraryKind::live;
-  const std::optional<ProviderDetails>& subscription = session_.subscription();
-  if (live && subscription && subscription->formats.contains(QLatin1String("ts")) &&
-      !subscription->formats.contains(QLatin1String("m3u8")))
-    extension = QStringLiteral("ts");
   PlayRequest request;
   try {
-    request.url = session_.account()->stream(item.providerID, item.kind, extension);
+    request.url = session_.account()->stream(item.providerID, item.kind,
+                                             streamExtension(item, session_.subscription()));
   } catch (...) {
     notice_.set(readableError(std::current_exception()));
     return;
@@ -32,8 +28,10 @@ void AppModel::play(MediaItem item) {
   request.title = item.name;
   request.id = item.id;
   request.agent = session_.account()->userAgent;
-  request.live = live;
-  if (!live) request.resume = record_.resumePosition(item.id).value_or(request.resume);
+  if (item.kind == LibraryKind::live)
+    request.kind = SourceKind::broadcast;
+  else
+    request.resume = record_.resumePosition(item.id).value_or(0);
   playback_->play(request);
 }
 
@@ -53,7 +51,7 @@ QCoro::Task<> AppModel::chooseFile(QPointer<AppModel> self, std::stop_token stop
   request.title = QFileInfo(file->toLocalFile()).completeBaseName();
   request.id = QStringLiteral("local");
   request.agent = defaultUserAgent;
-  request.local = true;
+  request.kind = SourceKind::file;
   self->playback_->play(request);
 }
 

@@ -7,8 +7,8 @@
 #include <stop_token>
 #include <vector>
 
-#include "core/announcements.h"
 #include "core/services.h"
+#include "platform/announcements.h"
 #include "platform/pending.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"

@@ -71,7 +71,7 @@ QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Session::Generation tok
 void AppModel::libraryRestorable() {
   const Announcements::Scope scope(announcements_);
   session_.setRestoringLibrary(false);
-  load(LibraryKind::live, false);
+  load(LibraryKind::live, LoadMode::copyFirst);
 }
 
 void AppModel::applyRestored(Restored restored) {
@@ -80,7 +80,7 @@ void AppModel::applyRestored(Restored restored) {
   if (restored.notice) notice_.set(restored.notice);
   if (!restored.account) return;
   // Whoever went elsewhere meanwhile finds it as it was left.
-  navigate(rawValue(LibraryKind::live));
+  navigate(Section::live);
   session_.setAccount(std::move(restored.account));
   session_.setRestoringLibrary(true);
   session_.setDisk(std::move(restored.disk));

@@ -91,13 +91,14 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     if (isOver(status_)) status_.state = EngineState::opening;
   }
 
-  void finish(std::chrono::milliseconds longest) {
+  void finish() {
     owner_ = nullptr;
     if (!thread_.joinable()) return;
     std::unique_lock lock(mutex_);
     quitting_ = true;
     commands_.clear();
     wake_.notify_one();
+    const auto longest = recording_ ? kLongestSaving : kLongestGoodbye;
     const bool ended = ended_.wait_for(lock, longest, [this] { return over_; });
     lock.unlock();
     if (ended)
@@ -119,6 +120,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
         command(player);
         publish(player.source(), player.sample());
         if (const auto file = player.takeRecording()) report(*file);
+        noteRecording(player.isRecording());
       }
     }
     const std::lock_guard lock(mutex_);
@@ -169,13 +171,17 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
       Mailbox::postToMain([self = shared_from_this(), source] { self->announce(source); });
   }
 
+  void noteRecording(bool recording) {
+    const std::lock_guard lock(mutex_);
+    recording_ = recording;
+  }
+
   void report(const QString& file) {
     Mailbox::postToMain([self = shared_from_this(), file] { self->deliver(file); });
   }
 
   void deliver(const QString& file) {
     if (!owner_) return;
-    owner_->recording_ = false;
     if (owner_->onRecordingStopped) owner_->onRecordingStopped(file);
   }
 
@@ -201,21 +207,22 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   bool noticed_ = false;
   bool quitting_ = false;
   bool over_ = false;
+  bool recording_ = false;  // a recording is not finished
   SourceNumber source_ = 0;
   EngineStatus status_;
 };
 
-LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless,
+LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, Output output,
                            LibVLCInternals internals)
     : frames_(std::move(frames)),
-      core_(std::make_shared<Core>(this, frames_, libraryOptions(headless), internals)) {}
+      core_(std::make_shared<Core>(this, frames_, libraryOptions(output), internals)) {}
 
 void LibVLCEngine::warmUp() {
   core_->start();
 }
 
 LibVLCEngine::~LibVLCEngine() {
-  core_->finish(recording_ ? kLongestSaving : kLongestGoodbye);
+  core_->finish();
 }
 
 void LibVLCEngine::load(const MediaSource& source) {
@@ -271,14 +278,12 @@ void LibVLCEngine::saveSnapshot(const QString& file, int width) {
 }
 
 bool LibVLCEngine::startRecording(const QString& folder) {
-  if (recording_ || !core_->status().recordable) return false;
-  recording_ = true;
+  if (!core_->status().recordable) return false;
   core_->post([folder](LibVLCPlayer& player) { player.startRecording(folder); });
   return true;
 }
 
 bool LibVLCEngine::stopRecording() {
-  if (!recording_) return false;
   core_->post([](LibVLCPlayer& player) { player.stopRecording(); });
   return true;
 }

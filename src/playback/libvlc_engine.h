@@ -11,8 +11,8 @@ namespace vantor {
 /// libVLC as the media engine, on a thread of its own that carries out the commands in their order.
 class LibVLCEngine final : public MediaEngine {
  public:
-  /// Pictures go to `frames`. `headless`: neither picture nor sound goes out.
-  LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, bool headless,
+  /// Pictures go to `frames`.
+  LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, Output output,
                LibVLCInternals internals = libVLCInternals());
   /// Stops what plays, and waits for that at most a few seconds.
   ~LibVLCEngine() override;
@@ -39,7 +39,6 @@ class LibVLCEngine final : public MediaEngine {
 
   std::shared_ptr<VideoFrameQueue> frames_;
   std::shared_ptr<Core> core_;
-  bool recording_ = false;  // started, and not yet reported
 };
 
 }  // namespace vantor

@@ -29,10 +29,10 @@ AudioOutput availableAudio() {
   return card ? AudioOutput::card : AudioOutput::none;
 }
 
-QList<QByteArray> libraryOptions(bool headless) {
+QList<QByteArray> libraryOptions(Output output) {
   QList<QByteArray> options{"--quiet", "--no-video-title-show", "--no-osd",
                             "--network-caching=1200", "--file-caching=500"};
-  if (headless) options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
+  if (output == Output::discarded) options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
   return options;
 }
 

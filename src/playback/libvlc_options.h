@@ -12,8 +12,8 @@ enum class AudioOutput { none, card, server };
 /// Where this desktop's sound can go now; VANTOR_AUDIO=none says nowhere.
 AudioOutput availableAudio();
 
-/// Options of the library, in their order. `headless`: neither picture nor sound goes out.
-QList<QByteArray> libraryOptions(bool headless);
+/// Options of the library, in their order.
+QList<QByteArray> libraryOptions(Output output);
 
 /// Options of one media. A user agent with control characters is left out.
 QList<QByteArray> mediaOptions(const MediaSource& source);

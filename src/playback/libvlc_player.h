@@ -33,6 +33,8 @@ class LibVLCPlayer {
   void setAudioTrack(std::int32_t id);
   void setSubtitleTrack(std::int32_t id);
   void setRate(float rate);
+  /// A recording was started whose file is not complete.
+  bool isRecording() const { return recorder_ && recorder_->isRecording(); }
   void startRecording(const QString& folder);
   void stopRecording();
   /// The file of a recording that has ended, empty when there is none; once for every start.

@@ -24,6 +24,8 @@ class LibVLCRecorder {
   LibVLCRecorder& operator=(const LibVLCRecorder&) = delete;
 
   bool canRecord() const;
+  /// Until `takeFinished` answers.
+  bool isRecording() const { return stage_ != Stage::idle; }
   /// Does nothing while a recording is not finished. One whose file is worth nothing without its
   /// end is stopped when the disk is about to have no room for that.
   void start(const QString& folder);

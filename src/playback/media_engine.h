@@ -8,6 +8,9 @@
 
 namespace vantor {
 
+/// Whether pictures and sound go anywhere.
+enum class Output : unsigned char { shown, discarded };
+
 enum class EngineState { idle, opening, playing, paused, ended, error };
 
 struct EngineTrack {
@@ -64,9 +67,10 @@ class MediaEngine {
   virtual void saveSnapshot(const QString& file, int width) = 0;
 
   /// Records what plays into a file of the engine's naming in `folder`; false when it cannot. Else
-  /// `onRecordingStopped` follows once, however the recording ends.
+  /// `onRecordingStopped` follows once, however the recording ends, and no other may be started
+  /// before.
   virtual bool startRecording(const QString& folder) = 0;
-  /// False when nothing is being recorded.
+  /// False when it cannot.
   virtual bool stopRecording() = 0;
 
   /// Called on the main thread once the file of a recording is complete: after it was stopped, when

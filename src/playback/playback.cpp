@@ -18,32 +18,41 @@ using namespace std::chrono_literals;
 constexpr auto kSavingWait = 100ms;
 constexpr int kMostSavingWaits = 50;
 
-QString idleTitle() {
-  return u"Nothing playing yet"_s;
-}
-
 }  // namespace
 
 Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Folders& folders,
-                   bool headless)
+                   Output output)
     : engine_(engine),
       clock_(clock),
       worker_(worker),
       folders_(folders),
-      headless_(headless),
-      recording_(engine, clock, folders),
-      title_(idleTitle()) {
-  connect(&recording_, &Recording::stageChanged, this, &Playback::recordingChanged);
-  connect(&recording_, &Recording::noticeChanged, this, &Playback::recordingNoticeChanged);
-  connect(&recording_, &Recording::noticeGiven, this, &Playback::recordingNoticeGiven);
-  connect(&recording_, &Recording::filesChanged, this, &Playback::recordingsChanged);
-  if (!headless_) recording_.refresh();
+      output_(output),
+      announcements_([] {}),
+      source_(announcements_, *this, &Playback::sourceChanged),
+      state_(announcements_, *this, &Playback::stateChanged, PlaybackState::idle),
+      message_(announcements_, *this, &Playback::messageChanged),
+      heldFrame_(announcements_, *this, &Playback::heldFrameChanged),
+      expanded_(announcements_, *this, &Playback::expandedChanged),
+      transport_(announcements_),
+      recording_(announcements_, engine, clock, folders) {
+  if (output_ == Output::shown) recording_.refresh();
   engine_.onChange = [this] { tickWait_.request_stop(); };
 }
 
 Playback::~Playback() {
   engine_.onChange = nullptr;
-  cancelTasks();
+}
+
+QString Playback::title() const {
+  return source() ? source()->title : u"Nothing playing yet"_s;
+}
+
+std::optional<QString> Playback::itemID() const {
+  return source() ? std::optional(source()->id) : std::nullopt;
+}
+
+bool Playback::isLocal() const {
+  return source() && source()->kind == SourceKind::file;
 }
 
 void Playback::play(const PlayRequest& request) {
@@ -51,45 +60,39 @@ void Playback::play(const PlayRequest& request) {
 }
 
 void Playback::retry() {
-  if (!currentURL_ || !mayChangeSource()) return;
-  start({.url = *currentURL_,
-         .title = title_,
-         .id = itemID_.value_or(u"retry"_s),
-         .agent = currentAgent_,
-         .local = isLocal_,
-         .live = live_});
+  if (!source() || !mayChangeSource()) return;
+  PlayRequest again = *source();
+  again.resume = 0;
+  start(again);
 }
 
 void Playback::restart() {
   engine_.setTime(0);
   engine_.play();
-  setPaused(false);
+  go(PlaybackEvent::resume);
 }
 
 void Playback::stop() {
-  finishRecording();
+  const Announcements::Scope scope(announcements_);
+  recording_.finish();
   reportProgress();
   ++generation_;
-  cancelTasks();
+  loadTask_ = {};
+  pollTask_ = {};
   engine_.unload();
-  setHeldFrame({});
-  setLoading(false);
-  setItemID({});
-  setTitle(idleTitle());
-  setMessage({});
-  currentURL_.reset();
-  setExpanded(false);
-  setPaused(false);
+  heldFrame_.set({});
+  source_.set(std::nullopt);
+  message_.set(std::nullopt);
+  expanded_.set(false);
+  go(PlaybackEvent::stop);
 }
 
 QCoro::Task<> Playback::shutdown() {
-  return finishAndStop(this);
-}
-
-QCoro::Task<> Playback::finishAndStop(QPointer<Playback> self) {
-  self->finishRecording();
+  const QPointer<Playback> self(this);
+  recording_.finish();
   const std::stop_token never;
-  for (int waits = 0; self && self->savingRecording() && waits < kMostSavingWaits; ++waits) {
+  for (int waits = 0; waits < kMostSavingWaits; ++waits) {
+    if (!self || self->recording_.stage() != Recording::Stage::saving) break;
     const QCoro::Task<> nap = self->clock_.sleep(kSavingWait, never);
     co_await nap;
   }
@@ -102,24 +105,28 @@ bool Playback::mayChangeSource() {
   return false;
 }
 
-void Playback::startRecording(const std::optional<QString>& folder) {
-  if (isPlaying()) recording_.start(folder);
+std::optional<QString> Playback::startRecording(const std::optional<QString>& folder) {
+  if (recording_.stage() == Recording::Stage::idle) {
+    if (state() != PlaybackState::playing)
+      return message().value_or(u"Only what is playing can be recorded."_s);
+    if (recording_.start(folder)) return {};
+  }
+  return recording_.notice();
+}
+
+std::optional<QString> Playback::finishRecording() {
+  if (recording_.stage() == Recording::Stage::idle) return u"Nothing is being recorded."_s;
+  return recording_.finish() ? std::nullopt : recording_.notice();
 }
 
 void Playback::start(const PlayRequest& request) {
+  const Announcements::Scope scope(announcements_);
   const Ticket ticket = ++generation_;
-  cancelTasks();
-  const bool takeStill = !headless_ && engine_.status().decodedVideo > 0;
-  setTitle(request.title);
-  setItemID(request.id);
-  setLoading(true);
-  setMessage({});
-  setPaused(false);
-  setIsLocal(request.local);
-  currentURL_ = request.url;
-  currentAgent_ = request.agent;
-  live_ = request.live;
-  resumeApplied_ = false;
+  pollTask_ = {};
+  const bool takeStill = output_ == Output::shown && engine_.status().decodedVideo > 0;
+  source_.set(request);
+  message_.set(std::nullopt);
+  go(PlaybackEvent::open);
   const QPointer<Playback> self(this);
   loadTask_ = Job::start([self, ticket, takeStill, request](std::stop_token token) {
     return openSource(self, ticket, takeStill, request, token);
@@ -135,15 +142,16 @@ QCoro::Task<> Playback::openSource(QPointer<Playback> self, Ticket ticket, bool 
     const QCoro::Task<QImage> capture = captureStill(source, token);
     const QImage still = co_await capture;
     if (!self) co_return;
-    if (!token.stop_requested() && !still.isNull()) self->setHeldFrame(still);
+    if (!token.stop_requested() && !still.isNull()) self->heldFrame_.set(still);
   }
-  if (token.stop_requested() || self->generation_ != ticket) co_return;
+  if (!self || token.stop_requested() || self->generation_ != ticket) co_return;
   self->load(request);
 }
 
 void Playback::load(const PlayRequest& request) {
+  const Announcements::Scope scope(announcements_);
   engine_.unload();
-  if (request.local && !QFile::exists(request.url.toLocalFile())) {
+  if (request.kind == SourceKind::file && !QFile::exists(request.url.toLocalFile())) {
     fail(u"This media file is no longer available."_s);
     return;
   }
@@ -151,71 +159,51 @@ void Playback::load(const PlayRequest& request) {
   engine_.setVolume(wholePercent(transport_.volume()));
   engine_.play();
   transport_.reset();
-  poll(generation_, request.resume);
+  const QPointer<Playback> self(this);
+  pollTask_ = Job::start([self, ticket = generation_, resume = request.resume](
+                             std::stop_token token) { return watch(self, ticket, resume, token); });
 }
 
 void Playback::fail(const QString& message) {
+  const Announcements::Scope scope(announcements_);
   // The sentence, which names no source.
   qCInfo(playbackTrace).noquote() << "playing failed:" << message;
-  finishRecording();
-  setLoading(false);
-  setHeldFrame({});
-  setMessage(message);
-  setPaused(true);
+  recording_.finish();
+  heldFrame_.set({});
+  message_.set(message);
+  go(PlaybackEvent::fail);
   engine_.unload();
 }
 
-void Playback::cancelTasks() {
-  loadTask_ = {};
-  pollTask_ = {};
+void Playback::togglePause() {
+  if (!paused() && engine_.status().state != EngineState::ended) {
+    engine_.pause();
+    go(PlaybackEvent::pause);
+  } else {
+    engine_.play();
+    go(PlaybackEvent::resume);
+  }
 }
 
-void Playback::setExpanded(bool expanded) {
-  if (expanded_ == expanded) return;
-  expanded_ = expanded;
-  Q_EMIT expandedChanged();
+void Playback::seek(double seconds) {
+  if (transport_.seekable()) engine_.setTime(engineTime(seconds));
 }
 
-void Playback::setTitle(const QString& title) {
-  if (title_ == title) return;
-  title_ = title;
-  Q_EMIT titleChanged();
+void Playback::setVolume(double percent) {
+  transport_.setVolume(percent);
+  engine_.setVolume(wholePercent(percent));
 }
 
-void Playback::setItemID(const std::optional<QString>& id) {
-  if (itemID_ == id) return;
-  itemID_ = id;
-  Q_EMIT itemIDChanged();
+void Playback::setAudioTrack(int id) {
+  engine_.setAudioTrack(id);
 }
 
-void Playback::setLoading(bool loading) {
-  if (loading_ == loading) return;
-  loading_ = loading;
-  Q_EMIT loadingChanged();
+void Playback::setSubtitleTrack(int id) {
+  engine_.setSubtitleTrack(id);
 }
 
-void Playback::setMessage(const std::optional<QString>& message) {
-  if (message_ == message) return;
-  message_ = message;
-  Q_EMIT messageChanged();
-}
-
-void Playback::setHeldFrame(const QImage& image) {
-  if (heldFrame_.isNull() && image.isNull()) return;
-  heldFrame_ = image;
-  Q_EMIT heldFrameChanged();
-}
-
-void Playback::setIsLocal(bool local) {
-  if (isLocal_ == local) return;
-  isLocal_ = local;
-  Q_EMIT isLocalChanged();
-}
-
-void Playback::setPaused(bool paused) {
-  if (paused_ == paused) return;
-  paused_ = paused;
-  Q_EMIT pausedChanged();
+void Playback::setRate(double rate) {
+  engine_.setRate(static_cast<float>(rate));
 }
 
 }  // namespace vantor

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "playback/playback.h"
 #include "playback/time_values.h"
@@ -30,18 +31,18 @@ double wholeTime(std::int64_t milliseconds) {
 
 }  // namespace
 
-void Playback::poll(Ticket ticket, double resume) {
-  const QPointer<Playback> self(this);
-  pollTask_ = Job::start(
-      [self, ticket, resume](std::stop_token token) { return watch(self, ticket, resume, token); });
-}
+struct Playback::Opening {
+  Ticket ticket;
+  SteadyTime begin;
+  double resume;  // seconds, 0 once it was looked at
+};
 
 QCoro::Task<> Playback::watch(QPointer<Playback> self, Ticket ticket, double resume,
                               std::stop_token token) {
   if (!self) co_return;
-  const SteadyTime begin = self->clock_.steadyNow();
-  while (!token.stop_requested() && self && self->generation_ == ticket && self->itemID_) {
-    if (self->tick(ticket, begin, resume) == Watch::over) co_return;
+  Opening opening = {ticket, self->clock_.steadyNow(), resume};
+  while (!token.stop_requested() && self && self->generation_ == ticket && self->source()) {
+    if (self->tick(opening) == Watch::over || !self) co_return;
     std::stop_source wait;
     self->tickWait_ = wait;
     const std::stop_callback endWait(token, [wait]() mutable { wait.request_stop(); });
@@ -51,80 +52,50 @@ QCoro::Task<> Playback::watch(QPointer<Playback> self, Ticket ticket, double res
   }
 }
 
-Playback::Watch Playback::tick(Ticket ticket, SteadyTime begin, double resume) {
+Playback::Watch Playback::tick(Opening& opening) {
+  const Announcements::Scope scope(announcements_);
   const EngineStatus status = engine_.status();
   if (status.state == EngineState::error) {
     fail(
         u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s);
     return Watch::over;
   }
-  if (loading_ && hasStarted(status)) {
-    setLoading(false);
-    setHeldFrame({});
+  if (loading() && hasStarted(status)) {
+    go(PlaybackEvent::start);
+    heldFrame_.set({});
   }
-  if (loading_ && clock_.steadyNow() - begin > kStartLimit) {
+  if (loading() && clock_.steadyNow() - opening.begin > kStartLimit) {
     fail(u"This source did not start within 30 seconds. Retry or choose another item."_s);
     return Watch::over;
   }
   transport_.setSeconds(wholeTime(status.time));
-  transport_.setDuration(live_ ? 0 : wholeTime(status.length));
+  transport_.setDuration(source()->kind == SourceKind::broadcast ? 0 : wholeTime(status.length));
   transport_.setSeekable(status.seekable && transport_.duration() > 0);
-  applyResume(resume);
+  applyResume(opening);
   transport_.setAudio(status.audioTracks);
   transport_.setSubtitles(status.subtitleTracks);
   reportProgress();
-  if (generation_ != ticket) return Watch::over;
+  if (generation_ != opening.ticket) return Watch::over;
   if (status.state != EngineState::ended) return Watch::goOn;
-  if (loading_) {
+  if (loading()) {
     fail(u"The source ended before playback could start."_s);
   } else {
-    setPaused(true);
-    setHeldFrame({});
+    go(PlaybackEvent::end);
+    heldFrame_.set({});
   }
   return Watch::over;
 }
 
-void Playback::applyResume(double resume) {
-  if (resumeApplied_ || !transport_.seekable()) return;
-  resumeApplied_ = true;
+void Playback::applyResume(Opening& opening) {
+  if (!transport_.seekable()) return;
+  const double resume = std::exchange(opening.resume, 0);
   if (resume > kShortestResume && transport_.duration() - kCreditsLength > resume)
     engine_.setTime(engineTime(resume));
 }
 
 void Playback::reportProgress() {
-  if (!itemID_ || !(transport_.duration() > 0) || !onProgress) return;
-  onProgress(*itemID_, transport_.seconds(), transport_.duration());
-}
-
-void Playback::togglePause() {
-  if (!paused_ && engine_.status().state != EngineState::ended) {
-    engine_.pause();
-    setPaused(true);
-  } else {
-    engine_.play();
-    setPaused(false);
-  }
-}
-
-void Playback::seek(double seconds) {
-  if (transport_.seekable()) engine_.setTime(engineTime(seconds));
-}
-
-void Playback::setVolume(double percent) {
-  transport_.setVolume(percent);
-  engine_.setVolume(wholePercent(percent));
-}
-
-void Playback::setAudioTrack(int id) {
-  engine_.setAudioTrack(id);
-}
-
-void Playback::setSubtitleTrack(int id) {
-  engine_.setSubtitleTrack(id);
-}
-
-void Playback::setRate(double rate) {
-  engine_.setRate(static_cast<float>(rate));
+  if (!source() || !(transport_.duration() > 0) || !onProgress) return;
+  onProgress(source()->id, transport_.seconds(), transport_.duration());
 }
 
 }  // namespace vantor

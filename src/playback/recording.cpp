@@ -28,8 +28,16 @@ QString newName(WallTime now, const QString& extension) {
 
 }  // namespace
 
-Recording::Recording(MediaEngine& engine, Clock& clock, const Folders& folders)
-    : engine_(engine), clock_(clock), folders_(folders) {
+Recording::Recording(Announcements& announcements, MediaEngine& engine, Clock& clock,
+                     const Folders& folders)
+    : announcements_(announcements),
+      engine_(engine),
+      clock_(clock),
+      folders_(folders),
+      stage_(announcements, *this, &Recording::stageChanged, Stage::idle),
+      notice_(announcements, *this, &Recording::noticeChanged),
+      noticeGiven_(announcements, *this, &Recording::noticeGiven),
+      files_(announcements, *this, &Recording::filesChanged) {
   engine_.onRecordingStopped = [this](const QString& path) { completed(path); };
 }
 
@@ -41,37 +49,35 @@ QString Recording::folder() const {
   return folders_.applicationSupport + u"/Vantor Player/Recordings"_s;
 }
 
-void Recording::start(const std::optional<QString>& folder) {
-  if (stage_ != Stage::idle) return;
+bool Recording::start(const std::optional<QString>& folder) {
   const QString target = folder.value_or(this->folder());
   if (!makePrivateFolder(target)) {
     qCInfo(recordingTrace) << "making the folder of recordings: failed";
-    setNotice(u"The recording folder could not be created."_s);
-    return;
+    say(u"The recording folder could not be created."_s);
+    return false;
   }
   target_ = target;
   if (!engine_.startRecording(target)) {
     qCInfo(recordingTrace) << "recording a source: refused by the engine";
-    setNotice(u"This source does not support recording."_s);
-    return;
+    say(u"This source does not support recording."_s);
+    return false;
   }
-  setStage(Stage::running);
-  setNotice(u"Recording the current video. Stop recording before changing sources."_s);
+  enter(Stage::running, u"Recording the current video. Stop recording before changing sources."_s);
+  return true;
 }
 
-void Recording::finish() {
-  if (stage_ != Stage::running) return;
-  setStage(Stage::saving);
-  setNotice(u"Saving recording…"_s);
-  if (engine_.stopRecording()) return;
+bool Recording::finish() {
+  if (stage() != Stage::running) return false;
+  enter(Stage::saving, u"Saving recording…"_s);
+  if (engine_.stopRecording()) return true;
   qCInfo(recordingTrace) << "saving a recording: the engine has none";
-  setStage(Stage::idle);
-  setNotice(u"Recording could not be finalized. Check the recording folder."_s);
+  enter(Stage::idle, u"Recording could not be finalized. Check the recording folder."_s);
+  return false;
 }
 
 void Recording::completed(const QString& path) {
-  setStage(Stage::idle);
-  setNotice(outcomeOf(path));
+  const Announcements::Scope scope(announcements_);
+  enter(Stage::idle, outcomeOf(path));
   refresh();
 }
 
@@ -101,27 +107,23 @@ void Recording::refresh() {
             [](const QFileInfo& a, const QFileInfo& b) { return a.fileName() > b.fileName(); });
   QList<QUrl> files;
   for (const QFileInfo& file : found) files.append(QUrl::fromLocalFile(file.absoluteFilePath()));
-  if (files_ == files) return;
-  files_ = files;
-  Q_EMIT filesChanged();
+  files_.set(std::move(files));
 }
 
 void Recording::refuseChange() {
-  setNotice(u"Stop recording before changing sources."_s);
+  say(u"Stop recording before changing sources."_s);
 }
 
-void Recording::setStage(Stage stage) {
-  if (stage_ == stage) return;
-  stage_ = stage;
-  Q_EMIT stageChanged();
+void Recording::enter(Stage stage, const QString& notice) {
+  const Announcements::Scope scope(announcements_);
+  stage_.set(stage);
+  say(notice);
 }
 
-void Recording::setNotice(const QString& notice) {
-  if (notice_ != notice) {
-    notice_ = notice;
-    Q_EMIT noticeChanged();
-  }
-  Q_EMIT noticeGiven();
+void Recording::say(const QString& notice) {
+  const Announcements::Scope scope(announcements_);
+  notice_.set(notice);
+  noticeGiven_.note();
 }
 
 }  // namespace vantor

@@ -5,6 +5,7 @@
 #include <QUrl>
 #include <optional>
 
+#include "platform/announcements.h"
 #include "platform/clock.h"
 #include "platform/folders.h"
 #include "playback/media_engine.h"
@@ -20,20 +21,22 @@ class Recording final : public QObject {
   enum class Stage { idle, running, saving };
 
   /// What is passed outlives the object, which becomes the one to hear of the engine's recordings.
-  Recording(MediaEngine& engine, Clock& clock, const Folders& folders);
+  Recording(Announcements& announcements, MediaEngine& engine, Clock& clock,
+            const Folders& folders);
   ~Recording() override;
 
-  Stage stage() const { return stage_; }
-  const std::optional<QString>& notice() const { return notice_; }
+  Stage stage() const { return stage_.get(); }
+  const std::optional<QString>& notice() const { return notice_.get(); }
   /// Files in `folder`, the newest of ours first.
-  const QList<QUrl>& files() const { return files_; }
+  const QList<QUrl>& files() const { return files_.get(); }
   /// Where recordings go unless another folder is asked for; made when it is needed.
   QString folder() const;
 
-  /// Records what the engine plays, which the caller knows to be playing.
-  void start(const std::optional<QString>& folder);
-  /// Ends a running recording; its file is complete when the stage is `idle` again.
-  void finish();
+  /// Records what the engine plays, which the caller knows to be playing; false when it does not.
+  bool start(const std::optional<QString>& folder);
+  /// Ends a running recording; its file is complete when the stage is `idle` again. False when it
+  /// could not be ended.
+  bool finish();
   void refresh();
   /// Tells the user why the source does not change.
   void refuseChange();
@@ -48,15 +51,17 @@ class Recording final : public QObject {
  private:
   void completed(const QString& path);
   QString outcomeOf(const QString& path) const;
-  void setStage(Stage stage);
-  void setNotice(const QString& notice);
+  void enter(Stage stage, const QString& notice);
+  void say(const QString& notice);
 
+  Announcements& announcements_;
   MediaEngine& engine_;
   Clock& clock_;
   const Folders folders_;
-  Stage stage_ = Stage::idle;
-  std::optional<QString> notice_;
-  QList<QUrl> files_;
+  Announced<Stage> stage_;
+  Announced<std::optional<QString>> notice_;
+  Announcement noticeGiven_;
+  Announced<QList<QUrl>> files_;
   QString target_;  // folder of the last recording, empty before the first
 };
 

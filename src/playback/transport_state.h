@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QObject>
-#include <QVariantList>
 
+#include "platform/announcements.h"
 #include "playback/media_engine.h"
 
 namespace vantor {
@@ -12,33 +12,25 @@ namespace vantor {
 /// now.
 class TransportState final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(double seconds READ seconds NOTIFY secondsChanged)
-  Q_PROPERTY(double duration READ duration NOTIFY durationChanged)
-  Q_PROPERTY(bool seekable READ seekable NOTIFY seekableChanged)
-  Q_PROPERTY(double volume READ volume NOTIFY volumeChanged)
-  Q_PROPERTY(QVariantList audio READ audioItems NOTIFY audioChanged)
-  Q_PROPERTY(QVariantList subtitles READ subtitleItems NOTIFY subtitlesChanged)
 
  public:
-  using QObject::QObject;
+  explicit TransportState(Announcements& announcements);
 
-  double seconds() const { return seconds_; }    // never negative
-  double duration() const { return duration_; }  // seconds; 0 while unknown and for live streams
-  bool seekable() const { return seekable_; }    // only ever with a known duration
-  double volume() const { return volume_; }      // 0 to 100; 100 is the engine's normal level
-  const QList<EngineTrack>& audio() const { return audio_; }
-  const QList<EngineTrack>& subtitles() const { return subtitles_; }
+  double seconds() const { return seconds_.get(); }  // never negative
+  double duration() const {
+    return duration_.get();
+  }                                                  // seconds; 0 while unknown, and of broadcasts
+  bool seekable() const { return seekable_.get(); }  // only ever with a known duration
+  double volume() const { return volume_.get(); }    // 0 to 100; 100 is the engine's normal level
+  const QList<EngineTrack>& audio() const { return audio_.get(); }
+  const QList<EngineTrack>& subtitles() const { return subtitles_.get(); }
 
-  /// The tracks as maps of "id" and "name", for QML.
-  QVariantList audioItems() const;
-  QVariantList subtitleItems() const;
-
-  void setSeconds(double seconds);
-  void setDuration(double seconds);
-  void setSeekable(bool seekable);
-  void setVolume(double percent);
-  void setAudio(const QList<EngineTrack>& tracks);
-  void setSubtitles(const QList<EngineTrack>& tracks);
+  void setSeconds(double seconds) { seconds_.set(seconds); }
+  void setDuration(double seconds) { duration_.set(seconds); }
+  void setSeekable(bool seekable) { seekable_.set(seekable); }
+  void setVolume(double percent) { volume_.set(percent); }
+  void setAudio(const QList<EngineTrack>& tracks) { audio_.set(tracks); }
+  void setSubtitles(const QList<EngineTrack>& tracks) { subtitles_.set(tracks); }
 
   /// Back to the initial values, for a new media; the volume stays.
   void reset();
@@ -52,12 +44,13 @@ class TransportState final : public QObject {
   void subtitlesChanged();
 
  private:
-  double seconds_ = 0;
-  double duration_ = 0;
-  bool seekable_ = false;
-  double volume_ = 100;
-  QList<EngineTrack> audio_;
-  QList<EngineTrack> subtitles_;
+  Announcements& announcements_;
+  Announced<double> seconds_;
+  Announced<double> duration_;
+  Announced<bool> seekable_;
+  Announced<double> volume_;
+  Announced<QList<EngineTrack>> audio_;
+  Announced<QList<EngineTrack>> subtitles_;
 };
 
 }  // namespace vantor

@@ -9,6 +9,7 @@
 #include "platform/app_error.h"
 #include "platform/cancelled.h"
 #include "provider/safe_artwork.h"
+#include "provider/stream_extension.h"
 
 namespace vantor {
 namespace {
@@ -107,7 +108,7 @@ std::shared_ptr<CatalogBuilder> parseEntries(QByteArray entries, LibraryKind kin
     if (artwork) entry.artwork = *artwork;
     entry.fileExtension =
         row.fileExtension.empty() ? std::string_view("mkv") : std::string_view(row.fileExtension);
-    if (kind == LibraryKind::live) entry.fileExtension = "m3u8";
+    if (kind == LibraryKind::live) entry.fileExtension = liveExtension;
     if (row.hasPlot) entry.plot = row.plot;
     entry.rating = row.rating;
     entry.year = row.year;

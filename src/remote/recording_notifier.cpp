@@ -20,7 +20,7 @@ const QString kFinish = u"finish"_s;
 }  // namespace
 
 RecordingNotifier::RecordingNotifier(Playback& playback) : playback_(playback) {
-  connect(&playback_, &Playback::recordingNoticeGiven, this, &RecordingNotifier::notify);
+  connect(&playback_.recording(), &Recording::noticeGiven, this, &RecordingNotifier::notify);
 }
 
 void RecordingNotifier::useBus(const QDBusConnection& bus, const QString& application) {
@@ -35,11 +35,12 @@ void RecordingNotifier::notify() {
   again_ = asking_;
   if (std::exchange(asking_, true)) return;
   QStringList actions;
-  if (playback_.recording()) actions = {kFinish, u"Stop Recording"_s};
+  if (playback_.recording().stage() == Recording::Stage::running)
+    actions = {kFinish, u"Stop Recording"_s};
   constexpr int kAsLongAsUsual = -1;
   QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, kName, u"Notify"_s);
   message << u"Vantor Player"_s << shown_ << application_ << u"Recording"_s
-          << playback_.recordingNoticeText() << actions
+          << playback_.recording().notice().value_or(QString()) << actions
           << QVariantMap{{u"desktop-entry"_s, application_}} << kAsLongAsUsual;
   auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

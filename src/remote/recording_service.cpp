@@ -19,8 +19,9 @@ const QString kRefused = u"tv.vantor.player.Recording.Refused"_s;
 }  // namespace
 
 RecordingService::RecordingService(Playback& playback) : playback_(playback), notifier_(playback) {
-  connect(&playback_, &Playback::recordingChanged, this, [this] { announce(u"State"_s, state()); });
-  connect(&playback_, &Playback::recordingNoticeChanged, this,
+  connect(&playback_.recording(), &Recording::stageChanged, this,
+          [this] { announce(u"State"_s, state()); });
+  connect(&playback_.recording(), &Recording::noticeChanged, this,
           [this] { announce(u"Notice"_s, notice()); });
 }
 
@@ -57,39 +58,34 @@ void RecordingService::appear(const QDBusConnection& bus, const QString& name) {
 }
 
 void RecordingService::Start() {
-  if (playback_.recording() || playback_.savingRecording()) {
-    refuse(notice());
-  } else if (!playback_.isPlaying()) {
-    refuse(playback_.message().value_or(u"Only what is playing can be recorded."_s));
-  } else {
-    playback_.startRecording();
-    if (!playback_.recording()) refuse(notice());
-  }
+  if (const auto reason = playback_.startRecording()) refuse(*reason);
 }
 
 void RecordingService::Stop() {
-  if (!playback_.recording()) {
-    refuse(playback_.savingRecording() ? notice() : u"Nothing is being recorded."_s);
-    return;
-  }
-  playback_.finishRecording();
-  if (!playback_.savingRecording()) refuse(notice());
+  if (const auto reason = playback_.finishRecording()) refuse(*reason);
 }
 
 QStringList RecordingService::ListRecordings() {
-  playback_.refreshRecordings();
+  playback_.recording().refresh();
   QStringList paths;
-  for (const QUrl& file : playback_.recordings()) paths.append(file.toLocalFile());
+  for (const QUrl& file : playback_.recording().files()) paths.append(file.toLocalFile());
   return paths;
 }
 
 QString RecordingService::state() const {
-  if (playback_.recording()) return u"recording"_s;
-  return playback_.savingRecording() ? u"saving"_s : u"idle"_s;
+  switch (playback_.recording().stage()) {
+    case Recording::Stage::running:
+      return u"recording"_s;
+    case Recording::Stage::saving:
+      return u"saving"_s;
+    case Recording::Stage::idle:
+      break;
+  }
+  return u"idle"_s;
 }
 
 QString RecordingService::notice() const {
-  return playback_.recordingNoticeText();
+  return playback_.recording().notice().value_or(QString());
 }
 
 void RecordingService::announce(const QString& property, const QString& value) {

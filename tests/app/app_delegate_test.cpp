@@ -22,7 +22,7 @@ class AppDelegateTest : public ::testing::Test {
   test::ManualClock clock;
   Worker worker;
   std::unique_ptr<Playback> playback = std::make_unique<Playback>(
-      engine, clock, worker, Folders{home.path(), home.path(), home.path()}, true);
+      engine, clock, worker, Folders{home.path(), home.path(), home.path()}, Output::discarded);
   AppDelegate delegate;
   int ends = 0;
 
@@ -53,7 +53,7 @@ TEST_F(AppDelegateTest, EndsAfterPlaybackHasStopped) {
   EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::later);
   EXPECT_EQ(ends, 0);
   test::settle();
-  EXPECT_FALSE(playback->hasItem());
+  EXPECT_FALSE(playback->source());
   EXPECT_EQ(ends, 1) << "however often the user asks";
 }
 
@@ -61,7 +61,7 @@ TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
   delegate.setPlayback(playback.get());
   play();
   playback->startRecording(home.filePath(QStringLiteral("recordings")));
-  ASSERT_TRUE(playback->recording());
+  ASSERT_EQ(playback->recording().stage(), Recording::Stage::running);
   delegate.applicationShouldTerminate();
   clock.advance(4900ms);
   EXPECT_EQ(ends, 0) << "the file is still being written";

@@ -15,7 +15,7 @@ using test::settle;
 QStringList state(const AppModel& model) {
   const auto text = [](const auto& value) { return value ? *value : QString(); };
   QStringList read = {
-      model.browsing().section(),
+      QString::number(static_cast<int>(model.browsing().section())),
       model.browsing().category(),
       model.browsing().search(),
       model.browsing().selected() ? model.browsing().selected()->id : QString(),
@@ -94,14 +94,15 @@ struct AnnouncementTest : public ::testing::Test, protected test::ModelFixture {
 TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   AppModel& app = launch();
   const Listener listener(app);
-  app.navigate(QStringLiteral("movies"));
+  app.navigate(Section::movies);
   app.browsing().setSearch(QStringLiteral("title"));
   signIn(rows(LibraryKind::live, 1, 9));
   load(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
   load(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   transport.always(QStringLiteral("get_series_info"), R"({"episodes":{"1":[{"id":"5"}]}})");
-  for (const char* section : {"movies", "shows", "live", "favorites", "search", "movies"}) {
-    app.navigate(QString::fromLatin1(section));
+  for (const Section section : {Section::movies, Section::shows, Section::live, Section::favorites,
+                                Section::search, Section::movies}) {
+    app.navigate(section);
     ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
     app.browsing().setSearch(QStringLiteral("title 1"));
     app.setCategory(QStringLiteral("1"));
@@ -115,10 +116,10 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
     settle();
   }
   app.setShowingSettings(true);
-  app.navigate(QStringLiteral("favorites"));
+  app.navigate(Section::favorites);
   account.id = QUuid::createUuid();
   signIn(rows(LibraryKind::live, 1, 9));
-  app.navigate(QStringLiteral("shows"));
+  app.navigate(Section::shows);
   ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
   disconnectAccount();
   ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
@@ -136,7 +137,7 @@ TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
   app.browsing().setSearch(app.browsing().search());
   app.setShowingConnect(false);
   app.clearNotice();
-  app.load(LibraryKind::live, false);
+  app.load(LibraryKind::live, LoadMode::copyFirst);
   EXPECT_EQ(listener.rounds, 0);
 }
 
@@ -150,7 +151,7 @@ TEST_F(AnnouncementTest, WhatAListenerChangesFollows) {
   });
   QObject::connect(&app.browsing(), &Browsing::itemsChanged, &app,
                    [&] { heard.append(QString::number(app.browsing().items().size())); });
-  app.navigate(QStringLiteral("movies"));
+  app.navigate(Section::movies);
   EXPECT_EQ(heard,
             (QStringList{QStringLiteral("section"), QStringLiteral("4"), QStringLiteral("4")}));
 }

@@ -8,12 +8,6 @@ namespace {
 using test::eventually;
 using test::settle;
 
-const QString live = QStringLiteral("live");
-const QString movies = QStringLiteral("movies");
-const QString shows = QStringLiteral("shows");
-const QString favorites = QStringLiteral("favorites");
-const QString searching = QStringLiteral("search");
-
 QStringList names(const AppModel& app) {
   QStringList list;
   for (std::size_t i = 0; i < app.browsing().items().size(); ++i)
@@ -24,8 +18,8 @@ QStringList names(const AppModel& app) {
 class PreviewTest : public ::testing::Test, protected test::ModelFixture {
  protected:
   AppModel& app = launch({QStringLiteral("--demo")});
-  MediaItem entry(const char* section, int index) {
-    app.navigate(QString::fromLatin1(section));
+  MediaItem entry(Section section, int index) {
+    app.navigate(section);
     return app.browsing().items().item(static_cast<std::size_t>(index));
   }
 };
@@ -44,11 +38,11 @@ TEST_F(PreviewTest, HoldsThreeLibrariesOfSamples) {
   expected.category = QStringLiteral("2");
   expected.fileExtension = QStringLiteral("mp4");
   expected.isExample = true;
-  EXPECT_EQ(entry("shows", 5), expected);
+  EXPECT_EQ(entry(Section::shows, 5), expected);
 }
 
 TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
-  app.navigate(movies);
+  app.navigate(Section::movies);
   app.setCategory(QStringLiteral("2"));
   EXPECT_EQ(names(app),
             (QStringList{QStringLiteral("The long way home"), QStringLiteral("A place to begin"),
@@ -56,7 +50,7 @@ TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
   EXPECT_EQ(app.browsing().selected()->name, QStringLiteral("The long way home"));
   app.browsing().setSearch(QStringLiteral("PLACE"));
   EXPECT_EQ(names(app), QStringList{QStringLiteral("A place to begin")});
-  app.navigate(searching);
+  app.navigate(Section::search);
   app.browsing().setSearch(QStringLiteral("THE"));
   EXPECT_EQ(names(app),
             (QStringList{QStringLiteral("The outdoors"), QStringLiteral("At the table"),
@@ -67,49 +61,49 @@ TEST_F(PreviewTest, FiltersByCategoryAndSearch) {
 }
 
 TEST_F(PreviewTest, ComesBackToWhereASectionWasLeft) {
-  app.navigate(movies);
+  app.navigate(Section::movies);
   app.setCategory(QStringLiteral("1"));
   app.browsing().setSearch(QStringLiteral("the"));
   app.select(app.browsing().items().item(1));
-  app.browsing().setBrowseAnchor(movies, QStringLiteral("movies:example-2"));
+  app.browsing().setBrowseAnchor(Section::movies, QStringLiteral("movies:example-2"));
   app.browsing().setShowingEpisodes(true);
   app.browsing().setEpisodeSeason(3);
   const MediaItem chosen = *app.browsing().selected();
 
-  app.navigate(live);
+  app.navigate(Section::live);
   EXPECT_EQ(app.browsing().category(), QString());
   EXPECT_EQ(app.browsing().search(), QString());
   EXPECT_FALSE(app.browsing().selected() || app.browsing().showingEpisodes() ||
                app.browsing().episodeSeason());
-  app.navigate(movies);
+  app.navigate(Section::movies);
   EXPECT_EQ(app.browsing().category(), QStringLiteral("1"));
   EXPECT_EQ(app.browsing().search(), QStringLiteral("the"));
   EXPECT_EQ(app.browsing().selected(), chosen);
-  EXPECT_EQ(app.browsing().browseAnchor(movies), QStringLiteral("movies:example-2"));
+  EXPECT_EQ(app.browsing().browseAnchor(Section::movies), QStringLiteral("movies:example-2"));
 
   app.browsing().setShowingEpisodes(true);
-  app.navigate(movies);
+  app.navigate(Section::movies);
   EXPECT_TRUE(app.browsing().showingEpisodes())
       << "navigating to the current section changes nothing";
 }
 
 TEST_F(PreviewTest, ACategoryWithoutEntriesKeepsTheSelection) {
   app.select(app.browsing().items().item(2));
-  app.browsing().setBrowseAnchor(live, app.browsing().items().id(2));
+  app.browsing().setBrowseAnchor(Section::live, app.browsing().items().id(2));
   app.setCategory(QStringLiteral("none"));
   EXPECT_TRUE(app.browsing().items().empty());
   EXPECT_EQ(app.browsing().selected()->name, QStringLiteral("Studio sessions"));
-  EXPECT_EQ(app.browsing().browseAnchor(live), std::nullopt);
+  EXPECT_EQ(app.browsing().browseAnchor(Section::live), std::nullopt);
 }
 
 TEST_F(PreviewTest, MyListHoldsTheMarkedEntriesOfAllLibraries) {
-  app.navigate(favorites);
+  app.navigate(Section::favorites);
   EXPECT_TRUE(app.browsing().items().empty());
-  const MediaItem show = entry("shows", 1);
-  const MediaItem channel = entry("live", 4);
+  const MediaItem show = entry(Section::shows, 1);
+  const MediaItem channel = entry(Section::live, 4);
   app.favorite(show);
   app.favorite(channel);
-  app.navigate(favorites);
+  app.navigate(Section::favorites);
   EXPECT_EQ(names(app), (QStringList{channel.name, show.name}));
   app.favorite(channel);
   EXPECT_EQ(names(app), QStringList{show.name});
@@ -149,28 +143,28 @@ class LibraryTest : public ::testing::Test, protected test::ModelFixture {
 
 TEST_F(LibraryTest, RestoresTheSelectionWhenItsLibraryArrives) {
   signIn(rows(LibraryKind::live, 0, 5));
-  app.navigate(movies);
+  app.navigate(Section::movies);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
   app.select(app.browsing().items().item(12));
-  app.navigate(live);
-  app.load(LibraryKind::movies, true);
-  app.navigate(movies);
+  app.navigate(Section::live);
+  app.load(LibraryKind::movies, LoadMode::refresh);
+  app.navigate(Section::movies);
   EXPECT_EQ(app.browsing().selected()->id, QStringLiteral("movies:12"))
       << "from the library that is there";
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 20));
-  app.navigate(live);
-  app.navigate(movies);
+  app.navigate(Section::live);
+  app.navigate(Section::movies);
   EXPECT_EQ(app.browsing().selected()->id, QStringLiteral("movies:12"));
-  app.navigate(live);
-  app.load(LibraryKind::movies, true);
+  app.navigate(Section::live);
+  app.load(LibraryKind::movies, LoadMode::refresh);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 50, 3));
-  app.navigate(movies);
+  app.navigate(Section::movies);
   EXPECT_FALSE(app.browsing().selected().has_value()) << "an entry that is gone is not selected";
 }
 
 TEST_F(LibraryTest, SearchAsksForAllLibrariesAndListsThemInOrder) {
   signIn(rows(LibraryKind::live, 1, 2));
-  app.navigate(searching);
+  app.navigate(Section::search);
   answer(LibraryKind::shows, rows(LibraryKind::shows, 5, 1));
   answer(LibraryKind::movies, rows(LibraryKind::movies, 3, 2));
   QStringList ids;

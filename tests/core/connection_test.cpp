@@ -51,7 +51,7 @@ TEST_F(ConnectionTest, SigningInSavesTheAccountAndLoadsTheLiveLibrary) {
   ASSERT_TRUE(finishSignIn());
   EXPECT_EQ(signInFailure, nullptr);
   EXPECT_EQ(app.session().account(), account);
-  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_EQ(app.browsing().section(), Section::live);
   EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
   EXPECT_FALSE(app.session().busy() || app.session().demo() || app.showingConnect() ||
                app.notice());
@@ -132,12 +132,12 @@ TEST_F(ConnectionTest, SigningOutThatFailsKeepsEverything) {
 
 TEST_F(ConnectionTest, ALibraryIsAskedForOnce) {
   signIn();
-  app.load(LibraryKind::movies, false);
-  app.load(LibraryKind::movies, false);
-  app.load(LibraryKind::movies, true);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
+  app.load(LibraryKind::movies, LoadMode::refresh);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 1));
   ASSERT_TRUE(idle());
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   settle();
   EXPECT_TRUE(app.libraries().loading().empty());
   EXPECT_EQ(transport.requests(moviesRequest), 1);
@@ -150,20 +150,20 @@ TEST_F(ConnectionTest, TheSavedCopySparesTheProvider) {
   transport.answer(QStringLiteral("vantor-config.json"), "{}");
   ASSERT_TRUE(eventually([&] { return model->browsing().items().size() == 4; }));
   EXPECT_EQ(transport.requests(liveRequest), 1) << "only the first run's";
-  model->load(LibraryKind::live, true);
+  model->load(LibraryKind::live, LoadMode::refresh);
   ASSERT_TRUE(waitForRequest(liveRequest));
   EXPECT_EQ(model->browsing().items().size(), 4u) << "shown while the refresh runs";
 }
 
 TEST_F(ConnectionTest, AFailedLoadKeepsTheLibraryAndSaysSo) {
   signIn(rows(LibraryKind::live, 0, 4));
-  app.load(LibraryKind::live, true);
+  app.load(LibraryKind::live, LoadMode::refresh);
   answer(LibraryKind::live, "{}");
   ASSERT_TRUE(idle());
   EXPECT_EQ(app.libraries().errors().at(LibraryKind::live),
             QStringLiteral("The provider returned an unreadable library."));
   EXPECT_EQ(app.browsing().items().size(), 4u);
-  app.load(LibraryKind::live, true);
+  app.load(LibraryKind::live, LoadMode::refresh);
   EXPECT_TRUE(app.libraries().errors().empty());
 }
 
@@ -171,7 +171,7 @@ TEST_F(ConnectionTest, ALibraryThatCannotBeSavedIsShownAllTheSame) {
   signIn();
   const QString folder = home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
   ASSERT_TRUE(QDir(folder).removeRecursively());
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 3));
   ASSERT_TRUE(idle());
   EXPECT_EQ(app.notice(),
@@ -209,7 +209,7 @@ class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterfac
 
 TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
   signIn();
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   ASSERT_TRUE(waitForRequest(moviesRequest));
   const auto request = transport.exchanges().at(transport.exchanges().size() - 2);
   change();
@@ -222,7 +222,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
   EXPECT_FALSE(app.libraries().loading().contains(LibraryKind::movies));
   EXPECT_TRUE(app.libraries().errors().empty());
   if (GetParam() != Change::connect) return;
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2));
   ASSERT_TRUE(eventually([&] { return app.libraries().catalogs().contains(LibraryKind::movies); }))
       << "the new world's own load is not hindered";
@@ -230,7 +230,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
 
 TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
   signIn();
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 3));
   ASSERT_TRUE(idle());
   launch();
@@ -239,7 +239,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
   ASSERT_TRUE(
       eventually([&] { return model->libraries().catalogs().contains(LibraryKind::live); }));
   const int before = transport.requests(moviesRequest);
-  model->load(LibraryKind::movies, false);
+  model->load(LibraryKind::movies, LoadMode::copyFirst);
   // The load now waits for the disk; the change comes first.
   change();
   settle();
@@ -251,7 +251,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
 
 TEST_P(StaleLoadTest, AppliesNothingWhileItsCopyIsBeingSaved) {
   signIn();
-  app.load(LibraryKind::movies, false);
+  app.load(LibraryKind::movies, LoadMode::copyFirst);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2000));
   ASSERT_TRUE(eventually([&] { return app.libraries().catalogs().contains(LibraryKind::movies); }));
   change();

@@ -171,7 +171,7 @@ class StaleDetailsTest : public DetailsTest,
       case Change::movie:
         return select(entry(LibraryKind::movies, 1));
       case Change::navigate:
-        return app.navigate(QStringLiteral("favorites"));
+        return app.navigate(Section::favorites);
       case Change::disconnect:
         disconnectAccount();
         ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));

@@ -70,7 +70,7 @@ TEST_F(PlaybackHandoffTest, RefusesWhatHasNoAddress) {
   app.play(movie(QStringLiteral("7a")));
   EXPECT_EQ(app.notice(), QStringLiteral("This provider item has an invalid playback address."));
   settle();
-  EXPECT_FALSE(app.playback().hasItem());
+  EXPECT_FALSE(app.playback().source());
 }
 
 TEST_F(PlaybackHandoffTest, RecordsHowFarAnEntryWasWatched) {
@@ -112,7 +112,7 @@ TEST_F(PlaybackHandoffTest, ACancelledPanelChangesNothingAndOneIsOpenAtATime) {
   EXPECT_EQ(filePanel.shown, 1);
   filePanel.choice.resolve(std::nullopt);
   settle();
-  EXPECT_FALSE(app.playback().hasItem());
+  EXPECT_FALSE(app.playback().source());
   app.openFile();
   settle();
   EXPECT_EQ(filePanel.shown, 2);

@@ -21,7 +21,7 @@ class StartUpTest : public ::testing::Test, protected test::ModelFixture {
 
 TEST_F(StartUpTest, WithoutAnAccountNothingIsAsked) {
   AppModel& app = launch();
-  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_EQ(app.browsing().section(), Section::live);
   EXPECT_FALSE(app.session().account() || app.notice() || app.session().demo());
   EXPECT_TRUE(app.record().favorites().isEmpty());
   EXPECT_TRUE(transport.exchanges().empty());
@@ -48,17 +48,17 @@ TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChann
   std::promise<void> unlocked;
   secretsWorker.post([waiting = unlocked.get_future().share()] { waiting.wait(); });
   AppModel& app = begin();
-  app.navigate(QStringLiteral("movies"));
+  app.navigate(Section::movies);
   app.browsing().setSearch(QStringLiteral("x"));
   unlocked.set_value();
   ASSERT_TRUE(eventually([&] { return app.session().account().has_value(); }));
-  EXPECT_EQ(app.browsing().section(), QStringLiteral("live"));
+  EXPECT_EQ(app.browsing().section(), Section::live);
   EXPECT_EQ(app.browsing().search(), QString());
   EXPECT_TRUE(app.session().restoringLibrary());
   transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
   EXPECT_FALSE(app.session().restoringLibrary());
-  app.navigate(QStringLiteral("movies"));
+  app.navigate(Section::movies);
   EXPECT_TRUE(eventually([&] { return transport.open(action(LibraryKind::movies)) == 1; }));
   EXPECT_EQ(app.browsing().search(), QStringLiteral("x"));
 }

@@ -102,13 +102,13 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   QFile obstacle(folder);
   ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
   AppModel& app = *model;
-  app.load(LibraryKind::live, true);
+  app.load(LibraryKind::live, LoadMode::refresh);
   answer(channels);
   EXPECT_TRUE(says("saving the copy of a library", "system_error"));
 
   const MediaItem channel = app.browsing().items().item(0);
   for (const LibraryKind kind : {LibraryKind::movies, LibraryKind::shows}) {
-    app.load(kind, false);
+    app.load(kind, LoadMode::copyFirst);
     ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
     transport.fail(action(kind), unreachable);
     ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));

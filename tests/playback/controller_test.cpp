@@ -35,6 +35,58 @@ TEST_F(ControllerTest, OpensASourceInOrderAndWithItsValues) {
   EXPECT_EQ(playback.transport()->volume(), 42.9);
 }
 
+/// Each way into a state, and what each operation and event makes of it.
+TEST_F(ControllerTest, GoesFromStateToState) {
+  using enum PlaybackState;
+  const auto see = [&](EngineState state) {
+    engine.now.state = state;
+    clock.advance(250ms);
+  };
+  const auto begin = [&] { open(channel(u"7"_s)); };
+  const auto start = [&] {
+    engine.now.decodedVideo = 1;
+    see(EngineState::playing);
+  };
+  const auto toggle = [&] { playback.togglePause(); };
+  const auto end = [&] { see(EngineState::ended); };
+  const auto fail = [&] { see(EngineState::error); };
+  const auto restart = [&] { playback.restart(); };
+  const auto stop = [&] { playback.stop(); };
+  const auto retry = [&] { playback.retry(); };
+  using Step = std::function<void()>;
+  const struct {
+    PlaybackState state;
+    std::vector<Step> way;
+    // after: start, toggle, end, fail, restart, stop, retry, another one
+    std::array<PlaybackState, 8> after;
+  } rows[] = {
+      {idle, {}, {idle, idle, idle, idle, idle, idle, idle, opening}},
+      {opening, {begin}, {playing, suspended, failed, failed, opening, idle, opening, opening}},
+      {suspended,
+       {begin, toggle},
+       {paused, opening, failed, failed, opening, idle, opening, opening}},
+      {playing, {begin, start}, {playing, paused, ended, failed, playing, idle, opening, opening}},
+      {paused,
+       {begin, start, toggle},
+       {paused, playing, ended, failed, playing, idle, opening, opening}},
+      {ended, {begin, start, end}, {ended, playing, ended, ended, playing, idle, opening, opening}},
+      {failed, {begin, fail}, {failed, failed, failed, failed, failed, idle, opening, opening}},
+  };
+  const Step steps[] = {start, toggle, end, fail, restart, stop, retry, begin};
+  for (const auto& row : rows) {
+    for (std::size_t step = 0; step < row.after.size(); ++step) {
+      SCOPED_TRACE(testing::Message() << static_cast<int>(row.state) << ", step " << step);
+      playback.stop();
+      for (const Step& go : row.way) go();
+      ASSERT_EQ(playback.state(), row.state);
+      steps[step]();
+      EXPECT_EQ(playback.state(), row.after[step]);
+      EXPECT_EQ(playback.source().has_value(), playback.state() != idle);
+      EXPECT_EQ(playback.message().has_value(), playback.state() == failed);
+    }
+  }
+}
+
 TEST_F(ControllerTest, OfTwoPlaysInARowOnlyTheSecondReachesTheEngine) {
   playback.play(channel(u"1"_s));
   playback.play(channel(u"2"_s));
@@ -131,7 +183,10 @@ TEST_F(ControllerTest, ShutdownStops) {
 
 TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
   const QString path = temporary.filePath(u"film.mkv"_s);
-  open({.url = QUrl::fromLocalFile(path), .title = u"Film"_s, .id = u"local"_s, .local = true});
+  open({.url = QUrl::fromLocalFile(path),
+        .title = u"Film"_s,
+        .id = u"local"_s,
+        .kind = SourceKind::file});
   const Look gone{u"local"_s, false, u"This media file is no longer available."_s, true};
   EXPECT_EQ(look(), gone);
   EXPECT_TRUE(playback.isLocal());
@@ -151,7 +206,7 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
 TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
   for (const bool begun : {false, true}) {
     engine.calls.clear();
-    auto other = std::make_unique<Playback>(engine, clock, worker, folders(), false);
+    auto other = std::make_unique<Playback>(engine, clock, worker, folders(), Output::shown);
     other->play(channel(u"7"_s));
     if (begun) settle();
     const QStringList calls = engine.calls;

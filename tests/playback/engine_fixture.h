@@ -23,12 +23,12 @@ class EngineFixture : public ::testing::Test {
   SystemClock clock;
   Worker worker;
   std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
-  LibVLCEngine engine{frames, false};
+  LibVLCEngine engine{frames, Output::shown};
   Playback playback{engine,
                     clock,
                     worker,
                     {.applicationSupport = path(u"it's my \"data\""_s), .temporary = folder.path()},
-                    false};
+                    Output::shown};
 
   static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
 
@@ -52,8 +52,10 @@ class EngineFixture : public ::testing::Test {
   }
 
   void playFile(const QString& file) {
-    playback.play(
-        {.url = QUrl::fromLocalFile(file), .title = u"Film"_s, .id = u"f"_s, .local = true});
+    playback.play({.url = QUrl::fromLocalFile(file),
+                   .title = u"Film"_s,
+                   .id = u"f"_s,
+                   .kind = SourceKind::file});
   }
   void playAddress(const QUrl& address, const QString& agent = u"Agent/1"_s) {
     playback.play({.url = address, .title = u"Channel"_s, .id = u"c"_s, .agent = agent});

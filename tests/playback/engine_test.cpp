@@ -229,7 +229,8 @@ TEST_F(EngineTest, EndsPausedAndPlaysAgain) {
 
 TEST_F(EngineTest, ResumesPausesAndSeeks) {
   const QString file = make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60));
-  playback.play({.url = QUrl::fromLocalFile(file), .id = u"f"_s, .local = true, .resume = 30});
+  playback.play(
+      {.url = QUrl::fromLocalFile(file), .id = u"f"_s, .kind = SourceKind::file, .resume = 30});
   ASSERT_TRUE(starts());
   EXPECT_TRUE(eventually([&] { return playback.transport()->seconds() > 29; }));
   playback.seek(5);
@@ -338,7 +339,7 @@ TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
 }
 
 TEST_F(EngineTest, HeadlessDecodesWithoutShowing) {
-  LibVLCEngine headless(frames, true);
+  LibVLCEngine headless(frames, Output::discarded);
   headless.load({.address = QUrl::fromLocalFile(movie(u"a.mkv"_s))});
   headless.play();
   EXPECT_TRUE(eventually([&] {
@@ -349,7 +350,7 @@ TEST_F(EngineTest, HeadlessDecodesWithoutShowing) {
 }
 
 TEST_F(EngineTest, PlaysButRecordsNothingWithoutTheLibrarysInternals) {
-  LibVLCEngine plain(frames, false, LibVLCInternals::left);
+  LibVLCEngine plain(frames, Output::shown, LibVLCInternals::left);
   const QString file = movie(u"a.mkv"_s);
   for (int round = 0; round < 2; ++round) {
     plain.load({.address = QUrl::fromLocalFile(file)});
@@ -373,7 +374,7 @@ TEST_F(EngineTest, SilentServerHoldsUpNeitherCommandsNorTheEnd) {
   playFile(file);
   EXPECT_TRUE(starts());
 
-  auto other = std::make_unique<LibVLCEngine>(frames, false);
+  auto other = std::make_unique<LibVLCEngine>(frames, Output::shown);
   other->load({.address = address});
   other->play();
   ASSERT_TRUE(silent.nextPendingConnection());

@@ -119,7 +119,7 @@ TEST_F(HeldFrameTest, IsNotTakenWhenThePreviousMediaHadNoPicture) {
 }
 
 TEST_F(HeldFrameTest, IsNeverTakenHeadless) {
-  Playback headless(engine, clock, worker, folders(), true);
+  Playback headless(engine, clock, worker, folders(), Output::discarded);
   engine.now.decodedVideo = 1;
   headless.play(channel(u"2"_s));
   settle();

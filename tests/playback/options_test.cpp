@@ -16,8 +16,8 @@ TEST(LibVLCOptions, OfTheLibraryAreInOrder) {
   const QList<QByteArray> always{"--quiet", "--no-video-title-show", "--no-osd",
                                  "--network-caching=1200", "--file-caching=500"};
   const QList<QByteArray> nothingOut{"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
-  EXPECT_EQ(libraryOptions(false), always);
-  EXPECT_EQ(libraryOptions(true), always + nothingOut);
+  EXPECT_EQ(libraryOptions(Output::shown), always);
+  EXPECT_EQ(libraryOptions(Output::discarded), always + nothingOut);
 }
 
 TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {

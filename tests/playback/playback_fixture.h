@@ -39,7 +39,7 @@ class PlaybackFixture : public ::testing::Test {
   ManualClock clock;
   FakeEngine engine;
   Worker worker;
-  Playback playback{engine, clock, worker, folders(), false};
+  Playback playback{engine, clock, worker, folders(), Output::shown};
   QStringList progress;
 
   void SetUp() override {

@@ -26,7 +26,7 @@ class RecordingTest : public PlaybackFixture {
 
   void begin() {
     playback.startRecording();
-    ASSERT_TRUE(playback.recording());
+    ASSERT_EQ(playback.recording().stage(), Recording::Stage::running);
   }
 
   static QString write(const QString& path, const QByteArray& bytes) {
@@ -36,27 +36,27 @@ class RecordingTest : public PlaybackFixture {
     return path;
   }
 
-  QStringList names() const {
+  QStringList names() {
     QStringList list;
-    for (const QUrl& file : playback.recordings()) list.append(file.fileName());
+    for (const QUrl& file : playback.recording().files()) list.append(file.fileName());
     return list;
   }
 };
 
 TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
   playback.startRecording();
-  EXPECT_TRUE(playback.recording());
-  EXPECT_EQ(playback.recordingNotice(), kStarted);
+  EXPECT_EQ(playback.recording().stage(), Recording::Stage::running);
+  EXPECT_EQ(playback.recording().notice(), kStarted);
   EXPECT_EQ(engine.calls, QStringList{u"startRecording "_s + folder});
   EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther),
             QFile::Permissions());
   playback.finishRecording();
-  EXPECT_TRUE(playback.savingRecording());
-  EXPECT_FALSE(playback.recording());
-  EXPECT_EQ(playback.recordingNotice(), u"Saving recording…"_s);
+  EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
+  EXPECT_NE(playback.recording().stage(), Recording::Stage::running);
+  EXPECT_EQ(playback.recording().notice(), u"Saving recording…"_s);
   engine.onRecordingStopped(write(folder + u"/vlc-record-1.TS"_s, "x"));
-  EXPECT_FALSE(playback.savingRecording());
-  EXPECT_EQ(playback.recordingNotice(), u"Recording saved."_s);
+  EXPECT_EQ(playback.recording().stage(), Recording::Stage::idle);
+  EXPECT_EQ(playback.recording().notice(), u"Recording saved."_s);
   ASSERT_EQ(names().size(), 1);
   EXPECT_THAT(names().first().toStdString(),
               testing::MatchesRegex("Vantor-1800000000-[0-9A-F]{8}\\.TS"));
@@ -82,14 +82,14 @@ TEST_F(RecordingTest, StartsOnlyOnASourceThatPlays) {
   clock.advance(250ms);
   playback.startRecording(unused);
   EXPECT_TRUE(engine.calls.filter(u"startRecording"_s).isEmpty());
-  EXPECT_FALSE(playback.recordingNotice());
+  EXPECT_FALSE(playback.recording().notice());
 
   openPlaying(channel(u"3"_s));
   playback.startRecording();
-  EXPECT_EQ(playback.recordingNotice(), u"This source does not support recording."_s);
-  EXPECT_FALSE(playback.recording());
+  EXPECT_EQ(playback.recording().notice(), u"This source does not support recording."_s);
+  EXPECT_NE(playback.recording().stage(), Recording::Stage::running);
   playback.startRecording(write(temporary.filePath(u"file"_s), "") + u"/below"_s);
-  EXPECT_EQ(playback.recordingNotice(), u"The recording folder could not be created."_s);
+  EXPECT_EQ(playback.recording().notice(), u"The recording folder could not be created."_s);
   engine.now.recordable = true;
   begin();
   engine.takeCalls();
@@ -104,7 +104,7 @@ TEST_F(RecordingTest, KeepsTheSourceUntilItIsSaved) {
     if (saving) playback.finishRecording();
     engine.takeCalls();
     playback.play(channel(u"2"_s));
-    EXPECT_EQ(playback.recordingNotice(), kRefused);
+    EXPECT_EQ(playback.recording().notice(), kRefused);
     playback.retry();
     settle();
     EXPECT_TRUE(engine.calls.isEmpty());
@@ -130,7 +130,7 @@ TEST_F(RecordingTest, StopAndFailureFinishIt) {
       playback.stop();
     }
     EXPECT_EQ(engine.calls, (QStringList{u"stopRecording"_s, u"unload"_s}));
-    EXPECT_TRUE(playback.savingRecording());
+    EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
     engine.onRecordingStopped({});
   }
 }
@@ -160,7 +160,7 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
     playback.finishRecording();
     if (row.written) write(row.path, *row.written);
     engine.onRecordingStopped(row.path);
-    EXPECT_EQ(playback.recordingNotice(), row.notice);
+    EXPECT_EQ(playback.recording().notice(), row.notice);
     EXPECT_EQ(names().size(), row.files);
   }
   EXPECT_TRUE(QFile::exists(foreign));
@@ -169,21 +169,21 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
   begin();
   engine.recordingStops = false;
   playback.finishRecording();
-  EXPECT_EQ(playback.recordingNotice(),
+  EXPECT_EQ(playback.recording().notice(),
             u"Recording could not be finalized. Check the recording folder."_s);
-  EXPECT_FALSE(playback.savingRecording());
+  EXPECT_EQ(playback.recording().stage(), Recording::Stage::idle);
 }
 
 TEST_F(RecordingTest, ListShowsRecordingsOnly) {
   ASSERT_TRUE(QDir().mkpath(folder + u"/folder.ts"_s));
   for (const char* name : {"/a.ts", "/c.MKV", "/b.m4v", "/.hidden.ts", "/d.txt", "/e"})
     write(folder + QLatin1String(name), "x");
-  playback.refreshRecordings();
+  playback.recording().refresh();
   EXPECT_EQ(names(), (QStringList{u"c.MKV"_s, u"b.m4v"_s, u"a.ts"_s}));
-  const Playback again(engine, clock, worker, folders(), false);
-  EXPECT_EQ(again.recordings().size(), 3);
-  const Playback headless(engine, clock, worker, folders(), true);
-  EXPECT_TRUE(headless.recordings().isEmpty());
+  Playback again(engine, clock, worker, folders(), Output::shown);
+  EXPECT_EQ(again.recording().files().size(), 3);
+  Playback headless(engine, clock, worker, folders(), Output::discarded);
+  EXPECT_TRUE(headless.recording().files().isEmpty());
 }
 
 TEST_F(RecordingTest, ShutdownWaitsForTheFileButNotForEver) {
@@ -196,7 +196,7 @@ TEST_F(RecordingTest, ShutdownWaitsForTheFileButNotForEver) {
     const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
     clock.advance(4900ms);
     EXPECT_EQ(playback.itemID(), u"1"_s);
-    EXPECT_TRUE(playback.savingRecording());
+    EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
     if (saved) engine.onRecordingStopped({});
     clock.advance(100ms);
     EXPECT_FALSE(job.running());

@@ -184,7 +184,7 @@ TEST_F(SurfaceTest, SurvivesTheWindowLosingItsGraphics) {
 TEST_F(SurfaceTest, ShowsWhatTheEngineDecodes) {
   const QTemporaryDir folder;
   qputenv("VANTOR_AUDIO", "none");
-  LibVLCEngine engine(frames, false);
+  LibVLCEngine engine(frames, Output::shown);
   const struct {
     QString name;
     QString color;

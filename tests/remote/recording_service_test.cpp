@@ -92,21 +92,21 @@ TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
   openPlaying(channel(u"1"_s));
   engine.now.recordable = true;
   EXPECT_EQ(call(u"Start"_s), QString());
-  EXPECT_TRUE(playback.recording());
+  EXPECT_EQ(playback.recording().stage(), Recording::Stage::running);
   EXPECT_EQ(call(u"Start"_s),
             u"Refused: Recording the current video. Stop recording before changing sources."_s);
   EXPECT_EQ(call(u"Stop"_s), QString());
   EXPECT_EQ(call(u"Stop"_s), u"Refused: Saving recording…"_s);
   EXPECT_EQ(call(u"Start"_s), u"Refused: Saving recording…"_s);
-  QFile file(playback.recordingsFolder() + u"/engine.ts"_s);
+  QFile file(playback.recording().folder() + u"/engine.ts"_s);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("x");
   file.close();
   engine.onRecordingStopped(file.fileName());
 
-  ASSERT_EQ(playback.recordings().size(), 1);
-  EXPECT_EQ(call(u"ListRecordings"_s), playback.recordings().first().toLocalFile());
-  ASSERT_TRUE(QFile::remove(playback.recordings().first().toLocalFile()));
+  ASSERT_EQ(playback.recording().files().size(), 1);
+  EXPECT_EQ(call(u"ListRecordings"_s), playback.recording().files().first().toLocalFile());
+  ASSERT_TRUE(QFile::remove(playback.recording().files().first().toLocalFile()));
   EXPECT_EQ(call(u"ListRecordings"_s), QString()) << "looks again every time";
   EXPECT_TRUE(eventually([&] { return changes.seen.size() == 6; }));
   EXPECT_EQ(changes.seen,
@@ -132,7 +132,7 @@ TEST_F(RecordingServiceTest, RefusesWithTheReason) {
   EXPECT_EQ(call(u"Start"_s), notPlaying);
   engine.now.state = EngineState::error;
   clock.advance(250ms);
-  EXPECT_EQ(call(u"Start"_s), u"Refused: "_s + playback.messageText());
+  EXPECT_EQ(call(u"Start"_s), u"Refused: "_s + playback.message().value_or(QString()));
 
   openPlaying(channel(u"2"_s));
   engine.now.recordable = true;

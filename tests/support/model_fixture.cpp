@@ -56,7 +56,7 @@ AppModel& ModelFixture::begin(const QStringList& arguments) {
       LaunchArguments::read(QStringList{QStringLiteral("vantor")} + arguments,
                             QStringLiteral("tv.vantor.player"))};
   model = std::make_unique<AppModel>(
-      services, std::make_unique<Playback>(engine, clock, worker, folders, true));
+      services, std::make_unique<Playback>(engine, clock, worker, folders, Output::discarded));
   return *model;
 }
 

@@ -15,7 +15,7 @@ ItemListModel::ItemListModel(const Browsing& browsing, const WatchRecord& record
   connect(&browsing, &Browsing::itemsChanged, this, &ItemListModel::reset);
   connect(&browsing, &Browsing::selectedChanged, this, &ItemListModel::updateCurrentRow);
   connect(&record, &WatchRecord::favoritesChanged, this, &ItemListModel::updateFavorites);
-  connect(&playback, &Playback::itemIDChanged, this, &ItemListModel::updatePlaying);
+  connect(&playback, &Playback::sourceChanged, this, &ItemListModel::updatePlaying);
   reset();
 }
 
@@ -69,7 +69,7 @@ void ItemListModel::reset() {
   list_ = browsing_.sharedItems();
   rows_ = static_cast<int>(std::min<std::size_t>(list_->size(), rowLimit));
   readRow_ = -1;
-  playingID_ = playback_.itemIDText();
+  playingID_ = playback_.itemID().value_or(QString());
   endResetModel();
   updateCurrentRow();
 }
@@ -100,7 +100,7 @@ void ItemListModel::updateCurrentRow() {
 }
 
 void ItemListModel::updatePlaying() {
-  const QString previous = std::exchange(playingID_, playback_.itemIDText());
+  const QString previous = std::exchange(playingID_, playback_.itemID().value_or(QString()));
   touch(rowOf(previous), IsPlayingRole);
   touch(rowOf(playingID_), IsPlayingRole);
 }

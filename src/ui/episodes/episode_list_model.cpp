@@ -15,7 +15,7 @@ EpisodeListModel::EpisodeListModel(AppModel& model, QObject* parent)
     : QAbstractListModel(parent), model_(model) {
   connect(&model.details(), &ShowDetails::episodesChanged, this, &EpisodeListModel::readEpisodes);
   connect(&model.browsing(), &Browsing::episodeSeasonChanged, this, &EpisodeListModel::filter);
-  connect(&model.playback(), &Playback::itemIDChanged, this, &EpisodeListModel::updatePlaying);
+  connect(&model.playback(), &Playback::sourceChanged, this, &EpisodeListModel::updatePlaying);
   for (const auto signal : {&ShowDetails::episodesChanged, &ShowDetails::detailsLoadingChanged,
                             &ShowDetails::detailsErrorChanged})
     connect(&model.details(), signal, this, &EpisodeListModel::statusChanged);

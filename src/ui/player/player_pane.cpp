@@ -8,15 +8,14 @@ using namespace Qt::StringLiterals;
 
 PlayerPane::PlayerPane(Playback& playback, QObject* parent) : QObject(parent), playback_(playback) {
   for (const auto signal :
-       {&Playback::itemIDChanged, &Playback::titleChanged, &Playback::loadingChanged,
-        &Playback::messageChanged, &Playback::pausedChanged, &Playback::expandedChanged,
-        &Playback::heldFrameChanged})
+       {&Playback::sourceChanged, &Playback::stateChanged, &Playback::messageChanged,
+        &Playback::expandedChanged, &Playback::heldFrameChanged})
     connect(&playback, signal, this, &PlayerPane::changed);
   connect(&playback, &Playback::heldFrameChanged, this, &PlayerPane::heldFrameChanged);
 }
 
 bool PlayerPane::idle() const {
-  return !playback_.itemID();
+  return !playback_.source();
 }
 
 QString PlayerPane::placeholder() const {
@@ -36,7 +35,7 @@ QString PlayerPane::openingText() const {
 }
 
 QString PlayerPane::message() const {
-  return playback_.messageText();
+  return playback_.message().value_or(QString());
 }
 
 QVariant PlayerPane::heldFrame() const {
@@ -48,7 +47,7 @@ bool PlayerPane::holdingFrame() const {
 }
 
 bool PlayerPane::surfaceVisible() const {
-  return playback_.itemID() && !playback_.message() && !holdingFrame();
+  return playback_.source() && !playback_.message() && !holdingFrame();
 }
 
 QString PlayerPane::playPauseSymbol() const {

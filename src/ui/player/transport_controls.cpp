@@ -11,6 +11,18 @@ namespace vantor {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Maps of "id" and "name".
+QVariantList listed(const QList<EngineTrack>& tracks) {
+  QVariantList list;
+  for (const EngineTrack& track : tracks)
+    list.append(QVariantMap{{u"id"_s, track.id}, {u"name"_s, track.name}});
+  return list;
+}
+
+}  // namespace
+
 TransportControls::TransportControls(Playback& playback, QObject* parent)
     : QObject(parent), playback_(playback), state_(*playback.transport()) {
   connect(&state_, &TransportState::secondsChanged, this, [this] {
@@ -62,7 +74,7 @@ void TransportControls::setVolume(double percent) {
 }
 
 QVariantList TransportControls::audio() const {
-  return state_.audioItems();
+  return listed(state_.audio());
 }
 
 bool TransportControls::audioEnabled() const {
@@ -70,7 +82,7 @@ bool TransportControls::audioEnabled() const {
 }
 
 QVariantList TransportControls::subtitles() const {
-  QVariantList list = state_.subtitleItems();
+  QVariantList list = listed(state_.subtitles());
   list.prepend(QVariantMap{{u"id"_s, -1}, {u"name"_s, u"Off"_s}});
   return list;
 }

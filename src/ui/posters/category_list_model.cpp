@@ -42,7 +42,7 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
   if (row < 0 || row >= rowCount()) return {};
   if (role == CategoryIDRole) return idOf(row);
   if (role != NameRole) return {};
-  return row == 0 ? u"All "_s + sectionTitle(model_.browsing()).toLower()
+  return row == 0 ? u"All "_s + sectionTitle(model_.browsing().section()).toLower()
                   : oneLine(catalog_.categories()[static_cast<std::size_t>(row) - 1].name);
 }
 

@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QAbstractListModel>
 
+#include "core/section.h"
 #include "library/catalog.h"
 
 namespace vantor {
@@ -44,7 +45,7 @@ class CategoryListModel final : public QAbstractListModel {
   QString idOf(int row) const;
 
   AppModel& model_;
-  QString section_;
+  Section section_;
   Catalog catalog_;
 };
 

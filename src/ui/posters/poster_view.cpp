@@ -20,7 +20,7 @@ PosterView::PosterView(AppModel& model, QObject* parent) : QObject(parent), mode
   connect(&browsing, &Browsing::showingEpisodesChanged, this, &PosterView::changed);
   connect(&model.record(), &WatchRecord::favoritesChanged, this, &PosterView::changed);
   connect(&model.session(), &Session::startingUpChanged, this, &PosterView::changed);
-  connect(&model.playback(), &Playback::itemIDChanged, this, &PosterView::changed);
+  connect(&model.playback(), &Playback::sourceChanged, this, &PosterView::changed);
   connect(&browsing, &Browsing::itemsChanged, this, [this] { request(Scroll::ToAnchor); });
   connect(&browsing, &Browsing::selectedChanged, this, [this] { request(Scroll::ToSelection); });
   connect(&model, &AppModel::settled, this, &PosterView::carryOutScroll);
@@ -38,11 +38,11 @@ void PosterView::updateHero() {
 }
 
 QString PosterView::kicker() const {
-  return (hero_ ? title(hero_->kind) : sectionTitle(model_.browsing())).toUpper();
+  return (hero_ ? title(hero_->kind) : sectionTitle(model_.browsing().section())).toUpper();
 }
 
 QString PosterView::name() const {
-  return hero_ ? hero_->name : sectionTitle(model_.browsing());
+  return hero_ ? hero_->name : sectionTitle(model_.browsing().section());
 }
 
 QString PosterView::facts() const {
@@ -85,7 +85,7 @@ bool PosterView::allShowsOffered() const {
 }
 
 bool PosterView::showsPlayer() const {
-  return model_.playback().itemID().has_value();
+  return model_.playback().source().has_value();
 }
 
 PosterView::Content PosterView::content() const {

@@ -10,7 +10,7 @@ Sheet {
     required property Views views
     readonly property SettingsView view: views.settingsView
 
-    name: view.page
+    name: view.title
     visible: view.shown
     width: 430
     height: 580
@@ -52,7 +52,7 @@ Sheet {
                 }
 
                 StyledText {
-                    text: sheet.view.page
+                    text: sheet.view.title
                     font: Style.font(26, Font.DemiBold)
                     Accessible.role: Accessible.Heading
                 }

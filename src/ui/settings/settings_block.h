@@ -31,9 +31,10 @@ struct SettingsBlock {
   Action action = Action::none;
 };
 
-/// The blocks of a page, given the state of the model; empty for an unknown page.
-QList<SettingsBlock> settingsPage(const QString& page, const AppModel& model);
+enum class SettingsPage : unsigned char { main, playlists, playback, guide, about };
 
-inline const QString settingsMainPage = QStringLiteral("Settings");
+QString title(SettingsPage page);
+/// The blocks of a page, given the state of the model.
+QList<SettingsBlock> blocksOf(SettingsPage page, const AppModel& model);
 
 }  // namespace vantor

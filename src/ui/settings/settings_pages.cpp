@@ -22,10 +22,13 @@ SettingsBlock row(const QString& title, const QString& subtitle, Action action) 
 }
 
 QList<SettingsBlock> mainPage() {
-  return {row(u"Playlists"_s, u"Your provider and saved libraries"_s, Action::showPlaylists),
-          row(u"Playback"_s, u"Player controls and supported sources"_s, Action::showPlayback),
-          row(u"TV guide"_s, u"Programme information"_s, Action::showGuide),
-          row(u"About"_s, u"Version, support and preview features"_s, Action::showAbout)};
+  return {row(title(SettingsPage::playlists), u"Your provider and saved libraries"_s,
+              Action::showPlaylists),
+          row(title(SettingsPage::playback), u"Player controls and supported sources"_s,
+              Action::showPlayback),
+          row(title(SettingsPage::guide), u"Programme information"_s, Action::showGuide),
+          row(title(SettingsPage::about), u"Version, support and preview features"_s,
+              Action::showAbout)};
 }
 
 QList<SettingsBlock> playlistsPage(const AppModel& model) {
@@ -76,12 +79,35 @@ QList<SettingsBlock> aboutPage() {
 
 }  // namespace
 
-QList<SettingsBlock> settingsPage(const QString& page, const AppModel& model) {
-  if (page == settingsMainPage) return mainPage();
-  if (page == u"Playlists"_s) return playlistsPage(model);
-  if (page == u"Playback"_s) return playbackPage();
-  if (page == u"TV guide"_s) return guidePage();
-  if (page == u"About"_s) return aboutPage();
+QString title(SettingsPage page) {
+  switch (page) {
+    case SettingsPage::main:
+      return u"Settings"_s;
+    case SettingsPage::playlists:
+      return u"Playlists"_s;
+    case SettingsPage::playback:
+      return u"Playback"_s;
+    case SettingsPage::guide:
+      return u"TV guide"_s;
+    case SettingsPage::about:
+      return u"About"_s;
+  }
+  return {};
+}
+
+QList<SettingsBlock> blocksOf(SettingsPage page, const AppModel& model) {
+  switch (page) {
+    case SettingsPage::main:
+      return mainPage();
+    case SettingsPage::playlists:
+      return playlistsPage(model);
+    case SettingsPage::playback:
+      return playbackPage();
+    case SettingsPage::guide:
+      return guidePage();
+    case SettingsPage::about:
+      return aboutPage();
+  }
   return {};
 }
 

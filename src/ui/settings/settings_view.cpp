@@ -29,11 +29,7 @@ QString nameOf(SettingsBlock::Kind kind) {
 }  // namespace
 
 SettingsView::SettingsView(AppModel& model, Opener& opener, SettingsLinks links, QObject* parent)
-    : QObject(parent),
-      model_(model),
-      opener_(opener),
-      links_(std::move(links)),
-      page_(settingsMainPage) {
+    : QObject(parent), model_(model), opener_(opener), links_(std::move(links)) {
   connect(&model.session(), &Session::accountChanged, this, &SettingsView::blocksChanged);
   connect(&model.session(), &Session::subscriptionChanged, this, &SettingsView::blocksChanged);
   connect(&model, &AppModel::showingSettingsChanged, this, &SettingsView::shownOrHidden);
@@ -41,7 +37,7 @@ SettingsView::SettingsView(AppModel& model, Opener& opener, SettingsLinks links,
 }
 
 void SettingsView::shownOrHidden() {
-  setPage(settingsMainPage);
+  setPage(SettingsPage::main);
   setMessage({});
   setConfirmingRemoval(false);
   if (shown_ == model_.showingSettings()) return;
@@ -50,7 +46,7 @@ void SettingsView::shownOrHidden() {
 }
 
 QString SettingsView::backLabel() const {
-  return page_ == settingsMainPage ? u"Done"_s : u"Back"_s;
+  return page_ == SettingsPage::main ? u"Done"_s : u"Back"_s;
 }
 
 QString SettingsView::hint() const {
@@ -63,13 +59,13 @@ QString SettingsView::heading() const {
 
 QVariantList SettingsView::blocks() const {
   QVariantList list;
-  for (const SettingsBlock& block : settingsPage(page_, model_))
+  for (const SettingsBlock& block : blocksOf(page_, model_))
     list.append(QVariantMap{
         {u"kind"_s, nameOf(block.kind)}, {u"text"_s, block.text}, {u"subtitle"_s, block.subtitle}});
   return list;
 }
 
-void SettingsView::setPage(const QString& page) {
+void SettingsView::setPage(SettingsPage page) {
   if (page_ == page) return;
   page_ = page;
   setMessage({});
@@ -91,7 +87,7 @@ void SettingsView::setConfirmingRemoval(bool confirming) {
 }
 
 void SettingsView::activate(int index) {
-  const QList<SettingsBlock> blocks = settingsPage(page_, model_);
+  const QList<SettingsBlock> blocks = blocksOf(page_, model_);
   if (index >= 0 && index < blocks.size()) run(blocks[index].action);
 }
 
@@ -100,13 +96,13 @@ void SettingsView::run(Action action) {
     case Action::none:
       return;
     case Action::showPlaylists:
-      return setPage(u"Playlists"_s);
+      return setPage(SettingsPage::playlists);
     case Action::showPlayback:
-      return setPage(u"Playback"_s);
+      return setPage(SettingsPage::playback);
     case Action::showGuide:
-      return setPage(u"TV guide"_s);
+      return setPage(SettingsPage::guide);
     case Action::showAbout:
-      return setPage(u"About"_s);
+      return setPage(SettingsPage::about);
     case Action::changeProvider:
       model_.setShowingSettings(false);
       return model_.setShowingConnect(true);
@@ -127,14 +123,14 @@ void SettingsView::run(Action action) {
 }
 
 void SettingsView::back() {
-  if (page_ == settingsMainPage)
+  if (page_ == SettingsPage::main)
     model_.setShowingSettings(false);
   else
-    setPage(settingsMainPage);
+    setPage(SettingsPage::main);
 }
 
 void SettingsView::refreshPlaylists() {
-  for (const LibraryKind kind : allLibraryKinds) model_.load(kind, true);
+  for (const LibraryKind kind : allLibraryKinds) model_.load(kind, LoadMode::refresh);
   setMessage(u"Refresh requested. Your saved library remains available."_s);
 }
 

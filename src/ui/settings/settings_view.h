@@ -28,7 +28,7 @@ class SettingsView final : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(bool shown READ shown NOTIFY shownChanged)
-  Q_PROPERTY(QString page READ page NOTIFY pageChanged)
+  Q_PROPERTY(QString title READ title NOTIFY pageChanged)
   Q_PROPERTY(QString backLabel READ backLabel NOTIFY pageChanged)
   Q_PROPERTY(QString hint READ hint CONSTANT)
   Q_PROPERTY(QString heading READ heading CONSTANT)
@@ -40,7 +40,7 @@ class SettingsView final : public QObject {
   SettingsView(AppModel& model, Opener& opener, SettingsLinks links, QObject* parent = nullptr);
 
   bool shown() const { return shown_; }
-  const QString& page() const { return page_; }
+  QString title() const { return vantor::title(page_); }  // of the page
   QString backLabel() const;
   QString hint() const;
   QString heading() const;
@@ -68,7 +68,7 @@ class SettingsView final : public QObject {
   static QCoro::Task<> disconnectProvider(QPointer<AppModel> model, std::stop_token stop);
   void shownOrHidden();
   void run(SettingsBlock::Action action);
-  void setPage(const QString& page);
+  void setPage(SettingsPage page);
   void setMessage(const QString& message);
   void setConfirmingRemoval(bool confirming);
   void refreshPlaylists();
@@ -78,7 +78,7 @@ class SettingsView final : public QObject {
   Opener& opener_;
   const SettingsLinks links_;
   bool shown_ = false;
-  QString page_;
+  SettingsPage page_ = SettingsPage::main;
   QString message_;
   bool confirmingRemoval_ = false;
   Job removalTask_;

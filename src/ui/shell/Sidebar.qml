@@ -64,7 +64,7 @@ Rectangle {
                 symbol: modelData.symbol
                 font: Style.font(16)
                 textAlignment: Text.AlignLeft
-                selected: sidebar.shell.section === modelData.section
+                selected: sidebar.shell.section === index
                 Accessible.selectable: true
                 Accessible.selected: selected
                 Keys.onUpPressed: if (index > 0)
@@ -73,7 +73,7 @@ Rectangle {
                 Keys.onRightPressed: sidebar.chosen()
                 onClicked: {
                     sidebar.chosen();
-                    sidebar.shell.navigate(modelData.section);
+                    sidebar.shell.navigate(index);
                 }
             }
         }

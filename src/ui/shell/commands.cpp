@@ -66,11 +66,11 @@ void Commands::run(int command) {
     case Act::stop:
       return model_.playback().stop();
     case Act::live:
-      return model_.navigate(rawValue(LibraryKind::live));
+      return model_.navigate(Section::live);
     case Act::movies:
-      return model_.navigate(rawValue(LibraryKind::movies));
+      return model_.navigate(Section::movies);
     case Act::shows:
-      return model_.navigate(rawValue(LibraryKind::shows));
+      return model_.navigate(Section::shows);
     case Act::settings:
       return model_.setShowingSettings(true);
     case Act::quit:

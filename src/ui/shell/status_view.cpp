@@ -19,7 +19,7 @@ StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QOb
 }
 
 QString StatusView::label() const {
-  const QString title = sectionTitle(browsing_);
+  const QString title = sectionTitle(browsing_.section());
   if (browsing_.category().isEmpty()) return u"All "_s + title.toLower();
   const Catalog catalog = browsing_.catalog();
   const auto& categories = catalog.categories();

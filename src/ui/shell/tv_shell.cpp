@@ -11,27 +11,27 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct Section {
-  const char* section;
-  const char* title;
-  const char* symbol;
-};
-
-constexpr std::array sectionTable = {
-    Section{"search", "Search", "magnifyingglass"},
-    Section{"live", "TV", "tv"},
-    Section{"movies", "Movies", "film"},
-    Section{"shows", "Shows", "rectangle.stack"},
-    Section{"favorites", "My list", "bookmark"},
-};
+QString symbolOf(Section section) {
+  switch (section) {
+    case Section::search:
+      return u"magnifyingglass"_s;
+    case Section::favorites:
+      return u"bookmark"_s;
+    case Section::live:
+      return u"tv"_s;
+    case Section::movies:
+      return symbol(LibraryKind::movies);
+    case Section::shows:
+      return symbol(LibraryKind::shows);
+  }
+  return {};
+}
 
 }  // namespace
 
-QString sectionTitle(const Browsing& browsing) {
-  if (const auto kind = browsing.kind()) return title(*kind);
-  for (const Section& known : sectionTable)
-    if (browsing.section() == QLatin1String(known.section)) return QString::fromLatin1(known.title);
-  return u"Vantor"_s;
+QString sectionTitle(Section section) {
+  if (const auto kind = libraryOf(section)) return title(*kind);
+  return section == Section::search ? u"Search"_s : u"My list"_s;
 }
 
 TVShell::TVShell(AppModel& model, QObject* parent)
@@ -39,10 +39,8 @@ TVShell::TVShell(AppModel& model, QObject* parent)
   connect(&model.browsing(), &Browsing::sectionChanged, this, [this] {
     Q_EMIT sectionChanged();
     Q_EMIT refreshEnabledChanged();
-    if (model_.browsing().section() == u"search"_s) Q_EMIT searchFocusRequested();
+    if (model_.browsing().section() == Section::search) Q_EMIT searchFocusRequested();
   });
-  connect(&model.browsing(), &Browsing::selectedChanged, this, &TVShell::selectedNameChanged);
-  connect(this, &TVShell::sectionChanged, this, &TVShell::selectedNameChanged);
   connect(&model.session(), &Session::accountChanged, this, &TVShell::accountChanged);
   connect(&model.session(), &Session::demoChanged, this, &TVShell::accountChanged);
   connect(&model.session(), &Session::accountChanged, this, &TVShell::refreshEnabledChanged);
@@ -55,15 +53,13 @@ TVShell::TVShell(AppModel& model, QObject* parent)
 
 QVariantList TVShell::sections() const {
   QVariantList list;
-  for (const Section& known : sectionTable)
-    list.append(QVariantMap{{u"section"_s, QString::fromLatin1(known.section)},
-                            {u"title"_s, QString::fromLatin1(known.title)},
-                            {u"symbol"_s, QString::fromLatin1(known.symbol)}});
+  for (const Section section : allSections)
+    list.append(QVariantMap{{u"title"_s, sectionTitle(section)}, {u"symbol"_s, symbolOf(section)}});
   return list;
 }
 
-QString TVShell::section() const {
-  return model_.browsing().section();
+int TVShell::section() const {
+  return static_cast<int>(model_.browsing().section());
 }
 
 bool TVShell::showsChannels() const {
@@ -71,16 +67,11 @@ bool TVShell::showsChannels() const {
 }
 
 QString TVShell::title() const {
-  return sectionTitle(model_.browsing());
+  return sectionTitle(model_.browsing().section());
 }
 
 QString TVShell::headerTitle() const {
-  const QString shown = title();
-  return shown == u"TV"_s ? u"Live TV"_s : shown;
-}
-
-QString TVShell::selectedName() const {
-  return model_.browsing().selected() ? model_.browsing().selected()->name : headerTitle();
+  return showsChannels() ? u"Live TV"_s : title();
 }
 
 bool TVShell::searchOffered() const {
@@ -131,12 +122,12 @@ QString TVShell::versionLabel() const {
   return u"Vantor for Mac " VANTOR_VERSION ""_s;
 }
 
-void TVShell::navigate(const QString& section) {
-  model_.navigate(section);
+void TVShell::navigate(int section) {
+  model_.navigate(allSections.at(static_cast<std::size_t>(section)));
 }
 
 void TVShell::refresh() {
-  if (const auto kind = model_.browsing().kind()) model_.load(*kind, true);
+  if (const auto kind = model_.browsing().kind()) model_.load(*kind, LoadMode::refresh);
 }
 
 void TVShell::openFile() {
@@ -169,7 +160,7 @@ void TVShell::escape() {
   else if (model_.browsing().showingEpisodes())
     model_.browsing().setShowingEpisodes(false);
   else
-    model_.navigate(rawValue(LibraryKind::live));
+    model_.navigate(Section::live);
 }
 
 }  // namespace vantor

@@ -4,12 +4,12 @@
 #include <QObject>
 #include <QVariantList>
 
+#include "core/section.h"
 #include "library/media_item.h"
 
 namespace vantor {
 
 class AppModel;
-class Browsing;
 class Playback;
 
 /// The browsing screen around its content: sections, header, notice, footer, keyboard actions and
@@ -19,10 +19,9 @@ class TVShell final : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QVariantList sections READ sections CONSTANT)
-  Q_PROPERTY(QString section READ section NOTIFY sectionChanged)
+  Q_PROPERTY(int section READ section NOTIFY sectionChanged)
   Q_PROPERTY(bool showsChannels READ showsChannels NOTIFY sectionChanged)
   Q_PROPERTY(QString headerTitle READ headerTitle NOTIFY sectionChanged)
-  Q_PROPERTY(QString selectedName READ selectedName NOTIFY selectedNameChanged)
   Q_PROPERTY(bool searchOffered READ searchOffered NOTIFY accountChanged)
   Q_PROPERTY(QString searchPlaceholder READ searchPlaceholder NOTIFY sectionChanged)
   Q_PROPERTY(QString search READ search WRITE setSearch NOTIFY searchChanged)
@@ -41,13 +40,12 @@ class TVShell final : public QObject {
 
   explicit TVShell(AppModel& model, QObject* parent = nullptr);
 
-  /// Maps of "section", "title" and "symbol", top to bottom.
+  /// Maps of "title" and "symbol", top to bottom.
   QVariantList sections() const;
-  QString section() const;
+  int section() const;         // its place in them
   bool showsChannels() const;  // the channel guide, else posters
   QString title() const;
   QString headerTitle() const;
-  QString selectedName() const;  // the header title when nothing is selected
   bool searchOffered() const;
   QString searchPlaceholder() const;
   QString search() const;
@@ -60,7 +58,7 @@ class TVShell final : public QObject {
   QString browseHint() const;
   QString versionLabel() const;
 
-  Q_INVOKABLE void navigate(const QString& section);
+  Q_INVOKABLE void navigate(int section);
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void openFile();
   Q_INVOKABLE void clearNotice();
@@ -80,7 +78,6 @@ class TVShell final : public QObject {
 
  Q_SIGNALS:
   void sectionChanged();
-  void selectedNameChanged();
   void accountChanged();
   void searchChanged();
   void refreshEnabledChanged();
@@ -97,7 +94,7 @@ class TVShell final : public QObject {
   Playback& playback_;
 };
 
-/// The title of the section that the model shows: "TV", "Movies", "Search".
-QString sectionTitle(const Browsing& browsing);
+/// What a section is called: "TV", "Movies", "Search".
+QString sectionTitle(Section section);
 
 }  // namespace vantor

@@ -222,7 +222,7 @@ TEST_F(ChannelViewTest, TheGroupIsTheCategory) {
   open(9);
   EXPECT_EQ(view->groups(), QStringList{u"All channels"_s}) << "the library has no categories";
   QSignalSpy changes(view.get(), &ChannelView::groupsChanged);
-  model->load(LibraryKind::live, true);
+  model->load(LibraryKind::live, LoadMode::refresh);
   settle();
   transport.answer(action(LibraryKind::live), rows(LibraryKind::live, 0, 9));
   transport.answer(categoryAction(LibraryKind::live),

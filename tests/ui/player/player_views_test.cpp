@@ -31,7 +31,7 @@ class PlayerViewsTest : public ::testing::Test {
   test::ManualClock clock;
   Worker worker;
   Folders folders{home.path(), home.path(), home.path()};
-  Playback playback{engine, clock, worker, folders, true};
+  Playback playback{engine, clock, worker, folders, Output::discarded};
   PlayerPane pane{playback};
   TransportControls controls{playback};
 

@@ -29,7 +29,7 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
     shell.reset();
   }
   void load(LibraryKind kind, const QByteArray& body) {
-    shell->navigate(rawValue(kind));
+    model->navigate(sectionOf(kind));
     ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
     transport.answer(action(kind), body);
     transport.answer(categoryAction(kind), "[]");
@@ -59,7 +59,7 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
 
 TEST_F(PosterViewTest, PresentsTheSectionWhenItHasNoEntries) {
   open();
-  shell->navigate(u"favorites"_s);
+  model->navigate(Section::favorites);
   EXPECT_EQ(view->kicker(), u"MY LIST"_s);
   EXPECT_EQ(view->name(), u"My list"_s);
   EXPECT_EQ(view->facts(), QString());
@@ -105,7 +105,7 @@ TEST_F(PosterViewTest, PresentsTheFirstEntryUntilOneIsSelected) {
 
 TEST_F(PosterViewTest, SampleEntriesSaySo) {
   open({u"--demo"_s});
-  shell->navigate(u"shows"_s);
+  model->navigate(Section::shows);
   EXPECT_EQ(view->facts(), u"Preview entry"_s);
   EXPECT_EQ(
       view->description(),
@@ -145,16 +145,16 @@ TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
   EXPECT_EQ(centered, QList<int>{8});
   view->settledOn(60);
   view->settledOn(-1);
-  EXPECT_EQ(model->browsing().browseAnchor(u"movies"_s), u"movies:60"_s)
+  EXPECT_EQ(model->browsing().browseAnchor(Section::movies), u"movies:60"_s)
       << "no entry leaves it unchanged";
 
   load(LibraryKind::shows, rows(LibraryKind::shows, 0, 100));
   EXPECT_EQ(centered.last(), -1) << "a section seen for the first time starts at its top";
   centered.clear();
-  shell->navigate(u"movies"_s);
+  model->navigate(Section::movies);
   EXPECT_EQ(centered, QList<int>{60}) << "not the selection, which was scrolled away from";
   EXPECT_EQ(model->browsing().selected()->id, u"movies:8"_s);
-  EXPECT_EQ(model->browsing().browseAnchor(u"movies"_s), u"movies:60"_s);
+  EXPECT_EQ(model->browsing().browseAnchor(Section::movies), u"movies:60"_s);
 
   model->browsing().setSearch(u"title 8"_s);
   settle();

@@ -45,17 +45,17 @@ TEST_F(SettingsViewTest, EscLeadsFromAPageToTheMainOneAndOut) {
   EXPECT_EQ(view->backLabel(), u"Done"_s);
   for (const QString& page : texts()) {
     activate(page);
-    EXPECT_EQ(view->page(), page);
+    EXPECT_EQ(view->title(), page);
     EXPECT_FALSE(view->blocks().isEmpty());
     EXPECT_EQ(view->backLabel(), u"Back"_s);
     view->back();
-    EXPECT_EQ(view->page(), u"Settings"_s);
+    EXPECT_EQ(view->title(), u"Settings"_s);
   }
   view->back();
   EXPECT_FALSE(app.showingSettings());
   activate(u"Playback"_s);
   app.setShowingSettings(true);
-  EXPECT_EQ(view->page(), u"Settings"_s) << "opens at the main page";
+  EXPECT_EQ(view->title(), u"Settings"_s) << "opens at the main page";
 }
 
 TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {

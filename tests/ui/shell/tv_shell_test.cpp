@@ -53,7 +53,7 @@ TEST_F(TVShellTest, SignedOutItOffersToConnect) {
 TEST_F(TVShellTest, EachSectionHasItsTexts) {
   open({u"--demo"_s});
   struct Case {
-    const char16_t* section;
+    Section section;
     const char16_t* title;
     const char16_t* placeholder;
     const char16_t* label;
@@ -61,16 +61,15 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
     bool refresh;
   };
   const Case cases[] = {
-      {u"search", u"Search", u"Search Search", u"All search", u"18 items", false},
-      {u"live", u"Live TV", u"Search TV", u"All tv", u"6 items", true},
-      {u"movies", u"Movies", u"Search Movies", u"All movies", u"6 items", true},
-      {u"shows", u"Shows", u"Search Shows", u"All shows", u"6 items", true},
-      {u"favorites", u"My list", u"Search My list", u"All my list", u"0 items", false},
-      {u"other", u"Vantor", u"Search Vantor", u"All vantor", u"0 items", false},
+      {Section::search, u"Search", u"Search Search", u"All search", u"18 items", false},
+      {Section::live, u"Live TV", u"Search TV", u"All tv", u"6 items", true},
+      {Section::movies, u"Movies", u"Search Movies", u"All movies", u"6 items", true},
+      {Section::shows, u"Shows", u"Search Shows", u"All shows", u"6 items", true},
+      {Section::favorites, u"My list", u"Search My list", u"All my list", u"0 items", false},
   };
   for (const Case& example : cases) {
-    const QString section = QString::fromUtf16(example.section);
-    shell->navigate(section);
+    shell->navigate(static_cast<int>(example.section));
+    EXPECT_EQ(model->browsing().section(), example.section);
     EXPECT_EQ(shell->headerTitle(), QString::fromUtf16(example.title));
     EXPECT_EQ(shell->searchPlaceholder(), QString::fromUtf16(example.placeholder));
     EXPECT_EQ(status->label(), QString::fromUtf16(example.label));
@@ -79,7 +78,7 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
     EXPECT_FALSE(shell->refreshEnabled()) << "the preview library has nothing to refresh";
   }
   EXPECT_EQ(shell->accountLabel(), u"Preview library · No content included"_s);
-  shell->navigate(u"movies"_s);
+  model->navigate(Section::movies);
   model->setCategory(u"2"_s);
   EXPECT_EQ(status->label(), u"Discover"_s);
   model->setCategory(u"unknown"_s);
@@ -93,7 +92,7 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
 
 TEST_F(TVShellTest, EscStepsBackOneThingAtATime) {
   open({u"--demo"_s});
-  shell->navigate(u"shows"_s);
+  model->navigate(Section::shows);
   model->browsing().setShowingEpisodes(true);
   model->playback().setExpanded(true);
   shell->escape();
@@ -101,29 +100,29 @@ TEST_F(TVShellTest, EscStepsBackOneThingAtATime) {
   EXPECT_TRUE(model->browsing().showingEpisodes());
   shell->escape();
   EXPECT_FALSE(model->browsing().showingEpisodes());
-  EXPECT_EQ(shell->section(), u"shows"_s);
+  EXPECT_EQ(model->browsing().section(), Section::shows);
   shell->escape();
-  EXPECT_EQ(shell->section(), u"live"_s);
+  EXPECT_EQ(model->browsing().section(), Section::live);
 }
 
 TEST_F(TVShellTest, ChangesOfSectionAndSelectionResetWhatBelongsToThem) {
   open({u"--demo"_s});
   int searchFocus = 0;
   QObject::connect(shell.get(), &TVShell::searchFocusRequested, [&] { ++searchFocus; });
-  shell->navigate(u"shows"_s);
+  model->navigate(Section::shows);
   model->browsing().setShowingEpisodes(true);
   model->browsing().setEpisodeSeason(3);
   shell->selectRow(1);
   EXPECT_EQ(model->browsing().episodeSeason(), 0);
   EXPECT_TRUE(model->browsing().showingEpisodes());
-  shell->navigate(u"search"_s);
+  model->navigate(Section::search);
   EXPECT_FALSE(model->browsing().showingEpisodes());
   EXPECT_EQ(searchFocus, 1);
 }
 
 TEST_F(TVShellTest, ArrowKeysMoveTheHighlightWithinTheEntries) {
   open({u"--demo"_s});
-  shell->navigate(u"movies"_s);
+  model->navigate(Section::movies);
   struct Case {
     Direction direction;
     int columns;
@@ -156,7 +155,7 @@ TEST_F(TVShellTest, ReturnPlaysAnEntryAndOpensAShow) {
   shell->openRow(2);
   settle();
   EXPECT_EQ(model->playback().itemID(), u"live:3"_s);
-  shell->navigate(u"shows"_s);
+  model->navigate(Section::shows);
   ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::shows)) == 1; }));
   transport.answer(action(LibraryKind::shows), rows(LibraryKind::shows, 7, 1));
   transport.answer(categoryAction(LibraryKind::shows), "[]");
@@ -181,7 +180,7 @@ TEST_F(TVShellTest, RefreshIsOfferedWhileNothingLoads) {
   ASSERT_TRUE(eventually([&] { return shell->refreshEnabled(); }));
   EXPECT_EQ(status->error(), u"The provider returned an unreadable library."_s);
   EXPECT_EQ(status->count(), u"3 items"_s);
-  shell->navigate(u"favorites"_s);
+  model->navigate(Section::favorites);
   EXPECT_EQ(status->error(), QString());
 }
 
@@ -209,7 +208,7 @@ TEST_F(TVShellTest, CommandsRun) {
                                            {u"Shows"_s, u"Ctrl+3"_s},
                                            {u"Quit"_s, u"Ctrl+Q"_s}}));
   run(u"Movies"_s);
-  EXPECT_EQ(model->browsing().section(), u"movies"_s);
+  EXPECT_EQ(model->browsing().section(), Section::movies);
   run(u"Connect Provider…"_s);
   EXPECT_TRUE(model->showingConnect());
   run(u"Settings…"_s);
@@ -217,10 +216,11 @@ TEST_F(TVShellTest, CommandsRun) {
   run(u"Open Media File…"_s);
   settle();
   EXPECT_EQ(filePanel.shown, 1);
+  model->playback().play({.title = u"Film"_s, .id = u"f"_s});
   run(u"Play / Pause"_s);
   EXPECT_TRUE(model->playback().paused());
   run(u"Stop"_s);
-  EXPECT_FALSE(model->playback().paused());
+  EXPECT_EQ(model->playback().state(), PlaybackState::idle);
   run(u"Quit"_s);
   EXPECT_EQ(quits, 1);
 }
@@ -238,10 +238,10 @@ TEST_F(TVShellTest, CategoriesFollowTheSection) {
   categories.choose(2);
   EXPECT_EQ(model->browsing().category(), u"2"_s);
   EXPECT_EQ(categories.currentRow(), 2);
-  shell->navigate(u"movies"_s);
+  model->navigate(Section::movies);
   EXPECT_EQ(name(0), u"All movies"_s);
   EXPECT_EQ(categories.currentRow(), 0);
-  shell->navigate(u"favorites"_s);
+  model->navigate(Section::favorites);
   EXPECT_FALSE(categories.offered());
 }
 

@@ -57,7 +57,7 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
     EXPECT_EQ(quits.count(), 1);
     quits.clear();
     press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(app->browsing().section(), u"live"_s) << "the screen behind stays";
+    EXPECT_EQ(app->browsing().section(), Section::live) << "the screen behind stays";
 
     EXPECT_EQ(cursorAt({window->width() - 2, 400}), Qt::SizeHorCursor);
     EXPECT_EQ(cursorAt({400, window->height() - 2}), Qt::SizeVerCursor);

@@ -22,13 +22,11 @@ using test::WindowTest;
 /// From every section to every section, with lists of every length on either side.
 TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
   open();
-  const QStringList sections = {u"live"_s, u"movies"_s, u"shows"_s, u"favorites"_s, u"search"_s};
-  const auto go = [&](const QString& section) {
-    const auto key = sections.indexOf(section);
-    if (key < 3)
-      press(static_cast<Qt::Key>(Qt::Key_1 + key), Qt::ControlModifier);
+  const auto go = [&](Section section) {
+    if (const auto kind = libraryOf(section))
+      press(static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(*kind)), Qt::ControlModifier);
     else
-      views->shell()->navigate(section);
+      app->navigate(section);
     QTest::qWait(0);
     EXPECT_EQ(app->browsing().section(), section);
     EXPECT_EQ(static_cast<std::size_t>(views->items()->rowCount()), app->browsing().items().size());
@@ -36,7 +34,8 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
   };
   const auto walk = [&] {
     // Every ordered pair of two sections, one after the other.
-    for (const char section : QByteArray("012340241303142043210")) go(sections[section - '0']);
+    for (const char section : QByteArray("012340241303142043210"))
+      go(allSections.at(static_cast<std::size_t>(section - '0')));
   };
   const std::vector<std::pair<int, int>> lengths = {{60, 60}, {60, -1}, {1, 0},
                                                     {0, 60},  {-1, 1},  {1, 60}};
@@ -51,7 +50,7 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
     provide(LibraryKind::live, channels);
     provide(LibraryKind::movies, movies);
     provide(LibraryKind::shows, movies / 2);
-    for (const QString& from : sections) {
+    for (const Section from : allSections) {
       go(from);
       connectAccount(account);
       transport.answer(QString(), acceptedSignIn());
@@ -61,7 +60,7 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
     walk();
     ASSERT_TRUE(test::eventually([&] { return app->libraries().loading().empty(); }));
     walk();
-    for (const QString& section : {sections[0], sections[1]}) {
+    for (const Section section : {Section::live, Section::movies}) {
       go(section);
       app->setCategory(u"9"_s);
       walk();
@@ -73,7 +72,7 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
       if (const auto loaded = app->libraries().catalogs().find(kind);
           loaded != app->libraries().catalogs().end() && loaded->second.size() > 0)
         app->favorite(loaded->second.item(0));
-    go(sections[static_cast<int>(channels > 1) + 2]);
+    go(channels > 1 ? Section::favorites : Section::shows);
     disconnectAccount();
     ASSERT_TRUE(
         test::eventually([&] { return !app->session().account() && !app->session().busy(); }));
@@ -96,14 +95,14 @@ TEST_F(WindowTest, OnlyMovementRepeats) {
   hold(Qt::Key_F10);
   EXPECT_TRUE(find("startsMenu", true));
   hold(Qt::Key_Escape);
-  QSignalSpy opened(&app->playback(), &Playback::loadingChanged);
+  QSignalSpy opened(&app->playback(), &Playback::stateChanged);
   hold(Qt::Key_Return);
   EXPECT_EQ(app->playback().itemID(), u"live:5"_s);
   EXPECT_EQ(opened.size(), 1);
   app->setShowingSettings(true);
   QTest::qWait(0);
   hold(Qt::Key_Return);
-  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s) << "one page at a time";
+  EXPECT_EQ(views->settingsView()->title(), u"Playlists"_s) << "one page at a time";
   hold(Qt::Key_Escape);
   EXPECT_TRUE(app->showingSettings());
 }
@@ -173,7 +172,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   ASSERT_TRUE(window->activeFocusItem());
   EXPECT_TRUE(window->activeFocusItem()->activeFocusOnTab()) << "an empty section has keys too";
   press(Qt::Key_Escape);
-  EXPECT_EQ(app->browsing().section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), Section::live);
 }
 
 /// What was pressed is gone afterwards, or what had the keys was made anew.
@@ -230,7 +229,7 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
     EXPECT_NE(window->activeFocusItem()->property("text"), back);
     if (back == u"Done"_s) press(Qt::Key_Return);
   }
-  ASSERT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  ASSERT_EQ(views->settingsView()->title(), u"Playlists"_s);
   press(Qt::Key_Down);
   const QString row = window->activeFocusItem()->property("title").toString();
   ASSERT_NE(row, QString());
@@ -391,7 +390,7 @@ TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
   press(Qt::Key_Return);
   EXPECT_EQ(selectedID(), u"movies:example-4"_s);
   press(Qt::Key_Escape);
-  EXPECT_EQ(app->browsing().section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), Section::live);
 }
 
 TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
@@ -406,9 +405,9 @@ TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
     const QString help = item->property("help").toString();
     reached.append(help.isEmpty() ? item->property("text").toString() : help);
     if (reached.last() == u"Movies"_s) press(Qt::Key_Space);
-    if (app->browsing().section() == u"movies"_s) break;
+    if (app->browsing().section() == Section::movies) break;
   }
-  EXPECT_EQ(app->browsing().section(), u"movies"_s);
+  EXPECT_EQ(app->browsing().section(), Section::movies);
   // Entering a section gives the keys to its list.
   press(Qt::Key_Right);
   EXPECT_EQ(selectedID(), u"movies:example-1"_s);
@@ -431,12 +430,12 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   press(Qt::Key_Escape);
   EXPECT_EQ(window->activeFocusItem(), before);
   EXPECT_FALSE(find("keysText", u"Ctrl+3"_s));
-  EXPECT_EQ(app->browsing().section(), u"live"_s);
+  EXPECT_EQ(app->browsing().section(), Section::live);
   press(Qt::Key_F10);
   click(find("keysText", u"Ctrl+3"_s));
-  EXPECT_EQ(app->browsing().section(), u"shows"_s);
+  EXPECT_EQ(app->browsing().section(), Section::shows);
   press(Qt::Key_2, Qt::ControlModifier);
-  EXPECT_EQ(app->browsing().section(), u"movies"_s);
+  EXPECT_EQ(app->browsing().section(), Section::movies);
 }
 
 TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
@@ -445,11 +444,11 @@ TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
   ASSERT_TRUE(app->showingSettings());
   press(Qt::Key_Down);
   press(Qt::Key_Return);
-  EXPECT_EQ(views->settingsView()->page(), u"Playback"_s);
+  EXPECT_EQ(views->settingsView()->title(), u"Playback"_s);
   press(Qt::Key_Escape);
-  EXPECT_EQ(views->settingsView()->page(), u"Settings"_s);
+  EXPECT_EQ(views->settingsView()->title(), u"Settings"_s);
   press(Qt::Key_Return);
-  EXPECT_EQ(views->settingsView()->page(), u"Playlists"_s);
+  EXPECT_EQ(views->settingsView()->title(), u"Playlists"_s);
   press(Qt::Key_Up);
   press(Qt::Key_Up);
   press(Qt::Key_Escape);

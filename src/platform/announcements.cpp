@@ -1,4 +1,4 @@
-#include "core/announcements.h"
+#include "platform/announcements.h"
 
 #include <algorithm>
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "library/library_kind.h"
+
+namespace vantor {
+
+/// What the sidebar leads to, top to bottom.
+enum class Section : unsigned char { search, live, movies, shows, favorites };
+
+inline constexpr std::array allSections = {Section::search, Section::live, Section::movies,
+                                           Section::shows, Section::favorites};
+
+/// The library that the section shows; absent when it shows entries of every library.
+constexpr std::optional<LibraryKind> libraryOf(Section section) {
+  switch (section) {
+    case Section::live:
+      return LibraryKind::live;
+    case Section::movies:
+      return LibraryKind::movies;
+    case Section::shows:
+      return LibraryKind::shows;
+    case Section::search:
+    case Section::favorites:
+      break;
+  }
+  return std::nullopt;
+}
+
+constexpr Section sectionOf(LibraryKind kind) {
+  switch (kind) {
+    case LibraryKind::movies:
+      return Section::movies;
+    case LibraryKind::shows:
+      return Section::shows;
+    case LibraryKind::live:
+      break;
+  }
+  return Section::live;
+}
+
+}  // namespace vantor

@@ -1,0 +1,13 @@
+#include "provider/stream_extension.h"
+
+namespace vantor {
+
+QString streamExtension(const MediaItem& item, const std::optional<ProviderDetails>& subscription) {
+  const bool transportStreamOnly = subscription &&
+                                   subscription->formats.contains(QLatin1String("ts")) &&
+                                   !subscription->formats.contains(QLatin1String(liveExtension));
+  return item.kind == LibraryKind::live && transportStreamOnly ? QStringLiteral("ts")
+                                                               : item.fileExtension;
+}
+
+}  // namespace vantor
