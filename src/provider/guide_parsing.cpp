@@ -15,11 +15,11 @@ QString shownText(const std::string& text) {
 }
 
 /// The fields of one row; the strings keep their room from row to row.
-struct Row {
+struct Programme {
   std::string title, description, start, end;
 };
 
-void readRow(simdjson::ondemand::object object, Row& row) {
+void readRow(simdjson::ondemand::object object, Programme& row) {
   for (std::string* text : {&row.title, &row.description, &row.start, &row.end}) text->clear();
   forEachField(object, [&](std::string_view key, simdjson::ondemand::value value) {
     std::string* const text = key == "title"             ? &row.title
@@ -38,7 +38,7 @@ void readRow(simdjson::ondemand::object object, Row& row) {
 GuideEntries readListings(simdjson::ondemand::array listings, const QString& channelID,
                           const std::stop_token& stop) {
   GuideEntries entries;
-  Row row;
+  Programme row;
   int position = -1;
   const bool wellShaped = forEachObject(listings, [&](simdjson::ondemand::object listing) {
     throwIfStopped(stop);

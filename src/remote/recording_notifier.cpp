@@ -13,8 +13,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kName = u"org.freedesktop.Notifications"_s;
-const QString kPath = u"/org/freedesktop/Notifications"_s;
+const QString kNotifications = u"org.freedesktop.Notifications"_s;
+const QString kNotificationsPath = u"/org/freedesktop/Notifications"_s;
 const QString kFinish = u"finish"_s;
 
 }  // namespace
@@ -27,7 +27,8 @@ void RecordingNotifier::useBus(const QDBusConnection& bus, const QString& applic
   bus_ = bus;
   application_ = application;
   // With a sender's name the connection would wait to hear who that is.
-  bus_->connect(QString(), kPath, kName, u"ActionInvoked"_s, this, SLOT(onAction(uint, QString)));
+  bus_->connect(QString(), kNotificationsPath, kNotifications, u"ActionInvoked"_s, this,
+                SLOT(onAction(uint, QString)));
 }
 
 void RecordingNotifier::notify() {
@@ -38,7 +39,8 @@ void RecordingNotifier::notify() {
   if (playback_.recording().stage() == Recording::Stage::running)
     actions = {kFinish, u"Stop Recording"_s};
   constexpr int kAsLongAsUsual = -1;
-  QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, kName, u"Notify"_s);
+  QDBusMessage message = QDBusMessage::createMethodCall(kNotifications, kNotificationsPath,
+                                                        kNotifications, u"Notify"_s);
   message << u"Vantor Player"_s << shown_ << application_ << u"Recording"_s
           << playback_.recording().notice().value_or(QString()) << actions
           << QVariantMap{{u"desktop-entry"_s, application_}} << kAsLongAsUsual;
