@@ -154,34 +154,34 @@ TEST_F(DetailsTest, The129thGuideOfASelectionStartsTheCacheAfresh) {
 }
 
 /// What replaces the selection of show 1 while its episodes are on their way.
-enum class Change { otherShow, sameShow, movie, navigate, disconnect, connect, destroy };
+enum class Departure { otherShow, sameShow, movie, navigate, disconnect, connect, destroy };
 
 class StaleDetailsTest : public DetailsTest,
-                         public ::testing::WithParamInterface<std::tuple<Change, bool>> {
+                         public ::testing::WithParamInterface<std::tuple<Departure, bool>> {
  protected:
-  const Change kind = std::get<Change>(GetParam());
+  const Departure kind = std::get<Departure>(GetParam());
   const bool fails = std::get<bool>(GetParam());
 
   void change() {
     switch (kind) {
-      case Change::otherShow:
+      case Departure::otherShow:
         return select(show(2));
-      case Change::sameShow:
+      case Departure::sameShow:
         return select(show(1));
-      case Change::movie:
+      case Departure::movie:
         return select(entry(LibraryKind::movies, 1));
-      case Change::navigate:
+      case Departure::navigate:
         return app.navigate(Section::favorites);
-      case Change::disconnect:
+      case Departure::disconnect:
         disconnectAccount();
         ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
         return;
-      case Change::connect:
+      case Departure::connect:
         connectAccount(account);
         transport.answer(QString(), acceptedSignIn());
         ASSERT_TRUE(eventually([&] { return signInOver; }));
         return;
-      case Change::destroy:
+      case Departure::destroy:
         model.reset();
     }
   }
@@ -195,7 +195,7 @@ class StaleDetailsTest : public DetailsTest,
   }
   void expectNothingOfShowOne() {
     if (!model) return;
-    const bool loadsAnew = kind == Change::otherShow || kind == Change::sameShow;
+    const bool loadsAnew = kind == Departure::otherShow || kind == Departure::sameShow;
     EXPECT_TRUE(app.details().episodes().isEmpty());
     EXPECT_EQ(app.details().detailsError(), std::nullopt);
     EXPECT_EQ(app.details().detailsLoading(), loadsAnew);
@@ -204,7 +204,7 @@ class StaleDetailsTest : public DetailsTest,
       ASSERT_TRUE(loaded());
       EXPECT_EQ(firstTitle(), QStringLiteral("new"));
     }
-    if (!app.session().account() || kind == Change::sameShow) return;
+    if (!app.session().account() || kind == Departure::sameShow) return;
     app.select(show(1));
     EXPECT_TRUE(app.details().detailsLoading()) << "the late answer is not in the cache";
   }
@@ -222,7 +222,7 @@ TEST_P(StaleDetailsTest, ALateResultChangesNothing) {
   };
   // What changes at once can come while the answer is under way; the others take turns of their
   // own.
-  const bool atOnce = kind != Change::connect && kind != Change::disconnect;
+  const bool atOnce = kind != Departure::connect && kind != Departure::disconnect;
   if (atOnce) settleRequest();
   change();
   if (!atOnce) {
@@ -236,7 +236,7 @@ TEST_P(StaleDetailsTest, ALateResultChangesNothing) {
 
 TEST_P(StaleDetailsTest, AnAnswerThatIsBeingReadChangesNothing) {
   // A sign-in is itself read on the thread that is held here.
-  if (kind == Change::connect) return;
+  if (kind == Departure::connect) return;
   select(show(1));
   QSemaphore gate;
   const auto held = worker.run([&gate] { gate.acquire(); });
@@ -248,20 +248,21 @@ TEST_P(StaleDetailsTest, AnAnswerThatIsBeingReadChangesNothing) {
   expectNothingOfShowOne();
 }
 
-std::string changeName(const ::testing::TestParamInfo<std::tuple<Change, bool>>& info) {
+std::string departureName(const ::testing::TestParamInfo<std::tuple<Departure, bool>>& info) {
   static constexpr const char* names[] = {"OtherShow",  "SameShow", "Movie",  "Navigate",
                                           "Disconnect", "Connect",  "Destroy"};
-  return names[static_cast<int>(std::get<Change>(info.param))] +
+  return names[static_cast<int>(std::get<Departure>(info.param))] +
          std::string(std::get<bool>(info.param) ? "BeforeAFailure" : "BeforeAnAnswer");
 }
 
-INSTANTIATE_TEST_SUITE_P(Changes, StaleDetailsTest,
-                         ::testing::Combine(::testing::Values(Change::otherShow, Change::sameShow,
-                                                              Change::movie, Change::navigate,
-                                                              Change::disconnect, Change::connect,
-                                                              Change::destroy),
-                                            ::testing::Bool()),
-                         changeName);
+INSTANTIATE_TEST_SUITE_P(
+    Departures, StaleDetailsTest,
+    ::testing::Combine(::testing::Values(Departure::otherShow, Departure::sameShow,
+                                         Departure::movie, Departure::navigate,
+                                         Departure::disconnect, Departure::connect,
+                                         Departure::destroy),
+                       ::testing::Bool()),
+    departureName);
 
 }  // namespace
 }  // namespace vantor

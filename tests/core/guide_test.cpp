@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 using test::eventually;
 using test::settle;
 
-const QString guideRequest = QStringLiteral("get_short_epg");
+const QString shortGuide = QStringLiteral("get_short_epg");
 
 QByteArray programme(const char* title) {
   return QByteArray("{\"epg_listings\":[{\"title\":\"") + title +
@@ -28,8 +28,8 @@ class GuideTest : public ::testing::Test, protected test::ModelFixture {
   AppModel& app = launch();
 
   void SetUp() override { signIn(rows(LibraryKind::live, 0, 200)); }
-  int requests() const { return transport.requests(guideRequest); }
-  int open() const { return transport.open(guideRequest); }
+  int requests() const { return transport.requests(shortGuide); }
+  int open() const { return transport.open(shortGuide); }
   void prefetch(int number) {
     app.guide().prefetchGuide(channel(number));
     settle();
@@ -43,12 +43,12 @@ class GuideTest : public ::testing::Test, protected test::ModelFixture {
   /// Fetches a channel's guide whole, from request to cache.
   void fetch(int number, const char* title = "a b") {
     prefetch(number);
-    ASSERT_TRUE(transport.answer(guideRequest, programme(title)));
+    ASSERT_TRUE(transport.answer(shortGuide, programme(title)));
     ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
   }
   void failFetch(int number) {
     prefetch(number);
-    ASSERT_TRUE(transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500))));
+    ASSERT_TRUE(transport.fail(shortGuide, std::make_exception_ptr(HTTPFailure(500))));
     settle();
   }
 };
@@ -57,7 +57,7 @@ TEST_F(GuideTest, AsksOnceInFiveMinutes) {
   prefetch(1);
   prefetch(1);
   EXPECT_EQ(requests(), 1);
-  transport.answer(guideRequest, programme("a b"));
+  transport.answer(shortGuide, programme("a b"));
   ASSERT_TRUE(eventually([&] { return titleOf(1) == QStringLiteral("a b"); }));
   for (const auto& [passed, asks] : {std::pair{200s, 1}, {100s, 1}, {1s, 2}}) {
     clock.advance(passed);
@@ -81,10 +81,10 @@ TEST_F(GuideTest, MarksAFailureUntilTheNextSuccess) {
 
 TEST_F(GuideTest, RunsTwentyFourFetches) {
   for (int number = 0; number < 25; ++number) prefetch(number);
-  transport.answer(guideRequest, programme("a b"));
+  transport.answer(shortGuide, programme("a b"));
   ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(0).id).has_value(); }));
-  transport.always(guideRequest, programme("x y"));
-  transport.answer(guideRequest, programme("x y"));
+  transport.always(shortGuide, programme("x y"));
+  transport.answer(shortGuide, programme("x y"));
   for (int number = 1; number < 24; ++number)
     ASSERT_TRUE(eventually([&] {
       clock.advance(100ms);
@@ -112,7 +112,7 @@ TEST_F(GuideTest, TheChannelCheckedLongestAgoMakesRoom) {
 }
 
 TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
-  transport.always(guideRequest, programme("a b"));
+  transport.always(shortGuide, programme("a b"));
   for (int number = 0; number < 128; ++number) {
     prefetch(number);
     ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
@@ -121,7 +121,7 @@ TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
     clock.set(set);
     const int before = requests();
     const QString title = QStringLiteral("set %1").arg(set.count());
-    transport.always(guideRequest, programme(qPrintable(title)));
+    transport.always(shortGuide, programme(qPrintable(title)));
     for (int round = 0; round < 3; ++round) {
       for (const int number : {3, 200, 201, 202}) prefetch(number);
       EXPECT_TRUE(eventually([&] {
@@ -135,7 +135,7 @@ TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
 }
 
 TEST_F(GuideTest, AGuideTooManyLetsTheOthersBeAskedForAgain) {
-  transport.always(guideRequest, programme("a b"));
+  transport.always(shortGuide, programme("a b"));
   for (int number = 0; number < 128; ++number) {
     prefetch(number);
     ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
@@ -159,8 +159,8 @@ TEST_F(GuideTest, TheChannelThatAHeldKeyStopsAtGetsItsGuide) {
   prefetch(41);
   EXPECT_FALSE(app.details().detailsError().has_value());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.always(guideRequest, programme("a b"));
-  while (transport.answer(guideRequest, programme("a b"))) settle();
+  transport.always(shortGuide, programme("a b"));
+  while (transport.answer(shortGuide, programme("a b"))) settle();
   EXPECT_TRUE(eventually([&] {
     clock.advance(100ms);
     return !app.guide().guide().isEmpty() && app.guide().guideOf(channel(41).id).has_value();
@@ -172,7 +172,7 @@ TEST_F(GuideTest, TheChannelThatAHeldKeyStopsAtGetsItsGuide) {
 TEST_F(GuideTest, ALaterSuccessTakesTheErrorAway) {
   app.select(channel(1));
   settle();
-  transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
+  transport.fail(shortGuide, std::make_exception_ptr(HTTPFailure(500)));
   ASSERT_TRUE(eventually([&] { return app.details().detailsError().has_value(); }));
   fetch(1);
   EXPECT_FALSE(app.details().detailsError().has_value());
@@ -184,7 +184,7 @@ TEST_F(GuideTest, ReachesTheSelectedChannel) {
   settle();
   prefetch(1);
   EXPECT_EQ(requests(), 1) << "both wait for one request";
-  transport.answer(guideRequest, programme("a b"));
+  transport.answer(shortGuide, programme("a b"));
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
   ASSERT_EQ(app.guide().guide().size(), 1);
   EXPECT_EQ(app.guide().guide().at(0).title, QStringLiteral("a b"));
@@ -204,7 +204,7 @@ TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
   EXPECT_FALSE(app.guide().guideFailed(channel(2).id));
   EXPECT_TRUE(app.guide().guide().isEmpty());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.answer(guideRequest, programme("c d"));
+  transport.answer(shortGuide, programme("c d"));
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
   EXPECT_EQ(titleOf(1), QStringLiteral("c d"));
   fetch(3);
@@ -233,28 +233,28 @@ TEST_F(GuideTest, NothingIsFetchedWithoutAProvider) {
   EXPECT_EQ(requests(), 0);
 }
 
-enum class Change { refresh, connect, disconnect, destroy };
+enum class GuideChange { refresh, connect, disconnect, destroy };
 
 /// What ends the world of a guide's fetch; whether that is a selection's; whether its request is
 /// open already.
 class StaleGuideTest : public GuideTest,
-                       public ::testing::WithParamInterface<std::tuple<Change, bool, bool>> {
+                       public ::testing::WithParamInterface<std::tuple<GuideChange, bool, bool>> {
  protected:
   void makeChange() {
-    switch (std::get<Change>(GetParam())) {
-      case Change::refresh:
+    switch (std::get<GuideChange>(GetParam())) {
+      case GuideChange::refresh:
         app.refreshGuide();
         break;
-      case Change::connect:
+      case GuideChange::connect:
         connectAccount(account);
         transport.answer(QString(), acceptedSignIn());
         ASSERT_TRUE(eventually([&] { return signInOver; }));
         break;
-      case Change::disconnect:
+      case GuideChange::disconnect:
         disconnectAccount();
         ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
         break;
-      case Change::destroy:
+      case GuideChange::destroy:
         model.reset();
         break;
     }
@@ -283,14 +283,14 @@ TEST_P(StaleGuideTest, AppliesNothing) {
   EXPECT_EQ(titleOf(1), QStringLiteral("unknown"));
   EXPECT_TRUE(app.guide().guide().isEmpty());
   EXPECT_FALSE(app.guide().guideFailed(channel(1).id) || app.guide().guideFailed(channel(9).id));
-  const bool selectedAgain = ofSelection && change == Change::refresh;
+  const bool selectedAgain = ofSelection && change == GuideChange::refresh;
   EXPECT_EQ(app.details().detailsLoading(), selectedAgain);
   if (!app.session().account()) return;
   fetch(1, "new one");
   EXPECT_EQ(titleOf(1), QStringLiteral("new one")) << "the new world is not hindered";
 }
 
-std::string changeName(const ::testing::TestParamInfo<StaleGuideTest::ParamType>& info) {
+std::string guideChangeName(const ::testing::TestParamInfo<StaleGuideTest::ParamType>& info) {
   static constexpr const char* changes[] = {"Refresh", "Connect", "Disconnect", "Destroy"};
   const auto [change, ofSelection, requested] = info.param;
   return std::string(changes[static_cast<int>(change)]) +
@@ -298,11 +298,12 @@ std::string changeName(const ::testing::TestParamInfo<StaleGuideTest::ParamType>
          (requested ? "DuringItsRequest" : "BeforeItBegins");
 }
 
-INSTANTIATE_TEST_SUITE_P(Changes, StaleGuideTest,
-                         ::testing::Combine(::testing::Values(Change::refresh, Change::connect,
-                                                              Change::disconnect, Change::destroy),
-                                            ::testing::Bool(), ::testing::Bool()),
-                         changeName);
+INSTANTIATE_TEST_SUITE_P(
+    Changes, StaleGuideTest,
+    ::testing::Combine(::testing::Values(GuideChange::refresh, GuideChange::connect,
+                                         GuideChange::disconnect, GuideChange::destroy),
+                       ::testing::Bool(), ::testing::Bool()),
+    guideChangeName);
 
 }  // namespace
 }  // namespace vantor

@@ -8,7 +8,7 @@
 namespace vantor {
 namespace {
 
-const QString channel = QStringLiteral("live:7");
+const QString channelID = QStringLiteral("live:7");
 
 QString ids(const GuideEntries& entries) {
   QStringList list;
@@ -22,7 +22,7 @@ TEST(Guide, ReadsTimesAndTexts) {
           {"title":"VGhlIE5ld3M=","description":"w6k=","start_timestamp":"1800000000",
            "stop_timestamp":1800000060.5},
           {"title":"The News","start_timestamp":1700000000,"stop_timestamp":"1700000001"}]})",
-      channel);
+      channelID);
   ASSERT_EQ(entries.size(), 2);
   EXPECT_EQ(entries[0].title, QStringLiteral("The News"));
   EXPECT_EQ(entries[0].description, QStringLiteral("\u00e9"));
@@ -40,7 +40,7 @@ TEST(Guide, SkipsRowsWithoutUsableTimesAndCountsThem) {
           {"start_timestamp":"1 ","stop_timestamp":5},{"start_timestamp":null,"stop_timestamp":5},
           {"stop_timestamp":5},{},{"start_timestamp":"nan","stop_timestamp":5},
           {"start_timestamp":-1.5,"stop_timestamp":true}]})",
-      channel);
+      channelID);
   EXPECT_EQ(ids(entries), QStringLiteral("live:7:8"));
 }
 
@@ -49,7 +49,7 @@ TEST(Guide, TimesMayLieFarAway) {
       R"({"epg_listings":[{"start_timestamp":-32503680000,"stop_timestamp":32503680000.5},
           {"start_timestamp":-1e300,"stop_timestamp":1e300},
           {"start_timestamp":9223372036.8547755,"stop_timestamp":99999999999999999999}]})",
-      channel);
+      channelID);
   ASSERT_EQ(ids(entries), QStringLiteral("live:7:0 live:7:1 live:7:2"));
   EXPECT_EQ(entries[0].start.time_since_epoch(), std::chrono::seconds(-32'503'680'000));
   EXPECT_EQ(entries[0].end.time_since_epoch(), std::chrono::milliseconds(32'503'680'000'500));
@@ -61,9 +61,9 @@ TEST(Guide, OnlyWhatIsNotJSONFails) {
   for (const char* shape :
        {"[]", "{}", R"({"epg_listings":{}})", R"({"epg_listings":"x"})", R"([{"epg_listings":[]}])",
         R"({"epg_listings":[{"start_timestamp":1,"stop_timestamp":2},7]})"})
-    EXPECT_TRUE(parseGuide(shape, channel).isEmpty()) << shape;
+    EXPECT_TRUE(parseGuide(shape, channelID).isEmpty()) << shape;
   for (const char* damage : {"", "no", "7", R"({"epg_listings":[)", R"({"epg_listings":[]}})"})
-    EXPECT_THROW(parseGuide(damage, channel), JSONError) << damage;
+    EXPECT_THROW(parseGuide(damage, channelID), JSONError) << damage;
 }
 
 TEST(Base64Text, IsDecodedOnlyInItsExactForm) {
