@@ -2,6 +2,10 @@
 add_library(vantor_settings INTERFACE)
 target_compile_options(vantor_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
                                                  -Wno-missing-field-initializers)
+if(CMAKE_UNITY_BUILD)
+  # GCC takes the sources that are compiled together for headers.
+  target_compile_options(vantor_settings INTERFACE -Wno-subobject-linkage)
+endif()
 target_compile_definitions(vantor_settings INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS
                                                      QT_NO_FOREACH)
 target_include_directories(vantor_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
