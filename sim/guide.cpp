@@ -4,7 +4,7 @@
 
 #include <ctime>
 
-#include "sim/json_text.h"
+#include "sim/json_writer.h"
 #include "sim/names.h"
 
 namespace sim {
@@ -27,42 +27,41 @@ std::string dateAndTime(long long seconds) {
   return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts)};
 }
 
-void appendProgramme(std::string& json, int channel, long long start, long long end) {
+void writeProgramme(JsonWriter& json, int channel, long long start, long long end) {
   const auto number = scatter(static_cast<std::uint64_t>(start / 60), 100 + channel);
   const bool plain = channel % 6 == 4;
   const auto title = programmeName(number);
   const auto description = plotText(number);
-  json += '{';
-  appendText(json, "id", std::to_string(start / 60));
-  appendText(json, "epg_id", std::to_string(channel));
-  appendText(json, "title", plain ? title : base64(title));
-  appendText(json, "lang", "");
-  appendText(json, "start", dateAndTime(start));
-  appendText(json, "end", dateAndTime(end));
-  appendText(json, "description", plain ? description : base64(description));
-  if (number % 4 == 0) {
-    appendNumber(json, "start_timestamp", start);
-  } else {
-    appendText(json, "start_timestamp", std::to_string(start));
-  }
-  appendText(json, "stop_timestamp", std::to_string(end));
-  closeJson(json, '}');
-  json += ',';
+  json.StartObject();
+  put(json, "id", start / 60, Form::text);
+  put(json, "epg_id", channel, Form::text);
+  put(json, "title", plain ? title : base64(title));
+  put(json, "lang", "");
+  put(json, "start", dateAndTime(start));
+  put(json, "end", dateAndTime(end));
+  put(json, "description", plain ? description : base64(description));
+  put(json, "start_timestamp", start, number % 4 == 0 ? Form::number : Form::text);
+  put(json, "stop_timestamp", end, Form::text);
+  json.EndObject();
 }
 
 }  // namespace
 
 std::string shortGuideJson(int channel, int limit, long long now) {
-  std::string json = "{\"epg_listings\":[";
   // A slot shorter than the others makes the channels' programmes change at different times.
   constexpr long long kMinutes[] = {30, 45, 60, 20, 5};
   const long long length = kMinutes[channel % 5] * 60;
-  long long start = now / length * length;
-  for (int i = 0; i < limit && channel % 8 != 5; ++i, start += length) {
-    appendProgramme(json, channel, start, start + length);
-  }
-  closeJson(json, ']');
-  return json + "}";
+  return writtenJson([&](JsonWriter& json) {
+    json.StartObject();
+    json.Key("epg_listings");
+    json.StartArray();
+    long long start = now / length * length;
+    for (int i = 0; i < limit && channel % 8 != 5; ++i, start += length) {
+      writeProgramme(json, channel, start, start + length);
+    }
+    json.EndArray();
+    json.EndObject();
+  });
 }
 
 }  // namespace sim

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "sim/json_text.h"
+#include "sim/json_writer.h"
 #include "sim/names.h"
 
 namespace sim {
@@ -36,53 +36,47 @@ int categoryCount(Kind kind) {
   return static_cast<int>(kCounts[position(kind)]);
 }
 
-std::string quoted(long long number) {
-  return '"' + std::to_string(number) + '"';
-}
-
-void appendCategory(std::string& row, Kind kind, int index, std::uint64_t number) {
+void putCategory(JsonWriter& json, Kind kind, int index, std::uint64_t number) {
   const auto category =
       kFirstCategory[position(kind)] + static_cast<int>(number % categoryCount(kind));
   if (index % 31 == 17) {
-    appendRaw(row, "category_id", index % 2 == 0 ? "\"\"" : "\"999\"");
-  } else if (index % 4 == 1) {
-    appendNumber(row, "category_id", category);
+    put(json, "category_id", index % 2 == 0 ? "" : "999");
   } else {
-    appendRaw(row, "category_id", quoted(category));
+    put(json, "category_id", category, index % 4 == 1 ? Form::number : Form::text);
   }
-  appendRaw(row, "category_ids", "[" + std::to_string(category) + "]");
+  json.Key("category_ids");
+  json.StartArray();
+  json.Int(category);
+  json.EndArray();
 }
 
-void appendName(std::string& row, int index, const std::string& name) {
+void putName(JsonWriter& json, int index, const std::string& name) {
   if (index % 23 == 11) {
-    if (index % 2 == 1) appendRaw(row, "name", "null");
+    if (index % 2 == 1) putNull(json, "name");
   } else {
-    appendText(row, "name", name);
+    put(json, "name", name);
   }
 }
 
-void appendRating(std::string& row, std::uint64_t number) {
-  const auto rating = std::to_string(3 + number % 6) + "." + std::to_string(number / 8 % 10);
+void putRating(JsonWriter& json, std::uint64_t number) {
+  const auto tenths = (3 + number % 6) * 10 + number / 8 % 10;
   switch (number % 5) {
     case 0:
-      appendRaw(row, "rating", rating);
+      put(json, "rating", static_cast<double>(tenths) / 10);
       break;
     case 1:
-      appendRaw(row, "rating", "\"\"");
+      put(json, "rating", "");
       break;
     default:
-      appendText(row, "rating", rating);
+      put(json, "rating", std::to_string(tenths / 10) + "." + std::to_string(tenths % 10));
   }
-  appendRaw(row, "rating_5based", std::to_string(1 + number % 4) + ".5");
+  put(json, "rating_5based", static_cast<double>(1 + number % 4) + 0.5);
 }
 
-void appendYear(std::string& row, std::uint64_t number) {
-  const auto year = 1950 + static_cast<long long>(number % 76);
-  if (number % 7 == 0) {
-    appendNumber(row, "year", year);
-  } else if (number % 7 != 1) {
-    appendRaw(row, "year", quoted(year));
-  }
+void putYear(JsonWriter& json, std::uint64_t number) {
+  if (number % 7 == 1) return;
+  put(json, "year", 1950 + static_cast<int>(number % 76),
+      number % 7 == 0 ? Form::number : Form::text);
 }
 
 std::string poster(Kind kind, int index, const std::string& base) {
@@ -90,92 +84,127 @@ std::string poster(Kind kind, int index, const std::string& base) {
          std::to_string(entryId(kind, index)) + ".png";
 }
 
-void appendChannel(std::string& row, int index, std::uint64_t number, const std::string& base) {
-  appendName(row, index, channelName(index));
-  appendText(row, "stream_type", "live");
-  appendText(row, "stream_icon", index % 9 == 8 ? "" : poster(Kind::live, index, base));
-  appendRaw(row, "epg_channel_id", number % 3 == 0 ? "null" : quoted(index));
-  appendRaw(row, "added", quoted(1'600'000'000 + index * 61));
-  appendText(row, "is_adult", "0");
-  appendText(row, "custom_sid", "");
-  appendNumber(row, "tv_archive", number % 2 == 0 ? 1 : 0);
-  appendText(row, "direct_source", "");
-  appendRaw(row, "tv_archive_duration", number % 2 == 0 ? "\"7\"" : "0");
-}
-
-void appendMovie(std::string& row, int index, std::uint64_t number, const std::string& base) {
-  appendName(row, index, movieName(index));
-  appendText(row, "stream_type", "movie");
-  appendText(row, "stream_icon", index % 19 == 18 ? "" : poster(Kind::movie, index, base));
-  appendRating(row, number);
-  appendYear(row, number >> 8);
-  appendRaw(row, "added", quoted(1'600'000'000 + index * 61));
-  appendText(row, "is_adult", "0");
-  const auto extension = movieExtension(index);
-  if (!extension.empty()) appendText(row, "container_extension", extension);
-  appendText(row, "custom_sid", "");
-  appendText(row, "direct_source", "");
-  if (index % 4 == 0) appendText(row, "plot", plotText(number));
-  if (index % 4 == 1) appendRaw(row, "plot", "null");
-}
-
-void appendShow(std::string& row, int index, std::uint64_t number, const std::string& base) {
-  appendName(row, index, showName(index));
-  appendText(row, "cover", index % 19 == 18 ? "" : poster(Kind::series, index, base));
-  if (index % 2 == 0) appendText(row, "plot", plotText(number));
-  if (index % 4 == 0) {
-    appendText(row, "cast", personName(number >> 8) + ", " + personName(number >> 16));
-    appendText(row, "director", personName(number >> 24));
+void putChannel(JsonWriter& json, int index, std::uint64_t number, const std::string& base) {
+  putName(json, index, channelName(index));
+  put(json, "stream_type", "live");
+  put(json, "stream_icon", index % 9 == 8 ? "" : poster(Kind::live, index, base));
+  if (number % 3 == 0) {
+    putNull(json, "epg_channel_id");
+  } else {
+    put(json, "epg_channel_id", index, Form::text);
   }
-  appendText(row, "genre", genreName(number >> 16));
-  appendRaw(row, "last_modified", quoted(1'600'000'000 + index * 61));
-  appendRating(row, number);
-  appendYear(row, number >> 8);
-  appendRaw(row, "backdrop_path", "[]");
+  put(json, "added", 1'600'000'000 + index * 61, Form::text);
+  put(json, "is_adult", "0");
+  put(json, "custom_sid", "");
+  put(json, "tv_archive", number % 2 == 0 ? 1 : 0);
+  put(json, "direct_source", "");
+  put(json, "tv_archive_duration", number % 2 == 0 ? 7 : 0,
+      number % 2 == 0 ? Form::text : Form::number);
 }
 
-void appendRow(std::string& json, Kind kind, int index, int running, bool idAsText,
-               const std::string& base) {
+void putMovie(JsonWriter& json, int index, std::uint64_t number, const std::string& base) {
+  putName(json, index, movieName(index));
+  put(json, "stream_type", "movie");
+  put(json, "stream_icon", index % 19 == 18 ? "" : poster(Kind::movie, index, base));
+  putRating(json, number);
+  putYear(json, number >> 8);
+  put(json, "added", 1'600'000'000 + index * 61, Form::text);
+  put(json, "is_adult", "0");
+  const auto extension = movieExtension(index);
+  if (!extension.empty()) put(json, "container_extension", extension);
+  put(json, "custom_sid", "");
+  put(json, "direct_source", "");
+  if (index % 4 == 0) put(json, "plot", plotText(number));
+  if (index % 4 == 1) putNull(json, "plot");
+}
+
+void putShow(JsonWriter& json, int index, std::uint64_t number, const std::string& base) {
+  putName(json, index, showName(index));
+  put(json, "cover", index % 19 == 18 ? "" : poster(Kind::series, index, base));
+  if (index % 2 == 0) put(json, "plot", plotText(number));
+  if (index % 4 == 0) {
+    put(json, "cast", personName(number >> 8) + ", " + personName(number >> 16));
+    put(json, "director", personName(number >> 24));
+  }
+  put(json, "genre", genreName(number >> 16));
+  put(json, "last_modified", 1'600'000'000 + index * 61, Form::text);
+  putRating(json, number);
+  putYear(json, number >> 8);
+  json.Key("backdrop_path");
+  json.StartArray();
+  json.EndArray();
+}
+
+void writeRow(JsonWriter& json, Kind kind, int index, int running, Form idForm,
+              const std::string& base) {
   const auto number = scatter(static_cast<unsigned>(index), 10 + position(kind));
-  const auto idName = kind == Kind::series ? "series_id"sv : "stream_id"sv;
-  const auto id = entryId(kind, index);
-  json += '{';
-  appendNumber(json, "num", running);
-  appendRaw(json, idName, idAsText ? quoted(id) : std::to_string(id));
+  json.StartObject();
+  put(json, "num", running);
+  put(json, kind == Kind::series ? "series_id" : "stream_id", entryId(kind, index), idForm);
   switch (kind) {
     case Kind::live:
-      appendChannel(json, index, number, base);
+      putChannel(json, index, number, base);
       break;
     case Kind::movie:
-      appendMovie(json, index, number, base);
+      putMovie(json, index, number, base);
       break;
     case Kind::series:
-      appendShow(json, index, number, base);
+      putShow(json, index, number, base);
       break;
   }
-  appendCategory(json, kind, index, number >> 40);
-  closeJson(json, '}');
-  json += ',';
+  putCategory(json, kind, index, number >> 40);
+  json.EndObject();
 }
 
-void appendEpisode(std::string& json, int show, int season, int episode, const std::string& base) {
+void writeEpisode(JsonWriter& json, int show, int season, int episode, const std::string& base) {
   const auto number = scatter(static_cast<unsigned>(show * 1000 + season * 100 + episode), 20);
   const auto id = kFirstEpisode + show * kEpisodesPerShow + season * 100 + episode;
-  json += '{';
-  appendRaw(json, "id", number % 3 == 0 ? std::to_string(id) : quoted(id));
-  appendRaw(json, "episode_num", number % 4 == 0 ? quoted(episode) : std::to_string(episode));
-  appendText(json, "title", episodeName(show, season, episode));
-  if (number % 5 != 0) appendText(json, "container_extension", number % 5 == 1 ? "mp4" : "mkv");
-  json += "\"info\":{";
-  appendText(json, "plot", plotText(number));
-  appendText(json, "movie_image", poster(Kind::series, show, base));
-  appendNumber(json, "duration_secs", 60);
-  closeJson(json, '}');
-  json += ',';
-  appendNumber(json, "season", season);
-  appendText(json, "direct_source", "");
-  closeJson(json, '}');
-  json += ',';
+  json.StartObject();
+  put(json, "id", id, number % 3 == 0 ? Form::number : Form::text);
+  put(json, "episode_num", episode, number % 4 == 0 ? Form::text : Form::number);
+  put(json, "title", episodeName(show, season, episode));
+  if (number % 5 != 0) put(json, "container_extension", number % 5 == 1 ? "mp4" : "mkv");
+  json.Key("info");
+  json.StartObject();
+  put(json, "plot", plotText(number));
+  put(json, "movie_image", poster(Kind::series, show, base));
+  put(json, "duration_secs", 60);
+  json.EndObject();
+  put(json, "season", season);
+  put(json, "direct_source", "");
+  json.EndObject();
+}
+
+void putSeasons(JsonWriter& json, int seasons) {
+  json.Key("seasons");
+  json.StartArray();
+  for (int season = 1; season <= seasons; ++season) {
+    json.StartObject();
+    put(json, "season_number", season);
+    put(json, "name", "Season " + std::to_string(season));
+    json.EndObject();
+  }
+  json.EndArray();
+}
+
+void putEpisodes(JsonWriter& json, int show, int seasons, std::uint64_t number,
+                 const std::string& base) {
+  json.Key("episodes");
+  json.StartObject();
+  // Latest season first and specials last: the order of the keys must not matter to a client.
+  for (int season = seasons; season >= (show % 5 == 2 ? 0 : 1); --season) {
+    const int episodes = season == 0 ? 2 : 4 + static_cast<int>(scatter(number, season) % 9);
+    json.Key(std::to_string(season).c_str());
+    json.StartArray();
+    for (int episode = 1; episode <= episodes; ++episode) {
+      // The second and third change places, and the first comes twice.
+      const int listed = episode == 2 && episodes > 2 ? 3 : episode == 3 ? 2 : episode;
+      writeEpisode(json, show, season, listed, base);
+    }
+    if (season == 1) writeEpisode(json, show, season, 1, base);
+    json.EndArray();
+  }
+  json.EndObject();
 }
 
 std::optional<long long> number(std::string_view text) {
@@ -211,72 +240,72 @@ std::string_view movieExtension(int index) {
 }
 
 std::string categoriesJson(Kind kind) {
-  std::string json = "[";
-  const int count = categoryCount(kind);
-  for (int i = 0; i < count; ++i) {
-    const auto id = kFirstCategory[position(kind)] + i;
-    const auto name = kind == Kind::live    ? kLiveCategories[i]
-                      : kind == Kind::movie ? kMovieCategories[i]
-                                            : kShowCategories[i];
-    json += '{';
-    appendRaw(json, "category_id", i % 4 == 2 ? std::to_string(id) : quoted(id));
-    appendText(json, "category_name", name);
-    appendRaw(json, "parent_id", "0}");
-  }
-  json += R"({"category_id":")" + std::to_string(kFirstCategory[position(kind)]) +
-          R"(","category_name":"Repeated","parent_id":0},)";
-  json += R"({"category_name":"Without an id","parent_id":0}])";
-  return json;
+  return writtenJson([&](JsonWriter& json) {
+    const auto begin = [&](std::string_view name) {
+      json.StartObject();
+      put(json, "category_name", name);
+      put(json, "parent_id", 0);
+    };
+    json.StartArray();
+    const int count = categoryCount(kind);
+    for (int i = 0; i < count; ++i) {
+      begin(kind == Kind::live    ? kLiveCategories[i]
+            : kind == Kind::movie ? kMovieCategories[i]
+                                  : kShowCategories[i]);
+      put(json, "category_id", kFirstCategory[position(kind)] + i,
+          i % 4 == 2 ? Form::number : Form::text);
+      json.EndObject();
+    }
+    begin("Repeated");
+    put(json, "category_id", kFirstCategory[position(kind)], Form::text);
+    json.EndObject();
+    begin("Without an id");
+    json.EndObject();
+    json.EndArray();
+  });
 }
 
 std::string rowsJson(Kind kind, int count, const std::string& base) {
-  std::string json = "[";
-  json.reserve(static_cast<std::size_t>(count) * 420 + 1024);
-  int running = 1;
-  for (int i = 0; i < count; ++i) {
-    const bool idAsText = i % 7 == 3;
-    appendRow(json, kind, i, running++, idAsText, base);
-    if (i % (i < 100 ? 20 : 1000) == 10) {
-      appendRow(json, kind, i, running++, !idAsText, base);
-      json += R"({"num":)" + std::to_string(running++) + R"(,"name":"Without an id"},)";
+  const auto write = [&](JsonWriter& json) {
+    json.StartArray();
+    int running = 1;
+    for (int i = 0; i < count; ++i) {
+      const auto form = i % 7 == 3 ? Form::text : Form::number;
+      writeRow(json, kind, i, running++, form, base);
+      if (i % (i < 100 ? 20 : 1000) == 10) {
+        writeRow(json, kind, i, running++, form == Form::text ? Form::number : Form::text, base);
+        json.StartObject();
+        put(json, "num", running++);
+        put(json, "name", "Without an id");
+        json.EndObject();
+      }
     }
-  }
-  closeJson(json, ']');
-  return json;
+    json.EndArray();
+  };
+  return writtenJson(write, static_cast<std::size_t>(count) * 420 + 1024);
 }
 
 std::string seriesInfoJson(int show, const std::string& base) {
   const auto number = scatter(static_cast<unsigned>(show), 30);
   const int seasons = 1 + static_cast<int>(number % 4);
-  std::string json = "{\"seasons\":[";
-  for (int season = 1; season <= seasons; ++season) {
-    json += R"({"season_number":)" + std::to_string(season) + R"(,"name":"Season )" +
-            std::to_string(season) + "\"},";
-  }
-  closeJson(json, ']');
-  json += ",\"info\":{";
-  appendText(json, "name", showName(show));
-  appendText(json, "cover", poster(Kind::series, show, base));
-  appendText(json, "plot", plotText(number));
-  closeJson(json, '}');
-  if (show % 12 == 9) return json + ",\"episodes\":[]}";
-
-  json += ",\"episodes\":{";
-  // Latest season first and specials last: the order of the keys must not matter to a client.
-  for (int season = seasons; season >= (show % 5 == 2 ? 0 : 1); --season) {
-    const int episodes = season == 0 ? 2 : 4 + static_cast<int>(scatter(number, season) % 9);
-    json += '"' + std::to_string(season) + "\":[";
-    for (int episode = 1; episode <= episodes; ++episode) {
-      // The second and third change places, and the first comes twice.
-      const int listed = episode == 2 && episodes > 2 ? 3 : episode == 3 ? 2 : episode;
-      appendEpisode(json, show, season, listed, base);
+  return writtenJson([&](JsonWriter& json) {
+    json.StartObject();
+    putSeasons(json, seasons);
+    json.Key("info");
+    json.StartObject();
+    put(json, "name", showName(show));
+    put(json, "cover", poster(Kind::series, show, base));
+    put(json, "plot", plotText(number));
+    json.EndObject();
+    if (show % 12 == 9) {
+      json.Key("episodes");
+      json.StartArray();
+      json.EndArray();
+    } else {
+      putEpisodes(json, show, seasons, number, base);
     }
-    if (season == 1) appendEpisode(json, show, season, 1, base);
-    closeJson(json, ']');
-    json += ',';
-  }
-  closeJson(json, '}');
-  return json + "}";
+    json.EndObject();
+  });
 }
 
 std::optional<int> episodeShow(std::string_view id, int shows) {

@@ -5,7 +5,7 @@
 #include <ctime>
 
 #include "sim/guide.h"
-#include "sim/json_text.h"
+#include "sim/json_writer.h"
 #include "sim/poster.h"
 
 namespace sim {
@@ -54,10 +54,12 @@ Response Provider::answer(const Request& request, const std::string& action, Fau
   if (action == "unknown") return errorResponse(404);
   if (action == "poster") return posterAnswer(request);
   if (action == "config") {
-    std::string json = "{\"schemaVersion\":1,";
-    appendText(json, "serverUrl", origin_ + options_.basePath);
-    closeJson(json, '}');
-    return jsonResponse(std::move(json));
+    return jsonResponse(writtenJson([&](JsonWriter& json) {
+      json.StartObject();
+      put(json, "schemaVersion", 1);
+      put(json, "serverUrl", origin_ + options_.basePath);
+      json.EndObject();
+    }));
   }
   return apiAnswer(request, action, fault, streamsOpen);
 }
@@ -125,30 +127,39 @@ std::string Provider::signInJson(Fault fault, int streamsOpen) const {
   const auto now = static_cast<long long>(std::time(nullptr));
   const bool expired = fault == Fault::expiredAccount;
   const int active = fault == Fault::connectionLimit ? kMaximumConnections : streamsOpen;
-  std::string json = "{\"user_info\":{";
-  appendText(json, "username", options_.username);
-  appendText(json, "password", options_.password);
-  appendText(json, "message", "Welcome");
-  appendNumber(json, "auth", 1);
-  appendText(json, "status", expired ? "Expired" : "Active");
-  appendText(json, "exp_date", std::to_string(now + (expired ? -1 : 200) * 24 * 3600));
-  appendText(json, "is_trial", "0");
-  appendText(json, "active_cons", std::to_string(active));
-  appendText(json, "created_at", "1600000000");
-  appendText(json, "max_connections", std::to_string(kMaximumConnections));
-  appendRaw(json, "allowed_output_formats", R"(["m3u8","ts"])");
-  closeJson(json, '}');
-  json += ",\"server_info\":{";
   const auto scheme = origin_.substr(0, origin_.find(':'));
   const auto port = origin_.substr(origin_.rfind(':') + 1);
-  appendText(json, "url", "127.0.0.1");
-  appendText(json, "port", port);
-  appendText(json, "https_port", port);
-  appendText(json, "server_protocol", scheme);
-  appendText(json, "timezone", "UTC");
-  appendNumber(json, "timestamp_now", now);
-  closeJson(json, '}');
-  return json + "}";
+  return writtenJson([&](JsonWriter& json) {
+    json.StartObject();
+    json.Key("user_info");
+    json.StartObject();
+    put(json, "username", options_.username);
+    put(json, "password", options_.password);
+    put(json, "message", "Welcome");
+    put(json, "auth", 1);
+    put(json, "status", expired ? "Expired" : "Active");
+    put(json, "exp_date", now + (expired ? -1 : 200) * 24 * 3600, Form::text);
+    put(json, "is_trial", "0");
+    put(json, "active_cons", active, Form::text);
+    put(json, "created_at", "1600000000");
+    put(json, "max_connections", kMaximumConnections, Form::text);
+    json.Key("allowed_output_formats");
+    json.StartArray();
+    json.String("m3u8");
+    json.String("ts");
+    json.EndArray();
+    json.EndObject();
+    json.Key("server_info");
+    json.StartObject();
+    put(json, "url", "127.0.0.1");
+    put(json, "port", port);
+    put(json, "https_port", port);
+    put(json, "server_protocol", scheme);
+    put(json, "timezone", "UTC");
+    put(json, "timestamp_now", now);
+    json.EndObject();
+    json.EndObject();
+  });
 }
 
 std::shared_ptr<const std::string> Provider::rows(Kind kind) {
