@@ -1,16 +1,18 @@
+// Qt, whose parser the player uses, stays out of the simulator: see CMakeLists.txt.
 #include "sim/arguments.h"
 
+#include <algorithm>
 #include <charconv>
-#include <functional>
-#include <map>
 #include <stdexcept>
+#include <string_view>
 
 namespace sim {
 namespace {
 
 constexpr auto kSignIn = "sign-in";
+constexpr int kMostRows = 1'000'000;
 
-int number(const std::string& text, int most) {
+int number(const std::string& text, int most = kMostRows) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || value < 0 || value > most) {
@@ -36,70 +38,60 @@ std::string basePath(const std::string& text) {
   return text;
 }
 
-}  // namespace
+std::string helpText();
 
-Arguments parseArguments(const std::vector<std::string>& words) {
-  constexpr int kMostRows = 1'000'000;
-  Arguments arguments;
-  auto& options = arguments.options;
-  const std::map<std::string, std::function<void(const std::string&)>> withValue = {
-      {"--port", [&](const auto& value) { options.port = number(value, 65535); }},
-      {"--size",
-       [&](const auto& value) {
-         options.channels = options.movies = options.shows = number(value, kMostRows);
-       }},
-      {"--channels", [&](const auto& value) { options.channels = number(value, kMostRows); }},
-      {"--movies", [&](const auto& value) { options.movies = number(value, kMostRows); }},
-      {"--shows", [&](const auto& value) { options.shows = number(value, kMostRows); }},
-      {"--user", [&](const auto& value) { options.username = value; }},
-      {"--password", [&](const auto& value) { options.password = value; }},
-      {"--base-path", [&](const auto& value) { options.basePath = basePath(value); }},
-      {"--media", [&](const auto& value) { options.mediaFolder = value; }},
-      {"--fault", [&](const auto& value) { arguments.faults.push_back(faultArgument(value)); }},
-  };
-  const std::map<std::string, std::function<void()>> withoutValue = {
-      {"--tls", [&] { options.tls = true; }},
-      {"--no-streams", [&] { options.streams = false; }},
-      {"--help", [&] { arguments.help = true; }},
-  };
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    if (const auto plain = withoutValue.find(words[i]); plain != withoutValue.end()) {
-      plain->second();
-      continue;
-    }
-    const auto equals = words[i].find('=');
-    const auto option = withValue.find(words[i].substr(0, equals));
-    if (option == withValue.end()) {
-      throw std::runtime_error("unknown option " + words[i] + "; see --help");
-    }
-    if (equals != std::string::npos) {
-      option->second(words[i].substr(equals + 1));
-    } else if (i + 1 < words.size()) {
-      option->second(words[++i]);
-    } else {
-      throw std::runtime_error(words[i] + " needs a value");
-    }
-  }
-  return arguments;
-}
+struct Option {
+  std::string_view name;
+  // What its value is called; empty when it takes none.
+  std::string_view value;
+  std::string_view meaning;
+  void (*apply)(Arguments& arguments, const std::string& value);
+};
+
+constexpr Option kOptions[] = {
+    {"--port", "NUMBER", "listen here instead of on any free port",
+     [](auto& arguments, auto& value) { arguments.options.port = number(value, 65535); }},
+    {"--size", "NUMBER", "so many channels, movies and shows each",
+     [](auto& arguments, auto& value) {
+       auto& options = arguments.options;
+       options.channels = options.movies = options.shows = number(value);
+     }},
+    {"--channels", "NUMBER", "so many channels",
+     [](auto& arguments, auto& value) { arguments.options.channels = number(value); }},
+    {"--movies", "NUMBER", "so many movies",
+     [](auto& arguments, auto& value) { arguments.options.movies = number(value); }},
+    {"--shows", "NUMBER", "so many shows",
+     [](auto& arguments, auto& value) { arguments.options.shows = number(value); }},
+    {"--user", "NAME", "user name (demo)",
+     [](auto& arguments, auto& value) { arguments.options.username = value; }},
+    {"--password", "TEXT", "password",
+     [](auto& arguments, auto& value) { arguments.options.password = value; }},
+    {"--base-path", "/PATH", "put everything below this path",
+     [](auto& arguments, auto& value) { arguments.options.basePath = basePath(value); }},
+    {"--tls", "", "https with a self-signed certificate",
+     [](auto& arguments, auto&) { arguments.options.tls = true; }},
+    {"--no-streams", "", "do not make or serve streams",
+     [](auto& arguments, auto&) { arguments.options.streams = false; }},
+    {"--media", "FOLDER", "keep the streams here",
+     [](auto& arguments, auto& value) { arguments.options.mediaFolder = value; }},
+    {"--fault", "ACTION=FAULT", "make an action misbehave; may be given several times",
+     [](auto& arguments, auto& value) { arguments.faults.push_back(faultArgument(value)); }},
+    {"--version", "", "say which version this is",
+     [](auto& arguments, auto&) { arguments.answer = "vantor-sim " VANTOR_VERSION "\n"; }},
+    {"--help", "", "say this", [](auto& arguments, auto&) { arguments.answer = helpText(); }},
+};
 
 std::string helpText() {
   std::string text =
-      R"(Usage: vantor-sim [OPTION]…
-A made-up television provider on this machine, to try the player with.
-
-  --port NUMBER         listen here instead of on any free port
-  --size NUMBER         so many channels, movies and shows each
-  --channels NUMBER, --movies NUMBER, --shows NUMBER
-  --user NAME           user name (demo)
-  --password TEXT       password
-  --base-path /PATH     put everything below this path
-  --tls                 https with a self-signed certificate
-  --no-streams          do not make or serve streams
-  --media FOLDER        keep the streams here
-  --fault ACTION=FAULT  make an action misbehave; may be given several times
-  --help
-
+      "Usage: vantor-sim [OPTION]…\n"
+      "A made-up television provider on this machine, to try the player with.\n\n";
+  for (const auto& option : kOptions) {
+    std::string line = "  " + std::string(option.name);
+    if (!option.value.empty()) line += " " + std::string(option.value);
+    line.resize(24, ' ');
+    text += line + std::string(option.meaning) + "\n";
+  }
+  text += R"(
 Actions: sign-in, get_live_streams, get_live_categories, get_vod_streams,
   get_vod_categories, get_series, get_series_categories, get_series_info,
   get_short_epg, config, poster, live, segment, movie, series, or * for all.
@@ -114,6 +106,30 @@ Faults:
     line += " " + std::string(name);
   }
   return text + line + "\n";
+}
+
+}  // namespace
+
+Arguments parseArguments(const std::vector<std::string>& words) {
+  Arguments arguments;
+  for (auto word = words.begin(); word != words.end(); ++word) {
+    const auto equals = word->find('=');
+    const auto name = word->substr(0, equals);
+    const auto* const option = std::ranges::find(kOptions, name, &Option::name);
+    if (option == std::end(kOptions)) {
+      throw std::runtime_error("unknown option " + *word + "; see --help");
+    }
+    std::string value;
+    if (equals != std::string::npos) {
+      if (option->value.empty()) throw std::runtime_error(name + " takes no value; see --help");
+      value = word->substr(equals + 1);
+    } else if (!option->value.empty()) {
+      if (word + 1 == words.end()) throw std::runtime_error(name + " needs a value; see --help");
+      value = *++word;
+    }
+    option->apply(arguments, value);
+  }
+  return arguments;
 }
 
 }  // namespace sim

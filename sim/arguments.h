@@ -11,11 +11,11 @@ namespace sim {
 struct Arguments {
   Options options;
   std::vector<std::pair<std::string, Fault>> faults;
-  bool help = false;
+  // What --help or --version says in place of serving; empty without them.
+  std::string answer;
 };
 
 // Throws std::runtime_error with a sentence for the user.
 Arguments parseArguments(const std::vector<std::string>& words);
-std::string helpText();
 
 }  // namespace sim

@@ -37,11 +37,11 @@ void run(const sim::Arguments& arguments) {
 int main(int count, char** words) {
   try {
     const auto arguments = sim::parseArguments({words + 1, words + count});
-    if (arguments.help) {
-      std::cout << sim::helpText();
-      return 0;
+    if (arguments.answer.empty()) {
+      run(arguments);
+    } else {
+      std::cout << arguments.answer;
     }
-    run(arguments);
     return 0;
   } catch (const std::exception& error) {
     std::cerr << "vantor-sim: " << error.what() << "\n";

@@ -19,17 +19,36 @@ TEST(SimArguments, LaterOptionsRefineEarlierOnes) {
   EXPECT_EQ(arguments.faults[1], std::pair(std::string("live"), Fault::cutOff));
 }
 
-TEST(SimArguments, MistakesAreRefused) {
-  for (const auto& words : {std::vector<std::string>{"--port"},
-                            {"--port", "70000"},
-                            {"--size", "many"},
-                            {"--fault", "live"},
-                            {"--fault", "live=odd"},
-                            {"--base-path", "base"},
-                            {"--tsl"},
-                            {"stray"}}) {
-    EXPECT_THROW(parseArguments(words), std::runtime_error) << words.front();
+TEST(SimArguments, MistakesAreRefusedWithAHint) {
+  const struct {
+    std::vector<std::string> words;
+    const char* hint;
+  } mistakes[] = {{{"--port"}, "--help"},
+                  {{"--port", "70000"}, "from 0 to 65535"},
+                  {{"--size", "many"}, "from 0 to 1000000"},
+                  {{"--fault", "live"}, "ACTION=FAULT"},
+                  {{"--fault", "live=odd"}, "ACTION=FAULT"},
+                  {{"--base-path", "base"}, "slash"},
+                  {{"--tls=yes"}, "--help"},
+                  {{"--tsl"}, "--help"},
+                  {{"stray"}, "--help"}};
+  for (const auto& [words, hint] : mistakes) {
+    try {
+      parseArguments(words);
+      ADD_FAILURE() << words.back() << " is taken";
+    } catch (const std::runtime_error& error) {
+      EXPECT_NE(std::string(error.what()).find(hint), std::string::npos) << error.what();
+    }
   }
+}
+
+TEST(SimArguments, HelpNamesOptionsAndFaultsAndVersionTheProgram) {
+  EXPECT_EQ(parseArguments({"--tls"}).answer, "");
+  const auto help = parseArguments({"--tls", "--help"}).answer;
+  for (const char* word : {"--port NUMBER", "--fault ACTION=FAULT", "--help", "cutOff"}) {
+    EXPECT_NE(help.find(word), std::string::npos) << word;
+  }
+  EXPECT_TRUE(parseArguments({"--version"}).answer.starts_with("vantor-sim "));
 }
 
 }  // namespace
