@@ -9,39 +9,48 @@
 
 namespace {
 
-constexpr char usage[] =
-    "Usage: vantor [--demo | --smoke-test FILE] [--verbose]\n"
-    "Watch Vantor TV: channels, movies and shows.\n\n"
-    "  --demo             show a sample library, without an account\n"
-    "  --smoke-test FILE  play a media file\n"
-    "  --verbose          tell on standard error what fails, and how\n"
-    "  --version          say which version this is\n"
-    "  --help             say this\n";
+using vantor::LaunchArguments;
+
+LaunchArguments launchArguments(const QStringList& arguments) {
+  return LaunchArguments::read(arguments, vantor::ServiceValues::ofBuild().bundleIdentifier);
+}
+
+/// `--help` and `--version` need no display, and so no QGuiApplication, which takes Qt's arguments
+/// out. Whether they were asked for, and answered.
+bool isAnswered(int argc, char** argv) {
+  QStringList all;
+  for (int i = 0; i < argc; ++i) all.append(QString::fromLocal8Bit(argv[i]));
+  const LaunchArguments launch = launchArguments(all);
+  if (launch.task == LaunchArguments::Task::play) return false;
+  const QCoreApplication application(argc, argv);
+  const QString answer = launch.task == LaunchArguments::Task::tellHelp
+                             ? LaunchArguments::help()
+                             : QStringLiteral("vantor " VANTOR_VERSION "\n");
+  std::fputs(qUtf8Printable(answer), stdout);
+  return true;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    const QByteArrayView argument(argv[i]);
-    if (argument == "--help" || argument == "--version") {
-      std::fputs(argument == "--help" ? usage : "vantor " VANTOR_VERSION "\n", stdout);
-      return 0;
-    }
-  }
   QGuiApplication::setApplicationName(QStringLiteral("vantor"));
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
+  if (isAnswered(argc, argv)) return 0;
   const QGuiApplication application(argc, argv);
-  if (QGuiApplication::arguments().contains(QStringLiteral("--verbose")))
-    QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
+  const LaunchArguments launch = launchArguments(QGuiApplication::arguments());
+  if (!launch.mistake.isEmpty()) {
+    std::fprintf(stderr, "vantor: %s See --help.\n", qUtf8Printable(launch.mistake));
+    return 1;
+  }
+  if (launch.verbose) QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
   // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
   std::setlocale(LC_NUMERIC, "C");
   // Quitting waits for playback; see AppDelegate.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QQuickStyle::setStyle(QStringLiteral("Basic"));
-  vantor::Program program(vantor::LaunchArguments::read(
-      QGuiApplication::arguments(), vantor::ServiceValues::ofBuild().bundleIdentifier));
+  vantor::Program program(launch);
   program.open();
   const int status = QGuiApplication::exec();
   vantor::limitQuitting(status, std::chrono::seconds(4));

@@ -8,12 +8,19 @@ namespace vantor {
 
 /// What the command line and the bundle identifier ask of this run.
 struct LaunchArguments {
+  enum class Task { play, tellHelp, tellVersion };
+
+  Task task = Task::play;
   bool demo = false;                 // open the preview library
   bool isolated = false;             // touch neither account nor saved state
+  bool verbose = false;              // tell of failures on standard error
   std::optional<QString> smokeTest;  // path of a media file to play at start
+  QString mistake;                   // what is wrong with the arguments, in a sentence; or empty
 
-  /// `arguments` as typed, the program's own name first.
+  /// `arguments` as typed, the program's own name first. The toolkit's own are taken for mistakes.
   static LaunchArguments read(const QStringList& arguments, const QString& bundleIdentifier);
+  /// The answer to `--help`. Needs an application, whose name it tells.
+  static QString help();
 };
 
 }  // namespace vantor

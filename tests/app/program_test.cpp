@@ -126,12 +126,19 @@ TEST_F(ProgramTest, ShowsThePreviewWithoutAskingAnyone) {
   EXPECT_EQ(server.counters().connectionsAccepted, 0);
 }
 
-TEST_F(ProgramTest, AnswersHelpAndVersion) {
-  for (const char* argument : {"--help", "--version"}) {
-    ASSERT_TRUE(start({QString::fromLatin1(argument)}));
+TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
+  const QString arguments[] = {QStringLiteral("--help"), QStringLiteral("--version"),
+                               QStringLiteral("--demmo")};
+  for (const QString& argument : arguments) {
+    const bool mistake = argument == arguments[2];
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
+                       mistake ? QStringLiteral("offscreen") : QStringLiteral("none"));
+    ASSERT_TRUE(start({QStringLiteral("-reverse"), argument}));
     ASSERT_TRUE(program.waitForFinished(20'000));
-    EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_TRUE(program.readAll().contains("vantor"));
+    const QByteArray said = program.readAll();
+    EXPECT_EQ(program.exitCode(), mistake ? 1 : 0) << said.constData();
+    EXPECT_TRUE(said.contains("vantor")) << said.constData();
+    EXPECT_EQ(said.contains("'demmo'. See --help"), mistake) << said.constData();
   }
 }
 

@@ -162,18 +162,5 @@ TEST_F(StartUpTest, AnIsolatedLaunchTouchesNothing) {
   EXPECT_TRUE(transport.exchanges().empty());
 }
 
-TEST(LaunchArguments, AreReadAsDocumented) {
-  const QString bundle = QStringLiteral("tv.vantor.player");
-  const auto read = [&](const QStringList& arguments, const QString& identifier) {
-    return LaunchArguments::read(QStringList{QStringLiteral("vantor")} + arguments, identifier);
-  };
-  EXPECT_FALSE(read({}, bundle).isolated);
-  EXPECT_TRUE(read({}, bundle + QStringLiteral(".qa")).demo);
-  const LaunchArguments last = read({QStringLiteral("--smoke-test")}, QString());
-  EXPECT_TRUE(last.isolated && !last.demo && !last.smokeTest);
-  EXPECT_EQ(read({QStringLiteral("--smoke-test"), QStringLiteral("a b")}, bundle).smokeTest,
-            QStringLiteral("a b"));
-}
-
 }  // namespace
 }  // namespace vantor
