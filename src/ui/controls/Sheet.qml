@@ -11,7 +11,6 @@ Popup {
     required property string name
     default property alias body: scope.data
     property Item firstFocus: null
-    property int contentPadding: 24
 
     signal escaped
 

@@ -39,10 +39,6 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
       return readItem_.artwork.value_or(QUrl());
     case KindSymbolRole:
       return symbol(readItem_.kind);
-    case YearRole:
-      return readItem_.year.value_or(QString());
-    case RatingRole:
-      return readItem_.rating.value_or(QString());
     case IsExampleRole:
       return readItem_.isExample;
     case IsFavoriteRole:
@@ -59,7 +55,6 @@ QVariant ItemListModel::data(const QModelIndex& index, int role) const {
 QHash<int, QByteArray> ItemListModel::roleNames() const {
   return {{ItemIDRole, "itemID"},       {NameRole, "name"},
           {ArtworkRole, "artwork"},     {KindSymbolRole, "kindSymbol"},
-          {YearRole, "year"},           {RatingRole, "rating"},
           {IsExampleRole, "isExample"}, {IsFavoriteRole, "isFavorite"},
           {IsPlayingRole, "isPlaying"}, {IsSelectedRole, "isSelected"}};
 }

@@ -27,8 +27,6 @@ class ItemListModel final : public QAbstractListModel {
     NameRole,
     ArtworkRole,
     KindSymbolRole,
-    YearRole,
-    RatingRole,
     IsExampleRole,
     IsFavoriteRole,
     IsPlayingRole,

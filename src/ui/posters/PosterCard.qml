@@ -37,12 +37,10 @@ Item {
     }
 
     Item {
-        id: content
         anchors.fill: parent
         anchors.margins: card.border
 
         ProviderArtwork {
-            id: picture
             anchors.top: parent.top
             anchors.bottom: strip.top
             width: parent.width

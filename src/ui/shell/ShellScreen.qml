@@ -79,7 +79,6 @@ FocusScope {
     }
 
     Item {
-        id: main
         anchors.left: sidebar.right
         anchors.right: parent.right
         height: parent.height

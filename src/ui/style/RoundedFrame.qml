@@ -4,8 +4,6 @@ import Vantor.Style
 // Outlines its parent from the inside out, and rounds what the parent shows: a picture is clipped to
 // a rectangle only, so what is outside the rounding is painted over.
 Rectangle {
-    id: frame
-
     property int innerRadius: Style.radius
     property int thickness: 3
 

@@ -4,8 +4,6 @@ import Vantor.Ui
 
 // What the window's own frame does to it.
 QtObject {
-    id: actions
-
     required property Window window
     readonly property bool maximized: window.visibility === Window.Maximized || window.visibility === Window.FullScreen
 

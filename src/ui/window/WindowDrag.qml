@@ -3,8 +3,6 @@ import Vantor.Ui
 
 // A place by which the window is dragged.
 MouseArea {
-    id: handle
-
     required property WindowActions window
     property point start
 
