@@ -15,8 +15,8 @@ QCoro::Task<> AppModel::connectAccount(ProviderAccount account, std::stop_token 
 
 QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
                                std::stop_token stop) {
-  if (self->session_.busy()) co_return;
-  self->session_.setBusy(true);
+  if (self->session_.signingInOrOut()) co_return;
+  self->session_.setSigningInOrOut(true);
   Session::SignedIn accepted;
   const Attempt attempt(sessionTrace, "signing in");
   try {
@@ -25,7 +25,7 @@ QCoro::Task<> AppModel::signIn(QPointer<AppModel> self, ProviderAccount account,
     if (!self) throw Cancelled();
   } catch (...) {
     attempt.failed();
-    if (self) self->session_.setBusy(false);
+    if (self) self->session_.setSigningInOrOut(false);
     throw;
   }
   self->signedIn(std::move(account), std::move(accepted));
@@ -43,7 +43,7 @@ void AppModel::signedIn(ProviderAccount account, Session::SignedIn accepted) {
   notice_.set(std::nullopt);
   setShowingConnect(false);
   load(LibraryKind::live, LoadMode::copyFirst);
-  session_.setBusy(false);
+  session_.setSigningInOrOut(false);
 }
 
 QCoro::Task<> AppModel::disconnectAccount(std::stop_token token) {
@@ -51,8 +51,8 @@ QCoro::Task<> AppModel::disconnectAccount(std::stop_token token) {
 }
 
 QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
-  if (self->session_.busy()) co_return;
-  self->session_.setBusy(true);
+  if (self->session_.signingInOrOut()) co_return;
+  self->session_.setSigningInOrOut(true);
   const QCoro::Task<> removed = self->session_.forgetSaved(stop);
   const Attempt removing(sessionTrace, "removing the saved account");
   try {
@@ -61,7 +61,7 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
     removing.failed();
     if (!self) co_return;
     self->notice_.set(readableError(std::current_exception()));
-    self->session_.setBusy(false);
+    self->session_.setSigningInOrOut(false);
     co_return;
   }
   if (!self) co_return;
@@ -77,7 +77,7 @@ QCoro::Task<> AppModel::signOut(QPointer<AppModel> self, std::stop_token stop) {
       clearing.failed();
     }
   }
-  if (self) self->session_.setBusy(false);
+  if (self) self->session_.setSigningInOrOut(false);
 }
 
 void AppModel::signedOut() {

@@ -17,7 +17,7 @@ Session::Session(const AppServices& services, Announcements& announcements)
       account_(announcements, *this, &Session::accountChanged),
       demo_(announcements, *this, &Session::demoChanged),
       subscription_(announcements, *this, &Session::subscriptionChanged),
-      busy_(announcements, *this, &Session::busyChanged) {}
+      signingInOrOut_(announcements, *this, &Session::signingInOrOutChanged) {}
 
 Session::~Session() {
   for (const Pending<Done>& waiting : untilIdle_) waiting.resolve({});
@@ -38,9 +38,9 @@ void Session::setDisk(std::shared_ptr<CatalogDiskStore> disk) {
     services_.worker.post([old = std::move(old)] {});
 }
 
-void Session::setBusy(bool busy) {
-  busy_.set(busy);
-  if (!busy)
+void Session::setSigningInOrOut(bool underWay) {
+  signingInOrOut_.set(underWay);
+  if (!underWay)
     for (const Pending<Done>& waiting : std::exchange(untilIdle_, {})) waiting.resolve({});
 }
 
@@ -98,7 +98,7 @@ QCoro::Task<bool> Session::followService(QPointer<Session> self, std::stop_token
     const QCoro::Task<ProviderDetails> answered = client.authenticate(stop);
     co_await answered;
     // The last write counts, so that of a sign-in or a removal must not come before this one.
-    while (self && self->busy()) {
+    while (self && self->signingInOrOut()) {
       const Pending<Done> idle;
       self->untilIdle_.push_back(idle);
       co_await idle;

@@ -41,7 +41,7 @@ class Session final : public QObject {
   /// What the provider said of the account when it was signed in to.
   const std::optional<ProviderDetails>& subscription() const { return subscription_.get(); }
   /// Whether someone is being signed in or out.
-  bool busy() const { return busy_.get(); }
+  bool signingInOrOut() const { return signingInOrOut_.get(); }
   /// Where the account's libraries are kept. Jobs take it from here at each use, so that the
   /// session's end is the end of its thread.
   const std::shared_ptr<CatalogDiskStore>& disk() const { return disk_; }
@@ -58,7 +58,7 @@ class Session final : public QObject {
 
   void setStartingUp(bool startingUp) { startingUp_.set(startingUp); }
   void setRestoringLibrary(bool restoring) { restoringLibrary_.set(restoring); }
-  void setBusy(bool busy);
+  void setSigningInOrOut(bool underWay);
   void setSubscription(ProviderDetails details) { subscription_.set(std::move(details)); }
   void setDisk(std::shared_ptr<CatalogDiskStore> disk);
   void setAccount(std::optional<ProviderAccount> account) { account_.set(std::move(account)); }
@@ -72,7 +72,7 @@ class Session final : public QObject {
   void accountChanged();
   void demoChanged();
   void subscriptionChanged();
-  void busyChanged();
+  void signingInOrOutChanged();
 
  private:
   static QCoro::Task<SignedIn> authenticate(QPointer<Session> self, ProviderAccount account,
@@ -85,10 +85,10 @@ class Session final : public QObject {
   Announced<std::optional<ProviderAccount>> account_;
   Announced<bool> demo_;
   Announced<std::optional<ProviderDetails>> subscription_;
-  Announced<bool> busy_;
+  Announced<bool> signingInOrOut_;
   std::shared_ptr<CatalogDiskStore> disk_;
   Generation generation_ = QUuid::createUuid();
-  std::vector<Pending<Done>> untilIdle_;  // settled when it is not busy any more
+  std::vector<Pending<Done>> untilIdle_;  // settled at the end of signing in or out
 };
 
 }  // namespace vantor

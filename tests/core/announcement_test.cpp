@@ -30,7 +30,7 @@ QStringList state(const AppModel& model) {
         static_cast<qsizetype>(model.libraries().errors().size()),
         model.record().favorites().size(), model.details().episodes().size(),
         model.guide().guide().size(), static_cast<qsizetype>(model.browsing().episodeSeason()),
-        static_cast<qsizetype>(model.session().busy()),
+        static_cast<qsizetype>(model.session().signingInOrOut()),
         static_cast<qsizetype>(model.session().demo()),
         static_cast<qsizetype>(model.details().detailsLoading()),
         static_cast<qsizetype>(model.browsing().showingEpisodes()),
@@ -122,7 +122,8 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   app.navigate(Section::shows);
   ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+  ASSERT_TRUE(
+      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_GT(listener.rounds, 60);
 }
 

@@ -34,7 +34,8 @@ class ConnectionTest : public ::testing::Test, protected test::ModelFixture {
     return eventually([&] { return signInOver; });
   }
   bool idle() {
-    return eventually([&] { return app.libraries().loading().empty() && !app.session().busy(); });
+    return eventually(
+        [&] { return app.libraries().loading().empty() && !app.session().signingInOrOut(); });
   }
   QStringList savedFiles() {
     return QDir(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog")))
@@ -45,7 +46,7 @@ class ConnectionTest : public ::testing::Test, protected test::ModelFixture {
 TEST_F(ConnectionTest, SigningInSavesTheAccountAndLoadsTheLiveLibrary) {
   app.setShowingConnect(true);
   connectAccount(account);
-  EXPECT_TRUE(app.session().busy());
+  EXPECT_TRUE(app.session().signingInOrOut());
   EXPECT_FALSE(app.session().account().has_value())
       << "nothing changes before the provider accepts";
   ASSERT_TRUE(finishSignIn());
@@ -53,7 +54,7 @@ TEST_F(ConnectionTest, SigningInSavesTheAccountAndLoadsTheLiveLibrary) {
   EXPECT_EQ(app.session().account(), account);
   EXPECT_EQ(app.browsing().section(), Section::live);
   EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
-  EXPECT_FALSE(app.session().busy() || app.session().demo() || app.showingConnect() ||
+  EXPECT_FALSE(app.session().signingInOrOut() || app.session().demo() || app.showingConnect() ||
                app.notice());
   EXPECT_EQ(app.session().subscription()->formats.size(), 2);
   EXPECT_EQ(credentials.value(providerItem), account.toJSON());
@@ -80,7 +81,7 @@ TEST_F(ConnectionTest, AFailedSignInLeavesEverythingAsItWas) {
     transport.answer(QString(), example.accepted ? acceptedSignIn() : QByteArray("{}"));
     ASSERT_TRUE(eventually([&] { return signInOver; }));
     EXPECT_NE(signInFailure, nullptr);
-    EXPECT_FALSE(app.session().busy());
+    EXPECT_FALSE(app.session().signingInOrOut());
     EXPECT_EQ(app.session().account(), account);
     EXPECT_EQ(app.browsing().items().size(), 4u);
     EXPECT_EQ(credentials.value(providerItem), saved);
@@ -108,7 +109,8 @@ TEST_F(ConnectionTest, SigningOutForgetsTheAccountAndItsFiles) {
   app.setShowingSettings(true);
   EXPECT_EQ(savedFiles().size(), 1);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+  ASSERT_TRUE(
+      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_FALSE(credentials.value(providerItem).has_value());
   EXPECT_TRUE(app.browsing().items().empty() && app.libraries().catalogs().empty() &&
               app.record().favorites().isEmpty());
@@ -127,7 +129,7 @@ TEST_F(ConnectionTest, SigningOutThatFailsKeepsEverything) {
   EXPECT_EQ(app.notice(), QStringLiteral("The saved account could not be removed from Keychain."));
   EXPECT_EQ(app.session().account(), account);
   EXPECT_EQ(app.browsing().items().size(), 4u);
-  EXPECT_FALSE(app.session().busy());
+  EXPECT_FALSE(app.session().signingInOrOut());
 }
 
 TEST_F(ConnectionTest, ALibraryIsAskedForOnce) {
@@ -196,8 +198,8 @@ class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterfac
       }
       case Change::disconnect:
         disconnectAccount();
-        ASSERT_TRUE(
-            eventually([&] { return !model->session().account() && !model->session().busy(); }));
+        ASSERT_TRUE(eventually(
+            [&] { return !model->session().account() && !model->session().signingInOrOut(); }));
         break;
       case Change::destroy:
         model.reset();
@@ -296,7 +298,8 @@ TEST_F(ConnectionTest, TheListAndTheProgressGoWithTheUser) {
   enter("another");
   EXPECT_TRUE(model->record().favorites().isEmpty());
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !model->session().account() && !model->session().busy(); }));
+  ASSERT_TRUE(eventually(
+      [&] { return !model->session().account() && !model->session().signingInOrOut(); }));
   launch();
   enter("somebody");
   const QString second = model->session().account()->idText();
@@ -343,7 +346,8 @@ TEST_F(ConnectionTest, TheLastReportOfProgressIsTheLeavingAccounts) {
   const QString key = QStringLiteral("progress-") + account.idText();
   preferences->remove(key);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+  ASSERT_TRUE(
+      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_EQ(preferences->numberLists(key).value(QStringLiteral("movies:2")),
             (QList<double>{60, 500}));
 }
@@ -392,7 +396,7 @@ TEST_F(ConnectionTest, AServiceCheckNeverUndoesWhatTheUserDoes) {
         settle();
       }
       if (late) unlocked.set_value();
-      ASSERT_TRUE(eventually([&] { return !model->session().busy(); }));
+      ASSERT_TRUE(eventually([&] { return !model->session().signingInOrOut(); }));
       settle();
       const std::optional<QByteArray> stored = credentials.value(providerItem);
       if (strchr(steps, 'o') != nullptr) {

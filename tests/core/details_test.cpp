@@ -174,7 +174,8 @@ class StaleDetailsTest : public DetailsTest,
         return app.navigate(Section::favorites);
       case Departure::disconnect:
         disconnectAccount();
-        ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+        ASSERT_TRUE(eventually(
+            [&] { return !app.session().account() && !app.session().signingInOrOut(); }));
         return;
       case Departure::connect:
         connectAccount(account);

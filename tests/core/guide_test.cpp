@@ -252,7 +252,8 @@ class StaleGuideTest : public GuideTest,
         break;
       case GuideChange::disconnect:
         disconnectAccount();
-        ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+        ASSERT_TRUE(eventually(
+            [&] { return !app.session().account() && !app.session().signingInOrOut(); }));
         break;
       case GuideChange::destroy:
         model.reset();

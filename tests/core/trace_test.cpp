@@ -131,11 +131,12 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
 
   credentials.fail(test::FakeCredentialStore::Operation::remove);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().signingInOrOut(); }));
   EXPECT_TRUE(says("removing the saved account", "Error"));
   credentials.work(test::FakeCredentialStore::Operation::remove);
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+  ASSERT_TRUE(
+      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_TRUE(says("removing the account's libraries", "system_error"));
 
   credentials.put(providerItem, account.toJSON());

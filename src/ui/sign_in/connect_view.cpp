@@ -9,18 +9,18 @@ namespace vantor {
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
-  connect(&model.session(), &Session::busyChanged, this, &ConnectView::workingChanged);
+  connect(&model.session(), &Session::signingInOrOutChanged, this, &ConnectView::workingChanged);
   connect(this, &ConnectView::workingChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::usernameChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::passwordChanged, this, &ConnectView::canConnectChanged);
 }
 
 bool ConnectView::working() const {
-  return attempting_ || model_.session().busy();
+  return attempting_ || model_.session().signingInOrOut();
 }
 
 bool ConnectView::closable() const {
-  return !model_.session().busy();
+  return !model_.session().signingInOrOut();
 }
 
 bool ConnectView::canConnect() const {

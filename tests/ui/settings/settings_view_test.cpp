@@ -68,7 +68,7 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   EXPECT_EQ(texts().first(), u"Vantor TV"_s);
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
   disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().busy(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().signingInOrOut(); }));
   activate(u"Playlists"_s);
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
@@ -98,7 +98,8 @@ TEST_F(SettingsViewTest, RemovalAsksFirst) {
   EXPECT_EQ(app.browsing().items().size(), 2u);
   activate(u"Remove saved provider"_s);
   view->removeProvider();
-  ASSERT_TRUE(eventually([&] { return !app.session().account() && !app.session().busy(); }));
+  ASSERT_TRUE(
+      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_FALSE(app.showingSettings());
 }
 

@@ -105,7 +105,7 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
   view.reset();
   settle();
   EXPECT_TRUE(transport.exchanges().back()->cancelled);
-  EXPECT_TRUE(eventually([&] { return !app.session().busy(); }));
+  EXPECT_TRUE(eventually([&] { return !app.session().signingInOrOut(); }));
 }
 
 }  // namespace

@@ -74,8 +74,8 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
         app->favorite(loaded->second.item(0));
     go(channels > 1 ? Section::favorites : Section::shows);
     disconnectAccount();
-    ASSERT_TRUE(
-        test::eventually([&] { return !app->session().account() && !app->session().busy(); }));
+    ASSERT_TRUE(test::eventually(
+        [&] { return !app->session().account() && !app->session().signingInOrOut(); }));
     walk();
   }
 }
@@ -165,8 +165,8 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   list->forceActiveFocus(Qt::TabFocusReason);
   EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
   disconnectAccount();
-  ASSERT_TRUE(
-      test::eventually([&] { return !app->session().account() && !app->session().busy(); }));
+  ASSERT_TRUE(test::eventually(
+      [&] { return !app->session().account() && !app->session().signingInOrOut(); }));
   press(Qt::Key_2, Qt::ControlModifier);
   press(Qt::Key_Tab);
   ASSERT_TRUE(window->activeFocusItem());
