@@ -1,3 +1,5 @@
+// HTTP by hand, since a server library sends nothing but proper answers: here a body is shorter or
+// longer than announced, the status line random bytes, and a request is left without an answer.
 #pragma once
 
 #include <map>

@@ -1,3 +1,5 @@
+// By hand, since QFile and QSaveFile follow links, wait at pipes, and tell of a failure without its
+// number.
 #include "storage/private_file.h"
 
 #include <QFile>
