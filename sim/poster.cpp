@@ -1,10 +1,10 @@
 #include "sim/poster.h"
 
-#include <zlib.h>
+#include <png.h>
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
+#include <functional>
 
 #include "sim/names.h"
 
@@ -29,41 +29,25 @@ Colour fromHue(double hue, double saturation, double value) {
   return {channel(0), channel(2.0 / 3), channel(1.0 / 3)};
 }
 
-void appendBigEndian(std::string& bytes, std::uint32_t value) {
-  for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(value >> shift);
-}
-
-void appendChunk(std::string& png, const std::string& type, const std::string& data) {
-  appendBigEndian(png, static_cast<std::uint32_t>(data.size()));
-  const std::string checked = type + data;
-  png += checked;
-  appendBigEndian(
-      png, static_cast<std::uint32_t>(crc32(0, reinterpret_cast<const Bytef*>(checked.data()),
-                                            static_cast<uInt>(checked.size()))));
-}
-
-std::string compressed(const std::string& raw) {
-  auto size = compressBound(raw.size());
-  std::string bytes(size, '\0');
-  if (compress2(reinterpret_cast<Bytef*>(bytes.data()), &size,
-                reinterpret_cast<const Bytef*>(raw.data()), raw.size(), 6) != Z_OK) {
-    throw std::runtime_error("cannot compress an image");
+// `row` gives the bytes of each row. All that can fail here is to get memory, and then libpng ends
+// the program.
+std::string png(std::uint32_t width, std::uint32_t height, int depth, int colourType,
+                const std::function<std::string(std::uint32_t)>& row) {
+  std::string bytes;
+  auto* writer = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+  auto* info = png_create_info_struct(writer);
+  const auto append = [](png_structp to, png_bytep data, std::size_t size) {
+    static_cast<std::string*>(png_get_io_ptr(to))->append(reinterpret_cast<char*>(data), size);
+  };
+  png_set_write_fn(writer, &bytes, append, [](png_structp) {});
+  png_set_IHDR(writer, info, width, height, depth, colourType, PNG_INTERLACE_NONE,
+               PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+  png_write_info(writer, info);
+  for (std::uint32_t i = 0; i < height; ++i) {
+    png_write_row(writer, reinterpret_cast<png_const_bytep>(row(i).data()));
   }
-  bytes.resize(size);
-  return bytes;
-}
-
-// `rows` holds a filter byte in front of each row.
-std::string png(std::uint32_t width, std::uint32_t height, char depth, char colourType,
-                const std::string& rows) {
-  std::string bytes = "\x89PNG\r\n\x1a\n";
-  std::string header;
-  appendBigEndian(header, width);
-  appendBigEndian(header, height);
-  header += {depth, colourType, 0, 0, 0};
-  appendChunk(bytes, "IHDR", header);
-  appendChunk(bytes, "IDAT", compressed(rows));
-  appendChunk(bytes, "IEND", "");
+  png_write_end(writer, info);
+  png_destroy_write_struct(&writer, &info);
   return bytes;
 }
 
@@ -96,10 +80,9 @@ std::string posterPng(Kind kind, std::uint64_t id) {
   const auto shape = fromHue(hue + 0.5, 0.5, 0.95);
   const double stripes = 2 + static_cast<double>(number / 1024 % 6);
 
-  std::string rows;
-  rows.reserve((width * 3 + 1) * height);
-  for (std::uint32_t row = 0; row < height; ++row) {
-    rows += '\0';
+  return png(width, height, 8, PNG_COLOR_TYPE_RGB, [&](std::uint32_t row) {
+    std::string bytes;
+    bytes.reserve(width * 3);
     for (std::uint32_t column = 0; column < width; ++column) {
       const double x = 2.0 * column / width - 1;
       const double y = (2.0 * row - height) / width;
@@ -107,16 +90,17 @@ std::string posterPng(Kind kind, std::uint64_t id) {
       if (std::sin((x + y) * stripes * 3) > 0.8) colour = blend(colour, shape, 0.25);
       if (insideShape(number / 4096, x, y)) colour = blend(colour, shape, 0.85);
       for (const double part : {colour.red, colour.green, colour.blue}) {
-        rows += static_cast<char>(static_cast<unsigned char>(part * 255));
+        bytes += static_cast<char>(static_cast<unsigned char>(part * 255));
       }
     }
-  }
-  return png(width, height, 8, 2, rows);
+    return bytes;
+  });
 }
 
 std::string hugePng() {
   constexpr std::uint32_t kSide = 30'000;
-  return png(kSide, kSide, 1, 0, std::string((kSide / 8 + 1) * std::size_t{kSide}, '\0'));
+  return png(kSide, kSide, 1, PNG_COLOR_TYPE_GRAY,
+             [](std::uint32_t) { return std::string(kSide / 8 + 1, '\0'); });
 }
 
 }  // namespace sim
