@@ -39,11 +39,11 @@ TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
   // Long enough that the first write is still going on when the last one begins.
   const QString first = QString(4'000'000, u'a');
   const QString last = QStringLiteral("b");
-  for (int run = 0; run < 5; ++run) {
+  for (unsigned long run = 0; run < 5; ++run) {
     {
       Preferences preferences(file);
       preferences.setText(key, first);
-      QThread::msleep(static_cast<unsigned long>(2 * run));
+      QThread::msleep(2 * run);
       preferences.setText(key, last);
     }
     EXPECT_EQ(Preferences(file).text(key), last) << "run " << run;
@@ -79,7 +79,8 @@ TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
   QFile raw(file);
   ASSERT_TRUE(raw.open(QFile::WriteOnly));
   raw.write("[General]\nfavorites-A=\"[\\\"live:1\\\",7]\"\nvantor.server=@ByteArray(\\x0)\n" +
-            key.toLatin1() + "=\"{\\\"movies:1\\\":[1,\\\"x\\\"]}\"\n\x00\xff garbage [[[\n");
+            key.toLatin1() + "=\"{\\\"movies:1\\\":[1,\\\"x\\\"]}\"\n" + '\0' +
+            "\xff garbage [[[\n");
   raw.close();
   const Preferences preferences(file);
   EXPECT_TRUE(preferences.textList(QStringLiteral("favorites-A")).isEmpty());

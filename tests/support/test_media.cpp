@@ -36,7 +36,7 @@ Probed probe(const QString& file) {
   process.waitForFinished(60'000);
   const QJsonObject found = QJsonDocument::fromJson(process.readAll()).object();
   Probed probed;
-  for (const QJsonValue& stream : found[u"streams"_s].toArray()) {
+  for (const QJsonValue stream : found[u"streams"_s].toArray()) {
     const QString codec = stream[u"codec_name"_s].toString();
     if (stream[u"codec_type"_s] == u"audio"_s) probed.sounds.append(codec);
     if (stream[u"codec_type"_s] != u"video"_s) continue;
