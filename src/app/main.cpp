@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
-  if (isAnswered(argc, argv)) return 0;
+  if (argc > 1 && isAnswered(argc, argv)) return 0;
   const QGuiApplication application(argc, argv);
   const LaunchArguments launch = launchArguments(QGuiApplication::arguments());
   if (!launch.mistake.isEmpty()) {

@@ -103,13 +103,11 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
       const QCoro::Task<Catalog> answered = client.catalog(kind, stop);
       catalog = co_await answered;
     } catch (...) {
+      loading.failed();
       failure = std::current_exception();
     }
     if (!self || !self->session_.isCurrent(token, stop)) co_return;
-    if (failure) {
-      loading.failed(failure);
-      co_return self->failed(kind, failure);
-    }
+    if (failure) co_return self->failed(kind, failure);
     self->arrived(kind, *catalog);
     if (self->session_.disk()) {
       const Pending<Done> saved = self->session_.disk()->save(*catalog, account.id, kind);
@@ -117,11 +115,11 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
       try {
         co_await saved;
       } catch (...) {
+        saving.failed();
         failure = std::current_exception();
       }
       if (!self || !self->session_.isCurrent(token, stop)) co_return;
       if (failure) {
-        saving.failed(failure);
         self->listener_.notice(
             QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
                            "remain available while the app is open."));

@@ -29,16 +29,4 @@ constexpr std::optional<LibraryKind> libraryOf(Section section) {
   return std::nullopt;
 }
 
-constexpr Section sectionOf(LibraryKind kind) {
-  switch (kind) {
-    case LibraryKind::movies:
-      return Section::movies;
-    case LibraryKind::shows:
-      return Section::shows;
-    case LibraryKind::live:
-      break;
-  }
-  return Section::live;
-}
-
 }  // namespace vantor

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <array>
-#include <optional>
 
 namespace vantor {
 
@@ -14,7 +13,9 @@ inline constexpr std::array allLibraryKinds = {LibraryKind::live, LibraryKind::m
 
 QString rawValue(LibraryKind kind);  // "live", "movies", "shows"
 
-/// Absent for any text but the three raw values.
-std::optional<LibraryKind> libraryKind(QStringView rawValue);
+/// One text for each library, in the order of `allLibraryKinds`.
+using LibraryTexts = std::array<const char16_t*, allLibraryKinds.size()>;
+
+QString textOf(LibraryKind kind, const LibraryTexts& texts);
 
 }  // namespace vantor

@@ -32,6 +32,7 @@ struct URLError : std::exception, NumberedFailure {
   explicit URLError(Code reason) : code(reason) {}
   const char* what() const noexcept override { return "URL loading error"; }
   int number() const noexcept override { return static_cast<int>(code); }
+  bool isCancellation() const noexcept override { return code == Code::cancelled; }
   Code code;
 };
 

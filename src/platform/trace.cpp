@@ -3,7 +3,6 @@
 #include <cxxabi.h>
 
 #include <QHash>
-#include <QString>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
@@ -42,19 +41,25 @@ QString kindOf(const std::exception& failure) {
   return kind;
 }
 
+bool isCancellation(const std::exception& failure) {
+  if (dynamic_cast<const Cancelled*>(&failure)) return true;
+  const auto* numbered = dynamic_cast<const NumberedFailure*>(&failure);
+  return numbered && numbered->isCancellation();
+}
+
 }  // namespace
 
 void Attempt::failed(const std::exception_ptr& failure) const {
-  QString kind = QStringLiteral("an unknown failure");
   try {
     std::rethrow_exception(failure);
-  } catch (const Cancelled&) {
-    return;
   } catch (const std::exception& known) {
-    kind = kindOf(known);
+    if (!isCancellation(known)) failed(kindOf(known));
   } catch (...) {
-    // Nothing is known of it.
+    failed(QStringLiteral("an unknown failure"));
   }
+}
+
+void Attempt::failed(const QString& kind) const {
   qCInfo(category_).noquote().nospace() << tried_ << ": " << kind << ", failure " << countOf(tried_)
                                         << ", after " << sinceStart_.elapsed() << " ms";
 }

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QLoggingCategory>
+#include <QString>
 #include <exception>
 
 namespace vantor {
@@ -18,6 +19,7 @@ Q_DECLARE_LOGGING_CATEGORY(artworkTrace)    // vantor.artwork
 class NumberedFailure {
  public:
   virtual int number() const noexcept = 0;
+  virtual bool isCancellation() const noexcept { return false; }
 
  protected:
   ~NumberedFailure() = default;
@@ -36,6 +38,9 @@ class Attempt {
   /// Leaves one line in the log: what was tried, the kind of the failure and its number, how often
   /// it has failed in this run, and after how long. None for what was cancelled.
   void failed(const std::exception_ptr& failure = std::current_exception()) const;
+
+  /// The same for a failure that is no exception. `kind` names no source, entry or file.
+  void failed(const QString& kind) const;
 
  private:
   Category category_;

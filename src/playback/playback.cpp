@@ -150,6 +150,7 @@ QCoro::Task<> Playback::openSource(QPointer<Playback> self, Ticket ticket, bool 
 
 void Playback::load(const PlayRequest& request) {
   const Announcements::Scope scope(announcements_);
+  playing_ = Attempt(playbackTrace, "playing a source");
   engine_.unload();
   if (request.kind == SourceKind::file && !QFile::exists(request.url.toLocalFile())) {
     fail(u"This media file is no longer available."_s);
@@ -166,8 +167,8 @@ void Playback::load(const PlayRequest& request) {
 
 void Playback::fail(const QString& message) {
   const Announcements::Scope scope(announcements_);
-  // The sentence, which names no source.
-  qCInfo(playbackTrace).noquote() << "playing failed:" << message;
+  // The sentence names no source.
+  playing_.failed(message);
   recording_.finish();
   heldFrame_.set({});
   message_.set(message);

@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/folders.h"
 #include "platform/job.h"
+#include "platform/trace.h"
 #include "playback/media_engine.h"
 #include "playback/play_request.h"
 #include "playback/playback_state.h"
@@ -111,6 +112,7 @@ class Playback final : public QObject {
   Announced<bool> expanded_;
   TransportState transport_;
   Recording recording_;
+  Attempt playing_{playbackTrace, "playing a source"};
   Ticket generation_ = 0;  // openings and stops so far; a task's copy of it tells when it is stale
   std::stop_source tickWait_;  // ends the wait for the next tick early
   Job loadTask_;

@@ -50,15 +50,16 @@ QString Recording::folder() const {
 }
 
 bool Recording::start(const std::optional<QString>& folder) {
+  const Attempt attempt(recordingTrace, "starting a recording");
   const QString target = folder.value_or(this->folder());
   if (!makePrivateFolder(target)) {
-    qCInfo(recordingTrace) << "making the folder of recordings: failed";
+    attempt.failed(u"no folder"_s);
     say(u"The recording folder could not be created."_s);
     return false;
   }
   target_ = target;
   if (!engine_.startRecording(target)) {
-    qCInfo(recordingTrace) << "recording a source: refused by the engine";
+    attempt.failed(u"refused by the engine"_s);
     say(u"This source does not support recording."_s);
     return false;
   }
@@ -68,9 +69,10 @@ bool Recording::start(const std::optional<QString>& folder) {
 
 bool Recording::finish() {
   if (stage() != Stage::running) return false;
+  const Attempt attempt(recordingTrace, "saving a recording");
   enter(Stage::saving, u"Saving recording…"_s);
   if (engine_.stopRecording()) return true;
-  qCInfo(recordingTrace) << "saving a recording: the engine has none";
+  attempt.failed(u"the engine has none"_s);
   enter(Stage::idle, u"Recording could not be finalized. Check the recording folder."_s);
   return false;
 }

@@ -16,12 +16,10 @@ class TransportState final : public QObject {
  public:
   explicit TransportState(Announcements& announcements);
 
-  double seconds() const { return seconds_.get(); }  // never negative
-  double duration() const {
-    return duration_.get();
-  }                                                  // seconds; 0 while unknown, and of broadcasts
-  bool seekable() const { return seekable_.get(); }  // only ever with a known duration
-  double volume() const { return volume_.get(); }    // 0 to 100; 100 is the engine's normal level
+  double seconds() const { return seconds_.get(); }    // never negative
+  double duration() const { return duration_.get(); }  // seconds; 0 while unknown
+  bool seekable() const { return seekable_.get(); }    // only ever with a known duration
+  double volume() const { return volume_.get(); }      // 0 to 100; 100 is the engine's normal level
   const QList<EngineTrack>& audio() const { return audio_.get(); }
   const QList<EngineTrack>& subtitles() const { return subtitles_.get(); }
 

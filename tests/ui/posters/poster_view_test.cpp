@@ -29,7 +29,8 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
     shell.reset();
   }
   void load(LibraryKind kind, const QByteArray& body) {
-    model->navigate(sectionOf(kind));
+    for (const Section section : allSections)
+      if (libraryOf(section) == kind) model->navigate(section);
     ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
     transport.answer(action(kind), body);
     transport.answer(categoryAction(kind), "[]");
