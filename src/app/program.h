@@ -18,7 +18,7 @@
 #include "playback/libvlc_engine.h"
 #include "provider/service_values.h"
 #include "provider/vantor_configuration.h"
-#include "remote/recording_service.h"
+#include "desktop/recording_service.h"
 #include "storage/secure_store.h"
 #include "ui/views.h"
 #include "ui/window/dialog_file_panel.h"

@@ -1,5 +1,5 @@
 // Calls the object over the D-Bus session bus that the tests run in, from a connection of its own.
-#include "remote/recording_service.h"
+#include "desktop/recording_service.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingReply>

@@ -10,7 +10,7 @@
 #include <stop_token>
 
 #include "platform/job.h"
-#include "remote/recording_notifier.h"
+#include "desktop/recording_notifier.h"
 
 namespace vantor {
 

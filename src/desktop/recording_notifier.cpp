@@ -1,4 +1,4 @@
-#include "remote/recording_notifier.h"
+#include "desktop/recording_notifier.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

@@ -1,4 +1,4 @@
-#include "remote/recording_service.h"
+#include "desktop/recording_service.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCall>
