@@ -81,6 +81,11 @@ void Connection::interrupt() {
   ::shutdown(socket_, SHUT_RDWR);
 }
 
+bool Connection::isLeft() const {
+  pollfd entry{.fd = socket_, .events = POLLRDHUP, .revents = 0};
+  return ::poll(&entry, 1, 0) > 0;
+}
+
 bool Connection::waitFor(short events, std::chrono::milliseconds timeout) {
   const auto deadline = std::chrono::steady_clock::now() + timeout;
   while (true) {

@@ -33,6 +33,8 @@ class Connection {
 
   // From any thread: makes every operation, also a waiting one, fail.
   void interrupt();
+  // The client has hung up, or half of it. Safe from any thread while the connection lives.
+  bool isLeft() const;
 
  private:
   bool fill();

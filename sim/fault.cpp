@@ -12,6 +12,7 @@ constexpr auto kNames = std::to_array<std::pair<Fault, std::string_view>>({
     {Fault::slow, "slow"},
     {Fault::silent, "silent"},
     {Fault::cutOff, "cutOff"},
+    {Fault::unsteady, "unsteady"},
     {Fault::oversizeAnnounced, "oversizeAnnounced"},
     {Fault::oversizeUnannounced, "oversizeUnannounced"},
     {Fault::oversizeGzip, "oversizeGzip"},

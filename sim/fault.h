@@ -14,6 +14,7 @@ enum class Fault {
                       // their speed
   silent,             // takes the request and never answers
   cutOff,             // closes half-way through the body; channels after their first seconds
+  unsteady,           // of two requests one is cut off, the other fails: 503, empty or notHttp
   oversizeAnnounced,  // announces 32 GiB and sends filler
   oversizeUnannounced,  // sends up to 256 MiB of filler without announcing a length
   oversizeGzip,         // gigabytes in a few kilobytes or megabytes, whatever the client accepts

@@ -1,5 +1,7 @@
 #include "sim/server.h"
 
+#include <array>
+#include <atomic>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
@@ -8,6 +10,7 @@
 #include "sim/delivery.h"
 #include "sim/listener.h"
 #include "sim/media.h"
+#include "sim/names.h"
 #include "sim/provider.h"
 #include "sim/script.h"
 #include "sim/stream.h"
@@ -23,6 +26,13 @@ std::unique_ptr<Streams> makeStreams(const Options& options) {
 
 bool isStream(const std::string& action) {
   return action == "live" || action == "movie" || action == "series" || action == "segment";
+}
+
+// What happens to the request of that number.
+Fault mishap(unsigned number) {
+  constexpr std::array kMishaps{Fault::status503, Fault::status503, Fault::empty,  Fault::notHttp,
+                                Fault::cutOff,    Fault::cutOff,    Fault::cutOff, Fault::cutOff};
+  return kMishaps.at(scatter(number, 90) % kMishaps.size());
 }
 
 std::string origin(bool tls, const std::string& host, int port) {
@@ -66,6 +76,7 @@ struct Server::Parts {
   std::unique_ptr<Streams> streams;
   Script script;
   Tally tally;
+  std::atomic<unsigned> mishaps = 0;
   Origins origins;
   std::optional<Provider> provider;
   std::mutex startMutex;
@@ -83,7 +94,8 @@ void Server::Parts::serve(Connection& connection) {
     }
     if (!request) return;
     const auto action = provider->actionOf(*request);
-    const Tally::Answering answering(tally, action, *request);
+    const Tally::Answering answering(tally, action, *request,
+                                     isStream(action) ? &connection : nullptr);
     if (!waitWhileHeld(connection, action)) return;
     if (!respond(connection, *request, action)) break;
   }
@@ -103,7 +115,8 @@ bool Server::Parts::respond(Connection& connection, const Request& request,
     deliver(connection, request, errorResponse(405), Fault::none, origins);
     return false;
   }
-  const auto fault = script.fault(action);
+  auto fault = script.fault(action);
+  if (fault == Fault::unsteady) fault = mishap(mishaps++);
   if (const auto body = script.body(action)) {
     return deliver(connection, request, *body, fault, origins);
   }
@@ -128,7 +141,7 @@ bool Server::Parts::respondWithStream(Connection& connection, const Request& req
   if (item->extension == "m3u8" && item->kind == Kind::live) {
     return send(streams->playlist(item->id, options.basePath));
   }
-  const Tally::Streaming streaming(tally);
+  const Tally::Streaming streaming(tally, connection);
   if (fault == Fault::expiredAccount ||
       (fault == Fault::connectionLimit && streaming.count() > 1)) {
     return send(errorResponse(403));

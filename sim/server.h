@@ -46,6 +46,9 @@ struct Counters {
   int connectionsAccepted = 0;
   int connectionsOpen = 0;
   int streamsOpen = 0;
+  // Most connections at the same time over which clients were getting streams, live playlists or
+  // their segments.
+  int mostStreamsAtOnce = 0;
   // Requests under another host name or port than url(), and bytes that were no request.
   int strays = 0;
 };

@@ -4,9 +4,19 @@
 #include <utility>
 
 namespace sim {
+namespace {
 
-Tally::Answering::Answering(Tally& tally, std::string action, const Request& request)
-    : tally_(tally), action_(std::move(action)) {
+// A thread may take its time to notice that its client has gone.
+int present(const std::set<const Connection*>& connections) {
+  return static_cast<int>(std::ranges::count_if(
+      connections, [](const Connection* connection) { return !connection->isLeft(); }));
+}
+
+}  // namespace
+
+Tally::Answering::Answering(Tally& tally, std::string action, const Request& request,
+                            const Connection* stream)
+    : tally_(tally), action_(std::move(action)), stream_(stream) {
   const std::lock_guard lock(tally_.mutex_);
   auto& counters = tally_.counters_;
   ++counters.requests[action_];
@@ -15,21 +25,30 @@ Tally::Answering::Answering(Tally& tally, std::string action, const Request& req
   counters.userAgents.insert(request.header("user-agent"));
   auto& most = counters.mostAtOnce[action_];
   most = std::max(most, ++tally_.answering_[action_]);
+  if (stream_) {
+    tally_.pieces_.insert(stream_);
+    counters.mostStreamsAtOnce = std::max(counters.mostStreamsAtOnce, present(tally_.pieces_));
+  }
   tally_.changed_.notify_all();
 }
 
 Tally::Answering::~Answering() {
   const std::lock_guard lock(tally_.mutex_);
   --tally_.answering_[action_];
+  tally_.pieces_.erase(stream_);
 }
 
-Tally::Streaming::Streaming(Tally& tally) : tally_(tally) {
+Tally::Streaming::Streaming(Tally& tally, const Connection& connection)
+    : tally_(tally), connection_(connection) {
   const std::lock_guard lock(tally_.mutex_);
-  count_ = ++tally_.counters_.streamsOpen;
+  ++tally_.counters_.streamsOpen;
+  tally_.streams_.insert(&connection_);
+  count_ = present(tally_.streams_);
 }
 
 Tally::Streaming::~Streaming() {
   const std::lock_guard lock(tally_.mutex_);
+  tally_.streams_.erase(&connection_);
   --tally_.counters_.streamsOpen;
 }
 

@@ -4,8 +4,10 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 
+#include "sim/connection.h"
 #include "sim/http.h"
 #include "sim/server.h"
 
@@ -14,10 +16,11 @@ namespace sim {
 // Counts what has been asked. Safe from any thread.
 class Tally {
  public:
-  // Counts a request, and that it is being answered for as long as it lives.
+  // Counts a request, and that it is being answered for as long as it lives; `stream` is its
+  // connection when it asks for a stream or for a piece of one.
   class Answering {
    public:
-    Answering(Tally& tally, std::string action, const Request& request);
+    Answering(Tally& tally, std::string action, const Request& request, const Connection* stream);
     ~Answering();
     Answering(const Answering&) = delete;
     Answering& operator=(const Answering&) = delete;
@@ -25,20 +28,22 @@ class Tally {
    private:
     Tally& tally_;
     std::string action_;
+    const Connection* stream_;
   };
 
   // Counts an open stream for as long as it lives.
   class Streaming {
    public:
-    explicit Streaming(Tally& tally);
+    Streaming(Tally& tally, const Connection& connection);
     ~Streaming();
     Streaming(const Streaming&) = delete;
     Streaming& operator=(const Streaming&) = delete;
-    // Open streams, this one included, when it opened.
+    // Streams whose clients were still there when it opened, this one included.
     int count() const { return count_; }
 
    private:
     Tally& tally_;
+    const Connection& connection_;
     int count_;
   };
 
@@ -53,6 +58,8 @@ class Tally {
   mutable std::mutex mutex_;
   mutable std::condition_variable changed_;
   Counters counters_;
+  std::set<const Connection*> pieces_;
+  std::set<const Connection*> streams_;
   std::map<std::string, int> answering_;
 };
 

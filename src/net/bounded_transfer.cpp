@@ -24,7 +24,7 @@ void abandon(QNetworkReply* reply) {
 
 BoundedTransfer::BoundedTransfer(std::int64_t limit, TransferTimes times,
                                  std::shared_ptr<Promise<QByteArray>> body)
-    : limit_(limit), times_(times), body_(std::move(body)), reply_(nullptr, abandon) {
+    : limit_(limit), times_(times), outcome_{std::move(body)}, reply_(nullptr, abandon) {
   withoutData_.setSingleShot(true);
   inAll_.setSingleShot(true);
   const auto timeOut = [this] {
@@ -37,6 +37,13 @@ BoundedTransfer::BoundedTransfer(std::int64_t limit, TransferTimes times,
 BoundedTransfer::~BoundedTransfer() {
   onFinished = nullptr;
   cancel();
+}
+
+BoundedTransfer::Outcome::~Outcome() {
+  if (failure)
+    promise->fail(failure);
+  else
+    promise->resolve(std::move(body));
 }
 
 void BoundedTransfer::start(const HTTPRequest& request) {
@@ -162,13 +169,13 @@ void BoundedTransfer::cancel() {
 
 void BoundedTransfer::finish(QByteArray bytes) {
   if (finished_) return;
-  body_->resolve(std::move(bytes));
+  outcome_.body = std::move(bytes);
   end();
 }
 
 void BoundedTransfer::fail(std::exception_ptr error) {
   if (finished_) return;
-  body_->fail(std::move(error));
+  outcome_.failure = std::move(error);
   end();
 }
 

@@ -13,8 +13,8 @@ class QNetworkReply;
 
 namespace vantor {
 
-/// One transfer, used once, confined to the network thread. Its result is settled exactly once,
-/// with a cancellation when the transfer is destroyed before its end.
+/// One transfer, used once, confined to the network thread. Its result is settled when it is
+/// destroyed and its connection closed, with a cancellation when that is before its end.
 class BoundedTransfer final : public QObject {
   Q_OBJECT
  public:
@@ -25,10 +25,18 @@ class BoundedTransfer final : public QObject {
   void start(const HTTPRequest& request);
   void cancel();
 
-  /// Called once, when the result has been settled.
+  /// Called once, when there is a result to settle.
   std::function<void()> onFinished;
 
  private:
+  /// Settles the result when all that is declared after it is gone.
+  struct Outcome {
+    ~Outcome();
+    std::shared_ptr<Promise<QByteArray>> promise;
+    QByteArray body = {};
+    std::exception_ptr failure = {};
+  };
+
   void send(const QUrl& address);
   void receiveHead();
   void receiveData();
@@ -42,7 +50,7 @@ class BoundedTransfer final : public QObject {
 
   const std::int64_t limit_;
   const TransferTimes times_;
-  const std::shared_ptr<Promise<QByteArray>> body_;
+  Outcome outcome_;
   HTTPRequest request_;
   QNetworkAccessManager session_;
   QTimer withoutData_;

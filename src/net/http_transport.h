@@ -44,6 +44,7 @@ class HTTPTransport {
 
   /// Fetches a whole body of at most `limit` bytes, after decompression. Fails with `AppError`,
   /// `HTTPFailure`, `URLError` or `Cancelled`. Main thread only; a stop request ends the transfer.
+  /// Whatever comes of it, its connection is closed by then.
   virtual QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit,
                                         std::stop_token token) = 0;
 };

@@ -186,6 +186,17 @@ TEST_F(HTTPClientTest, ACutOffBodyIsNoSuccess) {
   EXPECT_THROW(fetch(), URLError);
 }
 
+TEST_F(HTTPClientTest, HasClosedItsConnectionWhenItTellsWhatCameOfIt) {
+  server.setBody("live", std::string(8 * 1024 * 1024, 'x'));
+  for (int times = 0; times < 30; ++times) {
+    EXPECT_THROW(
+        awaited<QByteArray>(client.fetch(request("/live/a/b/1.ts"), times, stop.get_token())),
+        AppError);
+  }
+  EXPECT_EQ(server.counters().requests["live"], 30);
+  EXPECT_EQ(server.counters().mostStreamsAtOnce, 1);
+}
+
 TEST_F(HTTPClientTest, RefusesWhatIsNotHTTP) {
   HTTPRequest local;
   local.address = QUrl(QStringLiteral("file:///etc/hostname"));

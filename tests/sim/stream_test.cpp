@@ -3,9 +3,11 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "sim/broadcast.h"
+#include "sim/library.h"
 #include "sim_fixture.h"
 
 namespace sim {
@@ -151,6 +153,32 @@ TEST(SimStreams, LimitRefusesASecondStreamAndCutOffEndsOne) {
   const auto bytes = readStream(clientOf(server), streamTarget("live", "1002.ts"), SIZE_MAX);
   EXPECT_GT(bytes.size(), 50'000u);
   EXPECT_EQ(bytes.size() % 188, 0u);
+}
+
+TEST(SimStreams, UnsteadyOnesBreakOffInDifferentWays) {
+  Server server;
+  server.setFault("movie", Fault::unsteady);
+  const auto target = streamTarget("movie", std::to_string(entryId(Kind::movie, 0)) + ".m4a");
+  std::set<std::string> ways;
+  for (int times = 0; times < 40; ++times) {
+    const auto answer = clientOf(server).Get(target);
+    ways.insert(!answer                 ? "broken off"
+                : answer->status != 200 ? std::to_string(answer->status)
+                                        : std::to_string(answer->body.size()));
+  }
+  EXPECT_EQ(ways, (std::set<std::string>{"0", "503", "broken off"}));
+}
+
+TEST(SimStreams, CountsTheConnectionsOfTheClientsThatAreThere) {
+  const Server server;
+  const auto target = streamTarget("live", "1001.ts");
+  for (int times = 0; times < 5; ++times) readStream(clientOf(server), target, 1);
+  EXPECT_EQ(server.counters().mostStreamsAtOnce, 1);
+  clientOf(server).Get(target, [&](const char*, std::size_t) {
+    readStream(clientOf(server), target, 1);
+    return false;
+  });
+  EXPECT_EQ(server.counters().mostStreamsAtOnce, 2);
 }
 
 }  // namespace
