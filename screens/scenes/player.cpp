@@ -41,6 +41,15 @@ void player(Album& album) {
   shell.backToBrowsing();
   stage.settle();
 
+  stage.provider().setFault("live", sim::Fault::cutOff);
+  shell.playRow(2);
+  stage.until("the interruption", [&] { return !pane.interruption().isEmpty(); });
+  stage.provider().setFault("live", sim::Fault::status503);
+  stage.settle();
+  stage.shot(u"interrupted"_s, u"A channel broke off and is being opened again"_s);
+  stage.provider().reset();
+  stage.until("the picture", [&] { return pane.interruption().isEmpty(); });
+
   stage.show(Section::movies);
   stage.settle();
   shell.playRow(1);

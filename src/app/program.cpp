@@ -44,8 +44,9 @@ Program::Program(const LaunchArguments& launch)
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
                          configuration_, filePanel_, folders_, launch_},
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, Output::shown)),
+      keeper_(model_.playback(), engine_, *frames_, transport_, clock_),
       recordingService_(model_.playback()),
-      views_(model_, clock_, filePanel_, *frames_, artwork_, opener_,
+      views_(model_, keeper_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
   const auto quit = [this] {
     if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);

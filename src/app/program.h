@@ -9,6 +9,7 @@
 #include "app/termination_signals.h"
 #include "artwork/artwork_store.h"
 #include "core/app_model.h"
+#include "desktop/recording_service.h"
 #include "net/http_client.h"
 #include "platform/clock.h"
 #include "platform/opener.h"
@@ -16,9 +17,9 @@
 #include "platform/secret_service_store.h"
 #include "platform/worker.h"
 #include "playback/libvlc_engine.h"
+#include "playback/stream_keeper.h"
 #include "provider/service_values.h"
 #include "provider/vantor_configuration.h"
-#include "desktop/recording_service.h"
 #include "storage/secure_store.h"
 #include "ui/views.h"
 #include "ui/window/dialog_file_panel.h"
@@ -66,6 +67,7 @@ class Program final : public QObject {
   std::shared_ptr<VideoFrameQueue> frames_;
   LibVLCEngine engine_;
   AppModel model_;
+  StreamKeeper keeper_;
   RecordingService recordingService_;
   Views views_;
   AppDelegate delegate_;

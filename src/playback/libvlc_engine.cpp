@@ -226,13 +226,13 @@ LibVLCEngine::~LibVLCEngine() {
 }
 
 void LibVLCEngine::load(const MediaSource& source) {
-  const SourceNumber number = core_->begin({.hasMedia = true});
+  const SourceNumber number = core_->begin({.hasMedia = true, .releasing = true});
   frames_->expect(number);
   core_->postForSource([source, number](LibVLCPlayer& player) { player.load(source, number); });
 }
 
 void LibVLCEngine::unload() {
-  const SourceNumber number = core_->begin({});
+  const SourceNumber number = core_->begin({.releasing = true});
   frames_->expect(number);
   core_->postForSource([number](LibVLCPlayer& player) { player.unload(number); });
 }

@@ -23,6 +23,7 @@ struct EngineTrack {
 struct EngineStatus {
   EngineState state = EngineState::idle;
   bool hasMedia = false;
+  bool releasing = false;   // the media before may still hold its connection
   std::int64_t time = 0;    // milliseconds
   std::int64_t length = 0;  // milliseconds, 0 while unknown
   bool seekable = false;

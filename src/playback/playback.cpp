@@ -20,6 +20,9 @@ constexpr int kMostSavingWaits = 50;
 
 }  // namespace
 
+const QString Playback::notOpened =
+    u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
+
 Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Folders& folders,
                    Output output)
     : engine_(engine),
@@ -28,6 +31,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       folders_(folders),
       output_(output),
       announcements_([] {}),
+      commanded_(announcements_, *this, &Playback::commanded),
       source_(announcements_, *this, &Playback::sourceChanged),
       state_(announcements_, *this, &Playback::stateChanged, PlaybackState::idle),
       message_(announcements_, *this, &Playback::messageChanged),
@@ -56,17 +60,24 @@ bool Playback::isLocal() const {
 }
 
 void Playback::play(const PlayRequest& request) {
+  const Announcements::Scope scope(announcements_);
+  commanded_.note();
   if (mayChangeSource()) start(request);
 }
 
 void Playback::retry() {
-  if (!source() || !mayChangeSource()) return;
-  PlayRequest again = *source();
-  again.resume = 0;
-  start(again);
+  const Announcements::Scope scope(announcements_);
+  commanded_.note();
+  if (source() && mayChangeSource()) startAgain(0);
+}
+
+void Playback::reopen(double resume) {
+  if (source() && mayChangeSource()) startAgain(resume);
 }
 
 void Playback::restart() {
+  const Announcements::Scope scope(announcements_);
+  commanded_.note();
   engine_.setTime(0);
   engine_.play();
   go(PlaybackEvent::resume);
@@ -74,17 +85,29 @@ void Playback::restart() {
 
 void Playback::stop() {
   const Announcements::Scope scope(announcements_);
+  commanded_.note();
   recording_.finish();
   reportProgress();
-  ++generation_;
-  loadTask_ = {};
-  pollTask_ = {};
+  endTasks();
   engine_.unload();
   heldFrame_.set({});
   source_.set(std::nullopt);
   message_.set(std::nullopt);
   expanded_.set(false);
   go(PlaybackEvent::stop);
+}
+
+void Playback::abandon() {
+  if (!source()) return;
+  const Announcements::Scope scope(announcements_);
+  endTasks();
+  fail(notOpened);
+}
+
+void Playback::endTasks() {
+  ++generation_;
+  loadTask_ = {};
+  pollTask_ = {};
 }
 
 QCoro::Task<> Playback::shutdown() {
@@ -133,6 +156,12 @@ void Playback::start(const PlayRequest& request) {
   });
 }
 
+void Playback::startAgain(double resume) {
+  PlayRequest again = *source();
+  again.resume = resume;
+  start(again);
+}
+
 QCoro::Task<> Playback::openSource(QPointer<Playback> self, Ticket ticket, bool takeStill,
                                    PlayRequest request, std::stop_token token) {
   if (!self) co_return;
@@ -143,6 +172,13 @@ QCoro::Task<> Playback::openSource(QPointer<Playback> self, Ticket ticket, bool 
     const QImage still = co_await capture;
     if (!self) co_return;
     if (!token.stop_requested() && !still.isNull()) self->heldFrame_.set(still);
+  }
+  if (!self || token.stop_requested()) co_return;
+  const std::optional<Pending<Done>> other =
+      self->beforeOpening ? self->beforeOpening() : std::nullopt;
+  if (other) {
+    const Pending<Done> over = *other;
+    co_await over;
   }
   if (!self || token.stop_requested() || self->generation_ != ticket) co_return;
   self->load(request);
@@ -177,6 +213,8 @@ void Playback::fail(const QString& message) {
 }
 
 void Playback::togglePause() {
+  const Announcements::Scope scope(announcements_);
+  commanded_.note();
   if (!paused() && engine_.status().state != EngineState::ended) {
     engine_.pause();
     go(PlaybackEvent::pause);
@@ -187,6 +225,7 @@ void Playback::togglePause() {
 }
 
 void Playback::seek(double seconds) {
+  commanded_.note();
   if (transport_.seekable()) engine_.setTime(engineTime(seconds));
 }
 

@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/folders.h"
 #include "platform/job.h"
+#include "platform/pending.h"
 #include "platform/trace.h"
 #include "playback/media_engine.h"
 #include "playback/play_request.h"
@@ -52,6 +53,14 @@ class Playback final : public QObject {
   void setSubtitleTrack(int id);  // -1: none
   void setRate(double rate);
 
+  // For what looks after a source that has stopped by itself; nobody has asked for these.
+  /// Opens the current source again, at `resume` seconds.
+  void reopen(double resume);
+  /// Ends the current source as one that could not be opened.
+  void abandon();
+  /// Asked before each opening: what has to be over before it, if there is anything.
+  std::function<std::optional<Pending<Done>>()> beforeOpening;
+
   PlaybackState state() const { return state_.get(); }
   bool loading() const { return isOpening(state()); }
   bool paused() const { return isHalted(state()); }
@@ -74,6 +83,8 @@ class Playback final : public QObject {
   std::function<void(const QString& id, double seconds, double duration)> onProgress;
 
  Q_SIGNALS:
+  /// Somebody has said what is to play, or from where, or whether; comes before what it changed.
+  void commanded();
   void sourceChanged();
   void stateChanged();
   void messageChanged();
@@ -83,6 +94,7 @@ class Playback final : public QObject {
  private:
   using Ticket = std::int64_t;
   enum class Watch { goOn, over };
+  static const QString notOpened;
   struct Opening;  // what the progress loop knows of the source that it watches
 
   static QCoro::Task<> openSource(QPointer<Playback> self, Ticket ticket, bool takeStill,
@@ -91,6 +103,8 @@ class Playback final : public QObject {
                              std::stop_token token);
   bool mayChangeSource();
   void start(const PlayRequest& request);
+  void startAgain(double resume);
+  void endTasks();
   void load(const PlayRequest& request);
   void go(PlaybackEvent event) { state_.set(next(state(), event)); }
   void fail(const QString& message);
@@ -105,6 +119,7 @@ class Playback final : public QObject {
   const Folders folders_;
   const Output output_;
   Announcements announcements_;  // of these, in this order
+  Announcement commanded_;
   Announced<std::optional<PlayRequest>> source_;
   Announced<PlaybackState> state_;
   Announced<std::optional<QString>> message_;

@@ -56,8 +56,7 @@ Playback::Watch Playback::tick(Opening& opening) {
   const Announcements::Scope scope(announcements_);
   const EngineStatus status = engine_.status();
   if (status.state == EngineState::error) {
-    fail(
-        u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s);
+    fail(notOpened);
     return Watch::over;
   }
   if (loading() && hasStarted(status)) {

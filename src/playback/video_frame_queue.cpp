@@ -7,8 +7,19 @@ namespace vantor {
 void VideoFrameQueue::expect(SourceNumber source) {
   std::unique_lock lock(mutex_);
   source_ = source;
+  if (!held_) dropOthers(std::move(lock));
+}
+
+void VideoFrameQueue::hold(bool held) {
+  std::unique_lock lock(mutex_);
+  held_ = held;
+  if (!held_) dropOthers(std::move(lock));
+}
+
+void VideoFrameQueue::dropOthers(std::unique_lock<std::mutex> lock) {
+  if (!latest_ || latest_->source == source_) return;
   const SharedFrame dropped = std::exchange(latest_, nullptr);
-  if (dropped) announce(std::move(lock));
+  announce(std::move(lock));
 }
 
 void VideoFrameQueue::present(SharedFrame frame) {
@@ -20,7 +31,7 @@ void VideoFrameQueue::present(SharedFrame frame) {
 
 SharedFrame VideoFrameQueue::latest() const {
   const std::lock_guard lock(mutex_);
-  return latest_;
+  return latest_ && latest_->source == source_ ? latest_ : nullptr;
 }
 
 SharedFrame VideoFrameQueue::take() {

@@ -15,13 +15,15 @@ class VideoFrameQueue : public QObject {
  public:
   using QObject::QObject;
 
-  /// Drops the picture there is; from now on only those of `source` are taken.
+  /// Drops the picture there is, unless it is held; from now on only those of `source` are taken.
   void expect(SourceNumber source);
   void present(SharedFrame frame);
+  /// Whether the last picture stays for the surface until the expected source has one.
+  void hold(bool held);
 
   /// The newest picture of the expected source, or null.
   SharedFrame latest() const;
-  /// The same, for the surface: a later change is announced again.
+  /// The one to show: the same, or the one that is held. A later change is announced again.
   SharedFrame take();
 
  Q_SIGNALS:
@@ -30,11 +32,13 @@ class VideoFrameQueue : public QObject {
   void changed();
 
  private:
+  void dropOthers(std::unique_lock<std::mutex> lock);
   void announce(std::unique_lock<std::mutex> lock);
 
   mutable std::mutex mutex_;
   SourceNumber source_ = 0;
   SharedFrame latest_;
+  bool held_ = false;
   bool announced_ = false;
 };
 

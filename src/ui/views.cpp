@@ -5,8 +5,8 @@
 
 namespace vantor {
 
-Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
-             ArtworkStore& artwork, Opener& opener, SettingsLinks links)
+Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePanel& filePanel,
+             VideoFrameQueue& frames, ArtworkStore& artwork, Opener& opener, SettingsLinks links)
     : filePanel_(filePanel),
       frames_(frames),
       artwork_(artwork),
@@ -20,7 +20,7 @@ Views::Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFra
       episodes_(model),
       connectView_(model),
       settingsView_(model, opener, std::move(links)),
-      player_(model.playback()),
+      player_(model.playback(), keeper),
       transport_(model.playback()),
       commands_(model) {}
 

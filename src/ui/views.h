@@ -45,8 +45,8 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::ArtworkStore* artwork READ artwork CONSTANT)
 
  public:
-  Views(AppModel& model, Clock& clock, DialogFilePanel& filePanel, VideoFrameQueue& frames,
-        ArtworkStore& artwork, Opener& opener, SettingsLinks links);
+  Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePanel& filePanel,
+        VideoFrameQueue& frames, ArtworkStore& artwork, Opener& opener, SettingsLinks links);
 
   TVShell* shell() { return &shell_; }
   StatusView* statusView() { return &statusView_; }

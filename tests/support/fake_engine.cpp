@@ -13,7 +13,7 @@ void FakeEngine::load(const MediaSource& loaded) {
 
 void FakeEngine::unload() {
   calls.append(u"unload"_s);
-  now = {};
+  now = {.releasing = releasesLate};
 }
 
 void FakeEngine::play() {

@@ -16,6 +16,7 @@ class FakeEngine final : public MediaEngine {
   QImage picture;              // written by `saveSnapshot`; nothing is written while it is null
   bool recordingStops = true;  // what `stopRecording` answers
   QString snapshot;            // path of the last snapshot asked for
+  bool releasesLate = false;   // what is unloaded has not let go of its connection by itself
 
   void load(const MediaSource& source) override;
   void unload() override;

@@ -42,4 +42,16 @@ PersistentVideoOverlay {
             text: overlay.player.openingText
         }
     }
+
+    OnDemand {
+        width: parent.width
+        y: parent.height - height
+        visible: wanted
+        wanted: overlay.area && overlay.player.interruption !== ""
+
+        sourceComponent: InterruptionStrip {
+            text: overlay.player.interruption
+            onEndChosen: overlay.player.giveUp()
+        }
+    }
 }

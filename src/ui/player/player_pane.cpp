@@ -1,17 +1,21 @@
 #include "ui/player/player_pane.h"
 
 #include "playback/playback.h"
+#include "playback/stream_keeper.h"
 
 namespace vantor {
 
 using namespace Qt::StringLiterals;
 
-PlayerPane::PlayerPane(Playback& playback, QObject* parent) : QObject(parent), playback_(playback) {
+PlayerPane::PlayerPane(Playback& playback, StreamKeeper& keeper, QObject* parent)
+    : QObject(parent), playback_(playback), keeper_(keeper) {
   for (const auto signal :
        {&Playback::sourceChanged, &Playback::stateChanged, &Playback::messageChanged,
         &Playback::expandedChanged, &Playback::heldFrameChanged})
     connect(&playback, signal, this, &PlayerPane::changed);
   connect(&playback, &Playback::heldFrameChanged, this, &PlayerPane::heldFrameChanged);
+  connect(&keeper, &StreamKeeper::bringingBackChanged, this, &PlayerPane::changed);
+  connect(&keeper, &StreamKeeper::bringingBackChanged, this, &PlayerPane::heldFrameChanged);
 }
 
 bool PlayerPane::idle() const {
@@ -27,7 +31,7 @@ QString PlayerPane::title() const {
 }
 
 bool PlayerPane::loading() const {
-  return playback_.loading();
+  return playback_.loading() && !keeper_.bringingBack();
 }
 
 QString PlayerPane::openingText() const {
@@ -35,7 +39,12 @@ QString PlayerPane::openingText() const {
 }
 
 QString PlayerPane::message() const {
-  return playback_.message().value_or(QString());
+  return keeper_.bringingBack() ? QString() : playback_.message().value_or(QString());
+}
+
+QString PlayerPane::interruption() const {
+  if (!keeper_.bringingBack()) return {};
+  return playback_.title() + u" was interrupted. Trying again…"_s;
 }
 
 QVariant PlayerPane::heldFrame() const {
@@ -43,11 +52,12 @@ QVariant PlayerPane::heldFrame() const {
 }
 
 bool PlayerPane::holdingFrame() const {
-  return !playback_.heldFrame().isNull();
+  // The surface itself holds the picture of what comes back, in full.
+  return !playback_.heldFrame().isNull() && !keeper_.bringingBack();
 }
 
 bool PlayerPane::surfaceVisible() const {
-  return playback_.source() && !playback_.message() && !holdingFrame();
+  return playback_.source() && message().isEmpty() && !holdingFrame();
 }
 
 QString PlayerPane::playPauseSymbol() const {
@@ -73,6 +83,10 @@ void PlayerPane::stop() {
 
 void PlayerPane::retry() {
   playback_.retry();
+}
+
+void PlayerPane::giveUp() {
+  keeper_.giveUp();
 }
 
 }  // namespace vantor

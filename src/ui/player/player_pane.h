@@ -7,6 +7,7 @@
 namespace vantor {
 
 class Playback;
+class StreamKeeper;
 
 /// What the player panel and the picture over it show. Main thread only.
 class PlayerPane final : public QObject {
@@ -19,6 +20,7 @@ class PlayerPane final : public QObject {
   Q_PROPERTY(bool loading READ loading NOTIFY changed)
   Q_PROPERTY(QString openingText READ openingText NOTIFY changed)
   Q_PROPERTY(QString message READ message NOTIFY changed)
+  Q_PROPERTY(QString interruption READ interruption NOTIFY changed)
   Q_PROPERTY(QVariant heldFrame READ heldFrame NOTIFY heldFrameChanged)
   Q_PROPERTY(bool holdingFrame READ holdingFrame NOTIFY heldFrameChanged)
   Q_PROPERTY(bool surfaceVisible READ surfaceVisible NOTIFY changed)
@@ -26,15 +28,16 @@ class PlayerPane final : public QObject {
   Q_PROPERTY(QString expandSymbol READ expandSymbol NOTIFY changed)
 
  public:
-  explicit PlayerPane(Playback& playback, QObject* parent = nullptr);
+  PlayerPane(Playback& playback, StreamKeeper& keeper, QObject* parent = nullptr);
 
   bool idle() const;
   QString placeholder() const;
   QString title() const;
   bool loading() const;
   QString openingText() const;
-  QString message() const;     // failure; empty: none
-  QVariant heldFrame() const;  // a QImage
+  QString message() const;       // failure; empty: none
+  QString interruption() const;  // while the source is on its way back; empty: it is not
+  QVariant heldFrame() const;    // a QImage
   bool holdingFrame() const;
   /// Whether the engine's picture is shown where there is a place for it.
   bool surfaceVisible() const;
@@ -45,6 +48,8 @@ class PlayerPane final : public QObject {
   Q_INVOKABLE void toggleExpanded();
   Q_INVOKABLE void stop();
   Q_INVOKABLE void retry();
+  /// Lets an interrupted source be.
+  Q_INVOKABLE void giveUp();
 
  Q_SIGNALS:
   void changed();
@@ -52,6 +57,7 @@ class PlayerPane final : public QObject {
 
  private:
   Playback& playback_;
+  StreamKeeper& keeper_;
 };
 
 }  // namespace vantor

@@ -4,7 +4,10 @@
 
 #include "platform/worker.h"
 #include "playback/playback.h"
+#include "playback/stream_keeper.h"
+#include "playback/video_frame_queue.h"
 #include "support/fake_engine.h"
+#include "support/fake_transport.h"
 #include "support/manual_clock.h"
 #include "support/waiting.h"
 #include "ui/player/player_pane.h"
@@ -32,7 +35,10 @@ class PlayerViewsTest : public ::testing::Test {
   Worker worker;
   Folders folders{home.path(), home.path(), home.path()};
   Playback playback{engine, clock, worker, folders, Output::discarded};
-  PlayerPane pane{playback};
+  VideoFrameQueue frames;
+  test::FakeTransport transport;
+  StreamKeeper keeper{playback, engine, frames, transport, clock};
+  PlayerPane pane{playback, keeper};
   TransportControls controls{playback};
 
   void play() {
@@ -70,9 +76,18 @@ TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
   EXPECT_EQ(pane.playPauseSymbol(), u"play.fill"_s);
   pane.toggleExpanded();
   EXPECT_EQ(pane.expandSymbol(), u"arrow.down.right.and.arrow.up.left"_s);
+  pane.togglePause();
   EngineStatus failed = movie();
   failed.state = EngineState::error;
   advance(failed);
+  EXPECT_TRUE(pane.surfaceVisible()) << "which holds the last picture";
+  EXPECT_EQ(pane.message(), QString());
+  EXPECT_EQ(pane.interruption(), u"News was interrupted. Trying again…"_s);
+  clock.advance(2s);
+  EXPECT_EQ(playback.state(), PlaybackState::opening);
+  EXPECT_FALSE(pane.loading() || pane.holdingFrame());
+  pane.giveUp();
+  EXPECT_EQ(pane.interruption(), QString());
   EXPECT_FALSE(pane.surfaceVisible());
   EXPECT_EQ(pane.message(),
             u"This source could not be opened. It may be offline or your provider may be refusing "

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "platform/opener.h"
+#include "playback/stream_keeper.h"
 #include "support/model_fixture.h"
 #include "ui/views.h"
 
@@ -32,7 +33,8 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
  protected:
   void open(const QStringList& arguments = {}) {
     app = &launch(arguments);
-    views = std::make_unique<Views>(*app, clock, dialog, frames, artwork, opener,
+    keeper = std::make_unique<StreamKeeper>(app->playback(), engine, frames, transport, clock);
+    views = std::make_unique<Views>(*app, *keeper, clock, dialog, frames, artwork, opener,
                                     SettingsLinks{QUrl(u"https://support.example/"_s), {}});
     qml = std::make_unique<QQmlApplicationEngine>();
     qml->addImportPath(u"qrc:/qt/qml"_s);
@@ -52,6 +54,7 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
   void TearDown() override {
     qml.reset();
     views.reset();
+    keeper.reset();
     qInstallMessageHandler(previous);
     EXPECT_EQ(messages.join(u'\n').toStdString(), "");
   }
@@ -110,6 +113,7 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
   ArtworkStore artwork{transport, clock, worker};
   NoOpener opener;
   AppModel* app = nullptr;
+  std::unique_ptr<StreamKeeper> keeper;
   std::unique_ptr<Views> views;
   std::unique_ptr<QQmlApplicationEngine> qml;
   QQuickWindow* window = nullptr;

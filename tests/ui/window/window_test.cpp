@@ -492,6 +492,31 @@ TEST_F(WindowTest, SpaceInTheExpandedPlayerPauses) {
   EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
 }
 
+TEST_F(WindowTest, AnInterruptedChannelCanBeLetGo) {
+  open();
+  signIn(rows(LibraryKind::live, 1, 5));
+  for (const bool expanded : {false, true}) {
+    engine.now = {};
+    press(Qt::Key_Return);
+    test::settle();
+    showPicture();
+    app->playback().setExpanded(expanded);
+    engine.now.state = EngineState::error;
+    clock.advance(250ms);
+    QTest::qWait(0);
+    QQuickItem* end = find("text", u"Stop trying"_s);
+    ASSERT_TRUE(end);
+    EXPECT_TRUE(find("text", u"Title 1 was interrupted. Trying again…"_s));
+    EXPECT_FALSE(find("text", u"Retry"_s));
+    for (int i = 0; i < 60 && window->activeFocusItem() != end; ++i) press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(find("text", u"Stop trying"_s));
+    EXPECT_TRUE(find("text", u"Retry"_s));
+    press(Qt::Key_Escape);
+  }
+  expectMoves("the button of an interruption");
+}
+
 TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {
   open();
   signIn(rows(LibraryKind::live, 1, 1));

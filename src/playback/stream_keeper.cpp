@@ -1,0 +1,237 @@
+#include "playback/stream_keeper.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <utility>
+
+#include "platform/app_error.h"
+#include "platform/trace.h"
+#include "playback/playback.h"
+#include "playback/video_frame_queue.h"
+
+namespace vantor {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kLook = 250ms;
+constexpr auto kFrozen = 10s;                         // without a picture or sound
+constexpr auto kFrozenAfterNews = 2s;                 // once the network has changed
+constexpr std::array kWaits = {1s, 2s, 4s, 8s, 15s};  // before each attempt; the last one again
+constexpr auto kLongest = 3min;
+constexpr auto kSteady = 30s;    // of playing, after which it is all forgotten
+constexpr double kCredits = 20;  // seconds; a film that ends in them is over
+constexpr auto kRelease = 50ms;
+constexpr auto kAnswer = 10s;                    // without data
+constexpr std::int64_t kLongestReason = 65'536;  // bytes
+
+/// That a later attempt would change nothing: the account, its rights, or its connections.
+bool isRefusal(int status) {
+  constexpr std::array refusals{401, 403, 429};
+  return std::ranges::find(refusals, status) != refusals.end();
+}
+
+}  // namespace
+
+StreamKeeper::StreamKeeper(Playback& playback, MediaEngine& engine, VideoFrameQueue& frames,
+                           HTTPTransport& transport, Clock& clock)
+    : playback_(playback), engine_(engine), frames_(frames), transport_(transport), clock_(clock) {
+  connect(&playback_, &Playback::commanded, this, &StreamKeeper::forget);
+  connect(&playback_, &Playback::stateChanged, this, &StreamKeeper::onStateChanged);
+  playback_.beforeOpening = [this]() -> std::optional<Pending<Done>> {
+    if (!connected_) return {};
+    return queue_.emplace_back();
+  };
+}
+
+StreamKeeper::~StreamKeeper() {
+  playback_.beforeOpening = nullptr;
+  freeConnection();
+}
+
+void StreamKeeper::giveUp() {
+  if (!bringingBack()) return;
+  enter(Stage::idle);
+  if (playback_.state() != PlaybackState::failed) playback_.abandon();
+}
+
+void StreamKeeper::hurry() {
+  doubtful_ = true;
+  hurried_ = bringingBack();
+  if (stage_ == Stage::waiting) tick();
+}
+
+void StreamKeeper::enter(Stage stage) {
+  const bool before = bringingBack();
+  stage_ = stage;
+  since_ = clock_.steadyNow();
+  if (stage != Stage::asking) question_ = {};
+  if (stage == Stage::idle) watch_ = {};
+  frames_.hold(stage != Stage::idle);
+  if (before != bringingBack()) Q_EMIT bringingBackChanged();
+}
+
+void StreamKeeper::forget() {
+  attempts_ = 0;
+  spent_ = {};
+  place_ = length_ = 0;
+  hurried_ = false;
+  enter(Stage::idle);
+  // The command may have left the state as it was.
+  onStateChanged();
+}
+
+void StreamKeeper::onStateChanged() {
+  const PlaybackState state = playback_.state();
+  switch (stage_) {
+    case Stage::idle:
+      if (state == PlaybackState::playing && playback_.source()->kind != SourceKind::file) begin();
+      break;
+    case Stage::watching:
+      if (state == PlaybackState::playing) break;
+      if ((state == PlaybackState::ended || state == PlaybackState::failed) && comesBack())
+        interrupted();
+      else
+        enter(Stage::idle);
+      break;
+    case Stage::opening:
+      if (state == PlaybackState::playing) opened();
+      if (state != PlaybackState::failed) break;
+      enter(Stage::asking);
+      question_ =
+          Job::start([self = QPointer(this)](std::stop_token token) { return ask(self, token); });
+      break;
+    case Stage::waiting:
+    case Stage::asking:
+      break;
+  }
+}
+
+void StreamKeeper::begin() {
+  decoded_ = 0;
+  hasMoved();
+  doubtful_ = false;
+  moved_ = clock_.steadyNow();
+  enter(Stage::watching);
+  if (!watch_.running())
+    watch_ =
+        Job::start([self = QPointer(this)](std::stop_token token) { return keep(self, token); });
+}
+
+QCoro::Task<> StreamKeeper::keep(QPointer<StreamKeeper> self, std::stop_token token) {
+  while (self && !token.stop_requested()) {
+    self->tick();
+    if (!self || token.stop_requested()) co_return;
+    const QCoro::Task<> nap = self->clock_.sleep(kLook, token);
+    co_await nap;
+  }
+}
+
+void StreamKeeper::tick() {
+  if (stage_ == Stage::watching) look();
+  if (!bringingBack()) return;
+  const SteadyTime now = clock_.steadyNow();
+  if (spent_ + (now - interrupted_) >= kLongest) {
+    giveUp();
+    return;
+  }
+  if (stage_ != Stage::waiting) return;
+  if (playback_.state() == PlaybackState::playing && hasMoved()) {
+    opened();
+    return;
+  }
+  const auto longest = kWaits.at(std::min(attempts_, kWaits.size() - 1));
+  if (now - since_ >= (hurried_ ? kWaits.front() : longest)) attempt();
+}
+
+void StreamKeeper::look() {
+  const SteadyTime now = clock_.steadyNow();
+  if (now - since_ >= kSteady) {
+    attempts_ = 0;
+    spent_ = {};
+  }
+  if (hasMoved()) {
+    moved_ = now;
+    doubtful_ = false;
+  }
+  if (now - moved_ >= (doubtful_ ? kFrozenAfterNews : kFrozen) && comesBack()) interrupted();
+}
+
+bool StreamKeeper::hasMoved() {
+  const EngineStatus status = engine_.status();
+  return status.decodedVideo + status.decodedAudio !=
+         std::exchange(decoded_, status.decodedVideo + status.decodedAudio);
+}
+
+bool StreamKeeper::comesBack() {
+  if (playback_.source()->kind == SourceKind::broadcast) return true;
+  const TransportState& film = *playback_.transport();
+  // A film that goes on at its place is at its beginning for a moment, and has no length.
+  const bool again = attempts_ > 0;
+  place_ = std::max(again ? place_ : 0, film.seconds());
+  length_ = std::max(again ? length_ : 0, film.duration());
+  return place_ < length_ - kCredits;
+}
+
+void StreamKeeper::interrupted() {
+  interrupted_ = clock_.steadyNow();
+  hurried_ = doubtful_;
+  if (playback_.recording().stage() == Recording::Stage::running) playback_.finishRecording();
+  enter(Stage::waiting);
+}
+
+void StreamKeeper::attempt() {
+  if (playback_.recording().stage() != Recording::Stage::idle) return;
+  ++attempts_;
+  hurried_ = false;
+  enter(Stage::opening);
+  playback_.reopen(place_);
+}
+
+void StreamKeeper::opened() {
+  spent_ += clock_.steadyNow() - interrupted_;
+  begin();
+}
+
+QCoro::Task<> StreamKeeper::ask(QPointer<StreamKeeper> self, std::stop_token token) {
+  while (self && !token.stop_requested() && self->engine_.status().releasing) {
+    const QCoro::Task<> nap = self->clock_.sleep(kRelease, token);
+    co_await nap;
+  }
+  if (!self || token.stop_requested()) co_return;
+  const PlayRequest& source = *self->playback_.source();
+  const HTTPRequest request{source.url, source.agent.toUtf8(), kAnswer};
+  const Attempt trace(playbackTrace, "to ask whether a source is refused");
+  int status = 0;
+  self->connected_ = true;
+  try {
+    const QCoro::Task<QByteArray> asking = self->transport_.fetch(request, kLongestReason, token);
+    co_await asking;
+  } catch (const AppError&) {
+    // It sends more than a reason to refuse, and that is all there is to know.
+  } catch (const HTTPFailure& failure) {
+    status = failure.status;
+    trace.failed();
+  } catch (...) {
+    trace.failed();
+  }
+  if (!self) co_return;
+  self->freeConnection();
+  if (!token.stop_requested()) self->answered(status);
+}
+
+void StreamKeeper::answered(int status) {
+  if (isRefusal(status))
+    giveUp();
+  else
+    enter(Stage::waiting);
+}
+
+void StreamKeeper::freeConnection() {
+  connected_ = false;
+  for (const Pending<Done>& opening : std::exchange(queue_, {})) opening.resolve({});
+}
+
+}  // namespace vantor

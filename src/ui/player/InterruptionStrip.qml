@@ -1,0 +1,46 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+Rectangle {
+    id: strip
+
+    required property string text
+
+    signal endChosen
+
+    implicitHeight: Math.max(label.implicitHeight, end.implicitHeight) + 2 * 6
+    color: Style.faded("black", 0.7)
+
+    Spinner {
+        id: spinner
+        x: 10
+        anchors.verticalCenter: parent.verticalCenter
+    }
+
+    StyledText {
+        id: label
+        anchors.left: spinner.right
+        anchors.leftMargin: 8
+        anchors.right: end.left
+        anchors.rightMargin: Style.gap
+        anchors.verticalCenter: parent.verticalCenter
+        text: strip.text
+        font: Style.caption
+        elide: Text.ElideRight
+        Accessible.role: Accessible.AlertMessage
+    }
+
+    TVButton {
+        id: end
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        topPadding: 6
+        bottomPadding: 6
+        text: "Stop trying"
+        font: Style.caption
+        plainColor: Style.faded(Style.focusWhite, 0.14)
+        onClicked: strip.endChosen()
+    }
+}

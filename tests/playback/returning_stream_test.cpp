@@ -1,0 +1,207 @@
+// What the provider sees of streams that break off: the real engine, at a tenth of the time.
+#include "engine_fixture.h"
+#include "net/http_client.h"
+#include "playback/stream_keeper.h"
+#include "sim/library.h"
+#include "sim/server.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+using namespace std::chrono_literals;
+
+/// Ten seconds a second.
+class QuickClock final : public Clock {
+ public:
+  static constexpr int kFactor = 10;
+  WallTime now() const override { return clock_.now(); }
+  SteadyTime steadyNow() const override { return begin_ + kFactor * (clock_.steadyNow() - begin_); }
+  std::unique_ptr<Timer> callAfter(std::chrono::milliseconds delay,
+                                   std::function<void()> call) override {
+    return clock_.callAfter(std::max(delay / kFactor, 1ms), std::move(call));
+  }
+
+ private:
+  SystemClock clock_;
+  SteadyTime begin_ = clock_.steadyNow();
+};
+
+class ReturningStreamTest : public ::testing::TestWithParam<const char*> {
+ protected:
+  const Settled settled;
+  QTemporaryDir folder;
+  sim::Server server{simulated()};
+  HTTPClient transport;
+  QuickClock clock;
+  Worker worker;
+  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
+  LibVLCEngine engine{frames, Output::shown};
+  Playback playback{engine, clock, worker, {.temporary = folder.path()}, Output::shown};
+  StreamKeeper keeper{playback, engine, *frames, transport, clock};
+  int openings = 0;
+  int failures = 0;
+
+  static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
+
+  static sim::Options simulated() {
+    sim::Options options;
+    options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
+    options.username = options.password = "viewer";
+    return options;
+  }
+
+  void SetUp() override {
+    QObject::connect(&playback, &Playback::stateChanged, &playback, [this] {
+      if (playback.state() == PlaybackState::opening) ++openings;
+      if (playback.state() == PlaybackState::failed) ++failures;
+    });
+  }
+
+  void play(sim::Kind kind, const QString& extension) {
+    playback.play({.url = QUrl(QString::fromStdString(server.url()) +
+                               u"/%1/viewer/viewer/%2.%3"_s
+                                   .arg(QString::fromLatin1(sim::kindName(kind).data()))
+                                   .arg(sim::entryId(kind, 0))
+                                   .arg(extension)),
+                   .title = u"Source"_s,
+                   .id = u"1"_s,
+                   .agent = u"Agent/1"_s,
+                   .kind = kind == sim::Kind::live ? SourceKind::broadcast : SourceKind::onDemand});
+  }
+  void playChannel() { play(sim::Kind::live, QString::fromLatin1(GetParam())); }
+  bool isTransportStream() const { return GetParam() == std::string_view("ts"); }
+  bool playsAgain() {
+    return eventually(
+        [&] { return playback.state() == PlaybackState::playing && !keeper.bringingBack(); });
+  }
+  int requests(const char* action) const { return server.counters().requests[action]; }
+  /// Times the engine began with the channel's address; a playlist is also read while it plays.
+  int asked() const { return requests("live"); }
+  /// Connections that playing takes, without any mishap.
+  int usual() {
+    EXPECT_TRUE(playsAgain());
+    const SteadyTime end = clock.steadyNow() + 15s;
+    EXPECT_TRUE(eventually([&] { return clock.steadyNow() > end; }));
+    return server.counters().mostStreamsAtOnce;
+  }
+};
+
+TEST_P(ReturningStreamTest, OneConnectionAtATimeHoweverItBreaksOff) {
+  playChannel();
+  const int connections = usual();
+  if (isTransportStream()) {
+    EXPECT_EQ(connections, 1);
+  }
+  server.setFault("live", sim::Fault::unsteady);
+  server.setFault("segment", sim::Fault::unsteady);
+  server.resetCounters();
+  openings = failures = 0;
+  playback.retry();
+  // An hour of it: VANTOR_DROPS=1000.
+  const int enough = std::max(6, qEnvironmentVariableIntValue("VANTOR_DROPS"));
+  int byHand = 0;
+  while (openings < enough) {
+    const int before = openings;
+    ASSERT_TRUE(eventually([&] {
+      const bool given = playback.state() == PlaybackState::failed && !keeper.bringingBack();
+      return openings > before || given;
+    }));
+    if (openings > before) continue;
+    ++byHand;
+    playback.retry();
+  }
+  const sim::Counters seen = server.counters();
+  std::printf(
+      "%s: %d openings, %d failed, %d by hand; %d requests for the channel, %d for "
+      "segments, most connections at once %d (undisturbed %d)\n",
+      GetParam(), openings, failures, byHand, asked(), requests("segment"), seen.mostStreamsAtOnce,
+      connections);
+  EXPECT_LE(seen.mostStreamsAtOnce, connections);
+  if (isTransportStream()) {
+    EXPECT_LE(asked(), openings + 2 * failures)
+        << "one each; libVLC tries again what it cannot read, and then comes the question";
+  }
+  server.reset();
+  if (!keeper.bringingBack() && playback.state() == PlaybackState::failed) playback.retry();
+  EXPECT_TRUE(playsAgain());
+  EXPECT_TRUE(frames->latest());
+}
+
+TEST_P(ReturningStreamTest, StaysAwayFromAServerThatRefuses) {
+  playChannel();
+  ASSERT_TRUE(playsAgain());
+  const int toOpen = asked();
+  server.setFault("live", sim::Fault::cutOff);
+  server.setFault("segment", sim::Fault::status503);
+  if (isTransportStream()) playback.retry();
+  ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
+  EXPECT_TRUE(frames->take()) << "the last picture";
+  server.setFault("live", sim::Fault::status403);
+  openings = failures = 0;
+  server.resetCounters();
+  ASSERT_TRUE(eventually([&] { return !keeper.bringingBack(); }));
+  EXPECT_EQ(playback.state(), PlaybackState::failed);
+  EXPECT_TRUE(playback.message());
+  EXPECT_EQ(openings, 1);
+  const int all = asked();
+  if (isTransportStream()) {
+    EXPECT_LE(all, 3) << "one attempt, which libVLC repeats, and one question";
+  }
+  const SteadyTime end = clock.steadyNow() + 40s;
+  ASSERT_TRUE(eventually([&] { return clock.steadyNow() > end; }));
+  EXPECT_EQ(asked(), all);
+  EXPECT_GE(toOpen, 1);
+}
+
+TEST_P(ReturningStreamTest, CommandBetweenAttemptAndAnswerLeavesOneConnection) {
+  playChannel();
+  const int connections = usual();
+  server.setFault("live", sim::Fault::cutOff);
+  server.setFault("segment", sim::Fault::status503);
+  if (isTransportStream()) playback.retry();
+  ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
+  server.setFault("live", sim::Fault::status503);
+  failures = 0;
+  ASSERT_TRUE(eventually([&] { return failures > 0; }));
+  server.resetCounters();
+  server.hold("live");
+  ASSERT_TRUE(server.waitForRequests("live", 0));
+  ASSERT_TRUE(eventually([&] { return asked() > 0; })) << "the question, or an attempt";
+  server.reset();
+  playback.retry();
+  keeper.hurry();
+  server.release("live");
+  EXPECT_TRUE(playsAgain());
+  EXPECT_LE(server.counters().mostStreamsAtOnce, connections);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ReturningStreamTest, ::testing::Values("ts", "m3u8"),
+                         [](const auto& row) { return std::string(row.param); });
+
+using ReturningFilmTest = ReturningStreamTest;
+
+TEST_P(ReturningFilmTest, GoesOnFromWhereItWasCutOff) {
+  // A server that knows no more of it; where it has the rest, libVLC goes on by itself.
+  QFile film(QString::fromStdString(server.mediaPath(std::string("movie.") + GetParam())));
+  ASSERT_TRUE(film.open(QIODevice::ReadOnly));
+  server.setBody("movie", film.read(film.size() / 2).toStdString(), "video/mp4");
+  play(sim::Kind::movie, QString::fromLatin1(GetParam()));
+  ASSERT_TRUE(playsAgain());
+  playback.setRate(8);
+  ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
+  const double place = playback.transport()->seconds();
+  EXPECT_GT(place, 10);
+  EXPECT_LT(place, 40);
+  server.reset();
+  server.resetCounters();
+  ASSERT_TRUE(playsAgain());
+  ASSERT_TRUE(eventually([&] { return playback.transport()->seconds() > place - 5; }));
+  EXPECT_EQ(openings, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ReturningFilmTest, ::testing::Values("mkv", "mp4"),
+                         [](const auto& row) { return std::string(row.param); });
+
+}  // namespace
+}  // namespace vantor
