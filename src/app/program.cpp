@@ -46,12 +46,14 @@ Program::Program(const LaunchArguments& launch)
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, Output::shown)),
       keeper_(model_.playback(), engine_, *frames_, transport_, clock_),
       recordingService_(model_.playback()),
+      screenAwake_(model_.playback(), keeper_, engine_, idleInhibitor_),
       views_(model_, keeper_, clock_, filePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}) {
   const auto quit = [this] {
     if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);
     delegate_.applicationShouldTerminate();
   };
+  connect(&networkWatch_, &NetworkWatch::changed, &keeper_, &StreamKeeper::hurry);
   connect(&signals_, &TerminationSignals::received, this, quit);
   connect(views_.commands(), &Commands::quitRequested, this, quit);
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, quit);
@@ -120,6 +122,8 @@ void Program::showWindow() {
       [this] {
         engine_.warmUp();
         recordingService_.offer(busWorker_, values_.bundleIdentifier);
+        idleInhibitor_.join(busWorker_, values_.bundleIdentifier);
+        networkWatch_.listen(busWorker_);
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
           qWarning().noquote() << "No font for" << missing.join(QStringLiteral(", "))
                                << "here; Debian has fonts-noto-core and fonts-noto-cjk";

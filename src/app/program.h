@@ -9,7 +9,10 @@
 #include "app/termination_signals.h"
 #include "artwork/artwork_store.h"
 #include "core/app_model.h"
+#include "desktop/idle_inhibitor.h"
+#include "desktop/network_watch.h"
 #include "desktop/recording_service.h"
+#include "desktop/screen_awake.h"
 #include "net/http_client.h"
 #include "platform/clock.h"
 #include "platform/opener.h"
@@ -60,7 +63,7 @@ class Program final : public QObject {
   Worker worker_{2};
   Worker secretsWorker_;
   Worker artworkWorker_;
-  Worker busWorker_;
+  Worker busWorker_{2};
   ArtworkStore artwork_;
   DialogFilePanel filePanel_;
   DesktopOpener opener_;
@@ -69,6 +72,9 @@ class Program final : public QObject {
   AppModel model_;
   StreamKeeper keeper_;
   RecordingService recordingService_;
+  NetworkWatch networkWatch_;
+  IdleInhibitor idleInhibitor_{clock_};
+  ScreenAwake screenAwake_;
   Views views_;
   AppDelegate delegate_;
   TerminationSignals signals_;

@@ -3,7 +3,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 
-#include "platform/worker.h"
+#include "desktop/bus.h"
 #include "playback/playback.h"
 
 namespace vantor {
@@ -34,12 +34,10 @@ void RecordingService::offer(Worker& worker, const QString& name) {
 
 QCoro::Task<> RecordingService::connectToBus(QPointer<RecordingService> self, Worker* worker,
                                              QString name, std::stop_token token) {
-  // Only the first use of the bus waits for it.
-  const Pending<Done> connecting = worker->run([] { QDBusConnection::sessionBus(); });
-  co_await connecting;
-  if (!self || token.stop_requested()) co_return;
-  const QDBusConnection bus = QDBusConnection::sessionBus();
-  if (bus.isConnected()) self->appear(bus, name);
+  const QCoro::Task<std::optional<QDBusConnection>> joining =
+      joinBus(worker, QDBusConnection::SessionBus);
+  const std::optional<QDBusConnection> bus = co_await joining;
+  if (self && !token.stop_requested() && bus) self->appear(*bus, name);
 }
 
 void RecordingService::appear(const QDBusConnection& bus, const QString& name) {

@@ -1,0 +1,60 @@
+#include "desktop/network_watch.h"
+
+#include <QDBusObjectPath>
+
+#include "desktop/bus.h"
+
+namespace vantor {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kNetworkManager = u"org.freedesktop.NetworkManager"_s;
+const QString kNetworkManagerPath = u"/org/freedesktop/NetworkManager"_s;
+
+// As NetworkManager numbers them.
+constexpr uint kConnectedLocally = 50;
+constexpr uint kFullConnectivity = 4;
+
+}  // namespace
+
+void NetworkWatch::listen(Worker& worker) {
+  joining_ = Job::start([self = QPointer(this), worker = &worker](std::stop_token token) {
+    return join(self, worker, token);
+  });
+}
+
+QCoro::Task<> NetworkWatch::join(QPointer<NetworkWatch> self, Worker* worker,
+                                 std::stop_token token) {
+  const QCoro::Task<std::optional<QDBusConnection>> joining =
+      joinBus(worker, QDBusConnection::SystemBus);
+  std::optional<QDBusConnection> bus = co_await joining;
+  if (!self || token.stop_requested() || !bus) co_return;
+  // With a sender's name the connection would wait to hear who that is.
+  bus->connect(QString(), u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
+               u"PrepareForSleep"_s, self, SLOT(onPrepareForSleep(bool)));
+  bus->connect(QString(), kNetworkManagerPath, kNetworkManager, u"StateChanged"_s, self,
+               SLOT(onStateChanged(uint)));
+  bus->connect(QString(), kNetworkManagerPath, u"org.freedesktop.DBus.Properties"_s,
+               u"PropertiesChanged"_s, self,
+               SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
+}
+
+void NetworkWatch::onPrepareForSleep(bool asleep) {
+  if (!asleep) Q_EMIT changed();
+}
+
+void NetworkWatch::onStateChanged(uint state) {
+  if (state >= kConnectedLocally) Q_EMIT changed();
+}
+
+void NetworkWatch::onPropertiesChanged(const QString& interface, const QVariantMap& values,
+                                       const QStringList&) {
+  if (interface != kNetworkManager) return;
+  const QString primary = values.value(u"PrimaryConnection"_s).value<QDBusObjectPath>().path();
+  const bool another = !primary.isEmpty() && primary != u"/"_s;
+  if (another || values.value(u"Connectivity"_s).toUInt() == kFullConnectivity) Q_EMIT changed();
+}
+
+}  // namespace vantor
