@@ -237,6 +237,7 @@ EngineStatus LibVLCPlayer::sample() {
   if (libvlc_media_get_stats(media_.get(), &counts)) {
     status.decodedVideo = std::max<std::int64_t>(last_.decodedVideo, counts.i_decoded_video);
     status.decodedAudio = std::max<std::int64_t>(last_.decodedAudio, counts.i_decoded_audio);
+    status.decoded = std::int64_t{counts.i_decoded_video} + counts.i_decoded_audio;
   }
   // Decoded is not yet seen, and the library counts a few times a second only.
   if (output_ && status.decodedVideo < kUnseenPictures) status.decodedVideo = output_->pictures();

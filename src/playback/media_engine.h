@@ -30,6 +30,7 @@ struct EngineStatus {
   bool recordable = false;
   std::int64_t decodedVideo = 0;  // pictures
   std::int64_t decodedAudio = 0;  // blocks
+  std::int64_t decoded = 0;       // both; only what is new counts, not a picture shown again
   QList<std::int32_t> videoTracks;
   QList<EngineTrack> audioTracks;
   QList<EngineTrack> subtitleTracks;

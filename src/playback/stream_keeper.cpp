@@ -160,9 +160,8 @@ void StreamKeeper::look() {
 }
 
 bool StreamKeeper::hasMoved() {
-  const EngineStatus status = engine_.status();
-  return status.decodedVideo + status.decodedAudio !=
-         std::exchange(decoded_, status.decodedVideo + status.decodedAudio);
+  const std::int64_t decoded = engine_.status().decoded;
+  return decoded != std::exchange(decoded_, decoded);
 }
 
 bool StreamKeeper::comesBack() {

@@ -192,6 +192,8 @@ TEST_P(ReturningStreamTest, OneThatStallsIsOpenedAgain) {
   ASSERT_TRUE(playsAgain());
   ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
   EXPECT_EQ(playback.state(), PlaybackState::playing) << "libVLC goes on waiting";
+  // It shows its last picture again, ten times a second.
+  EXPECT_LT(engine.status().decodedVideo, 200);
   EXPECT_TRUE(playsAgain());
   EXPECT_EQ(stalling.requests.size(), 2);
   EXPECT_EQ(openings, 2);

@@ -39,7 +39,7 @@ class StreamKeeperTest : public PlaybackFixture {
 
   void plays(std::chrono::milliseconds duration) {
     for (auto left = duration; left > 0ms; left -= 250ms) {
-      ++engine.now.decodedVideo;
+      ++engine.now.decoded;
       clock.advance(250ms);
     }
   }
@@ -95,14 +95,23 @@ TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
          plays(1s);
        },
        false},
-      {"sound goes on", broadcast,
+      {"goes on", broadcast, [&] { plays(20s); }, false},
+      {"goes on slowly", broadcast,
        [&] {
-         for (int second = 0; second < 20; ++second) {
-           ++engine.now.decodedAudio;
-           clock.advance(1s);
+         for (int times = 0; times < 3; ++times) {
+           plays(250ms);
+           clock.advance(9s);
          }
        },
        false},
+      {"shows its last picture again and again", broadcast,
+       [&] {
+         for (int times = 0; times < 10; ++times) {
+           ++engine.now.decodedVideo;
+           clock.advance(1s);
+         }
+       },
+       true},
       {"paused", broadcast,
        [&] {
          playback.togglePause();
