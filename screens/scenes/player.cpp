@@ -38,6 +38,10 @@ void player(Album& album) {
   pane.toggleExpanded();
   stage.settle();
   stage.shot(u"expanded"_s, u"The player takes the whole window"_s);
+  stage.views().remote()->setFullScreen(true);
+  stage.settle();
+  stage.shot(u"full-screen"_s, u"The picture fills the screen, with its controls"_s);
+  stage.views().remote()->setFullScreen(false);
   shell.backToBrowsing();
   stage.settle();
 

@@ -37,6 +37,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       message_(announcements_, *this, &Playback::messageChanged),
       heldFrame_(announcements_, *this, &Playback::heldFrameChanged),
       expanded_(announcements_, *this, &Playback::expandedChanged),
+      fullScreen_(announcements_, *this, &Playback::fullScreenChanged),
       transport_(announcements_),
       recording_(announcements_, engine, clock, folders) {
   if (output_ == Output::shown) recording_.refresh();
@@ -94,6 +95,7 @@ void Playback::stop() {
   source_.set(std::nullopt);
   message_.set(std::nullopt);
   expanded_.set(false);
+  fullScreen_.set(false);
   go(PlaybackEvent::stop);
 }
 

@@ -73,6 +73,9 @@ class Playback final : public QObject {
   const QImage& heldFrame() const { return heldFrame_.get(); }  // last picture of the one before
   bool expanded() const { return expanded_.get(); }             // the player fills the window
   void setExpanded(bool expanded) { expanded_.set(expanded); }
+  bool fullScreen() const { return fullScreen_.get(); }  // the picture fills the screen
+  /// Only what has a source can.
+  void setFullScreen(bool fullScreen) { fullScreen_.set(fullScreen && source()); }
 
   Recording& recording() { return recording_; }
   /// Each tells why it did not, as a sentence. The folder is `Recording::folder` if none is given.
@@ -90,6 +93,7 @@ class Playback final : public QObject {
   void messageChanged();
   void heldFrameChanged();
   void expandedChanged();
+  void fullScreenChanged();
 
  private:
   using Ticket = std::int64_t;
@@ -125,6 +129,7 @@ class Playback final : public QObject {
   Announced<std::optional<QString>> message_;
   Announced<QImage> heldFrame_;
   Announced<bool> expanded_;
+  Announced<bool> fullScreen_;
   TransportState transport_;
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};

@@ -22,6 +22,7 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       settingsView_(model, opener, std::move(links)),
       player_(model.playback(), keeper),
       transport_(model.playback()),
+      remote_(model, transport_, clock),
       commands_(model) {}
 
 }  // namespace vantor

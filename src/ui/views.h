@@ -9,6 +9,7 @@
 #include "ui/entries/item_list_model.h"
 #include "ui/episodes/episode_list_model.h"
 #include "ui/player/player_pane.h"
+#include "ui/player/player_remote.h"
 #include "ui/player/transport_controls.h"
 #include "ui/posters/category_list_model.h"
 #include "ui/posters/poster_view.h"
@@ -39,6 +40,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
   Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
+  Q_PROPERTY(vantor::PlayerRemote* remote READ remote CONSTANT)
   Q_PROPERTY(vantor::Commands* commands READ commands CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
   Q_PROPERTY(vantor::VideoFrameQueue* frames READ frames CONSTANT)
@@ -60,6 +62,7 @@ class Views final : public QObject {
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
   TransportControls* transport() { return &transport_; }
+  PlayerRemote* remote() { return &remote_; }
   Commands* commands() { return &commands_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
   VideoFrameQueue* frames() { return &frames_; }
@@ -81,6 +84,7 @@ class Views final : public QObject {
   SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
+  PlayerRemote remote_;
   Commands commands_;
 };
 

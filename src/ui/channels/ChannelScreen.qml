@@ -64,6 +64,7 @@ Browsable {
             y: 6
             width: parent.width
             player: screen.views.player
+            remote: screen.views.remote
             transport: screen.views.transport
             overlay: screen.overlay
         }

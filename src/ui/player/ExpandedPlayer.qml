@@ -16,6 +16,7 @@ FocusScope {
         anchors.bottomMargin: buttons.height + 10
         fill: true
         player: screen.views.player
+        remote: screen.views.remote
         transport: screen.views.transport
         overlay: screen.overlay
     }

@@ -6,6 +6,7 @@ Item {
     id: panel
 
     required property PlayerPane player
+    required property PlayerRemote remote
     required property TransportControls transport
     required property PersistentVideoOverlay overlay
     // Whether the area takes all the height there is, instead of what its width asks for.
@@ -22,6 +23,11 @@ Item {
         color: "black"
 
         Component.onCompleted: panel.overlay.area = area
+
+        MouseArea {
+            anchors.fill: parent
+            onDoubleClicked: panel.remote.toggleFullScreen()
+        }
 
         Column {
             anchors.centerIn: parent
@@ -90,6 +96,7 @@ Item {
             PlayerBar {
                 width: parent.width
                 player: panel.player
+                remote: panel.remote
             }
 
             TransportBar {

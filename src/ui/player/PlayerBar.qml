@@ -6,16 +6,19 @@ Item {
     id: bar
 
     required property PlayerPane player
+    required property PlayerRemote remote
+    property font titleFont: Style.caption
 
-    implicitHeight: buttons.height + 2 * 8
+    implicitHeight: Math.max(buttons.height, title.implicitHeight) + 2 * 8
 
     StyledText {
+        id: title
         anchors.left: parent.left
         anchors.right: buttons.left
         anchors.rightMargin: Style.gap
         anchors.verticalCenter: parent.verticalCenter
         text: bar.player.title
-        font: Style.caption
+        font: bar.titleFont
         elide: Text.ElideRight
     }
 
@@ -37,6 +40,14 @@ Item {
             help: "Expand player"
             size: 18
             onClicked: bar.player.toggleExpanded()
+        }
+
+        IconButton {
+            implicitHeight: 30
+            symbol: bar.remote.fullScreenSymbol
+            help: "Full screen"
+            size: 22
+            onClicked: bar.remote.toggleFullScreen()
         }
 
         IconButton {

@@ -11,7 +11,7 @@ PersistentVideoOverlay {
 
     Item {
         anchors.fill: parent
-        opacity: overlay.area && overlay.player.surfaceVisible ? 1 : 0
+        opacity: overlay.placed && overlay.player.surfaceVisible ? 1 : 0
 
         Rectangle {
             anchors.fill: parent
@@ -28,6 +28,7 @@ PersistentVideoOverlay {
 
         // The picture has square corners, the area under it round ones.
         RoundedFrame {
+            visible: !overlay.filling
             innerRadius: 4
         }
     }
@@ -36,7 +37,7 @@ PersistentVideoOverlay {
         width: parent.width
         y: parent.height - 38 - height / 2
         visible: wanted
-        wanted: overlay.area && overlay.player.loading && !overlay.player.holdingFrame
+        wanted: overlay.placed && overlay.player.loading && !overlay.player.holdingFrame
 
         sourceComponent: LoadingStrip {
             text: overlay.player.openingText
@@ -47,7 +48,7 @@ PersistentVideoOverlay {
         width: parent.width
         y: parent.height - height
         visible: wanted
-        wanted: overlay.area && overlay.player.interruption !== ""
+        wanted: overlay.placed && overlay.player.interruption !== ""
 
         sourceComponent: InterruptionStrip {
             text: overlay.player.interruption

@@ -20,6 +20,13 @@ void PersistentVideoOverlay::setArea(QQuickItem* area) {
   Q_EMIT areaChanged();
 }
 
+void PersistentVideoOverlay::setFilling(bool filling) {
+  if (filling_ == filling) return;
+  filling_ = filling;
+  follow();
+  Q_EMIT areaChanged();
+}
+
 void PersistentVideoOverlay::itemChange(ItemChange change, const ItemChangeData& data) {
   if (change == ItemSceneChange) {
     disconnect(frames_);
@@ -34,7 +41,9 @@ void PersistentVideoOverlay::itemChange(ItemChange change, const ItemChangeData&
 
 void PersistentVideoOverlay::follow() {
   QRectF target;
-  if (area_ && parentItem())
+  if (filling_ && parentItem())
+    target = QRectF(QPointF(0, 0), parentItem()->size());
+  else if (area_ && parentItem())
     target = area_->mapRectToItem(parentItem(), QRectF(QPointF(0, 0), area_->size()));
   setPosition(target.topLeft());
   setSize(target.size());

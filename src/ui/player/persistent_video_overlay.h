@@ -12,12 +12,19 @@ class PersistentVideoOverlay : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QQuickItem* area READ area WRITE setArea NOTIFY areaChanged)
+  Q_PROPERTY(bool filling READ filling WRITE setFilling NOTIFY areaChanged)
+  Q_PROPERTY(bool placed READ placed NOTIFY areaChanged)
 
  public:
   explicit PersistentVideoOverlay(QQuickItem* parent = nullptr);
 
   QQuickItem* area() const { return area_; }
   void setArea(QQuickItem* area);
+  /// Covers all of its parent for a while, whatever the area is.
+  bool filling() const { return filling_; }
+  void setFilling(bool filling);
+  /// Whether it has a place.
+  bool placed() const { return filling_ || area_; }
 
  Q_SIGNALS:
   void areaChanged();
@@ -29,6 +36,7 @@ class PersistentVideoOverlay : public QQuickItem {
   void follow();
 
   QPointer<QQuickItem> area_;
+  bool filling_ = false;
   QMetaObject::Connection frames_;
   QMetaObject::Connection end_;
 };

@@ -96,6 +96,7 @@ Item {
             PlayerArea {
                 width: 285
                 player: hero.views.player
+                remote: hero.views.remote
                 transport: hero.views.transport
                 overlay: hero.overlay
             }

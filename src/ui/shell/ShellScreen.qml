@@ -11,6 +11,7 @@ FocusScope {
 
     // The keys that nothing below took.
     Keys.onEscapePressed: views.shell.escape()
+    Keys.onPressed: event => event.accepted = views.remote.press(event.key, event.modifiers)
     Keys.onSpacePressed: event => {
         event.accepted = event.modifiers === Qt.NoModifier;
         if (event.accepted)
@@ -23,6 +24,8 @@ FocusScope {
 
     /// Gives the keys to the entries.
     function browse() {
+        if (fullScreen.item)
+            return fullScreen.item.forceActiveFocus(Qt.OtherFocusReason);
         const shown = content.item as Browsable;
         if (shown)
             shown.browse();
@@ -60,7 +63,7 @@ FocusScope {
             return;
         const holder = screen.Window.activeFocusItem;
         const shown = holder && holder.visible && holder.enabled;
-        if (shown && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable)))
+        if (shown && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable) || holder === fullScreen.item))
             return;
         for (let item = holder; item; item = item.parent)
             if (item === screen)
@@ -71,6 +74,7 @@ FocusScope {
 
     Sidebar {
         id: sidebar
+        visible: !screen.views.remote.fullScreen
         width: 198
         height: parent.height
         shell: screen.views.shell
@@ -79,6 +83,7 @@ FocusScope {
     }
 
     Item {
+        visible: !screen.views.remote.fullScreen
         anchors.left: sidebar.right
         anchors.right: parent.right
         height: parent.height
@@ -130,5 +135,19 @@ FocusScope {
         id: videoOverlay
         player: screen.views.player
         frames: screen.views.frames
+        filling: screen.views.remote.fullScreen
+    }
+
+    Loader {
+        id: fullScreen
+        anchors.fill: parent
+        active: screen.views.remote.fullScreen
+        onLoaded: item.forceActiveFocus(Qt.OtherFocusReason)
+
+        sourceComponent: FullScreenPlayer {
+            player: screen.views.player
+            remote: screen.views.remote
+            transport: screen.views.transport
+        }
     }
 }

@@ -11,7 +11,18 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-enum class Act { openFile, connect, togglePause, stop, live, movies, shows, settings, quit };
+enum class Act {
+  openFile,
+  connect,
+  togglePause,
+  stop,
+  fullScreen,
+  live,
+  movies,
+  shows,
+  settings,
+  quit
+};
 
 struct Command {
   Act act;
@@ -22,12 +33,13 @@ struct Command {
   bool anywhere = false;
 };
 
-const std::array<Command, 9>& table() {
-  static const std::array<Command, 9> commands = {{
+const std::array<Command, 10>& table() {
+  static const std::array<Command, 10> commands = {{
       {Act::openFile, u"File"_s, u"Open Media File…"_s, u"Ctrl+O"_s, true},
       {Act::connect, u"File"_s, u"Connect Provider…"_s, u"Ctrl+K"_s},
       {Act::togglePause, u"Playback"_s, u"Play / Pause"_s, u"Space"_s},
       {Act::stop, u"Playback"_s, u"Stop"_s, u"Ctrl+."_s, true},
+      {Act::fullScreen, u"Playback"_s, u"Full Screen"_s, u"F11"_s},
       {Act::live, u"Library"_s, title(LibraryKind::live), u"Ctrl+1"_s},
       {Act::movies, u"Library"_s, title(LibraryKind::movies), u"Ctrl+2"_s},
       {Act::shows, u"Library"_s, title(LibraryKind::shows), u"Ctrl+3"_s},
@@ -65,6 +77,8 @@ void Commands::run(int command) {
       return model_.playback().togglePause();
     case Act::stop:
       return model_.playback().stop();
+    case Act::fullScreen:
+      return model_.playback().setFullScreen(!model_.playback().fullScreen());
     case Act::live:
       return model_.navigate(Section::live);
     case Act::movies:

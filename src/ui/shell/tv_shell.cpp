@@ -155,7 +155,9 @@ void TVShell::startOver() {
 }
 
 void TVShell::escape() {
-  if (playback_.expanded())
+  if (playback_.fullScreen())
+    playback_.setFullScreen(false);
+  else if (playback_.expanded())
     playback_.setExpanded(false);
   else if (model_.browsing().showingEpisodes())
     model_.browsing().setShowingEpisodes(false);

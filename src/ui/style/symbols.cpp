@@ -23,6 +23,8 @@ constexpr std::array symbols = {
     Symbol{QLatin1String("chevron.right"), 0xF142},
     Symbol{QLatin1String("film"), 0xF230},
     Symbol{QLatin1String("folder"), 0xF256},
+    Symbol{QLatin1String("fullscreen"), 0xF293},
+    Symbol{QLatin1String("fullscreen.exit"), 0xF294},
     Symbol{QLatin1String("gearshape"), 0xF493},
     Symbol{QLatin1String("magnifyingglass"), 0xF349},
     Symbol{QLatin1String("menu"), 0xF35C},

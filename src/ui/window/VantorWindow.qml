@@ -53,6 +53,7 @@ ApplicationWindow {
     WindowActions {
         id: actions
         window: window
+        remote: window.views.remote
     }
 
     ShellScreen {

@@ -86,9 +86,10 @@ void WindowPlace::restore() {
 void WindowPlace::store() {
   settled_.stop();
   const Qt::WindowStates states = window_.windowStates();
-  if (states & Qt::WindowMinimized) return;
+  // The picture fills the screen for a while only.
+  if (states & (Qt::WindowMinimized | Qt::WindowFullScreen)) return;
   if (states == Qt::WindowNoState) normal_ = window_.geometry();
-  const bool maximized = states & (Qt::WindowMaximized | Qt::WindowFullScreen);
+  const bool maximized = states & Qt::WindowMaximized;
   preferences_.setTextList(
       key,
       {QString::number(normal_.x()), QString::number(normal_.y()), QString::number(normal_.width()),

@@ -203,6 +203,7 @@ TEST_F(TVShellTest, CommandsRun) {
                                            {u"Settings…"_s, u"Ctrl+,"_s},
                                            {u"Play / Pause"_s, u"Space"_s},
                                            {u"Stop"_s, u"Ctrl+."_s},
+                                           {u"Full Screen"_s, u"F11"_s},
                                            {u"TV"_s, u"Ctrl+1"_s},
                                            {u"Movies"_s, u"Ctrl+2"_s},
                                            {u"Shows"_s, u"Ctrl+3"_s},

@@ -1,0 +1,130 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Vantor.Style
+import Vantor.Ui
+
+// What lies over the picture that fills the screen. Nothing in it has the focus at first, so that
+// the keys reach the player.
+FocusScope {
+    id: screen
+
+    required property PlayerPane player
+    required property PlayerRemote remote
+    required property TransportControls transport
+    // Texts are read from the other end of the room.
+    readonly property int distantText: Math.max(20, height / 24)
+
+    Binding {
+        target: screen.remote
+        property: "busy"
+        value: controls.used || controlsHover.hovered || T.Overlay.overlay?.visible === true
+    }
+    Component.onDestruction: remote.busy = false
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+        visible: !screen.player.surfaceVisible
+    }
+
+    StillImage {
+        anchors.fill: parent
+        visible: screen.player.holdingFrame
+        image: screen.player.heldFrame
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        cursorShape: screen.remote.controlsShown ? Qt.ArrowCursor : Qt.BlankCursor
+        onPositionChanged: screen.remote.moved()
+        onClicked: screen.remote.togglePause()
+        onDoubleClicked: {
+            // The first of the two clicks was no order to pause.
+            screen.remote.togglePause();
+            screen.remote.toggleFullScreen();
+        }
+        onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)
+    }
+
+    LoadingStrip {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: screen.player.loading && screen.player.holdingFrame
+        text: screen.player.openingText
+    }
+
+    FailureCard {
+        anchors.centerIn: parent
+        width: Math.min(560, parent.width - 2 * Style.inset)
+        message: screen.player.message
+        onRetryChosen: screen.player.retry()
+        onCloseChosen: screen.player.stop()
+    }
+
+    Text {
+        anchors.top: parent.top
+        anchors.right: parent.right
+        anchors.margins: screen.distantText
+        visible: text !== ""
+        text: screen.remote.note
+        font: Style.font(screen.distantText, Font.DemiBold)
+        color: Style.focusWhite
+        style: Text.Outline
+        styleColor: "black"
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
+
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: controls.height + 2 * Style.inset + 60
+        visible: screen.remote.controlsShown
+        gradient: Gradient {
+            GradientStop { position: 0; color: "transparent" }
+            GradientStop { position: 0.4; color: Style.faded("black", 0.55) }
+            GradientStop { position: 1; color: Style.faded("black", 0.85) }
+        }
+
+        HoverHandler {
+            id: controlsHover
+        }
+
+        Column {
+            id: controls
+            readonly property bool used: bar.activeFocus || transportBar.activeFocus
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: Style.inset
+            x: Style.inset
+            width: parent.width - 2 * Style.inset
+
+            FocusScope {
+                id: bar
+                width: parent.width
+                height: playerBar.implicitHeight
+
+                PlayerBar {
+                    id: playerBar
+                    width: parent.width
+                    player: screen.player
+                    remote: screen.remote
+                    titleFont: Style.font(screen.distantText, Font.DemiBold)
+                }
+            }
+
+            FocusScope {
+                id: transportBar
+                width: parent.width
+                height: transportRows.implicitHeight
+
+                TransportBar {
+                    id: transportRows
+                    width: parent.width
+                    transport: screen.transport
+                }
+            }
+        }
+    }
+}

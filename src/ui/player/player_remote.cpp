@@ -1,0 +1,154 @@
+#include "ui/player/player_remote.h"
+
+#include <algorithm>
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+#include "ui/player/transport_controls.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+constexpr auto controlsTime = 3s;
+constexpr auto noteTime = 1500ms;
+// After the last of several skips, which lead to one jump.
+constexpr auto skipRest = 300ms;
+constexpr double volumeStep = 5;  // per cent
+constexpr double shortSkip = 10;  // seconds
+constexpr double longSkip = 60;   // seconds
+// Volume that a sound comes back to whose own was 0.
+constexpr double usualVolume = 50;  // per cent
+
+}  // namespace
+
+PlayerRemote::PlayerRemote(AppModel& model, TransportControls& transport, Clock& clock,
+                           QObject* parent)
+    : QObject(parent), playback_(model.playback()), transport_(transport), clock_(clock) {
+  connect(&playback_, &Playback::fullScreenChanged, this, [this] {
+    if (fullScreen()) moved();
+    Q_EMIT fullScreenChanged();
+  });
+  connect(&playback_, &Playback::stateChanged, this, &PlayerRemote::updateControls);
+  const auto leave = [this] { setFullScreen(false); };
+  connect(&model.browsing(), &Browsing::sectionChanged, this, leave);
+  connect(&model, &AppModel::showingConnectChanged, this, leave);
+  connect(&model, &AppModel::showingSettingsChanged, this, leave);
+}
+
+bool PlayerRemote::fullScreen() const {
+  return playback_.fullScreen();
+}
+
+void PlayerRemote::setFullScreen(bool fullScreen) {
+  playback_.setFullScreen(fullScreen);
+}
+
+QString PlayerRemote::fullScreenSymbol() const {
+  return fullScreen() ? u"fullscreen.exit"_s : u"fullscreen"_s;
+}
+
+bool PlayerRemote::watching() const {
+  return playback_.source() && (playback_.fullScreen() || playback_.expanded());
+}
+
+bool PlayerRemote::controlsShown() const {
+  return controlsShown_;
+}
+
+void PlayerRemote::moved() {
+  pointed_ = true;
+  hiding_ = clock_.callAfter(controlsTime, [this] {
+    pointed_ = false;
+    updateControls();
+  });
+  updateControls();
+}
+
+void PlayerRemote::setBusy(bool busy) {
+  if (busy_ == busy) return;
+  busy_ = busy;
+  Q_EMIT busyChanged();
+  // What was used is not gone at once.
+  moved();
+}
+
+void PlayerRemote::updateControls() {
+  const bool shown = pointed_ || busy_ || playback_.paused();
+  if (std::exchange(controlsShown_, shown) != shown) Q_EMIT controlsShownChanged();
+}
+
+bool PlayerRemote::press(int key, int modifiers) {
+  const auto held = Qt::KeyboardModifiers(modifiers) & ~Qt::KeypadModifier;
+  const bool shift = held == Qt::ShiftModifier;
+  // The layout decides whether + and ? need Shift.
+  if (held && !shift) return false;
+  if (key == Qt::Key_F && !shift && playback_.source()) {
+    toggleFullScreen();
+    return true;
+  }
+  if (!watching()) return false;
+  switch (key) {
+    case Qt::Key_Left:
+      return skip(shift ? -longSkip : -shortSkip);
+    case Qt::Key_Right:
+      return skip(shift ? longSkip : shortSkip);
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+    case Qt::Key_VolumeUp:
+      changeVolume(volumeStep);
+      return true;
+    case Qt::Key_Minus:
+    case Qt::Key_VolumeDown:
+      changeVolume(-volumeStep);
+      return true;
+    case Qt::Key_M:
+    case Qt::Key_VolumeMute:
+      toggleMuted();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void PlayerRemote::changeVolume(double percent) {
+  const double volume = std::clamp(transport_.volume() + percent, 0.0, 100.0);
+  playback_.setVolume(volume);
+  say(u"Volume %1 %"_s.arg(qRound(volume)));
+}
+
+void PlayerRemote::toggleMuted() {
+  if (transport_.volume() > 0) {
+    audible_ = transport_.volume();
+    playback_.setVolume(0);
+    return say(u"Muted"_s);
+  }
+  playback_.setVolume(audible_ > 0 ? audible_ : usualVolume);
+  say(u"Volume %1 %"_s.arg(qRound(transport_.volume())));
+}
+
+void PlayerRemote::togglePause() {
+  playback_.togglePause();
+}
+
+bool PlayerRemote::skip(double seconds) {
+  if (!transport_.seekable()) return false;
+  transport_.beginSeek();
+  transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
+  say(transport_.positionText() + u" / "_s + transport_.durationText());
+  skipping_ = clock_.callAfter(skipRest, [this] { transport_.endSeek(); });
+  return true;
+}
+
+void PlayerRemote::say(const QString& note) {
+  setNote(note);
+  noting_ = clock_.callAfter(noteTime, [this] { setNote(QString()); });
+}
+
+void PlayerRemote::setNote(const QString& note) {
+  if (std::exchange(note_, note) != note) Q_EMIT noteChanged();
+}
+
+}  // namespace vantor

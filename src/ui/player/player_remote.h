@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+#include <memory>
+
+#include "platform/clock.h"
+
+namespace vantor {
+
+class AppModel;
+class Playback;
+class TransportControls;
+
+/// The player as somebody in front of it works it: the picture that fills the screen, what lies
+/// over it for a while, and the keys of a remote control. Main thread only.
+class PlayerRemote final : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("made by the program")
+  Q_PROPERTY(bool fullScreen READ fullScreen WRITE setFullScreen NOTIFY fullScreenChanged)
+  Q_PROPERTY(bool controlsShown READ controlsShown NOTIFY controlsShownChanged)
+  Q_PROPERTY(bool busy READ busy WRITE setBusy NOTIFY busyChanged)
+  Q_PROPERTY(QString note READ note NOTIFY noteChanged)
+  Q_PROPERTY(QString fullScreenSymbol READ fullScreenSymbol NOTIFY fullScreenChanged)
+
+ public:
+  /// What is passed outlives it.
+  PlayerRemote(AppModel& model, TransportControls& transport, Clock& clock,
+               QObject* parent = nullptr);
+
+  /// Only ever with a source. Leaves by itself for a sheet and for another section.
+  bool fullScreen() const;
+  void setFullScreen(bool fullScreen);
+  Q_INVOKABLE void toggleFullScreen() { setFullScreen(!fullScreen()); }
+  QString fullScreenSymbol() const;
+
+  /// Controls and pointer lie over the picture: for 3 seconds after a movement, and longer while
+  /// playback is halted or they are being used.
+  bool controlsShown() const;
+  Q_INVOKABLE void moved();
+  /// A menu is open, or a control has the keyboard.
+  bool busy() const { return busy_; }
+  void setBusy(bool busy);
+
+  /// What the last key did ("Volume 45 %"), shown for a moment; empty: nothing.
+  QString note() const { return note_; }
+
+  /// A key, as Qt names it, that nothing else took. Whether it means something here.
+  Q_INVOKABLE bool press(int key, int modifiers);
+  Q_INVOKABLE void changeVolume(double percent);
+  Q_INVOKABLE void togglePause();
+
+ Q_SIGNALS:
+  void fullScreenChanged();
+  void controlsShownChanged();
+  void busyChanged();
+  void noteChanged();
+
+ private:
+  bool watching() const;
+  void toggleMuted();
+  bool skip(double seconds);
+  /// Shows a note for a moment.
+  void say(const QString& note);
+  void setNote(const QString& note);
+  void updateControls();
+
+  Playback& playback_;
+  TransportControls& transport_;
+  Clock& clock_;
+  bool controlsShown_ = false;
+  bool busy_ = false;
+  bool pointed_ = false;  // a movement was not long ago
+  double audible_ = 0;    // the volume before it was muted, else 0
+  QString note_;
+  std::unique_ptr<Clock::Timer> hiding_;
+  std::unique_ptr<Clock::Timer> skipping_;  // until the position that skips add up to is taken
+  std::unique_ptr<Clock::Timer> noting_;
+};
+
+}  // namespace vantor
