@@ -9,8 +9,8 @@
 #include <optional>
 #include <stop_token>
 
-#include "platform/job.h"
 #include "desktop/recording_notifier.h"
+#include "platform/job.h"
 
 namespace vantor {
 

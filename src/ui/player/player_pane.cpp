@@ -43,8 +43,7 @@ QString PlayerPane::message() const {
 }
 
 QString PlayerPane::interruption() const {
-  if (!keeper_.bringingBack()) return {};
-  return playback_.title() + u" was interrupted. Trying again…"_s;
+  return keeper_.bringingBack() ? u"Interrupted. Trying again…"_s : QString();
 }
 
 QVariant PlayerPane::heldFrame() const {

@@ -82,7 +82,7 @@ TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
   advance(failed);
   EXPECT_TRUE(pane.surfaceVisible()) << "which holds the last picture";
   EXPECT_EQ(pane.message(), QString());
-  EXPECT_EQ(pane.interruption(), u"News was interrupted. Trying again…"_s);
+  EXPECT_EQ(pane.interruption(), u"Interrupted. Trying again…"_s);
   clock.advance(2s);
   EXPECT_EQ(playback.state(), PlaybackState::opening);
   EXPECT_FALSE(pane.loading() || pane.holdingFrame());

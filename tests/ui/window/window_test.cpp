@@ -506,7 +506,7 @@ TEST_F(WindowTest, AnInterruptedChannelCanBeLetGo) {
     QTest::qWait(0);
     QQuickItem* end = find("text", u"Stop trying"_s);
     ASSERT_TRUE(end);
-    EXPECT_TRUE(find("text", u"Title 1 was interrupted. Trying again…"_s));
+    EXPECT_TRUE(find("text", u"Interrupted. Trying again…"_s));
     EXPECT_FALSE(find("text", u"Retry"_s));
     for (int i = 0; i < 60 && window->activeFocusItem() != end; ++i) press(Qt::Key_Tab);
     press(Qt::Key_Return);
