@@ -10,6 +10,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// Yadif keeps every line of what stands still, where bob shows half of them in turns, for half as
+// much again of a processor. Where there are two, the drawing needs that.
+constexpr unsigned kProcessorsForYadif = 4;
+
 bool hasControlCharacter(const QString& text) {
   return std::any_of(text.begin(), text.end(),
                      [](QChar c) { return c.category() == QChar::Other_Control; });
@@ -29,9 +33,15 @@ AudioOutput availableAudio() {
   return card ? AudioOutput::card : AudioOutput::none;
 }
 
-QList<QByteArray> libraryOptions(Output output) {
-  QList<QByteArray> options{"--quiet", "--no-video-title-show", "--no-osd",
-                            "--network-caching=1200", "--file-caching=500"};
+QList<QByteArray> libraryOptions(Output output, unsigned processors) {
+  // Its own choice, "x", shows one picture of the two fields.
+  const bool plenty = processors >= kProcessorsForYadif;
+  QList<QByteArray> options{"--quiet",
+                            "--no-video-title-show",
+                            "--no-osd",
+                            "--network-caching=1200",
+                            "--file-caching=500",
+                            plenty ? "--deinterlace-mode=yadif2x" : "--deinterlace-mode=bob"};
   if (output == Output::discarded) options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
   return options;
 }

@@ -15,9 +15,13 @@ using namespace Qt::StringLiterals;
 TEST(LibVLCOptions, OfTheLibraryAreInOrder) {
   const QList<QByteArray> always{"--quiet", "--no-video-title-show", "--no-osd",
                                  "--network-caching=1200", "--file-caching=500"};
+  const QList<QByteArray> bob{"--deinterlace-mode=bob"};
+  const QList<QByteArray> yadif{"--deinterlace-mode=yadif2x"};
   const QList<QByteArray> nothingOut{"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
-  EXPECT_EQ(libraryOptions(Output::shown), always);
-  EXPECT_EQ(libraryOptions(Output::discarded), always + nothingOut);
+  EXPECT_EQ(libraryOptions(Output::shown, 0), always + bob) << "of an unknown number";
+  EXPECT_EQ(libraryOptions(Output::shown, 2), always + bob);
+  EXPECT_EQ(libraryOptions(Output::shown, 4), always + yadif);
+  EXPECT_EQ(libraryOptions(Output::discarded, 4), always + yadif + nothingOut);
 }
 
 TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {
