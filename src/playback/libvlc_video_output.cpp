@@ -1,5 +1,6 @@
 #include "playback/libvlc_video_output.h"
 
+#include <array>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -25,25 +26,49 @@ bool isTooLarge(unsigned width, unsigned height) {
          width * height > kMostPixels;
 }
 
+/// A format of decoders' pictures, and the one to ask for so that as little as can be is converted.
+struct Asked {
+  const char* decoded;
+  const char* asked;
+  PictureLayout layout;
+};
+
+constexpr Asked kUsual{"I420", "I420", PictureLayout::planar};
+constexpr std::array kAsked{
+    Asked{"J420", "J420", PictureLayout::planar},  // of full range
+    Asked{"NV12", "NV12", PictureLayout::interleaved},
+    Asked{"I0AL", "I0AL", PictureLayout::deepPlanar},
+    Asked{"P010", "P010", PictureLayout::deepInterleaved},
+    // Those in the memory of a graphics card: VA-API with 8 and 10 bits, VDPAU.
+    Asked{"VAOP", "NV12", PictureLayout::interleaved},
+    Asked{"VAO0", "P010", PictureLayout::deepInterleaved},
+    Asked{"VDV0", "NV12", PictureLayout::interleaved},
+};
+
+Asked askedFor(const char* decoded, bool deepSamples) {
+  for (const Asked& row : kAsked) {
+    if (std::memcmp(row.decoded, decoded, 4) == 0 && (deepSamples || !isDeep(row.layout)))
+      return row;
+  }
+  return kUsual;
+}
+
 }  // namespace
 
 /// Picture memory of one format, used again when nobody holds it any more.
 class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> {
  public:
-  explicit Buffers(const PictureFormat& pictures)
+  Buffers(const PictureFormat& pictures, PictureLayout inMemory)
       : format(pictures),
-        pitch(roundUp(static_cast<unsigned>(pictures.size.width()), 64)),
+        layout(inMemory),
+        pitch(roundUp(static_cast<unsigned>(pictures.size.width()) * (isDeep(layout) ? 2 : 1), 64)),
         lines(roundUp(static_cast<unsigned>(pictures.size.height()), 32)) {}
 
   std::shared_ptr<VideoFrame> take() {
     const std::shared_ptr<std::uint8_t> memory = takeMemory();
     auto frame = std::make_shared<VideoFrame>();
-    const QSize chroma((format.size.width() + 1) / 2, (format.size.height() + 1) / 2);
-    const std::size_t luma = std::size_t{pitch} * lines;
-    const int stride = static_cast<int>(pitch);
-    frame->planes = {VideoPlane{memory.get(), stride, format.size},
-                     VideoPlane{memory.get() + luma, stride / 2, chroma},
-                     VideoPlane{memory.get() + luma + luma / 4, stride / 2, chroma}};
+    frame->layout = layout;
+    layOut(*frame, memory.get(), format.size, static_cast<int>(pitch), static_cast<int>(lines));
     frame->matrix = format.matrix;
     frame->range = format.range;
     frame->memory = memory;
@@ -51,7 +76,8 @@ class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> 
   }
 
   const PictureFormat format;
-  const unsigned pitch;
+  const PictureLayout layout;
+  const unsigned pitch;  // of luma
   const unsigned lines;
 
  private:
@@ -115,15 +141,15 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
   PictureFormat format = usualFormat(chroma, *width, *height);
   if (self->internals_ == LibVLCInternals::used)
     if (const auto known = pictureFormat(chroma, width, height)) format = *known;
-  // J420 is I420 of full range, which libVLC would convert.
-  if (std::memcmp(chroma, "J420", 4) != 0) std::memcpy(chroma, "I420", 4);
+  const Asked asked = askedFor(chroma, self->frames_->showsDeepSamples());
+  std::memcpy(chroma, asked.asked, 4);
 
-  const auto buffers = std::make_shared<Buffers>(format);
+  const auto buffers = std::make_shared<Buffers>(format, asked.layout);
   *width = static_cast<unsigned>(format.size.width());
   *height = static_cast<unsigned>(format.size.height());
   pitches[0] = buffers->pitch;
   lines[0] = buffers->lines;
-  pitches[1] = pitches[2] = buffers->pitch / 2;
+  pitches[1] = pitches[2] = isInterleaved(asked.layout) ? buffers->pitch : buffers->pitch / 2;
   lines[1] = lines[2] = buffers->lines / 2;
   const std::lock_guard guard(self->mutex_);
   self->buffers_ = buffers;
@@ -141,7 +167,7 @@ void* LibVLCVideoOutput::lock(void* opaque, void** planes) {
   auto* self = static_cast<LibVLCVideoOutput*>(opaque);
   const std::lock_guard guard(self->mutex_);
   self->writing_ = self->buffers_->take();
-  for (std::size_t i = 0; i < 3; ++i)
+  for (std::size_t i = 0; i < planesOf(self->writing_->layout); ++i)
     planes[i] = const_cast<std::uint8_t*>(self->writing_->planes[i].data);
   return nullptr;
 }

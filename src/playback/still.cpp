@@ -3,6 +3,7 @@
 #include <QFile>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vantor {
 
@@ -13,17 +14,7 @@ using namespace Qt::StringLiterals;
 constexpr int kQuickCompression = 80;  // QImage's scale, where 100 is none
 constexpr int kTallest = 4096;
 
-/// Mean of the samples in [left, right) × [top, bottom).
-float mean(const VideoPlane& plane, int left, int right, int top, int bottom) {
-  int sum = 0;
-  for (int y = top; y < bottom; ++y) {
-    const std::uint8_t* row = plane.data + static_cast<std::ptrdiff_t>(y) * plane.stride;
-    for (int x = left; x < right; ++x) sum += row[x];
-  }
-  return static_cast<float>(sum) / static_cast<float>((right - left) * (bottom - top));
-}
-
-/// The samples of a plane that one row or column of the still covers, at least one.
+/// The places of a plane that one row or column of the still covers, at least one.
 struct Span {
   int begin;
   int end;
@@ -33,9 +24,30 @@ struct Span {
                      static_cast<int>(static_cast<std::int64_t>(index + 1) * samples / count))) {}
 };
 
-int channel(const std::array<float, 4>& factors, float y, float u, float v) {
-  const float value = factors[0] * y + factors[1] * u + factors[2] * v + factors[3] * 255;
-  return static_cast<int>(std::clamp(value + 0.5f, 0.0f, 255.0f));
+/// Mean of one of the samples at the places in columns × rows, from 0 to the largest of all.
+template <class Sample>
+float mean(const VideoPlane& plane, int sample, const Span& columns, const Span& rows) {
+  std::int64_t sum = 0;
+  for (int y = rows.begin; y < rows.end; ++y) {
+    const auto* row =
+        reinterpret_cast<const Sample*>(plane.data + std::ptrdiff_t{y} * plane.stride) + sample;
+    for (int x = columns.begin; x < columns.end; ++x) sum += row[std::ptrdiff_t{x} * plane.samples];
+  }
+  const auto count = static_cast<float>((columns.end - columns.begin) * (rows.end - rows.begin));
+  return static_cast<float>(sum) / (count * std::numeric_limits<Sample>::max());
+}
+
+float meanOf(const VideoPlane& plane, int sample, const Span& columns, const Span& rows) {
+  return plane.bytes == 1 ? mean<std::uint8_t>(plane, sample, columns, rows)
+                          : mean<std::uint16_t>(plane, sample, columns, rows);
+}
+
+float channel(const std::array<float, 4>& factors, float y, float u, float v) {
+  return std::clamp(factors[0] * y + factors[1] * u + factors[2] * v + factors[3], 0.0f, 1.0f);
+}
+
+int byteOf(float value) {
+  return static_cast<int>(value * 255 + 0.5f);
 }
 
 }  // namespace
@@ -44,22 +56,25 @@ QImage stillOf(const VideoFrame& frame, int width) {
   if (frame.size().isEmpty() || width <= 0) return {};
   const int height =
       static_cast<int>(std::clamp(std::round(width / frame.aspect()), 1.0, double{kTallest}));
-  const auto factors = rgbFactors(frame.matrix, frame.range);
+  const auto factors = rgbFactors(frame.matrix, frame.range, frame.layout);
+  const VideoPlane& luma = frame.planes[0];
+  const VideoPlane& chroma = frame.planes[1];
+  const bool interleaved = isInterleaved(frame.layout);
+  const VideoPlane& last = interleaved ? chroma : frame.planes[2];
   QImage image(width, height, QImage::Format_RGB32);
   if (image.isNull()) return {};
   for (int row = 0; row < height; ++row) {
     auto* pixels = reinterpret_cast<QRgb*>(image.scanLine(row));
     for (int column = 0; column < width; ++column) {
-      std::array<float, 3> yuv;
-      for (std::size_t i = 0; i < yuv.size(); ++i) {
-        const VideoPlane& plane = frame.planes[i];
-        const Span x(column, width, plane.size.width());
-        const Span y(row, height, plane.size.height());
-        yuv[i] = mean(plane, x.begin, x.end, y.begin, y.end);
-      }
-      const auto& [y, u, v] = yuv;
-      pixels[column] = qRgb(channel(factors[0], y, u, v), channel(factors[1], y, u, v),
-                            channel(factors[2], y, u, v));
+      const float y = meanOf(luma, 0, Span(column, width, luma.size.width()),
+                             Span(row, height, luma.size.height()));
+      const Span columns(column, width, chroma.size.width());
+      const Span rows(row, height, chroma.size.height());
+      const float u = meanOf(chroma, 0, columns, rows);
+      const float v = meanOf(last, interleaved ? 1 : 0, columns, rows);
+      pixels[column] =
+          qRgb(byteOf(channel(factors[0], y, u, v)), byteOf(channel(factors[1], y, u, v)),
+               byteOf(channel(factors[2], y, u, v)));
     }
   }
   return image;

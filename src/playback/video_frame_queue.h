@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <atomic>
 #include <mutex>
 
 #include "playback/video_frame.h"
@@ -21,6 +22,10 @@ class VideoFrameQueue : public QObject {
   /// Whether the last picture stays for the surface until the expected source has one.
   void hold(bool held);
 
+  /// Whether the surface can show samples of more than 8 bits; not before it has said so.
+  void setShowsDeepSamples(bool shows) { showsDeepSamples_ = shows; }
+  bool showsDeepSamples() const { return showsDeepSamples_; }
+
   /// The newest picture of the expected source, or null.
   SharedFrame latest() const;
   /// The one to show: the same, or the one that is held. A later change is announced again.
@@ -35,7 +40,9 @@ class VideoFrameQueue : public QObject {
   void dropOthers(std::unique_lock<std::mutex> lock);
   void announce(std::unique_lock<std::mutex> lock);
 
-  mutable std::mutex mutex_;
+  std::atomic<bool> showsDeepSamples_ = false;
+
+  mutable std::mutex mutex_;  // guards what follows
   SourceNumber source_ = 0;
   SharedFrame latest_;
   bool held_ = false;

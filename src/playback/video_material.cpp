@@ -1,6 +1,6 @@
 #include "playback/video_material.h"
 
-#include <QMatrix4x4>
+#include <algorithm>
 #include <cstring>
 
 #include "playback/rhi.h"
@@ -15,15 +15,11 @@ using namespace Qt::StringLiterals;
 constexpr int kMatrixSize = 64;
 constexpr int kColorOffset = kMatrixSize;
 constexpr int kOpacityOffset = 2 * kMatrixSize;
+constexpr int kInterleavedOffset = kOpacityOffset + 4;
 
-QMatrix4x4 colorMatrix(ColorMatrix matrix, ColorRange range) {
-  const auto rows = rgbFactors(matrix, range);
-  QMatrix4x4 values;
-  for (int row = 0; row < 3; ++row) {
-    const auto& factors = rows[static_cast<std::size_t>(row)];
-    values.setRow(row, QVector4D(factors[0], factors[1], factors[2], factors[3]));
-  }
-  return values;
+QRhiTexture::Format formatOf(const VideoPlane& plane) {
+  if (plane.bytes == 1) return plane.samples == 1 ? QRhiTexture::R8 : QRhiTexture::RG8;
+  return plane.samples == 1 ? QRhiTexture::R16 : QRhiTexture::RG16;
 }
 
 class Shader final : public QSGMaterialShader {
@@ -47,12 +43,12 @@ class Shader final : public QSGMaterialShader {
       changed = true;
     }
     const auto* video = static_cast<VideoMaterial*>(material);
-    const auto* before = static_cast<VideoMaterial*>(old);
-    if (!before || before != video || video->matrix() != matrix_ || video->range() != range_) {
-      matrix_ = video->matrix();
-      range_ = video->range();
-      const QMatrix4x4 colors = colorMatrix(matrix_, range_);
-      std::memcpy(values + kColorOffset, colors.constData(), kMatrixSize);
+    if (material != old || video->toRGB() != toRGB_ || video->layout() != layout_) {
+      toRGB_ = video->toRGB();
+      layout_ = video->layout();
+      std::memcpy(values + kColorOffset, toRGB_.constData(), kMatrixSize);
+      const float interleaved = isInterleaved(layout_) ? 1 : 0;
+      std::memcpy(values + kInterleavedOffset, &interleaved, sizeof interleaved);
       changed = true;
     }
     return changed;
@@ -60,15 +56,14 @@ class Shader final : public QSGMaterialShader {
 
   void updateSampledImage(RenderState& state, int binding, QSGTexture** texture,
                           QSGMaterial* material, QSGMaterial*) override {
-    auto* video = static_cast<VideoMaterial*>(material);
-    PlaneTexture& plane = video->textures().at(static_cast<std::size_t>(binding - 1));
+    PlaneTexture& plane = static_cast<VideoMaterial*>(material)->texture(binding - 1);
     plane.commitTextureOperations(state.rhi(), state.resourceUpdateBatch());
     *texture = &plane;
   }
 
  private:
-  ColorMatrix matrix_ = ColorMatrix::bt709;
-  ColorRange range_ = ColorRange::limited;
+  QMatrix4x4 toRGB_;
+  PictureLayout layout_ = PictureLayout::planar;
 };
 
 }  // namespace
@@ -97,12 +92,13 @@ qint64 PlaneTexture::comparisonKey() const {
 
 void PlaneTexture::commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* updates) {
   if (!stale_) return;
-  if (texture_ && texture_->pixelSize() != plane_.size) {
+  const QRhiTexture::Format format = formatOf(plane_);
+  if (texture_ && (texture_->pixelSize() != plane_.size || texture_->format() != format)) {
     texture_->deleteLater();
     texture_ = nullptr;
   }
   if (!texture_) {
-    texture_ = rhi->newTexture(QRhiTexture::R8, plane_.size);
+    texture_ = rhi->newTexture(format, plane_.size);
     if (!texture_->create()) {
       delete texture_;
       texture_ = nullptr;
@@ -119,6 +115,11 @@ void PlaneTexture::commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* u
   stale_ = false;
 }
 
+bool showsDeepSamples(QRhi* rhi) {
+  return rhi->isTextureFormatSupported(QRhiTexture::R16) &&
+         rhi->isTextureFormatSupported(QRhiTexture::RG16);
+}
+
 VideoMaterial::VideoMaterial() {
   for (PlaneTexture& texture : textures_) {
     texture.setFiltering(QSGTexture::Linear);
@@ -128,10 +129,20 @@ VideoMaterial::VideoMaterial() {
 }
 
 void VideoMaterial::show(const SharedFrame& frame) {
-  for (std::size_t i = 0; i < textures_.size(); ++i)
+  layout_ = frame->layout;
+  for (std::size_t i = 0; i < planesOf(layout_); ++i)
     textures_[i].show(frame->planes[i], frame->memory);
-  matrix_ = frame->matrix;
-  range_ = frame->range;
+  for (std::size_t i = planesOf(layout_); i < textures_.size(); ++i) textures_[i].drop();
+  const auto rows = rgbFactors(frame->matrix, frame->range, layout_);
+  for (int row = 0; row < 3; ++row) {
+    const auto& factors = rows[static_cast<std::size_t>(row)];
+    toRGB_.setRow(row, QVector4D(factors[0], factors[1], factors[2], factors[3]));
+  }
+}
+
+PlaneTexture& VideoMaterial::texture(int plane) {
+  const auto last = static_cast<int>(planesOf(layout_)) - 1;
+  return textures_.at(static_cast<std::size_t>(std::min(plane, last)));
 }
 
 void VideoMaterial::drop() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMatrix4x4>
 #include <QSGMaterial>
 #include <QSGTexture>
 #include <array>
@@ -7,6 +8,7 @@
 
 #include "playback/video_frame.h"
 
+class QRhi;
 class QRhiTexture;
 
 namespace vantor {
@@ -34,7 +36,10 @@ class PlaneTexture final : public QSGTexture {
   QRhiTexture* texture_ = nullptr;
 };
 
-/// Draws three planes as one picture. Render thread only.
+/// Whether textures of this graphics card hold samples of 16 bits.
+bool showsDeepSamples(QRhi* rhi);
+
+/// Draws the planes as one picture. Render thread only.
 class VideoMaterial final : public QSGMaterial {
  public:
   VideoMaterial();
@@ -43,9 +48,10 @@ class VideoMaterial final : public QSGMaterial {
   /// Keeps nothing of the last picture.
   void drop();
 
-  std::array<PlaneTexture, 3>& textures() { return textures_; }
-  ColorMatrix matrix() const { return matrix_; }
-  ColorRange range() const { return range_; }
+  /// Of Y, U and V; those of U and V are one when they lie in one plane.
+  PlaneTexture& texture(int plane);
+  const QMatrix4x4& toRGB() const { return toRGB_; }
+  PictureLayout layout() const { return layout_; }
 
   QSGMaterialType* type() const override;
   QSGMaterialShader* createShader(QSGRendererInterface::RenderMode mode) const override;
@@ -53,8 +59,8 @@ class VideoMaterial final : public QSGMaterial {
 
  private:
   std::array<PlaneTexture, 3> textures_;
-  ColorMatrix matrix_ = ColorMatrix::bt709;
-  ColorRange range_ = ColorRange::limited;
+  QMatrix4x4 toRGB_;
+  PictureLayout layout_ = PictureLayout::planar;
 };
 
 }  // namespace vantor

@@ -75,6 +75,7 @@ void VideoSurface::setFrames(VideoFrameQueue* frames) {
 QSGNode* VideoSurface::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
   auto* node = static_cast<SurfaceNode*>(old);
   if (!node) node = new SurfaceNode(window());
+  if (!old) tellAbilities();
   const SharedFrame frame = frames_ ? frames_->take() : nullptr;
   node->show(frame, boundingRect());
   if (frame && frame->source != shownSource_) {
@@ -82,6 +83,13 @@ QSGNode* VideoSurface::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     firstPicture_ = true;
   }
   return node;
+}
+
+void VideoSurface::tellAbilities() {
+  const QSGRendererInterface* renderer = window()->rendererInterface();
+  auto* rhi =
+      static_cast<QRhi*>(renderer->getResource(window(), QSGRendererInterface::RhiResource));
+  if (frames_) frames_->setShowsDeepSamples(rhi && showsDeepSamples(rhi));
 }
 
 void VideoSurface::itemChange(ItemChange change, const ItemChangeData& data) {

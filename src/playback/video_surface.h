@@ -31,6 +31,7 @@ class VideoSurface : public QQuickItem {
 
  private:
   void followFrames(QQuickWindow* window);
+  void tellAbilities();   // render thread
   void onFrameSwapped();  // render thread
 
   QPointer<VideoFrameQueue> frames_;

@@ -86,7 +86,9 @@ TEST_F(EngineTest, ColorsAreTheSourcesHoweverItStoresThem) {
       {u"ffv1"_s, u"bgr0"_s, false},
       {u"png"_s, u"rgb24"_s, false, u"1280x720"_s},
       {u"libx264rgb"_s, u"rgb24"_s, false, u"1280x720"_s},
+      {u"rawvideo"_s, u"nv12"_s, false},
   };
+  frames->setShowsDeepSamples(true);
   for (const auto& row : cases) {
     for (const char* name : {"#ffffff", "#b03050"}) {
       if (row.format == u"gray"_s && name[1] != 'f') continue;
@@ -98,6 +100,8 @@ TEST_F(EngineTest, ColorsAreTheSourcesHoweverItStoresThem) {
       ASSERT_TRUE(starts());
       const SharedFrame frame = frames->latest();
       ASSERT_TRUE(frame);
+      EXPECT_EQ(isDeep(frame->layout), row.format == u"yuv420p10le"_s) << "is taken as it comes";
+      EXPECT_EQ(isInterleaved(frame->layout), row.format == u"nv12"_s);
       const QColor seen = stillOf(*frame, 16).pixelColor(8, 4);
       const QColor meant(QLatin1String{name});
       EXPECT_NEAR(seen.red(), meant.red(), 5) << seen.name().toStdString();

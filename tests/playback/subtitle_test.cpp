@@ -1,9 +1,9 @@
 // Subtitles, through to the pictures that are shown.
 #include <QFile>
 #include <QtEndian>
-#include <algorithm>
 
 #include "engine_fixture.h"
+#include "playback/still.h"
 
 namespace vantor {
 namespace {
@@ -64,12 +64,10 @@ class SubtitleTest : public EngineFixture {
   bool shows() const {
     const SharedFrame frame = frames->latest();
     if (!frame) return false;
-    const VideoPlane& luma = frame->planes[0];
+    const QImage picture = stillOf(*frame, kWidth);
     int bright = 0;
-    for (int y = luma.size.height() / 2; y < luma.size.height(); ++y) {
-      const std::uint8_t* row = luma.data + std::ptrdiff_t{y} * luma.stride;
-      bright += static_cast<int>(std::count_if(row, row + luma.size.width(),
-                                               [](std::uint8_t value) { return value > 160; }));
+    for (int y = kHeight / 2; y < kHeight; ++y) {
+      for (int x = 0; x < kWidth; ++x) bright += qGray(picture.pixel(x, y)) > 160 ? 1 : 0;
     }
     return bright > 20;
   }
@@ -80,9 +78,13 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
     QString name;
     QByteArray content;
     QString codec;
-  } cases[] = {{u"words.srt"_s, texts(), u"srt"_s}, {u"bars.sup"_s, bitmaps(), u"copy"_s}};
+    QString pixels = u"yuv420p"_s;
+  } cases[] = {{u"words.srt"_s, texts(), u"srt"_s},
+               {u"words.srt"_s, texts(), u"srt"_s, u"yuv420p10le"_s},
+               {u"bars.sup"_s, bitmaps(), u"copy"_s}};
+  frames->setShowsDeepSamples(true);
   for (const auto& row : cases) {
-    SCOPED_TRACE(row.name.toStdString());
+    SCOPED_TRACE((row.name + u' ' + row.pixels).toStdString());
     QFile subtitles(path(row.name));
     ASSERT_TRUE(subtitles.open(QIODevice::WriteOnly));
     subtitles.write(row.content);
@@ -90,7 +92,7 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
     playFile(make(row.name + u".mkv"_s,
                   solidColor(u"black"_s, u"%1x%2"_s.arg(kWidth).arg(kHeight), kSeconds) +
                       QStringList{u"-i"_s, subtitles.fileName(), u"-map"_s, u"0"_s, u"-map"_s,
-                                  u"1"_s, u"-c:s"_s, row.codec}));
+                                  u"1"_s, u"-pix_fmt"_s, row.pixels, u"-c:s"_s, row.codec}));
     ASSERT_TRUE(starts());
     const TransportState& transport = *playback.transport();
     ASSERT_TRUE(eventually([&] { return transport.subtitles().size() == 1; }));

@@ -2,8 +2,11 @@
 
 #include <QQuickWindow>
 #include <QTemporaryDir>
+#include <cstring>
+#include <functional>
 
 #include "playback/libvlc_engine.h"
+#include "playback/still.h"
 #include "playback/video_surface.h"
 #include "support/test_media.h"
 #include "support/waiting.h"
@@ -14,23 +17,43 @@ namespace {
 using namespace test;
 using namespace Qt::StringLiterals;
 
-/// Pictures of one colour, given as Y, U and V.
-SharedFrame solidFrame(SourceNumber source, QSize size, std::array<int, 3> yuv, int padding = 0) {
-  const QSize chroma((size.width() + 1) / 2, (size.height() + 1) / 2);
+using YUV = std::array<int, 3>;
+
+/// A picture of Y, U and V at each place, as numbers of 8 bits.
+SharedFrame frameOf(SourceNumber source, QSize size, const std::function<YUV(int x, int y)>& yuvAt,
+                    PictureLayout layout = PictureLayout::planar, int padding = 0) {
+  const int bytes = isDeep(layout) ? 2 : 1;
+  const int stride = (size.width() * bytes + padding + 7) / 8 * 8;
+  const int lines = (size.height() + 1) / 2 * 2;
+  const auto memory = std::make_shared<QByteArray>(qsizetype{stride} * (2 * lines + 2), char(0x7f));
   auto frame = std::make_shared<VideoFrame>();
   frame->source = source;
-  auto memory = std::make_shared<std::array<QByteArray, 3>>();
-  for (std::size_t i = 0; i < 3; ++i) {
-    const QSize shown = i == 0 ? size : chroma;
-    const int stride = (shown.width() + padding + 3) / 4 * 4;
-    QByteArray& bytes = (*memory)[i];
-    bytes.fill(char(0x7f), qsizetype{stride} * shown.height());
-    for (int y = 0; y < shown.height(); ++y)
-      std::fill_n(bytes.data() + y * stride, shown.width(), static_cast<char>(yuv[i]));
-    frame->planes[i] = {reinterpret_cast<const std::uint8_t*>(bytes.constData()), stride, shown};
-  }
+  frame->layout = layout;
+  layOut(*frame, reinterpret_cast<const std::uint8_t*>(memory->constData()), size, stride, lines);
+  const auto put = [&](const VideoPlane& plane, int sample, std::size_t component, int scale) {
+    for (int y = 0; y < plane.size.height(); ++y) {
+      char* line =
+          memory->data() + (plane.data - frame->planes[0].data + std::ptrdiff_t{y} * plane.stride);
+      for (int x = 0; x < plane.size.width(); ++x) {
+        int value = yuvAt(x * scale, y * scale)[component];
+        if (layout == PictureLayout::deepPlanar) value <<= 2;
+        if (layout == PictureLayout::deepInterleaved) value <<= 8;
+        std::memcpy(line + (std::ptrdiff_t{x} * plane.samples + sample) * bytes, &value,
+                    static_cast<std::size_t>(bytes));
+      }
+    }
+  };
+  const bool interleaved = isInterleaved(layout);
+  put(frame->planes[0], 0, 0, 1);
+  put(frame->planes[1], 0, 1, 2);
+  put(interleaved ? frame->planes[1] : frame->planes[2], interleaved ? 1 : 0, 2, 2);
   frame->memory = memory;
   return frame;
+}
+
+SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv, int padding = 0) {
+  return frameOf(
+      source, size, [yuv](int, int) { return yuv; }, PictureLayout::planar, padding);
 }
 
 bool near(const QColor& color, const QColor& expected, int tolerance = 6) {
@@ -70,8 +93,12 @@ class SurfaceTest : public ::testing::Test {
   }
 };
 
+constexpr PictureLayout kLayouts[] = {PictureLayout::planar, PictureLayout::interleaved,
+                                      PictureLayout::deepPlanar, PictureLayout::deepInterleaved};
+
 constexpr std::array kRed{63, 102, 240};  // BT.709, limited
 constexpr std::array kBlue{32, 240, 118};
+constexpr std::array kGreen{173, 42, 26};
 constexpr std::array kGray{126, 128, 128};
 
 TEST_F(SurfaceTest, ShowsTheExpectedSourceOnBlackAndNothingElse) {
@@ -132,12 +159,47 @@ TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
       {ColorMatrix::bt709, ColorRange::limited, {16, 128, 128}, Qt::black},
   };
   for (const auto& row : cases) {
-    SCOPED_TRACE(row.color.name().toStdString());
-    auto frame = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, row.yuv));
-    frame->matrix = row.matrix;
-    frame->range = row.range;
-    frames->present(frame);
-    EXPECT_TRUE(shows({200, 150}, row.color));
+    for (const PictureLayout layout : kLayouts) {
+      if (isDeep(layout) && !frames->showsDeepSamples()) continue;
+      SCOPED_TRACE(row.color.name().toStdString() + " " + std::to_string(static_cast<int>(layout)));
+      auto frame = std::make_shared<VideoFrame>(*frameOf(
+          1, {64, 48}, [&](int, int) { return row.yuv; }, layout));
+      frame->matrix = row.matrix;
+      frame->range = row.range;
+      frames->present(frame);
+      EXPECT_TRUE(shows({200, 150}, row.color));
+      EXPECT_TRUE(near(stillOf(*frame, 8).pixelColor(4, 3), row.color));
+    }
+  }
+}
+
+TEST_F(SurfaceTest, EveryLayoutShowsTheSameColors) {
+  frames->expect(1);
+  EXPECT_TRUE(shows({200, 150}, Qt::black));
+  if (!frames->showsDeepSamples()) GTEST_SKIP() << "10 bits on this graphics card";
+  // Quarters of a picture, so that places are told apart as well as samples.
+  const YUV quarters[2][2] = {{kRed, kBlue}, {kGreen, kGray}};
+  const QColor colors[2][2] = {{Qt::red, Qt::blue}, {Qt::green, QColor(128, 128, 128)}};
+  for (const PictureLayout layout : kLayouts) {
+    for (const QSize size : {QSize(64, 48), QSize(361, 271)}) {
+      SCOPED_TRACE(testing::Message() << static_cast<int>(layout) << " " << size.width());
+      const SharedFrame frame = frameOf(
+          1, size,
+          [&](int x, int y) { return quarters[y * 2 > size.height()][x * 2 > size.width()]; },
+          layout, 13);
+      frames->present(solidFrame(1, {64, 48}, kGray));
+      ASSERT_TRUE(shows({50, 50}, QColor(128, 128, 128)));
+      frames->present(frame);
+      const QImage still = stillOf(*frame, 400);
+      for (const int row : {0, 1}) {
+        for (const int column : {0, 1}) {
+          const QPoint place(100 + 200 * column, 75 + 150 * row);
+          EXPECT_TRUE(shows(place, colors[row][column])) << row << column;
+          EXPECT_TRUE(near(still.pixelColor(place), colors[row][column]))
+              << "a still at " << row << column;
+        }
+      }
+    }
   }
 }
 

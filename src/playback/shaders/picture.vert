@@ -8,6 +8,7 @@ layout(std140, binding = 0) uniform Values {
   mat4 qt_Matrix;
   mat4 toRGB;
   float opacity;
+  float interleaved;  // U and V lie in one plane
 };
 
 void main() {
