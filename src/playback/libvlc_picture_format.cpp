@@ -11,8 +11,9 @@ namespace vantor {
 
 namespace {
 
-constexpr unsigned kMostPadding = 256;    // pixels that decoders add to a side, and some more
-constexpr unsigned kStandardLines = 576;  // more lines are coded by BT.709 when nothing is said
+constexpr unsigned kMostPadding = 256;     // pixels that decoders add to a side, and some more
+constexpr double kMasteringUnit = 0.0001;  // cd/m²
+constexpr unsigned kStandardLines = 576;   // more lines are coded by BT.709 when nothing is said
 
 bool pads(unsigned padded, unsigned offset, unsigned visible) {
   return visible > 0 && offset <= padded && visible <= padded - offset &&
@@ -58,6 +59,19 @@ ColorMatrix matrixOf(const video_format_t& format) {
   return usualMatrix(format.i_visible_height);
 }
 
+PictureLight lightOf(const video_format_t& format) {
+  PictureLight light;
+  if (format.transfer == TRANSFER_FUNC_SMPTE_ST2084) light.transfer = Transfer::pq;
+  if (format.transfer == TRANSFER_FUNC_HLG) light.transfer = Transfer::hlg;
+  // Both come with these primaries, named or not.
+  const bool unnamed = format.primaries == COLOR_PRIMARIES_UNDEF &&
+                       (light.transfer != Transfer::standard || format.space == COLOR_SPACE_BT2020);
+  if (format.primaries == COLOR_PRIMARIES_BT2020 || unnamed) light.primaries = Primaries::bt2020;
+  if (format.mastering.max_luminance > 0)
+    light.peak = format.mastering.max_luminance * kMasteringUnit;
+  return light;
+}
+
 }  // namespace
 
 PictureFormat usualFormat(const char* chroma, unsigned width, unsigned height) {
@@ -86,6 +100,7 @@ std::optional<PictureFormat> pictureFormat(const char* chroma, const unsigned* w
       QSize(static_cast<int>(format.i_visible_width), static_cast<int>(format.i_visible_height));
   result.matrix = matrixOf(format);
   result.range = rangeOf(format);
+  result.light = lightOf(format);
   return result;
 }
 

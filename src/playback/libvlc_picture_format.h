@@ -12,6 +12,7 @@ struct PictureFormat {
   QSize size;  // without the decoder's padding
   ColorMatrix matrix = ColorMatrix::bt709;
   ColorRange range = ColorRange::limited;
+  PictureLight light;
 };
 
 /// What most pictures are whose decoder does not say more than this.

@@ -58,9 +58,11 @@ Asked askedFor(const char* decoded, bool deepSamples) {
 /// Picture memory of one format, used again when nobody holds it any more.
 class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> {
  public:
-  Buffers(const PictureFormat& pictures, PictureLayout inMemory)
+  Buffers(const PictureFormat& pictures, PictureLayout inMemory,
+          std::shared_ptr<const ToneTable> mapping)
       : format(pictures),
         layout(inMemory),
+        tones(std::move(mapping)),
         pitch(roundUp(static_cast<unsigned>(pictures.size.width()) * (isDeep(layout) ? 2 : 1), 64)),
         lines(roundUp(static_cast<unsigned>(pictures.size.height()), 32)) {}
 
@@ -71,12 +73,14 @@ class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> 
     layOut(*frame, memory.get(), format.size, static_cast<int>(pitch), static_cast<int>(lines));
     frame->matrix = format.matrix;
     frame->range = format.range;
+    frame->tones = tones;
     frame->memory = memory;
     return frame;
   }
 
   const PictureFormat format;
   const PictureLayout layout;
+  const std::shared_ptr<const ToneTable> tones;
   const unsigned pitch;  // of luma
   const unsigned lines;
 
@@ -144,7 +148,8 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
   const Asked asked = askedFor(chroma, self->frames_->showsDeepSamples());
   std::memcpy(chroma, asked.asked, 4);
 
-  const auto buffers = std::make_shared<Buffers>(format, asked.layout);
+  const auto buffers =
+      std::make_shared<Buffers>(format, asked.layout, self->tonesFor(format.light));
   *width = static_cast<unsigned>(format.size.width());
   *height = static_cast<unsigned>(format.size.height());
   pitches[0] = buffers->pitch;
@@ -154,6 +159,14 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
   const std::lock_guard guard(self->mutex_);
   self->buffers_ = buffers;
   return 1;
+}
+
+std::shared_ptr<const ToneTable> LibVLCVideoOutput::tonesFor(const PictureLight& light) {
+  if (isStandard(light)) return {};
+  // The library asks several times until a decoder has opened.
+  if (!tones_ || light != light_) tones_ = std::make_shared<const ToneTable>(light);
+  light_ = light;
+  return tones_;
 }
 
 void LibVLCVideoOutput::cleanUp(void* opaque) {

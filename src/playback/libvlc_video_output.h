@@ -39,12 +39,15 @@ class LibVLCVideoOutput {
   static void cleanUp(void* self);
   static void* lock(void* self, void** planes);
   static void display(void* self, void* picture);
+  std::shared_ptr<const ToneTable> tonesFor(const PictureLight& light);
   void present(std::shared_ptr<VideoFrame> frame);
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const LibVLCInternals internals_;
   const std::function<void()> onFirstPicture_;
   std::atomic<std::int64_t> passedOn_ = 0;
+  PictureLight light_;                      // set-up only, as is
+  std::shared_ptr<const ToneTable> tones_;  // what was last made, for that
 
   mutable std::mutex mutex_;  // guards what follows
   SourceNumber source_ = 0;

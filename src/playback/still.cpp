@@ -42,6 +42,7 @@ float meanOf(const VideoPlane& plane, int sample, const Span& columns, const Spa
                           : mean<std::uint16_t>(plane, sample, columns, rows);
 }
 
+/// Red, green or blue.
 float channel(const std::array<float, 4>& factors, float y, float u, float v) {
   return std::clamp(factors[0] * y + factors[1] * u + factors[2] * v + factors[3], 0.0f, 1.0f);
 }
@@ -72,9 +73,10 @@ QImage stillOf(const VideoFrame& frame, int width) {
       const Span rows(row, height, chroma.size.height());
       const float u = meanOf(chroma, 0, columns, rows);
       const float v = meanOf(last, interleaved ? 1 : 0, columns, rows);
-      pixels[column] =
-          qRgb(byteOf(channel(factors[0], y, u, v)), byteOf(channel(factors[1], y, u, v)),
-               byteOf(channel(factors[2], y, u, v)));
+      RGB color{channel(factors[0], y, u, v), channel(factors[1], y, u, v),
+                channel(factors[2], y, u, v)};
+      if (frame.tones) color = frame.tones->at(color);
+      pixels[column] = qRgb(byteOf(color[0]), byteOf(color[1]), byteOf(color[2]));
     }
   }
   return image;

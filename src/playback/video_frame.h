@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "playback/tone_table.h"
+
 namespace vantor {
 
 enum class ColorMatrix { bt601, bt709, bt2020 };
@@ -48,7 +50,8 @@ struct VideoFrame {
   double pixelAspect = 1;            // width of a pixel by its height
   ColorMatrix matrix = ColorMatrix::bt709;
   ColorRange range = ColorRange::limited;
-  std::shared_ptr<const void> memory;  // what the planes point into
+  std::shared_ptr<const ToneTable> tones;  // null when a standard display shows it right as it is
+  std::shared_ptr<const void> memory;      // what the planes point into
 
   QSize size() const { return planes[0].size; }
   /// Width by height of the picture as it is shown.

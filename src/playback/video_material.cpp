@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "playback/rhi.h"
 
@@ -16,6 +17,9 @@ constexpr int kMatrixSize = 64;
 constexpr int kColorOffset = kMatrixSize;
 constexpr int kOpacityOffset = 2 * kMatrixSize;
 constexpr int kInterleavedOffset = kOpacityOffset + 4;
+constexpr int kToneStepsOffset = kInterleavedOffset + 4;
+
+constexpr int kToneBinding = 4;
 
 QRhiTexture::Format formatOf(const VideoPlane& plane) {
   if (plane.bytes == 1) return plane.samples == 1 ? QRhiTexture::R8 : QRhiTexture::RG8;
@@ -42,8 +46,12 @@ class Shader final : public QSGMaterialShader {
       std::memcpy(values + kOpacityOffset, &opacity, sizeof opacity);
       changed = true;
     }
-    const auto* video = static_cast<VideoMaterial*>(material);
-    if (material != old || video->toRGB() != toRGB_ || video->layout() != layout_) {
+    auto* video = static_cast<VideoMaterial*>(material);
+    const float toneSteps = video->tones().isShown() ? ToneTable::kSteps : 0;
+    if (material != old || video->toRGB() != toRGB_ || video->layout() != layout_ ||
+        toneSteps != toneSteps_) {
+      toneSteps_ = toneSteps;
+      std::memcpy(values + kToneStepsOffset, &toneSteps, sizeof toneSteps);
       toRGB_ = video->toRGB();
       layout_ = video->layout();
       std::memcpy(values + kColorOffset, toRGB_.constData(), kMatrixSize);
@@ -56,14 +64,19 @@ class Shader final : public QSGMaterialShader {
 
   void updateSampledImage(RenderState& state, int binding, QSGTexture** texture,
                           QSGMaterial* material, QSGMaterial*) override {
-    PlaneTexture& plane = static_cast<VideoMaterial*>(material)->texture(binding - 1);
-    plane.commitTextureOperations(state.rhi(), state.resourceUpdateBatch());
-    *texture = &plane;
+    auto* video = static_cast<VideoMaterial*>(material);
+    // Something has to be bound, also where the shader does not look.
+    const bool tones = binding == kToneBinding && video->tones().isShown();
+    QSGTexture* bound = &video->texture(binding == kToneBinding ? 0 : binding - 1);
+    if (tones) bound = &video->tones();
+    bound->commitTextureOperations(state.rhi(), state.resourceUpdateBatch());
+    *texture = bound;
   }
 
  private:
   QMatrix4x4 toRGB_;
   PictureLayout layout_ = PictureLayout::planar;
+  float toneSteps_ = 0;
 };
 
 }  // namespace
@@ -115,6 +128,47 @@ void PlaneTexture::commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* u
   stale_ = false;
 }
 
+ToneTexture::ToneTexture() {
+  setFiltering(QSGTexture::Linear);
+  setHorizontalWrapMode(QSGTexture::ClampToEdge);
+  setVerticalWrapMode(QSGTexture::ClampToEdge);
+}
+
+ToneTexture::~ToneTexture() {
+  show(nullptr);
+}
+
+void ToneTexture::show(std::shared_ptr<const ToneTable> tones) {
+  if (tones == tones_) return;
+  tones_ = std::move(tones);
+  stale_ = tones_ != nullptr;
+  if (!tones_ && texture_) std::exchange(texture_, nullptr)->deleteLater();
+}
+
+qint64 ToneTexture::comparisonKey() const {
+  return static_cast<qint64>(reinterpret_cast<quintptr>(this));
+}
+
+QSize ToneTexture::textureSize() const {
+  return {ToneTable::kSteps * ToneTable::kSteps, ToneTable::kSteps};
+}
+
+void ToneTexture::commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* updates) {
+  if (!stale_) return;
+  if (!texture_) {
+    texture_ = rhi->newTexture(QRhiTexture::RGBA8, textureSize());
+    if (!texture_->create()) {
+      delete std::exchange(texture_, nullptr);
+      return;
+    }
+  }
+  QRhiTextureSubresourceUploadDescription upload;
+  upload.setData(QByteArray(reinterpret_cast<const char*>(tones_->texels().data()),
+                            static_cast<qsizetype>(tones_->texels().size())));
+  updates->uploadTexture(texture_, QRhiTextureUploadDescription({0, 0, upload}));
+  stale_ = false;
+}
+
 bool showsDeepSamples(QRhi* rhi) {
   return rhi->isTextureFormatSupported(QRhiTexture::R16) &&
          rhi->isTextureFormatSupported(QRhiTexture::RG16);
@@ -133,6 +187,7 @@ void VideoMaterial::show(const SharedFrame& frame) {
   for (std::size_t i = 0; i < planesOf(layout_); ++i)
     textures_[i].show(frame->planes[i], frame->memory);
   for (std::size_t i = planesOf(layout_); i < textures_.size(); ++i) textures_[i].drop();
+  tones_.show(frame->tones);
   const auto rows = rgbFactors(frame->matrix, frame->range, layout_);
   for (int row = 0; row < 3; ++row) {
     const auto& factors = rows[static_cast<std::size_t>(row)];
@@ -147,6 +202,7 @@ PlaneTexture& VideoMaterial::texture(int plane) {
 
 void VideoMaterial::drop() {
   for (PlaneTexture& texture : textures_) texture.drop();
+  tones_.show(nullptr);
 }
 
 QSGMaterialType* VideoMaterial::type() const {

@@ -36,6 +36,29 @@ class PlaneTexture final : public QSGTexture {
   QRhiTexture* texture_ = nullptr;
 };
 
+/// How the tones of the shown picture are mapped, on the graphics card. Render thread only.
+class ToneTexture final : public QSGTexture {
+ public:
+  ToneTexture();
+  ~ToneTexture() override;
+
+  /// Null where none are.
+  void show(std::shared_ptr<const ToneTable> tones);
+  bool isShown() const { return tones_ != nullptr; }
+
+  qint64 comparisonKey() const override;
+  QRhiTexture* rhiTexture() const override { return texture_; }
+  QSize textureSize() const override;
+  bool hasAlphaChannel() const override { return false; }
+  bool hasMipmaps() const override { return false; }
+  void commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* updates) override;
+
+ private:
+  std::shared_ptr<const ToneTable> tones_;
+  bool stale_ = false;
+  QRhiTexture* texture_ = nullptr;
+};
+
 /// Whether textures of this graphics card hold samples of 16 bits.
 bool showsDeepSamples(QRhi* rhi);
 
@@ -50,6 +73,7 @@ class VideoMaterial final : public QSGMaterial {
 
   /// Of Y, U and V; those of U and V are one when they lie in one plane.
   PlaneTexture& texture(int plane);
+  ToneTexture& tones() { return tones_; }
   const QMatrix4x4& toRGB() const { return toRGB_; }
   PictureLayout layout() const { return layout_; }
 
@@ -59,6 +83,7 @@ class VideoMaterial final : public QSGMaterial {
 
  private:
   std::array<PlaneTexture, 3> textures_;
+  ToneTexture tones_;
   QMatrix4x4 toRGB_;
   PictureLayout layout_ = PictureLayout::planar;
 };

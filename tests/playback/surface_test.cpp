@@ -1,15 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QQuickWindow>
 #include <QTemporaryDir>
 #include <cstring>
 #include <functional>
 
 #include "playback/libvlc_engine.h"
 #include "playback/still.h"
-#include "playback/video_surface.h"
 #include "support/test_media.h"
-#include "support/waiting.h"
+#include "surface_fixture.h"
 
 namespace vantor {
 namespace {
@@ -56,42 +54,7 @@ SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv, int padding = 0
       source, size, [yuv](int, int) { return yuv; }, PictureLayout::planar, padding);
 }
 
-bool near(const QColor& color, const QColor& expected, int tolerance = 6) {
-  return std::abs(color.red() - expected.red()) <= tolerance &&
-         std::abs(color.green() - expected.green()) <= tolerance &&
-         std::abs(color.blue() - expected.blue()) <= tolerance;
-}
-
-class SurfaceTest : public ::testing::Test {
- protected:
-  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
-  QQuickWindow window;
-  VideoSurface surface{window.contentItem()};
-  int firstPictures = 0;
-
-  void SetUp() override {
-    window.setColor(Qt::green);
-    window.resize(400, 300);
-    surface.setSize(QSizeF(400, 300));
-    surface.setFrames(frames.get());
-    QObject::connect(&surface, &VideoSurface::firstPictureShown, [this] { ++firstPictures; });
-    window.show();
-    ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
-  }
-
-  /// Grabs until the window shows `color` at a place, for pictures arrive a frame later.
-  testing::AssertionResult shows(QPoint place, const QColor& color) {
-    QColor seen;
-    const bool right = eventually([&] {
-      const QImage image = window.grabWindow();
-      if (!image.valid(place)) return false;
-      seen = image.pixelColor(place);
-      return near(seen, color);
-    });
-    if (right) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "shows " << seen.name().toStdString();
-  }
-};
+using SurfaceTest = SurfaceFixture;
 
 constexpr PictureLayout kLayouts[] = {PictureLayout::planar, PictureLayout::interleaved,
                                       PictureLayout::deepPlanar, PictureLayout::deepInterleaved};
@@ -200,6 +163,23 @@ TEST_F(SurfaceTest, EveryLayoutShowsTheSameColors) {
         }
       }
     }
+  }
+}
+
+TEST_F(SurfaceTest, TonesAreMappedForTheirOwnPicturesOnly) {
+  frames->expect(1);
+  for (const Transfer transfer : {Transfer::pq, Transfer::hlg}) {
+    const PictureLight light{transfer, Primaries::bt2020};
+    auto mapped = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, kGray));
+    mapped->tones = std::make_shared<const ToneTable>(light);
+    const RGB expected = standardOf({0.502f, 0.502f, 0.502f}, light);
+    const QColor color = QColor::fromRgbF(expected[0], expected[1], expected[2]);
+    ASSERT_FALSE(near(color, QColor(128, 128, 128), 0));
+    frames->present(mapped);
+    EXPECT_TRUE(shows({200, 150}, color));
+    EXPECT_TRUE(near(stillOf(*mapped, 8).pixelColor(4, 3), color));
+    frames->present(solidFrame(1, {64, 48}, kGray));
+    EXPECT_TRUE(shows({200, 150}, QColor(128, 128, 128)));
   }
 }
 

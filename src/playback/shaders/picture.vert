@@ -9,6 +9,7 @@ layout(std140, binding = 0) uniform Values {
   mat4 toRGB;
   float opacity;
   float interleaved;  // U and V lie in one plane
+  float toneSteps;    // of red, green and blue; 0 when the tones are right as they are
 };
 
 void main() {
