@@ -18,6 +18,9 @@ constexpr std::array kNewsEvents{libvlc_MediaPlayerPlaying,          libvlc_Medi
 // Pictures decoded after which a source has started although none was in time to be shown.
 constexpr std::int64_t kUnseenPictures = 250;
 
+// Bits a second, for the bytes a microsecond that the library counts.
+constexpr double kBitRateUnit = 8'000'000;
+
 // The library's own messages carry addresses, and those carry passwords.
 void discard(void*, int, const libvlc_log_t*, const char*, va_list) {}
 
@@ -211,7 +214,9 @@ EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
   applyVolume();
-  if (output_) output_->setPixelAspect(pixelAspect());
+  const PictureFacts facts = output_ ? output_->facts() : PictureFacts();
+  const std::optional<SourceVideo> video = sourceVideo(facts.size);
+  if (output_) output_->setPixelAspect(video ? std::optional(video->pixelAspect) : std::nullopt);
 
   libvlc_media_player_t* player = player_.get();
   EngineStatus status;
@@ -226,6 +231,11 @@ EngineStatus LibVLCPlayer::sample() {
     status.videoTracks.append(track.id);
   status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));
   status.subtitleTracks = tracksOf(libvlc_video_get_spu_description(player));
+  status.picture = facts;
+  if (video) {
+    status.picture.codec = video->codec;
+    status.picture.rate = video->rate;
+  }
   if (status.state == EngineState::ended) {
     // The input that knew the rest is gone.
     const EngineState ended = status.state;
@@ -238,6 +248,10 @@ EngineStatus LibVLCPlayer::sample() {
     status.decodedVideo = std::max<std::int64_t>(last_.decodedVideo, counts.i_decoded_video);
     status.decodedAudio = std::max<std::int64_t>(last_.decodedAudio, counts.i_decoded_audio);
     status.decoded = std::int64_t{counts.i_decoded_video} + counts.i_decoded_audio;
+    status.picture.lost = counts.i_lost_pictures;
+    // Some demultiplexers do not count.
+    status.picture.bitsPerSecond =
+        kBitRateUnit * std::max(double{counts.f_demux_bitrate}, double{counts.f_input_bitrate});
   }
   // Decoded is not yet seen, and the library counts a few times a second only.
   if (output_ && status.decodedVideo < kUnseenPictures) status.decodedVideo = output_->pictures();
@@ -245,19 +259,26 @@ EngineStatus LibVLCPlayer::sample() {
   return status;
 }
 
-std::optional<double> LibVLCPlayer::pixelAspect() const {
+std::optional<LibVLCPlayer::SourceVideo> LibVLCPlayer::sourceVideo(QSize pictures) const {
   libvlc_media_track_t** tracks = nullptr;
   const unsigned count = libvlc_media_tracks_get(media_.get(), &tracks);
-  std::optional<double> aspect;
-  for (unsigned i = 0; i < count && !aspect; ++i) {
+  // Those of a codec that a broadcast has left behind stay in the list, under numbers of its own.
+  std::optional<SourceVideo> found;
+  for (unsigned i = 0; i < count; ++i) {
     if (tracks[i]->i_type != libvlc_track_video) continue;
     const libvlc_video_track_t& video = *tracks[i]->video;
-    if (video.i_width == 0) continue;
-    const bool told = video.i_sar_num > 0 && video.i_sar_den > 0;
-    aspect = told ? static_cast<double>(video.i_sar_num) / video.i_sar_den : 1;
+    const QSize size(static_cast<int>(video.i_width), static_cast<int>(video.i_height));
+    if (video.i_width == 0 || (found && size != pictures)) continue;
+    found.emplace();
+    if (video.i_sar_num > 0 && video.i_sar_den > 0)
+      found->pixelAspect = static_cast<double>(video.i_sar_num) / video.i_sar_den;
+    if (video.i_frame_rate_den > 0)
+      found->rate = static_cast<double>(video.i_frame_rate_num) / video.i_frame_rate_den;
+    found->codec = QString::fromUtf8(
+        libvlc_media_get_codec_description(libvlc_track_video, tracks[i]->i_codec));
   }
   if (tracks) libvlc_media_tracks_release(tracks, count);
-  return aspect;
+  return found;
 }
 
 }  // namespace vantor

@@ -54,8 +54,13 @@ class LibVLCPlayer {
   void applyVolume();
   /// For what is loaded next; a device may be plugged in while the program runs.
   void followAudio();
-  /// Absent while the media has not told its video's format.
-  std::optional<double> pixelAspect() const;
+  struct SourceVideo {
+    double pixelAspect = 1;  // width by height
+    double rate = 0;         // pictures a second, 0 while unknown
+    QString codec;
+  };
+  /// Of those that the media has told of, the last with pictures of this size, or the first.
+  std::optional<SourceVideo> sourceVideo(QSize pictures) const;
 
   const std::function<void()> onNews_;
   LibVLCHandle<libvlc_instance_t> instance_;

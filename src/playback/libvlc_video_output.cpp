@@ -31,6 +31,7 @@ struct Asked {
   const char* decoded;
   const char* asked;
   PictureLayout layout;
+  PictureDecoder decoder = PictureDecoder::software;
 };
 
 constexpr Asked kUsual{"I420", "I420", PictureLayout::planar};
@@ -39,10 +40,11 @@ constexpr std::array kAsked{
     Asked{"NV12", "NV12", PictureLayout::interleaved},
     Asked{"I0AL", "I0AL", PictureLayout::deepPlanar},
     Asked{"P010", "P010", PictureLayout::deepInterleaved},
-    // Those in the memory of a graphics card: VA-API with 8 and 10 bits, VDPAU.
-    Asked{"VAOP", "NV12", PictureLayout::interleaved},
-    Asked{"VAO0", "P010", PictureLayout::deepInterleaved},
-    Asked{"VDV0", "NV12", PictureLayout::interleaved},
+    // Those in the memory of a graphics card.
+    Asked{"VAOP", "NV12", PictureLayout::interleaved, PictureDecoder::vaapi},
+    Asked{"VAO0", "P010", PictureLayout::deepInterleaved, PictureDecoder::vaapi},
+    Asked{"VAO0", "I420", PictureLayout::planar, PictureDecoder::vaapi},
+    Asked{"VDV0", "NV12", PictureLayout::interleaved, PictureDecoder::vdpau},
 };
 
 Asked askedFor(const char* decoded, bool deepSamples) {
@@ -106,11 +108,8 @@ class LibVLCVideoOutput::Buffers : public std::enable_shared_from_this<Buffers> 
 };
 
 LibVLCVideoOutput::LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames,
-                                     LibVLCInternals internals,
-                                     std::function<void()> onFirstPicture)
-    : frames_(std::move(frames)),
-      internals_(internals),
-      onFirstPicture_(std::move(onFirstPicture)) {}
+                                     LibVLCInternals internals, std::function<void()> onNews)
+    : frames_(std::move(frames)), internals_(internals), onNews_(std::move(onNews)) {}
 
 void LibVLCVideoOutput::attach(libvlc_media_player_t* player) {
   libvlc_video_set_format_callbacks(player, setUp, cleanUp);
@@ -138,6 +137,15 @@ bool LibVLCVideoOutput::isWaiting() const {
   return waiting_ != nullptr;
 }
 
+PictureFacts LibVLCVideoOutput::facts() const {
+  const std::lock_guard guard(mutex_);
+  if (!buffers_) return {};
+  return {.decoder = decoder_,
+          .size = buffers_->format.size,
+          .bits = isDeep(buffers_->layout) ? 10 : 8,
+          .shown = pictures()};
+}
+
 unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, unsigned* height,
                                   unsigned* pitches, unsigned* lines) {
   auto* self = static_cast<LibVLCVideoOutput*>(*opaque);
@@ -158,6 +166,8 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
   lines[1] = lines[2] = buffers->lines / 2;
   const std::lock_guard guard(self->mutex_);
   self->buffers_ = buffers;
+  self->decoder_ = asked.decoder;
+  self->reshaped_ = true;
   return 1;
 }
 
@@ -190,16 +200,16 @@ void LibVLCVideoOutput::display(void* opaque, void*) {
   {
     const std::lock_guard guard(self->mutex_);
     if (!self->writing_) return;
-    const bool first = self->passedOn_ == 0;
+    const bool isNews = self->passedOn_ == 0 || std::exchange(self->reshaped_, false);
     if (self->pixelAspect_ > 0) {
       self->present(std::exchange(self->writing_, nullptr));
     } else {
       self->waiting_ = std::exchange(self->writing_, nullptr);
       ++self->received_;
     }
-    if (!first) return;
+    if (!isNews) return;
   }
-  self->onFirstPicture_();
+  self->onNews_();
 }
 
 void LibVLCVideoOutput::present(std::shared_ptr<VideoFrame> frame) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "playback/libvlc_internals.h"
+#include "playback/media_engine.h"
 #include "playback/video_frame_queue.h"
 
 namespace vantor {
@@ -19,15 +20,18 @@ namespace vantor {
 /// waits until `setPixelAspect` says it.
 class LibVLCVideoOutput {
  public:
-  /// `onFirstPicture` is called on libVLC's threads, when the first picture of a source waits.
+  /// `onNews` is called on libVLC's threads: the first picture of a source waits, or one of another
+  /// format has come.
   LibVLCVideoOutput(std::shared_ptr<VideoFrameQueue> frames, LibVLCInternals internals,
-                    std::function<void()> onFirstPicture);
+                    std::function<void()> onNews);
 
   void attach(libvlc_media_player_t* player);
   void beginSource(SourceNumber source);
   /// Absent while the media has not told it.
   void setPixelAspect(std::optional<double> widthByHeight);
   bool isWaiting() const;
+  /// The current format's size, bits and decoder; nothing while there is none.
+  PictureFacts facts() const;
   /// Pictures passed on since `beginSource`.
   std::int64_t pictures() const { return passedOn_.load(); }
 
@@ -44,7 +48,7 @@ class LibVLCVideoOutput {
 
   const std::shared_ptr<VideoFrameQueue> frames_;
   const LibVLCInternals internals_;
-  const std::function<void()> onFirstPicture_;
+  const std::function<void()> onNews_;
   std::atomic<std::int64_t> passedOn_ = 0;
   PictureLight light_;                      // set-up only, as is
   std::shared_ptr<const ToneTable> tones_;  // what was last made, for that
@@ -56,6 +60,8 @@ class LibVLCVideoOutput {
   std::shared_ptr<VideoFrame> writing_;
   std::shared_ptr<VideoFrame> waiting_;
   double pixelAspect_ = 0;  // 0 while unknown
+  bool reshaped_ = false;   // no picture of this format has come yet
+  PictureDecoder decoder_ = PictureDecoder::unknown;
 };
 
 }  // namespace vantor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QSize>
 #include <QString>
 #include <QUrl>
 #include <cstdint>
@@ -19,6 +20,21 @@ struct EngineTrack {
   bool operator==(const EngineTrack&) const = default;
 };
 
+enum class PictureDecoder : unsigned char { unknown, software, vaapi, vdpau };
+
+/// What is known of the current media's pictures, for people who want to know.
+struct PictureFacts {
+  QString codec;  // as the engine names it; empty while unknown
+  PictureDecoder decoder = PictureDecoder::unknown;
+  QSize size;                // without the decoder's padding
+  int bits = 8;              // of a sample, as shown
+  double rate = 0;           // pictures a second in the source, which may have two fields each
+  double bitsPerSecond = 0;  // of the media as a whole, 0 while unknown
+  std::int64_t shown = 0;    // handed to the surface
+  std::int64_t lost = 0;     // came too late to be
+  bool operator==(const PictureFacts&) const = default;
+};
+
 /// What the engine knows of its current media at one moment.
 struct EngineStatus {
   EngineState state = EngineState::idle;
@@ -34,6 +50,7 @@ struct EngineStatus {
   QList<std::int32_t> videoTracks;
   QList<EngineTrack> audioTracks;
   QList<EngineTrack> subtitleTracks;
+  PictureFacts picture;
 };
 
 /// One media to load; the engine gets the texts as values, never as options to parse.

@@ -1,0 +1,157 @@
+// What a channel does to its pictures while it goes on.
+#include <gmock/gmock.h>
+
+#include <QThread>
+#include <atomic>
+#include <functional>
+#include <mutex>
+
+#include "engine_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+using BroadcastTest = EngineFixture;
+
+struct Shape {
+  QSize size;
+  double pixelAspect = 1;
+  bool isDeep = false;
+};
+
+/// Calls `see` for each picture on the thread that brings it, for as long as there is the queue.
+void watch(VideoFrameQueue& frames, std::function<void(const VideoFrame&)> see) {
+  const auto look = [&frames, see = std::move(see)] {
+    if (const SharedFrame frame = frames.take()) see(*frame);
+  };
+  QObject::connect(&frames, &VideoFrameQueue::changed, &frames, look, Qt::DirectConnection);
+}
+
+/// The shapes of pictures in their order, each as it was last.
+class Shapes {
+ public:
+  void see(const VideoFrame& frame) {
+    const std::lock_guard lock(mutex_);
+    const bool deep = isDeep(frame.layout);
+    if (shapes_.isEmpty() || shapes_.last().size != frame.size() || shapes_.last().isDeep != deep)
+      shapes_.append(Shape());
+    shapes_.last() = {frame.size(), frame.pixelAspect, deep};
+  }
+  QList<Shape> seen() const {
+    const std::lock_guard lock(mutex_);
+    return shapes_;
+  }
+
+ private:
+  mutable std::mutex mutex_;
+  QList<Shape> shapes_;
+};
+
+TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
+  if (libVLCInternals() == LibVLCInternals::left) GTEST_SKIP() << "with this version of libVLC";
+  const struct {
+    Shape shape;
+    QString filters;
+    QStringList format;
+  } parts[] = {
+      {{{320, 180}}, u"setsar=1"_s, {u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, u"yuv420p"_s}},
+      {{{640, 480}, 4.0 / 3},
+       u"setsar=4/3"_s,
+       {u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, u"yuv420p"_s}},
+      {{{720, 576}, 64.0 / 45},
+       u"setsar=64/45,fps=50,interlace=scan=tff:lowpass=off"_s,
+       {u"-c:v"_s, u"mpeg2video"_s, u"-flags"_s, u"+ildct+ilme"_s}},
+      {{{320, 180}, 1, true},
+       u"setsar=1"_s,
+       {u"-c:v"_s, u"libx265"_s, u"-x265-params"_s, u"log-level=none"_s, u"-pix_fmt"_s,
+        u"yuv420p10le"_s}},
+  };
+  constexpr int kPartSeconds = 3;
+  QFile whole(path(u"whole.ts"_s));
+  ASSERT_TRUE(whole.open(QIODevice::WriteOnly));
+  int number = 0;
+  for (const auto& part : parts) {
+    const QSize size = part.shape.size;
+    whole.write(bytes(
+        make(u"part.ts"_s,
+             solidColor(u"gray"_s, u"%1x%2"_s.arg(size.width()).arg(size.height()), kPartSeconds) +
+                 QStringList{u"-vf"_s, part.filters} + part.format +
+                 QStringList{u"-output_ts_offset"_s, QString::number(number * kPartSeconds),
+                             u"-tables_version"_s, QString::number(number)})));
+    ++number;
+  }
+  whole.close();
+
+  frames->setShowsDeepSamples(true);
+  const auto shapes = std::make_shared<Shapes>();
+  watch(*frames, [shapes](const VideoFrame& frame) { shapes->see(frame); });
+  playFile(whole.fileName());
+  ASSERT_TRUE(starts());
+  EXPECT_TRUE(eventually([&] { return engine.status().state == EngineState::ended; }));
+  const QList<Shape> seen = shapes->seen();
+  ASSERT_EQ(seen.size(), std::size(parts));
+  for (int i = 0; i < seen.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(seen.at(i).size, parts[i].shape.size);
+    EXPECT_NEAR(seen.at(i).pixelAspect, parts[i].shape.pixelAspect, 0.01);
+    EXPECT_EQ(seen.at(i).isDeep, parts[i].shape.isDeep);
+  }
+}
+
+TEST_F(BroadcastTest, LatePicturesAreDroppedAndCounted) {
+  // Each picture is brighter than the last one.
+  const QString file =
+      make(u"brighter.mkv"_s, {u"-f"_s, u"lavfi"_s, u"-i"_s,
+                               u"nullsrc=s=320x180:r=50:d=4,geq=lum=16+N:cb=128:cr=128"_s,
+                               u"-pix_fmt"_s, u"yuv420p"_s, u"-c:v"_s, u"libx264"_s});
+  // Whoever takes them needs five times as long for one as there is.
+  struct Taken {
+    std::atomic<int> pictures = 0;
+    std::atomic<int> brightness = 0;  // of the last
+  };
+  const auto taken = std::make_shared<Taken>();
+  watch(*frames, [taken](const VideoFrame& frame) {
+    const VideoPlane& luma = frame.planes[0];
+    taken->brightness = luma.data[std::ptrdiff_t{luma.stride} * 90 + 160];
+    ++taken->pictures;
+    QThread::msleep(100);
+  });
+  playFile(file);
+  ASSERT_TRUE(starts());
+  ASSERT_TRUE(eventually([&] { return engine.status().time > 3'000; }));
+  const double shownTime = (taken->brightness - 16) / 50.0;
+  const EngineStatus status = engine.status();
+  EXPECT_NEAR(shownTime, static_cast<double>(status.time) / 1000, 0.7) << "pictures wait in a row";
+  EXPECT_LT(taken->pictures, 60);
+  EXPECT_GT(status.picture.lost, 50);
+  EXPECT_LE(status.picture.shown, taken->pictures + 1);
+}
+
+TEST_F(BroadcastTest, TellsFactsOfItsPictures) {
+  const QString file =
+      make(u"a.ts"_s, {u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc2=s=638x358:r=25:d=4"_s,
+                       u"-pix_fmt"_s, u"yuv420p"_s, u"-c:v"_s, u"libx264"_s, u"-qp"_s, u"10"_s});
+  const double bitsPerSecond = static_cast<double>(QFileInfo(file).size()) * 8 / 4;
+  EXPECT_EQ(engine.status().picture, PictureFacts());
+  playFile(file);
+  ASSERT_TRUE(starts());
+  PictureFacts facts;
+  EXPECT_TRUE(eventually([&] {
+    facts = engine.status().picture;
+    return facts.shown > 40 && facts.bitsPerSecond > 0;
+  }));
+  EXPECT_THAT(facts.codec.toStdString(), testing::HasSubstr("H264"));
+  EXPECT_NE(facts.decoder, PictureDecoder::unknown);
+  EXPECT_EQ(facts.size, QSize(638, 358));
+  EXPECT_EQ(facts.bits, 8);
+  EXPECT_NEAR(facts.rate, 25, 0.1);
+  EXPECT_GT(facts.bitsPerSecond, bitsPerSecond / 3);
+  EXPECT_LT(facts.bitsPerSecond, bitsPerSecond * 3);
+  engine.unload();
+  EXPECT_EQ(engine.status().picture, PictureFacts());
+}
+
+}  // namespace
+}  // namespace vantor
