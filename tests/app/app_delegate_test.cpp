@@ -1,67 +1,39 @@
 #include "app/app_delegate.h"
 
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-
-#include "platform/worker.h"
-#include "playback/playback.h"
-#include "support/fake_engine.h"
-#include "support/manual_clock.h"
-#include "support/waiting.h"
+#include "playback/playback_fixture.h"
 
 namespace vantor {
 namespace {
 
-using namespace std::chrono_literals;
+using namespace test;
 
-class AppDelegateTest : public ::testing::Test {
+class AppDelegateTest : public PlaybackFixture {
  protected:
-  QTemporaryDir home;
-  test::FakeEngine engine;
-  test::ManualClock clock;
-  Worker worker;
-  std::unique_ptr<Playback> playback = std::make_unique<Playback>(
-      engine, clock, worker, Folders{home.path(), home.path(), home.path()}, Output::discarded);
   AppDelegate delegate;
   int ends = 0;
 
   void SetUp() override {
     QObject::connect(&delegate, &AppDelegate::terminate, [this] { ++ends; });
   }
-  void play() {
-    playback->play(
-        {.url = QUrl(QStringLiteral("http://tv.example/1.ts")), .id = QStringLiteral("x")});
-    test::settle();
-    engine.now.state = EngineState::playing;
-    engine.now.hasMedia = true;
-    engine.now.decodedVideo = 1;
-    engine.now.recordable = true;
-    clock.advance(250ms);
-  }
 };
 
-TEST_F(AppDelegateTest, EndsAtOnceBeforeTheWindowAppeared) {
-  EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::now);
-  EXPECT_EQ(ends, 1);
-}
-
 TEST_F(AppDelegateTest, EndsAfterPlaybackHasStopped) {
-  delegate.setPlayback(playback.get());
-  play();
+  delegate.setPlayback(&playback);
+  openPlaying(channel(u"1"_s));
   EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::later);
   EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::later);
   EXPECT_EQ(ends, 0);
-  test::settle();
-  EXPECT_FALSE(playback->source());
+  settle();
+  EXPECT_FALSE(playback.source());
   EXPECT_EQ(ends, 1) << "however often the user asks";
 }
 
 TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
-  delegate.setPlayback(playback.get());
-  play();
-  playback->startRecording(home.filePath(QStringLiteral("recordings")));
-  ASSERT_EQ(playback->recording().stage(), Recording::Stage::running);
+  delegate.setPlayback(&playback);
+  openPlaying(channel(u"1"_s));
+  engine.now.recordable = true;
+  playback.startRecording(temporary.filePath(u"recordings"_s));
+  ASSERT_EQ(playback.recording().stage(), Recording::Stage::running);
   delegate.applicationShouldTerminate();
   clock.advance(4900ms);
   EXPECT_EQ(ends, 0) << "the file is still being written";
@@ -69,11 +41,15 @@ TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
   EXPECT_EQ(ends, 1);
 }
 
-TEST_F(AppDelegateTest, EndsWhenTheControllerIsGone) {
-  delegate.setPlayback(playback.get());
-  playback.reset();
-  EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::now);
+TEST_F(AppDelegateTest, EndsAtOnceWithoutPlayback) {
+  EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::now) << "not yet there";
   EXPECT_EQ(ends, 1);
+  {
+    Playback gone(engine, clock, worker, folders(), Output::discarded);
+    delegate.setPlayback(&gone);
+  }
+  EXPECT_EQ(delegate.applicationShouldTerminate(), AppDelegate::Reply::now) << "gone";
+  EXPECT_EQ(ends, 2);
 }
 
 }  // namespace

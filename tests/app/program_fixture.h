@@ -18,6 +18,8 @@
 
 namespace vantor::test {
 
+using namespace Qt::StringLiterals;
+
 inline sim::Options withStreams() {
   sim::Options options;
   options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
@@ -42,16 +44,15 @@ class ProgramFixture : public ::testing::Test {
   }
   void saveAccount() {
     const ProviderAccount account = ProviderAccount::validated(
-        QStringLiteral("Vantor TV"), QString::fromStdString(server.url()),
+        u"Vantor TV"_s, QString::fromStdString(server.url()),
         QString::fromStdString(options.username), QString::fromStdString(options.password));
     secrets.write(account.toJSON(), providerItem, {});
   }
   bool start(const QStringList& arguments = {}) {
-    environment.insert(QStringLiteral("VANTOR_CONFIG_URL"),
-                       QString::fromStdString(server.configUrl()));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), home.filePath(QStringLiteral("data")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("VANTOR_AUDIO"), QStringLiteral("none"));
+    environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
+    environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
+    environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
+    environment.insert(u"VANTOR_AUDIO"_s, u"none"_s);
     program.setProcessEnvironment(environment);
     program.setProcessChannelMode(QProcess::MergedChannels);
     program.start(QStringLiteral(VANTOR_PROGRAM), arguments);
@@ -59,14 +60,14 @@ class ProgramFixture : public ::testing::Test {
   }
   /// Whether the process has the file open.
   bool hasOpen(const QString& path) {
-    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(program.processId()));
+    const QDir descriptors(u"/proc/%1/fd"_s.arg(program.processId()));
     for (const QFileInfo& entry : descriptors.entryInfoList(QDir::Files | QDir::System))
       if (entry.symLinkTarget() == path) return true;
     return false;
   }
   /// Whether SIGTERM is the program's own to answer, and not yet that of the system.
   bool answersSignals() {
-    QFile status(QStringLiteral("/proc/%1/status").arg(program.processId()));
+    QFile status(u"/proc/%1/status"_s.arg(program.processId()));
     if (!status.open(QFile::ReadOnly)) return false;
     const QByteArray all = status.readAll();
     const QByteArray caught = all.mid(all.indexOf("SigCgt:") + 7, 20).trimmed().left(16);

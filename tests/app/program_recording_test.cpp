@@ -9,7 +9,6 @@ namespace vantor {
 namespace {
 
 using namespace test;
-using namespace Qt::StringLiterals;
 
 class ProgramRecordingTest : public ProgramFixture {
  protected:

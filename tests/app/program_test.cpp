@@ -3,43 +3,42 @@
 
 #include "program_fixture.h"
 
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QLocalServer>
 
 namespace vantor {
 namespace {
 
-using test::eventually;
+using namespace test;
 
-using ProgramTest = test::ProgramFixture;
+using ProgramTest = ProgramFixture;
 
 TEST_F(ProgramTest, QuitsWithAPlayingFile) {
   const QString file = QString::fromStdString(server.mediaPath("movie.mkv"));
-  ASSERT_TRUE(start({QStringLiteral("--smoke-test"), file}));
+  ASSERT_TRUE(start({u"--smoke-test"_s, file}));
   EXPECT_TRUE(eventually([&] { return hasOpen(QFileInfo(file).canonicalFilePath()); }));
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(server.counters().connectionsAccepted, 0) << "an isolated run asks nobody";
-  EXPECT_FALSE(QFile::exists(home.filePath(QStringLiteral("data/Vantor Player Mac Preview"))));
+  EXPECT_FALSE(QFile::exists(home.filePath(u"data/Vantor Player Mac Preview"_s)));
 }
 
 TEST_F(ProgramTest, QuitsWithTheSignInSheetOpen) {
   ASSERT_TRUE(start());
   // The window is up once the file of the preferences' folder is there; the sheet follows at once.
-  EXPECT_TRUE(eventually(
-      [&] { return QDir(home.filePath(QStringLiteral("config/Vantor Player"))).exists(); }));
+  EXPECT_TRUE(eventually([&] { return QDir(home.filePath(u"config/Vantor Player"_s)).exists(); }));
   program.waitForReadyRead(1500);
   EXPECT_EQ(program.readAll(), QByteArray()) << "a normal run says nothing";
   EXPECT_EQ(quit(), 0);
 }
 
 TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
-  QFile only(home.filePath(QStringLiteral("fonts.conf")));
+  QFile only(home.filePath(u"fonts.conf"_s));
   ASSERT_TRUE(only.open(QFile::WriteOnly));
   only.write("<fontconfig><dir>/usr/share/fonts/opentype/inter</dir></fontconfig>");
   only.close();
-  environment.insert(QStringLiteral("FONTCONFIG_FILE"), only.fileName());
-  ASSERT_TRUE(start({QStringLiteral("--demo")}));
+  environment.insert(u"FONTCONFIG_FILE"_s, only.fileName());
+  ASSERT_TRUE(start({u"--demo"_s}));
   QByteArray said;
   EXPECT_TRUE(eventually([&] { return (said += program.readAll()).contains("No font for"); }));
   for (const char* name : {"Arabic", "Chinese", "Japanese", "Korean"})
@@ -49,13 +48,12 @@ TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
 }
 
 TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
-  const QDir folder(QFileInfo(QStringLiteral(VANTOR_PROGRAM))
-                        .dir()
-                        .filePath(QStringLiteral("../share/vantor/Licenses")));
+  const QDir folder(
+      QFileInfo(QStringLiteral(VANTOR_PROGRAM)).dir().filePath(u"../share/vantor/Licenses"_s));
   for (const char* part :
        {"Vantor Player", "ffmpeg", "fonts-inter", "fonts-noto", "icu", "libsecret", "openssl",
         "qcoro", "qt6-base", "qt6-declarative", "rapidjson", "simdjson", "vlc"}) {
-    const QStringList notices = folder.entryList({QLatin1String(part) + QStringLiteral("*.txt")});
+    const QStringList notices = folder.entryList({QLatin1String(part) + u"*.txt"_s});
     ASSERT_FALSE(notices.isEmpty()) << part;
     EXPECT_GT(QFileInfo(folder.filePath(notices.front())).size(), 100) << part;
   }
@@ -75,10 +73,9 @@ TEST_F(ProgramTest, QuitsInTheMiddleOfAServiceCheckAndOfALoad) {
 
 TEST_F(ProgramTest, QuitsWhileTheSessionBusSaysNothing) {
   QLocalServer bus;
-  ASSERT_TRUE(bus.listen(home.filePath(QStringLiteral("bus"))));
-  environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                     QStringLiteral("unix:path=") + bus.fullServerName());
-  ASSERT_TRUE(start({QStringLiteral("--demo")}));
+  ASSERT_TRUE(bus.listen(home.filePath(u"bus"_s)));
+  environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + bus.fullServerName());
+  ASSERT_TRUE(start({u"--demo"_s}));
   ASSERT_TRUE(bus.waitForNewConnection(20'000));
 #if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
   ASSERT_TRUE(eventually([&] { return answersSignals(); }));
@@ -92,34 +89,24 @@ TEST_F(ProgramTest, QuitsWhileTheSessionBusSaysNothing) {
 TEST_F(ProgramTest, LoadsTheSavedAccountsLibraryAndKeepsItEncrypted) {
   saveAccount();
   ASSERT_TRUE(start());
-  const QDir folder(home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog")));
-  EXPECT_TRUE(
-      eventually([&] { return !folder.entryList({QStringLiteral("*-live.bin")}).isEmpty(); }));
+  const QDir folder(home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s));
+  EXPECT_TRUE(eventually([&] { return !folder.entryList({u"*-live.bin"_s}).isEmpty(); }));
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(program.readAll(), QByteArray());
   const QByteArray password = QByteArray::fromStdString(options.password);
-  QDir data(home.path());
-  QStringList folders{home.path()};
-  while (!folders.isEmpty()) {
-    const QDir next(folders.takeFirst());
-    for (const QFileInfo& entry : next.entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-      if (entry.isDir()) {
-        folders.append(entry.filePath());
-        continue;
-      }
-      QFile file(entry.filePath());
-      ASSERT_TRUE(file.open(QFile::ReadOnly));
-      const QByteArray content = file.readAll();
-      EXPECT_FALSE(content.contains(password)) << entry.filePath().toStdString();
-      EXPECT_FALSE(content.contains(password.toPercentEncoding()))
-          << entry.filePath().toStdString();
-    }
+  QDirIterator files(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    QFile file(files.next());
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    const QByteArray content = file.readAll();
+    for (const QByteArray& form : {password, password.toPercentEncoding()})
+      EXPECT_FALSE(content.contains(form)) << file.fileName().toStdString();
   }
 }
 
 TEST_F(ProgramTest, ShowsThePreviewWithoutAskingAnyone) {
   saveAccount();
-  ASSERT_TRUE(start({QStringLiteral("--demo")}));
+  ASSERT_TRUE(start({u"--demo"_s}));
   program.waitForReadyRead(2000);
   EXPECT_EQ(program.readAll(), QByteArray());
   EXPECT_EQ(quit(), 0);

@@ -13,14 +13,15 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using test::eventually;
 using test::settle;
 
-const QString red = QStringLiteral("red.png");
-const QString blue = QStringLiteral("blue.png");
+const QString red = u"red.png"_s;
+const QString blue = u"blue.png"_s;
 
 QUrl address(const QString& name) {
-  return QUrl(QStringLiteral("http://cdn.example/") + name);
+  return QUrl(u"http://cdn.example/"_s + name);
 }
 
 QByteArray picture(QColor color, QSize size = {40, 20}) {
@@ -74,41 +75,35 @@ TEST_F(ArtworkItemTest, FollowsItsAddress) {
   EXPECT_TRUE(item.hasImage()) << "at once, from memory";
   show(red);
   EXPECT_FALSE(item.hasImage()) << "never the last entry's picture";
-  transport.fail(red, std::make_exception_ptr(HTTPFailure(404)));
+  transport.fail(red, HTTPFailure(404));
   settle();
   EXPECT_FALSE(item.hasImage());
   EXPECT_EQ(transport.exchanges().size(), 3u);
 }
 
 TEST_F(ArtworkItemTest, AsksOnlyWhileItIsShown) {
-  struct Case {
-    std::function<void(bool)> shown;
-    const char* what;
-  };
-  const Case cases[] = {
-      {[this](bool shown) { item.setVisible(shown); }, "visible"},
-      {[this](bool shown) { item.setActive(shown); }, "active"},
-      {[this](bool shown) { parent.setVisible(shown); }, "its parent visible"},
+  const std::pair<const char*, std::function<void(bool)>> cases[] = {
+      {"visible", [this](bool shown) { item.setVisible(shown); }},
+      {"active", [this](bool shown) { item.setActive(shown); }},
+      {"its parent visible", [this](bool shown) { parent.setVisible(shown); }},
   };
   std::size_t asked = 0;
-  for (const Case& example : cases) {
+  for (const auto& [what, setShown] : cases) {
+    SCOPED_TRACE(what);
     show(red);
     ASSERT_EQ(transport.exchanges().size(), ++asked);
-    example.shown(false);
+    setShown(false);
     settle();
-    EXPECT_TRUE(cancelled(asked - 1)) << example.what;
+    EXPECT_TRUE(cancelled(asked - 1));
     show(blue);
-    EXPECT_EQ(transport.exchanges().size(), asked) << example.what;
-    example.shown(true);
+    EXPECT_EQ(transport.exchanges().size(), asked);
+    setShown(true);
     settle();
-    EXPECT_EQ(transport.exchanges().size(), ++asked) << example.what;
+    EXPECT_EQ(transport.exchanges().size(), ++asked);
     EXPECT_EQ(transport.exchanges().back()->action, blue);
     item.setSource({});
     settle();
   }
-}
-
-TEST_F(ArtworkItemTest, GoesAwayWithItsRequest) {
   {
     ArtworkItem other;
     other.setStore(&store);
@@ -117,7 +112,7 @@ TEST_F(ArtworkItemTest, GoesAwayWithItsRequest) {
     ASSERT_EQ(transport.open(red), 1);
   }
   settle();
-  EXPECT_TRUE(cancelled(0));
+  EXPECT_TRUE(cancelled(asked)) << "the item is gone";
 }
 
 TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
@@ -128,11 +123,10 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
   show(red);
   EXPECT_TRUE(shows(Qt::green, {50, 50}));
   transport.answer(red, picture(Qt::red));
-  EXPECT_TRUE(shows(Qt::red, {50, 50}));
-  EXPECT_TRUE(shows(Qt::red, {2, 50}));
-  EXPECT_TRUE(shows(Qt::red, {50, 72}));
-  EXPECT_TRUE(shows(Qt::green, {50, 78}));
-  EXPECT_TRUE(shows(Qt::green, {50, 22}));
+  for (const QPoint inside : {QPoint(50, 50), QPoint(2, 50), QPoint(50, 72)})
+    EXPECT_TRUE(shows(Qt::red, inside));
+  for (const QPoint outside : {QPoint(50, 78), QPoint(50, 22)})
+    EXPECT_TRUE(shows(Qt::green, outside));
   item.setSize({40, 100});
   EXPECT_TRUE(shows(Qt::black, {50, 50}));
   EXPECT_TRUE(shows(Qt::red, {20, 50}));

@@ -13,6 +13,7 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using test::eventually;
 using test::settle;
@@ -26,11 +27,11 @@ QByteArray picture(int width = 8) {
 }
 
 QString fileName(int number) {
-  return QString::number(number) + QStringLiteral(".png");
+  return QString::number(number) + u".png"_s;
 }
 
 QUrl address(int number) {
-  return QUrl(QStringLiteral("http://cdn.example/") + fileName(number));
+  return QUrl(u"http://cdn.example/"_s + fileName(number));
 }
 
 /// One request of the store.
@@ -92,7 +93,7 @@ TEST_F(ArtworkStoreTest, DownloadsOnceAndRemembers) {
 
 TEST_F(ArtworkStoreTest, AnyFailureGivesNoneAndIsTriedAgain) {
   const auto failing = request(1);
-  transport.fail(fileName(1), std::make_exception_ptr(HTTPFailure(404)));
+  transport.fail(fileName(1), HTTPFailure(404));
   ASSERT_TRUE(ends(failing));
   EXPECT_TRUE(failing->image.isNull());
   for (const char* body : {"", "<html></html>", "\x89PNG\r\n\x1A\n"}) {

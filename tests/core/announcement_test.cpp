@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDebug>
 #include <QMetaMethod>
 #include <QSet>
 
@@ -8,36 +9,27 @@
 namespace vantor {
 namespace {
 
-using test::eventually;
-using test::settle;
+using namespace test;
 
 /// What a listener can read of the model.
-QStringList state(const AppModel& model) {
-  const auto text = [](const auto& value) { return value ? *value : QString(); };
-  QStringList read = {
-      QString::number(static_cast<int>(model.browsing().section())),
-      model.browsing().category(),
-      model.browsing().search(),
-      model.browsing().selected() ? model.browsing().selected()->id : QString(),
-      model.session().account() ? model.session().account()->idText() : QString(),
-      text(model.notice()),
-      text(model.details().detailsError()),
-      model.browsing().browseAnchor(model.browsing().section()).value_or(QString())};
-  for (const auto number :
-       {static_cast<qsizetype>(model.browsing().items().size()),
-        static_cast<qsizetype>(model.libraries().catalogs().size()),
-        static_cast<qsizetype>(model.libraries().loading().size()),
-        static_cast<qsizetype>(model.libraries().errors().size()),
-        model.record().favorites().size(), model.details().episodes().size(),
-        model.guide().guide().size(), static_cast<qsizetype>(model.browsing().episodeSeason()),
-        static_cast<qsizetype>(model.session().signingInOrOut()),
-        static_cast<qsizetype>(model.session().demo()),
-        static_cast<qsizetype>(model.details().detailsLoading()),
-        static_cast<qsizetype>(model.browsing().showingEpisodes()),
-        static_cast<qsizetype>(model.showingConnect()),
-        static_cast<qsizetype>(model.showingSettings()),
-        static_cast<qsizetype>(model.session().startingUp())})
-    read.append(QString::number(number));
+QString state(const AppModel& app) {
+  const Browsing& browsing = app.browsing();
+  const Session& session = app.session();
+  const Libraries& libraries = app.libraries();
+  const ShowDetails& details = app.details();
+  QString read;
+  QDebug(&read) << static_cast<int>(browsing.section()) << browsing.category() << browsing.search()
+                << browsing.selected().value_or(MediaItem()).id << browsing.items().size()
+                << browsing.showingEpisodes() << browsing.episodeSeason()
+                << browsing.browseAnchor(browsing.section()).value_or(QString())
+                << (session.account() ? session.account()->idText() : QString())
+                << session.signingInOrOut() << session.demo() << session.startingUp()
+                << libraries.catalogs().size() << libraries.loading().size()
+                << libraries.errors().size() << app.record().favorites().size()
+                << details.episodes().size() << details.detailsLoading()
+                << details.detailsError().value_or(QString()) << app.guide().guide().size()
+                << app.notice().value_or(QString()) << app.showingConnect()
+                << app.showingSettings();
   return read;
 }
 
@@ -63,7 +55,7 @@ class Listener final : public QObject {
  public Q_SLOTS:
   void heard() {
     const QByteArray name = sender()->metaObject()->method(senderSignalIndex()).name();
-    const QStringList now = state(model_);
+    const QString now = state(model_);
     if (told_.isEmpty()) first_ = now;
     EXPECT_EQ(now, first_) << name.toStdString() << " came when not everything was changed";
     if (name == "settled") {
@@ -81,33 +73,28 @@ class Listener final : public QObject {
  private:
   AppModel& model_;
   QSet<QByteArray> told_;
-  QStringList first_;
+  QString first_;
 };
 
-struct AnnouncementTest : public ::testing::Test, protected test::ModelFixture {
-  void load(LibraryKind kind, const QByteArray& body) {
-    transport.always(action(kind), body);
-    transport.always(categoryAction(kind), "[]");
-  }
-};
+struct AnnouncementTest : public ::testing::Test, protected ModelFixture {};
 
 TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   AppModel& app = launch();
   const Listener listener(app);
   app.navigate(Section::movies);
-  app.browsing().setSearch(QStringLiteral("title"));
+  app.browsing().setSearch(u"title"_s);
   signIn(rows(LibraryKind::live, 1, 9));
-  load(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
-  load(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
-  transport.always(QStringLiteral("get_series_info"), R"({"episodes":{"1":[{"id":"5"}]}})");
+  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
+  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
+  transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"5"}]}})");
   for (const Section section : {Section::movies, Section::shows, Section::live, Section::favorites,
                                 Section::search, Section::movies}) {
     app.navigate(section);
-    ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
-    app.browsing().setSearch(QStringLiteral("title 1"));
-    app.setCategory(QStringLiteral("1"));
-    if (!app.browsing().items().empty()) app.favorite(app.browsing().items().item(0));
-    app.browsing().setBrowseAnchor(app.browsing().section(), QStringLiteral("movies:1"));
+    ASSERT_TRUE(idle());
+    app.browsing().setSearch(u"title 1"_s);
+    app.setCategory(u"1"_s);
+    if (!app.browsing().items().empty()) app.favorite(item(0));
+    app.browsing().setBrowseAnchor(app.browsing().section(), u"movies:1"_s);
     app.browsing().setShowingEpisodes(true);
     app.browsing().setEpisodeSeason(2);
     settle();
@@ -120,18 +107,16 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   account.id = QUuid::createUuid();
   signIn(rows(LibraryKind::live, 1, 9));
   app.navigate(Section::shows);
-  ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
-  disconnectAccount();
-  ASSERT_TRUE(
-      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
+  ASSERT_TRUE(idle());
+  signOut();
   EXPECT_GT(listener.rounds, 60);
 }
 
 TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
   AppModel& app = launch();
   signIn(rows(LibraryKind::live, 1, 9));
-  app.select(app.browsing().items().item(0));
-  transport.answer(QStringLiteral("get_short_epg"), R"({"epg_listings":[]})");
+  app.select(item(0));
+  transport.answer(u"get_short_epg"_s, R"({"epg_listings":[]})");
   settle();
   const Listener listener(app);
   app.navigate(app.browsing().section());
@@ -144,17 +129,16 @@ TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
 
 /// A listener that acts on what it hears is heard of in its turn.
 TEST_F(AnnouncementTest, WhatAListenerChangesFollows) {
-  AppModel& app = launch({QStringLiteral("--demo")});
+  AppModel& app = launch({u"--demo"_s});
   QStringList heard;
   QObject::connect(&app.browsing(), &Browsing::sectionChanged, &app, [&] {
-    app.browsing().setSearch(QStringLiteral("the"));
-    heard.append(QStringLiteral("section"));
+    app.browsing().setSearch(u"the"_s);
+    heard.append(u"section"_s);
   });
   QObject::connect(&app.browsing(), &Browsing::itemsChanged, &app,
                    [&] { heard.append(QString::number(app.browsing().items().size())); });
   app.navigate(Section::movies);
-  EXPECT_EQ(heard,
-            (QStringList{QStringLiteral("section"), QStringLiteral("4"), QStringLiteral("4")}));
+  EXPECT_EQ(heard, (QStringList{u"section"_s, u"4"_s, u"4"_s}));
 }
 
 TEST(ItemListTest, AnIndexThatItDoesNotHaveIsRefused) {

@@ -6,24 +6,20 @@ namespace vantor {
 namespace {
 
 using namespace std::chrono_literals;
-using test::eventually;
-using test::settle;
+using namespace test;
 
-const QString shortGuide = QStringLiteral("get_short_epg");
+const QString shortGuide = u"get_short_epg"_s;
 
-QByteArray programme(const char* title) {
-  return QByteArray("{\"epg_listings\":[{\"title\":\"") + title +
-         "\",\"start_timestamp\":1,\"stop_timestamp\":2}]}";
+QByteArray programme(const QString& title = u"a b"_s) {
+  return R"({"epg_listings":[{"start_timestamp":1,"stop_timestamp":2,"title":")" + title.toUtf8() +
+         "\"}]}";
 }
 
 MediaItem channel(int number) {
-  MediaItem item;
-  item.providerID = QString::number(number);
-  item.id = entryID(LibraryKind::live, item.providerID);
-  return item;
+  return ModelFixture::entry(LibraryKind::live, number);
 }
 
-class GuideTest : public ::testing::Test, protected test::ModelFixture {
+class GuideTest : public ::testing::Test, protected ModelFixture {
  protected:
   AppModel& app = launch();
 
@@ -34,21 +30,34 @@ class GuideTest : public ::testing::Test, protected test::ModelFixture {
     app.guide().prefetchGuide(channel(number));
     settle();
   }
+  bool fails(int number) const { return app.guide().guideFailed(channel(number).id); }
   QString titleOf(int number) const {
     const auto entries = app.guide().guideOf(channel(number).id);
-    return !entries             ? QStringLiteral("unknown")
-           : entries->isEmpty() ? QStringLiteral("none")
-                                : entries->first().title;
+    return !entries ? u"unknown"_s : entries->isEmpty() ? u"none"_s : entries->first().title;
+  }
+  bool becomes(int number, const QString& title = u"a b"_s) {
+    return eventually([&] {
+      clock.advance(10ms);
+      return titleOf(number) == title;
+    });
   }
   /// Fetches a channel's guide whole, from request to cache.
-  void fetch(int number, const char* title = "a b") {
+  void fetch(int number, const QString& title = u"a b"_s) {
     prefetch(number);
     ASSERT_TRUE(transport.answer(shortGuide, programme(title)));
-    ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
+    ASSERT_TRUE(eventually([&] { return titleOf(number) == title; }));
+  }
+  /// As many as are kept.
+  void fillCache() {
+    transport.always(shortGuide, programme());
+    for (int number = 0; number < 128; ++number) {
+      prefetch(number);
+      ASSERT_TRUE(eventually([&] { return titleOf(number) == u"a b"_s; }));
+    }
   }
   void failFetch(int number) {
     prefetch(number);
-    ASSERT_TRUE(transport.fail(shortGuide, std::make_exception_ptr(HTTPFailure(500))));
+    ASSERT_TRUE(transport.fail(shortGuide, HTTPFailure(500)));
     settle();
   }
 };
@@ -57,42 +66,36 @@ TEST_F(GuideTest, AsksOnceInFiveMinutes) {
   prefetch(1);
   prefetch(1);
   EXPECT_EQ(requests(), 1);
-  transport.answer(shortGuide, programme("a b"));
-  ASSERT_TRUE(eventually([&] { return titleOf(1) == QStringLiteral("a b"); }));
+  transport.answer(shortGuide, programme());
+  ASSERT_TRUE(eventually([&] { return titleOf(1) == u"a b"_s; }));
   for (const auto& [passed, asks] : {std::pair{200s, 1}, {100s, 1}, {1s, 2}}) {
     clock.advance(passed);
     prefetch(1);
     EXPECT_EQ(requests(), asks);
   }
   EXPECT_TRUE(app.guide().guide().isEmpty()) << "another entry's guide is not shown";
-}
+  transport.answer(shortGuide, programme());
 
-TEST_F(GuideTest, MarksAFailureUntilTheNextSuccess) {
-  failFetch(1);
-  EXPECT_TRUE(app.guide().guideFailed(channel(1).id));
-  EXPECT_FALSE(app.guide().guideOf(channel(1).id).has_value());
+  failFetch(2);
+  EXPECT_TRUE(fails(2));
+  EXPECT_EQ(titleOf(2), u"unknown"_s);
   clock.advance(300s);
-  prefetch(1);
-  EXPECT_EQ(requests(), 1);
+  prefetch(2);
+  EXPECT_EQ(requests(), 3) << "not after a failure either";
   clock.advance(1s);
-  fetch(1);
-  EXPECT_FALSE(app.guide().guideFailed(channel(1).id));
+  fetch(2);
+  EXPECT_FALSE(fails(2)) << "marked until the next success";
 }
 
 TEST_F(GuideTest, RunsTwentyFourFetches) {
   for (int number = 0; number < 25; ++number) prefetch(number);
-  transport.answer(shortGuide, programme("a b"));
-  ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(0).id).has_value(); }));
-  transport.always(shortGuide, programme("x y"));
-  transport.answer(shortGuide, programme("x y"));
-  for (int number = 1; number < 24; ++number)
-    ASSERT_TRUE(eventually([&] {
-      clock.advance(100ms);
-      return app.guide().guideOf(channel(number).id).has_value();
-    })) << number;
-  EXPECT_FALSE(app.guide().guideOf(channel(24).id).has_value()) << "dropped, not queued";
+  transport.always(shortGuide, programme());
+  transport.answer(shortGuide, programme());
+  transport.answer(shortGuide, programme());
+  for (int number = 0; number < 24; ++number) ASSERT_TRUE(becomes(number)) << number;
+  EXPECT_EQ(titleOf(24), u"unknown"_s) << "dropped, not queued";
   prefetch(24);
-  EXPECT_TRUE(eventually([&] { return app.guide().guideOf(channel(24).id).has_value(); }));
+  EXPECT_TRUE(becomes(24));
 }
 
 TEST_F(GuideTest, TheChannelCheckedLongestAgoMakesRoom) {
@@ -103,50 +106,37 @@ TEST_F(GuideTest, TheChannelCheckedLongestAgoMakesRoom) {
     clock.advance(10ms);
   }
   fetch(128);
-  EXPECT_EQ(titleOf(0), QStringLiteral("a b")) << "the failed channel was the oldest";
+  EXPECT_EQ(titleOf(0), u"a b"_s) << "the failed channel was the oldest";
   clock.advance(10ms);
   fetch(129);
-  EXPECT_EQ(titleOf(0), QStringLiteral("unknown"));
-  EXPECT_EQ(titleOf(1), QStringLiteral("a b"));
-  EXPECT_EQ(titleOf(129), QStringLiteral("a b"));
+  EXPECT_EQ(titleOf(0), u"unknown"_s);
+  EXPECT_EQ(titleOf(1), u"a b"_s);
+  EXPECT_EQ(titleOf(129), u"a b"_s);
 }
 
 TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
-  transport.always(shortGuide, programme("a b"));
-  for (int number = 0; number < 128; ++number) {
-    prefetch(number);
-    ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
-  }
+  fillCache();
   for (const auto set : {std::chrono::seconds(-3h), std::chrono::seconds(7h), -7h - 300s}) {
     clock.set(set);
     const int before = requests();
-    const QString title = QStringLiteral("set %1").arg(set.count());
-    transport.always(shortGuide, programme(qPrintable(title)));
+    const QString title = u"set %1"_s.arg(set.count());
+    transport.always(shortGuide, programme(title));
     for (int round = 0; round < 3; ++round) {
       for (const int number : {3, 200, 201, 202}) prefetch(number);
-      EXPECT_TRUE(eventually([&] {
-        clock.advance(1ms);
-        return titleOf(3) == title && titleOf(200) == title && titleOf(201) == title &&
-               titleOf(202) == title;
-      })) << round;
+      for (const int number : {3, 200, 201, 202}) EXPECT_TRUE(becomes(number, title)) << round;
     }
     EXPECT_EQ(requests(), before + 4) << set.count();
   }
 }
 
 TEST_F(GuideTest, AGuideTooManyLetsTheOthersBeAskedForAgain) {
-  transport.always(shortGuide, programme("a b"));
-  for (int number = 0; number < 128; ++number) {
-    prefetch(number);
-    ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel(number).id).has_value(); }));
-  }
+  fillCache();
   app.select(channel(150));
-  ASSERT_TRUE(eventually([&] { return titleOf(150) == QStringLiteral("a b"); }));
-  EXPECT_EQ(titleOf(7), QStringLiteral("unknown"));
+  ASSERT_TRUE(becomes(150));
+  EXPECT_EQ(titleOf(7), u"unknown"_s);
   const int before = requests();
   prefetch(7);
-  // The loader still has it.
-  EXPECT_TRUE(eventually([&] { return titleOf(7) == QStringLiteral("a b"); }));
+  EXPECT_TRUE(becomes(7)) << "the loader still has it";
   EXPECT_EQ(requests(), before);
 }
 
@@ -159,35 +149,33 @@ TEST_F(GuideTest, TheChannelThatAHeldKeyStopsAtGetsItsGuide) {
   prefetch(41);
   EXPECT_FALSE(app.details().detailsError().has_value());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.always(shortGuide, programme("a b"));
-  while (transport.answer(shortGuide, programme("a b"))) settle();
+  transport.always(shortGuide, programme());
+  while (transport.answer(shortGuide, programme())) settle();
   EXPECT_TRUE(eventually([&] {
     clock.advance(100ms);
     return !app.guide().guide().isEmpty() && app.guide().guideOf(channel(41).id).has_value();
   }));
   EXPECT_FALSE(app.details().detailsError() || app.details().detailsLoading());
-  EXPECT_FALSE(app.guide().guideFailed(channel(41).id));
+  EXPECT_FALSE(fails(41));
 }
 
-TEST_F(GuideTest, ALaterSuccessTakesTheErrorAway) {
-  app.select(channel(1));
-  settle();
-  transport.fail(shortGuide, std::make_exception_ptr(HTTPFailure(500)));
-  ASSERT_TRUE(eventually([&] { return app.details().detailsError().has_value(); }));
-  fetch(1);
-  EXPECT_FALSE(app.details().detailsError().has_value());
-  EXPECT_EQ(app.guide().guide().size(), 1);
-}
-
-TEST_F(GuideTest, ReachesTheSelectedChannel) {
+TEST_F(GuideTest, ReachesTheSelectedChannelAndTakesItsErrorAway) {
   app.select(channel(1));
   settle();
   prefetch(1);
   EXPECT_EQ(requests(), 1) << "both wait for one request";
-  transport.answer(shortGuide, programme("a b"));
+  transport.answer(shortGuide, programme());
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
   ASSERT_EQ(app.guide().guide().size(), 1);
-  EXPECT_EQ(app.guide().guide().at(0).title, QStringLiteral("a b"));
+  EXPECT_EQ(app.guide().guide().at(0).title, u"a b"_s);
+
+  app.select(channel(2));
+  settle();
+  transport.fail(shortGuide, HTTPFailure(500));
+  ASSERT_TRUE(eventually([&] { return app.details().detailsError().has_value(); }));
+  fetch(2);
+  EXPECT_FALSE(app.details().detailsError().has_value());
+  EXPECT_EQ(app.guide().guide().size(), 1);
 }
 
 TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
@@ -200,25 +188,25 @@ TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
   app.refreshGuide();
   settle();
   EXPECT_TRUE(running->cancelled);
-  EXPECT_EQ(titleOf(1), QStringLiteral("unknown"));
-  EXPECT_FALSE(app.guide().guideFailed(channel(2).id));
+  EXPECT_EQ(titleOf(1), u"unknown"_s);
+  EXPECT_FALSE(fails(2));
   EXPECT_TRUE(app.guide().guide().isEmpty());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.answer(shortGuide, programme("c d"));
+  transport.answer(shortGuide, programme(u"c d"_s));
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
-  EXPECT_EQ(titleOf(1), QStringLiteral("c d"));
+  EXPECT_EQ(titleOf(1), u"c d"_s);
   fetch(3);
-  EXPECT_FALSE(app.guide().guideFailed(channel(3).id)) << "the cancelled fetch left no trace";
+  EXPECT_FALSE(fails(3)) << "the cancelled fetch left no trace";
 
   MediaItem movie = channel(1);
   movie.kind = LibraryKind::movies;
-  movie.id = QStringLiteral("movies:1");
+  movie.id = u"movies:1"_s;
   app.select(movie);
   const int before = requests();
   app.refreshGuide();
   settle();
   EXPECT_EQ(requests(), before);
-  EXPECT_EQ(titleOf(1), QStringLiteral("unknown"));
+  EXPECT_EQ(titleOf(1), u"unknown"_s);
 }
 
 TEST_F(GuideTest, NothingIsFetchedWithoutAProvider) {
@@ -226,7 +214,7 @@ TEST_F(GuideTest, NothingIsFetchedWithoutAProvider) {
   sample.isExample = true;
   app.guide().prefetchGuide(sample);
   settle();
-  AppModel& preview = launch({QStringLiteral("--demo")});
+  AppModel& preview = launch({u"--demo"_s});
   preview.guide().prefetchGuide(channel(1));
   preview.refreshGuide();
   settle();
@@ -243,23 +231,15 @@ class StaleGuideTest : public GuideTest,
   void makeChange() {
     switch (std::get<GuideChange>(GetParam())) {
       case GuideChange::refresh:
-        app.refreshGuide();
-        break;
+        return app.refreshGuide();
       case GuideChange::connect:
         connectAccount(account);
-        transport.answer(QString(), acceptedSignIn());
-        ASSERT_TRUE(eventually([&] { return signInOver; }));
-        break;
+        return acceptSignIn();
       case GuideChange::disconnect:
-        disconnectAccount();
-        ASSERT_TRUE(eventually(
-            [&] { return !app.session().account() && !app.session().signingInOrOut(); }));
-        break;
+        return signOut();
       case GuideChange::destroy:
         model.reset();
-        break;
     }
-    settle();
   }
 };
 
@@ -274,21 +254,22 @@ TEST_P(StaleGuideTest, AppliesNothing) {
   if (requested) settle();
   ASSERT_EQ(open(), requested ? 1 : 0);
   makeChange();
+  settle();
   if (requested) {
     const auto request = transport.exchanges().at(begin);
     EXPECT_TRUE(request->cancelled);
-    request->answer.resolve(programme("late one"));
+    request->answer.resolve(programme(u"late one"_s));
   }
   settle();
   if (!model) return;
-  EXPECT_EQ(titleOf(1), QStringLiteral("unknown"));
+  EXPECT_EQ(titleOf(1), u"unknown"_s);
   EXPECT_TRUE(app.guide().guide().isEmpty());
-  EXPECT_FALSE(app.guide().guideFailed(channel(1).id) || app.guide().guideFailed(channel(9).id));
+  EXPECT_FALSE(fails(1) || fails(9));
   const bool selectedAgain = ofSelection && change == GuideChange::refresh;
   EXPECT_EQ(app.details().detailsLoading(), selectedAgain);
   if (!app.session().account()) return;
-  fetch(1, "new one");
-  EXPECT_EQ(titleOf(1), QStringLiteral("new one")) << "the new world is not hindered";
+  fetch(1, u"new one"_s);
+  EXPECT_EQ(titleOf(1), u"new one"_s) << "the new world is not hindered";
 }
 
 std::string guideChangeName(const ::testing::TestParamInfo<StaleGuideTest::ParamType>& info) {

@@ -5,102 +5,87 @@
 namespace vantor {
 namespace {
 
-using test::eventually;
-using test::settle;
+using namespace test;
 
-class PlaybackHandoffTest : public ::testing::Test, protected test::ModelFixture {
+class PlaybackHandoffTest : public ::testing::Test, protected ModelFixture {
  protected:
   AppModel& app = launch();
+  const MediaItem movie = entry(LibraryKind::movies, 7);
 
-  static MediaItem movie(const QString& id) {
-    MediaItem item;
-    item.id = QStringLiteral("movies:") + id;
-    item.providerID = id;
-    item.kind = LibraryKind::movies;
-    item.name = QStringLiteral("Film ") + id;
-    item.fileExtension = QStringLiteral("mkv");
-    return item;
-  }
-  NumberLists stored() {
-    return preferences->numberLists(QStringLiteral("progress-") + account.idText());
-  }
+  NumberLists stored() { return preferences->numberLists(u"progress-"_s + account.idText()); }
   void report(const QString& id, double seconds, double duration) {
     app.playback().onProgress(id, seconds, duration);
   }
 };
 
-TEST_F(PlaybackHandoffTest, PlaysAnEntryUnderItsStreamAddress) {
+TEST_F(PlaybackHandoffTest, PlaysAnEntryUnderItsStreamAddressAndMarksIt) {
   signIn();
-  app.play(movie(QStringLiteral("7")));
+  app.play(movie);
   settle();
-  EXPECT_EQ(engine.source.address,
-            QUrl(QStringLiteral("http://tv.example/movie/user/secret/7.mkv")));
-  EXPECT_EQ(engine.source.userAgent, QStringLiteral("VantorPlayerMac/0.1.0"));
-  EXPECT_EQ(app.playback().title(), QStringLiteral("Film 7"));
-  EXPECT_EQ(app.playback().itemID(), QStringLiteral("movies:7"));
+  EXPECT_EQ(engine.source.address, QUrl(u"http://tv.example/movie/user/secret/7.mkv"_s));
+  EXPECT_EQ(engine.source.userAgent, u"VantorPlayerMac/0.1.0"_s);
+  EXPECT_EQ(app.playback().title(), u"Title 7"_s);
+  EXPECT_EQ(app.playback().itemID(), u"movies:7"_s);
   EXPECT_FALSE(app.playback().isLocal());
+  const QString key = u"favorites-"_s + account.idText();
+  app.favorite(movie);
+  EXPECT_EQ(preferences->textList(key), QStringList{u"movies:7"_s}) << "stored with each toggle";
+  app.favorite(movie);
+  EXPECT_TRUE(preferences->textList(key).isEmpty() && app.record().favorites().isEmpty());
 }
 
 TEST_F(PlaybackHandoffTest, ChannelsFollowTheFormatsOfTheSubscription) {
-  struct Case {
-    const char* formats;
-    const char* extension;
-  };
-  const Case cases[] = {{"[\"m3u8\",\"ts\"]", "m3u8"}, {"[\"ts\"]", "ts"}, {"[]", "m3u8"}};
-  MediaItem channel = movie(QStringLiteral("7"));
-  channel.kind = LibraryKind::live;
-  channel.fileExtension = QStringLiteral("m3u8");
-  for (const Case& example : cases) {
+  MediaItem channel = entry(LibraryKind::live, 7);
+  channel.fileExtension = u"m3u8"_s;
+  const std::pair<const char*, QString> cases[] = {
+      {R"(["m3u8","ts"])", u"7.m3u8"_s}, {R"(["ts"])", u"7.ts"_s}, {"[]", u"7.m3u8"_s}};
+  for (const auto& [formats, file] : cases) {
     connectAccount(account);
-    transport.answer(QString(), QByteArray("{\"user_info\":{\"auth\":1,\"status\":\"Active\","
-                                           "\"allowed_output_formats\":") +
-                                    example.formats + "}}");
+    transport.answer(QString(), QByteArray(R"({"user_info":{"auth":1,"status":"Active",)"
+                                           R"("allowed_output_formats":)") +
+                                    formats + "}}");
     ASSERT_TRUE(eventually([&] { return signInOver; }));
     app.play(channel);
     settle();
-    EXPECT_EQ(engine.source.address.fileName(),
-              QStringLiteral("7.") + QString::fromLatin1(example.extension));
+    EXPECT_EQ(engine.source.address.fileName(), file);
   }
 }
 
 TEST_F(PlaybackHandoffTest, RefusesWhatHasNoAddress) {
-  app.play(movie(QStringLiteral("7")));
+  app.play(movie);
   EXPECT_EQ(app.notice(), std::nullopt) << "without an account nothing happens";
   signIn();
-  app.play(movie(QStringLiteral("7a")));
-  EXPECT_EQ(app.notice(), QStringLiteral("This provider item has an invalid playback address."));
+  MediaItem strange = movie;
+  strange.providerID = u"7a"_s;
+  app.play(strange);
+  EXPECT_EQ(app.notice(), u"This provider item has an invalid playback address."_s);
   settle();
   EXPECT_FALSE(app.playback().source());
 }
 
-TEST_F(PlaybackHandoffTest, RecordsHowFarAnEntryWasWatched) {
+TEST_F(PlaybackHandoffTest, RecordsHowFarEntriesWereWatchedButNotLocalFiles) {
   signIn();
-  const QString id = QStringLiteral("movies:7");
-  report(id, 5400, 5410);
-  EXPECT_EQ(stored(), (NumberLists{{id, {0, 5410}}}));
-  report(id, 5380, 5410);
-  EXPECT_EQ(stored(), (NumberLists{{id, {5380, 5410}}}));
-  report(id, 5390, 5410);
-  EXPECT_EQ(stored(), (NumberLists{{id, {0, 5410}}})) << "20 seconds before the end is the end";
-}
-
-TEST_F(PlaybackHandoffTest, ProgressStaysBoundedAndLocalFilesLeaveNone) {
-  signIn();
-  for (int i = 0; i < 200; ++i) report(QString::number(i), 100, 1000);
+  const QString id = u"movies:7"_s;
+  const std::pair<double, double> positions[] = {
+      {5400, 0}, {5380, 5380}, {5390, 0}};  // 20 seconds before the end is the end
+  for (const auto& [reported, kept] : positions) {
+    report(id, reported, 5410);
+    EXPECT_EQ(stored(), (NumberLists{{id, {kept, 5410}}})) << reported;
+  }
+  for (int i = 1; i < 200; ++i) report(QString::number(i), 100, 1000);
+  report(id, 110, 1000);
   EXPECT_EQ(stored().size(), 200);
-  report(QStringLiteral("0"), 110, 1000);
-  EXPECT_EQ(stored().size(), 200);
-  report(QStringLiteral("new"), 100, 1000);
-  EXPECT_EQ(stored(), (NumberLists{{QStringLiteral("new"), {100, 1000}}}));
+  report(u"new"_s, 100, 1000);
+  EXPECT_EQ(stored(), (NumberLists{{u"new"_s, {100, 1000}}}));
 
   app.openFile();
   settle();
-  filePanel.choice.resolve(QUrl::fromLocalFile(QStringLiteral("/media/My film.part 1.mkv")));
+  filePanel.choice.resolve(QUrl::fromLocalFile(u"/media/My film.part 1.mkv"_s));
   settle();
-  EXPECT_EQ(app.playback().title(), QStringLiteral("My film.part 1"));
-  EXPECT_EQ(app.playback().itemID(), QStringLiteral("local"));
+  EXPECT_EQ(app.playback().title(), u"My film.part 1"_s);
+  EXPECT_EQ(app.playback().itemID(), u"local"_s);
   EXPECT_TRUE(app.playback().isLocal());
-  report(QStringLiteral("local"), 100, 1000);
+  report(u"local"_s, 100, 1000);
   EXPECT_EQ(stored().size(), 1);
 }
 
@@ -116,16 +101,6 @@ TEST_F(PlaybackHandoffTest, ACancelledPanelChangesNothingAndOneIsOpenAtATime) {
   app.openFile();
   settle();
   EXPECT_EQ(filePanel.shown, 2);
-}
-
-TEST_F(PlaybackHandoffTest, FavouritesAreStoredWithEachToggle) {
-  signIn();
-  const QString key = QStringLiteral("favorites-") + account.idText();
-  app.favorite(movie(QStringLiteral("7")));
-  EXPECT_EQ(preferences->textList(key), QStringList{QStringLiteral("movies:7")});
-  app.favorite(movie(QStringLiteral("7")));
-  EXPECT_TRUE(preferences->textList(key).isEmpty());
-  EXPECT_TRUE(app.record().favorites().isEmpty());
 }
 
 }  // namespace

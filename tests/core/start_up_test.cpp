@@ -7,40 +7,39 @@
 namespace vantor {
 namespace {
 
-using test::eventually;
-using test::settle;
-using Operation = test::FakeCredentialStore::Operation;
+using namespace test;
+using Operation = FakeCredentialStore::Operation;
 
-const QString config = QStringLiteral("vantor-config.json");
+const QString config = u"vantor-config.json"_s;
+const QByteArray sameServer = R"({"schemaVersion":1,"serverUrl":"http://tv.example"})";
+const QByteArray newServer = R"({"schemaVersion":1,"serverUrl":"http://new.example"})";
 
-class StartUpTest : public ::testing::Test, protected test::ModelFixture {
+class StartUpTest : public ::testing::Test, protected ModelFixture {
  protected:
-  QString key(const char* prefix) const { return QString::fromLatin1(prefix) + account.idText(); }
   void saveAccount() { credentials.put(providerItem, account.toJSON()); }
+  /// The program starts, the service names a new server, and that is asked to accept the account.
+  AppModel& launchAtNewServer() {
+    saveAccount();
+    launch();
+    transport.answer(config, newServer);
+    EXPECT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+    return *model;
+  }
 };
-
-TEST_F(StartUpTest, WithoutAnAccountNothingIsAsked) {
-  AppModel& app = launch();
-  EXPECT_EQ(app.browsing().section(), Section::live);
-  EXPECT_FALSE(app.session().account() || app.notice() || app.session().demo());
-  EXPECT_TRUE(app.record().favorites().isEmpty());
-  EXPECT_TRUE(transport.exchanges().empty());
-}
 
 TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
   saveAccount();
   {
-    Preferences stored(home.filePath(QStringLiteral("preferences.ini")));
-    stored.setTextList(key("favorites-"), {QStringLiteral("live:1"), QStringLiteral("movies:2")});
-    stored.setNumberLists(key("progress-"), {{QStringLiteral("movies:2"), {61, 500}}});
+    Preferences stored(home.filePath(u"preferences.ini"_s));
+    stored.setTextList(u"favorites-"_s + account.idText(), {u"live:1"_s, u"movies:2"_s});
+    stored.setNumberLists(u"progress-"_s + account.idText(), {{u"movies:2"_s, {61, 500}}});
   }
   AppModel& app = launch();
   EXPECT_EQ(app.session().account(), account);
-  EXPECT_EQ(app.record().favorites(),
-            (QSet<QString>{QStringLiteral("live:1"), QStringLiteral("movies:2")}));
+  EXPECT_EQ(app.record().favorites(), (QSet<QString>{u"live:1"_s, u"movies:2"_s}));
   EXPECT_FALSE(app.session().subscription().has_value());
   playMovie();
-  EXPECT_TRUE(engine.calls.contains(QStringLiteral("setTime 61000"))) << "resumes where it stopped";
+  EXPECT_TRUE(engine.calls.contains(u"setTime 61000"_s)) << "resumes where it stopped";
 }
 
 TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChannels) {
@@ -49,85 +48,46 @@ TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChann
   secretsWorker.post([waiting = unlocked.get_future().share()] { waiting.wait(); });
   AppModel& app = begin();
   app.navigate(Section::movies);
-  app.browsing().setSearch(QStringLiteral("x"));
+  app.browsing().setSearch(u"x"_s);
   unlocked.set_value();
   ASSERT_TRUE(eventually([&] { return app.session().account().has_value(); }));
   EXPECT_EQ(app.browsing().section(), Section::live);
   EXPECT_EQ(app.browsing().search(), QString());
   EXPECT_TRUE(app.session().restoringLibrary());
-  transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
-  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  EXPECT_FALSE(app.session().restoringLibrary());
-  app.navigate(Section::movies);
-  EXPECT_TRUE(eventually([&] { return transport.open(action(LibraryKind::movies)) == 1; }));
-  EXPECT_EQ(app.browsing().search(), QStringLiteral("x"));
-}
-
-TEST_F(StartUpTest, ChecksTheServerBeforeItLoadsTheLiveLibrary) {
-  saveAccount();
-  AppModel& app = launch();
+  settle();
   EXPECT_EQ(transport.open(config), 1);
-  EXPECT_TRUE(app.libraries().loading().empty());
-  transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
-  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  EXPECT_EQ(transport.requests(QString()), 0) << "the same server needs no verification";
+  EXPECT_TRUE(app.libraries().loading().empty()) << "the server is checked first";
+  transport.answer(config, sameServer);
+  ASSERT_TRUE(isAskedFor(LibraryKind::live));
   EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
+  EXPECT_FALSE(app.session().restoringLibrary());
+  EXPECT_EQ(transport.requests(QString()), 0) << "the same server needs no verification";
+  app.navigate(Section::movies);
+  EXPECT_TRUE(isAskedFor(LibraryKind::movies));
+  EXPECT_EQ(app.browsing().search(), u"x"_s);
 }
 
 TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccount) {
-  saveAccount();
-  AppModel& app = launch();
-  transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://new.example"})");
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
-  EXPECT_EQ(transport.exchanges().back()->request.address.host(), QStringLiteral("new.example"));
+  AppModel& app = launchAtNewServer();
+  EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"new.example"_s);
   transport.answer(QString(), acceptedSignIn());
-  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  EXPECT_EQ(app.session().account()->serverText(), QStringLiteral("http://new.example"));
+  ASSERT_TRUE(isAskedFor(LibraryKind::live));
+  EXPECT_EQ(app.session().account()->serverText(), u"http://new.example"_s);
   EXPECT_EQ(app.session().account()->id, account.id);
   EXPECT_EQ(ProviderAccount::fromJSON(*credentials.value(providerItem)), *app.session().account());
-  EXPECT_EQ(configuration->currentServer(), QStringLiteral("http://new.example"));
+  EXPECT_EQ(configuration->currentServer(), u"http://new.example"_s);
 }
 
 TEST_F(StartUpTest, KeepsTheSavedServerWhenTheNewOneFails) {
-  const QString keeping =
-      QStringLiteral("The updated server could not be verified. Keeping your saved connection.");
   for (const bool refusedByStore : {false, true}) {
-    saveAccount();
-    AppModel& app = launch();
-    transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://new.example"})");
-    ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
-    if (refusedByStore) {
-      credentials.fail(Operation::update);
-      transport.answer(QString(), acceptedSignIn());
-    } else {
-      transport.answer(QString(), "{}");
-    }
+    AppModel& app = launchAtNewServer();
+    if (refusedByStore) credentials.fail(Operation::update);
+    transport.answer(QString(), refusedByStore ? acceptedSignIn() : QByteArray("{}"));
     ASSERT_TRUE(eventually([&] { return app.notice().has_value(); }));
-    EXPECT_EQ(app.notice(), keeping);
+    EXPECT_EQ(app.notice(),
+              u"The updated server could not be verified. Keeping your saved connection."_s);
     EXPECT_EQ(app.session().account(), account);
   }
-}
-
-TEST_F(StartUpTest, AServiceCheckThatEndsLateLeavesANewAccountAlone) {
-  saveAccount();
-  AppModel& app = launch();
-  transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://new.example"})");
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
-  ProviderAccount other = account;
-  other.id = QUuid::createUuid();
-  connectAccount(other);
-  ASSERT_EQ(transport.open(QString()), 2);
-  const auto verification = transport.exchanges().at(1);
-  const auto signIn = transport.exchanges().at(2);
-  signIn->over = true;
-  signIn->answer.resolve(acceptedSignIn());
-  ASSERT_TRUE(eventually([&] { return signInOver; }));
-  verification->over = true;
-  verification->answer.resolve(acceptedSignIn());
-  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::live)) == 1; }));
-  settle();
-  EXPECT_EQ(app.session().account(), other);
-  EXPECT_EQ(ProviderAccount::fromJSON(*credentials.value(providerItem)), other);
 }
 
 TEST_F(StartUpTest, WhatCannotBeReadEndsInASentence) {
@@ -136,29 +96,32 @@ TEST_F(StartUpTest, WhatCannotBeReadEndsInASentence) {
   EXPECT_FALSE(model->session().account().has_value());
 
   credentials.fail(Operation::copyMatching);
-  EXPECT_EQ(launch().notice(),
-            QStringLiteral("Vantor could not read its saved account from Keychain. Allow access "
-                           "and try again."));
+  EXPECT_EQ(
+      launch().notice(),
+      u"Vantor could not read its saved account from Keychain. Allow access and try again."_s);
   EXPECT_FALSE(model->session().account().has_value());
 
   credentials.work(Operation::copyMatching);
   credentials.fail(Operation::add);
   saveAccount();
-  EXPECT_EQ(launch().notice(),
-            QStringLiteral("Vantor could not securely save this account in Keychain."));
+  EXPECT_EQ(launch().notice(), u"Vantor could not securely save this account in Keychain."_s);
   EXPECT_EQ(model->session().account(), account) << "signed in without a disk copy";
 }
 
-TEST_F(StartUpTest, AnIsolatedLaunchTouchesNothing) {
+TEST_F(StartUpTest, WithoutAnAccountOrIsolatedNothingIsAsked) {
+  AppModel& plain = launch();
+  EXPECT_EQ(plain.browsing().section(), Section::live);
+  EXPECT_FALSE(plain.session().account() || plain.notice() || plain.session().demo());
+  EXPECT_TRUE(plain.record().favorites().isEmpty());
   saveAccount();
+  const int read = credentials.calls(Operation::copyMatching);
   for (const QStringList& arguments :
-       {QStringList{QStringLiteral("--demo")},
-        QStringList{QStringLiteral("--smoke-test"), QStringLiteral("/x.mkv")}}) {
+       {QStringList{u"--demo"_s}, QStringList{u"--smoke-test"_s, u"/x.mkv"_s}}) {
     AppModel& app = launch(arguments);
     EXPECT_FALSE(app.session().account().has_value());
     EXPECT_EQ(app.session().demo(), arguments.size() == 1);
   }
-  EXPECT_EQ(credentials.calls(Operation::copyMatching), 0);
+  EXPECT_EQ(credentials.calls(Operation::copyMatching), read);
   EXPECT_TRUE(transport.exchanges().empty());
 }
 

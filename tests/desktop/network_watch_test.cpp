@@ -19,9 +19,9 @@ using namespace Qt::StringLiterals;
 
 const QString kLogin = u"/org/freedesktop/login1"_s;
 const QString kLoginInterface = u"org.freedesktop.login1.Manager"_s;
-const QString kManager = u"/org/freedesktop/NetworkManager"_s;
-const QString kManagerInterface = u"org.freedesktop.NetworkManager"_s;
-const QString kProperties = u"org.freedesktop.DBus.Properties"_s;
+const QString kNetwork = u"/org/freedesktop/NetworkManager"_s;
+const QString kNetworkInterface = u"org.freedesktop.NetworkManager"_s;
+const QString kPropertyInterface = u"org.freedesktop.DBus.Properties"_s;
 
 // Before anything joins a bus: libdbus looks only once.
 const bool kOneBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
@@ -41,7 +41,7 @@ class NetworkWatchTest : public ::testing::Test {
   ~NetworkWatchTest() override { QDBusConnection::disconnectFromBus(name); }
 
   static QDBusMessage change(const QString& interface, const QVariantMap& values) {
-    return QDBusMessage::createSignal(kManager, kProperties, u"PropertiesChanged"_s)
+    return QDBusMessage::createSignal(kNetwork, kPropertyInterface, u"PropertiesChanged"_s)
            << interface << values << QStringList();
   }
 };
@@ -53,10 +53,10 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
     return QDBusMessage::createSignal(kLogin, kLoginInterface, u"PrepareForSleep"_s) << begins;
   };
   const auto state = [](uint value) {
-    return QDBusMessage::createSignal(kManager, kManagerInterface, u"StateChanged"_s) << value;
+    return QDBusMessage::createSignal(kNetwork, kNetworkInterface, u"StateChanged"_s) << value;
   };
   const auto primary = [](const QString& path) {
-    return change(kManagerInterface,
+    return change(kNetworkInterface,
                   {{u"PrimaryConnection"_s, QVariant::fromValue(QDBusObjectPath(path))}});
   };
   watch.listen(worker);
@@ -84,12 +84,12 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
       {state(70), true},
       {primary(u"/"_s), false},
       {primary(u"/org/freedesktop/NetworkManager/ActiveConnection/2"_s), true},
-      {change(kManagerInterface, {{u"Connectivity"_s, 1u}}), false},
-      {change(kManagerInterface, {{u"Connectivity"_s, 4u}}), true},
-      {change(kManagerInterface, {{u"WirelessEnabled"_s, true}}), false},
-      {change(kManagerInterface, {{u"Connectivity"_s, u"full"_s}}), false},
+      {change(kNetworkInterface, {{u"Connectivity"_s, 1u}}), false},
+      {change(kNetworkInterface, {{u"Connectivity"_s, 4u}}), true},
+      {change(kNetworkInterface, {{u"WirelessEnabled"_s, true}}), false},
+      {change(kNetworkInterface, {{u"Connectivity"_s, u"full"_s}}), false},
       {change(u"org.example.Other"_s, {{u"Connectivity"_s, 4u}}), false},
-      {QDBusMessage::createSignal(kManager, kManagerInterface, u"StateChanged"_s) << u"70"_s,
+      {QDBusMessage::createSignal(kNetwork, kNetworkInterface, u"StateChanged"_s) << u"70"_s,
        false},
   };
   for (std::size_t row = 0; row < std::size(rows); ++row) {

@@ -12,29 +12,27 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 Catalog sample() {
   CatalogBuilder builder;
-  CatalogEntry movie;
-  movie.providerID = "77";
-  movie.kind = LibraryKind::movies;
-  movie.name = "A \"quoted\" n\xC3\xA4me\n";
-  movie.category = "3";
-  movie.artwork = "https://h.example/p.png";
-  movie.fileExtension = "mp4";
-  movie.plot = "";
-  movie.rating = "7.1";
-  builder.add(movie);
-  CatalogEntry episode;
-  episode.id = "episode:9";
-  episode.providerID = "9";
-  episode.kind = LibraryKind::shows;
-  episode.name = "Pilot";
-  episode.fileExtension = "mkv";
-  episode.episode = 1;
-  episode.season = -2;
-  episode.isExample = true;
-  builder.add(episode);
-  builder.add(MediaCategory{QStringLiteral("3"), QString()});
+  builder.add({.providerID = "77",
+               .kind = LibraryKind::movies,
+               .name = "A \"quoted\" n\xC3\xA4me\n",
+               .category = "3",
+               .artwork = "https://h.example/p.png",
+               .fileExtension = "mp4",
+               .plot = "",
+               .rating = "7.1"});
+  builder.add({.id = "episode:9",
+               .providerID = "9",
+               .kind = LibraryKind::shows,
+               .name = "Pilot",
+               .fileExtension = "mkv",
+               .episode = 1,
+               .season = -2,
+               .isExample = true});
+  builder.add(MediaCategory{u"3"_s, QString()});
   return builder.build(Catalog::Time(std::chrono::milliseconds(978'307'201'250)));
 }
 
@@ -50,22 +48,15 @@ TEST(StoredCatalog, ReadsBackEqual) {
 TEST(StoredCatalog, HasTheDocumentedForm) {
   const QJsonObject root =
       QJsonDocument::fromJson(QByteArray::fromStdString(CatalogWriter::toJSON(sample()))).object();
-  EXPECT_EQ(root.value(QStringLiteral("savedAt")).toDouble(), 1.25);
-  const QJsonObject movie = root.value(QStringLiteral("items")).toArray().at(0).toObject();
-  EXPECT_EQ(movie,
-            QJsonObject({{QStringLiteral("id"), QStringLiteral("movies:77")},
-                         {QStringLiteral("providerID"), QStringLiteral("77")},
-                         {QStringLiteral("kind"), QStringLiteral("movies")},
-                         {QStringLiteral("name"), QString::fromUtf8("A \"quoted\" n\u00e4me\n")},
-                         {QStringLiteral("category"), QStringLiteral("3")},
-                         {QStringLiteral("artwork"), QStringLiteral("https://h.example/p.png")},
-                         {QStringLiteral("fileExtension"), QStringLiteral("mp4")},
-                         {QStringLiteral("plot"), QString::fromLatin1("")},
-                         {QStringLiteral("rating"), QStringLiteral("7.1")},
-                         {QStringLiteral("isExample"), false}}));
-  const QJsonObject episode = root.value(QStringLiteral("items")).toArray().at(1).toObject();
-  EXPECT_EQ(episode.value(QStringLiteral("season")).toInt(), -2);
-  EXPECT_FALSE(episode.contains(QStringLiteral("artwork"))) << "absent, not null";
+  EXPECT_EQ(root.value(u"savedAt"_s).toDouble(), 1.25);
+  EXPECT_EQ(root.value(u"items"_s).toArray().at(0).toObject(),
+            QJsonDocument::fromJson(R"({"id":"movies:77","providerID":"77","kind":"movies",
+                "name":"A \"quoted\" n\u00e4me\n","category":"3","fileExtension":"mp4","plot":"",
+                "artwork":"https://h.example/p.png","rating":"7.1","isExample":false})")
+                .object());
+  const QJsonObject episode = root.value(u"items"_s).toArray().at(1).toObject();
+  EXPECT_EQ(episode.value(u"season"_s).toInt(), -2);
+  EXPECT_FALSE(episode.contains(u"artwork"_s)) << "absent, not null";
 }
 
 TEST(StoredCatalog, IsReadStrictly) {
@@ -92,30 +83,25 @@ TEST(StoredCatalog, IsReadStrictly) {
       {"\"plot\":null", "\"season\":99999999999"}};
   for (const auto& [from, to] : changes)
     refused.push_back(document(QByteArray(item).replace(from, to)));
-  refused.push_back(document(item, R"("categories":[])"));
-  refused.push_back(document(item, R"("savedAt":1)"));
-  refused.push_back(document(item, R"("categories":[{"id":"1"}],"savedAt":1)"));
-  refused.push_back(document(item, R"("categories":{},"savedAt":1)"));
-  refused.push_back(document(item, R"("categories":[],"savedAt":"1")"));
-  refused.push_back(document(item, R"("categories":[],"savedAt":1e300)"));
-  refused.push_back(document(item) + "x");
-  refused.push_back("[]");
-  refused.push_back("");
+  for (const char* rest :
+       {R"("categories":[])", R"("savedAt":1)", R"("categories":[{"id":"1"}],"savedAt":1)",
+        R"("categories":{},"savedAt":1)", R"("categories":[],"savedAt":"1")",
+        R"("categories":[],"savedAt":1e300)"})
+    refused.push_back(document(item, rest));
+  for (const QByteArray& whole : {document(item) + "x", QByteArray("[]"), QByteArray()})
+    refused.push_back(whole);
   for (const QByteArray& json : refused)
     EXPECT_THROW(catalogFromJSON(json), JSONError) << json.toStdString();
 }
 
-TEST(Catalog, EmptyIsSharedAndKeepsItsTime) {
+TEST(Catalog, FindsEntriesByTheirWholeId) {
   EXPECT_EQ(Catalog::empty().savedAt(), Catalog::empty().savedAt());
   EXPECT_EQ(Catalog::empty().size(), 0u);
-}
-
-TEST(Catalog, FindsEntriesByTheirWholeId) {
   const Catalog catalog = sample();
-  EXPECT_EQ(catalog.indexOf(QStringLiteral("episode:9")), 1u);
-  EXPECT_EQ(catalog.indexOf(QStringLiteral("movies:77")), 0u);
-  EXPECT_EQ(catalog.indexOf(QStringLiteral("shows:77")), std::nullopt);
-  EXPECT_EQ(catalog.indexOf(QStringLiteral("77")), std::nullopt);
+  EXPECT_EQ(catalog.indexOf(u"episode:9"_s), 1u);
+  EXPECT_EQ(catalog.indexOf(u"movies:77"_s), 0u);
+  EXPECT_EQ(catalog.indexOf(u"shows:77"_s), std::nullopt);
+  EXPECT_EQ(catalog.indexOf(u"77"_s), std::nullopt);
 }
 
 }  // namespace

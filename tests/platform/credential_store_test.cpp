@@ -8,19 +8,24 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class CredentialStoreTest : public ::testing::Test {
  protected:
   SecretServiceStore store;
-  const CredentialKey key{QStringLiteral("tv.vantor.player.test"),
+  const CredentialKey key{u"tv.vantor.player.test"_s,
                           QUuid::createUuid().toString(QUuid::WithoutBraces)};
   const std::stop_token token;
   void TearDown() override { store.remove(key, token); }
 };
 
-TEST_F(CredentialStoreTest, MissingItemIsToldApartFromFailure) {
+TEST_F(CredentialStoreTest, MissingItemIsToldApartFromAFailureOrAStop) {
   EXPECT_EQ(store.copyMatching(key, token).status, CredentialStatus::itemNotFound);
   EXPECT_EQ(store.update(key, "x", token), CredentialStatus::itemNotFound);
   EXPECT_EQ(store.remove(key, token), CredentialStatus::itemNotFound);
+  std::stop_source source;
+  source.request_stop();
+  EXPECT_EQ(store.copyMatching(key, source.get_token()).status, CredentialStatus::failure);
 }
 
 TEST_F(CredentialStoreTest, KeepsBytesExactlyUnderTheirName) {
@@ -33,12 +38,6 @@ TEST_F(CredentialStoreTest, KeepsBytesExactlyUnderTheirName) {
   EXPECT_EQ(store.copyMatching(other, token).status, CredentialStatus::itemNotFound);
   ASSERT_EQ(store.remove(key, token), CredentialStatus::success);
   EXPECT_EQ(store.copyMatching(key, token).status, CredentialStatus::itemNotFound);
-}
-
-TEST_F(CredentialStoreTest, StopRequestEndsTheWaitAsFailure) {
-  std::stop_source source;
-  source.request_stop();
-  EXPECT_EQ(store.copyMatching(key, source.get_token()).status, CredentialStatus::failure);
 }
 
 }  // namespace

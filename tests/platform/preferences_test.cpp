@@ -9,36 +9,37 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class PreferencesTest : public ::testing::Test {
  protected:
   QTemporaryDir folder;
-  QString file = folder.filePath(QStringLiteral("sub folder/settings.ini"));
-  const QString key = QStringLiteral("progress-0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C");
+  QString file = folder.filePath(u"sub folder/settings.ini"_s);
+  const QString key = u"progress-0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C"_s;
 };
 
 TEST_F(PreferencesTest, ValuesAreThereInTheNextRun) {
-  const NumberLists progress{{QStringLiteral("movies:12"), {5380, 5410.25}}};
-  const QStringList favorites{QStringLiteral("live:1"), QStringLiteral("ünï=,;\"%/\\ x")};
+  const NumberLists progress{{u"movies:12"_s, {5380, 5410.25}}};
+  const QStringList favorites{u"live:1"_s, u"ünï=,;\"%/\\ x"_s};
   {
     Preferences preferences(file);
-    preferences.setText(QStringLiteral("vantor.server"), QStringLiteral("http://old"));
-    preferences.setText(QStringLiteral("vantor.server"), QStringLiteral("http://127.0.0.1:80"));
-    preferences.setTextList(QStringLiteral("favorites-A"), favorites);
+    preferences.setText(u"vantor.server"_s, u"http://old"_s);
+    preferences.setText(u"vantor.server"_s, u"http://127.0.0.1:80"_s);
+    preferences.setTextList(u"favorites-A"_s, favorites);
     preferences.setNumberLists(key, progress);
     EXPECT_EQ(preferences.numberLists(key), progress);
   }
   const Preferences preferences(file);
-  EXPECT_EQ(preferences.text(QStringLiteral("vantor.server")),
-            QStringLiteral("http://127.0.0.1:80"));
-  EXPECT_EQ(preferences.textList(QStringLiteral("favorites-A")), favorites);
+  EXPECT_EQ(preferences.text(u"vantor.server"_s), u"http://127.0.0.1:80"_s);
+  EXPECT_EQ(preferences.textList(u"favorites-A"_s), favorites);
   EXPECT_EQ(preferences.numberLists(key), progress);
-  EXPECT_EQ(preferences.text(QStringLiteral("missing")), std::nullopt);
+  EXPECT_EQ(preferences.text(u"missing"_s), std::nullopt);
 }
 
 TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
   // Long enough that the first write is still going on when the last one begins.
   const QString first = QString(4'000'000, u'a');
-  const QString last = QStringLiteral("b");
+  const QString last = u"b"_s;
   for (unsigned long run = 0; run < 5; ++run) {
     {
       Preferences preferences(file);
@@ -50,32 +51,26 @@ TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
   }
 }
 
-TEST_F(PreferencesTest, WritesOnlyWhatChanges) {
-  { Preferences(file).setText(key, QStringLiteral("same")); }
-  {
-    Preferences preferences(file);
-    ASSERT_TRUE(QFile::remove(file));
-    preferences.setText(key, QStringLiteral("same"));
-    preferences.remove(QStringLiteral("never there"));
-  }
-  EXPECT_FALSE(QFile::exists(file));
-}
-
-TEST_F(PreferencesTest, ARemovedValueStaysAway) {
-  {
-    Preferences preferences(file);
-    preferences.setText(key, QStringLiteral("x"));
-  }
+TEST_F(PreferencesTest, WritesOnlyWhatChangesAndForgetsWhatIsRemoved) {
+  { Preferences(file).setText(key, u"x"_s); }
   {
     Preferences preferences(file);
     preferences.remove(key);
     EXPECT_EQ(preferences.text(key), std::nullopt);
   }
   EXPECT_EQ(Preferences(file).text(key), std::nullopt);
+  { Preferences(file).setText(key, u"same"_s); }
+  {
+    Preferences preferences(file);
+    ASSERT_TRUE(QFile::remove(file));
+    preferences.setText(key, u"same"_s);
+    preferences.remove(u"never there"_s);
+  }
+  EXPECT_FALSE(QFile::exists(file));
 }
 
 TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
-  QDir().mkpath(folder.filePath(QStringLiteral("sub folder")));
+  QDir().mkpath(folder.filePath(u"sub folder"_s));
   QFile raw(file);
   ASSERT_TRUE(raw.open(QFile::WriteOnly));
   raw.write("[General]\nfavorites-A=\"[\\\"live:1\\\",7]\"\nvantor.server=@ByteArray(\\x0)\n" +
@@ -83,8 +78,8 @@ TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
             "\xff garbage [[[\n");
   raw.close();
   const Preferences preferences(file);
-  EXPECT_TRUE(preferences.textList(QStringLiteral("favorites-A")).isEmpty());
-  EXPECT_EQ(preferences.text(QStringLiteral("vantor.server")), std::nullopt);
+  EXPECT_TRUE(preferences.textList(u"favorites-A"_s).isEmpty());
+  EXPECT_EQ(preferences.text(u"vantor.server"_s), std::nullopt);
   EXPECT_TRUE(preferences.numberLists(key).isEmpty());
 }
 

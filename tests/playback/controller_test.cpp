@@ -11,14 +11,11 @@ using namespace test;
 
 class ControllerTest : public PlaybackFixture {};
 
-TEST_F(ControllerTest, IsIdleAtFirst) {
+TEST_F(ControllerTest, OpensASourceInOrderAndWithItsValues) {
   EXPECT_EQ(look(), Look{});
   EXPECT_EQ(playback.title(), u"Nothing playing yet"_s);
   EXPECT_EQ(playback.transport()->volume(), 100);
   EXPECT_FALSE(playback.isLocal());
-}
-
-TEST_F(ControllerTest, OpensASourceInOrderAndWithItsValues) {
   playback.transport()->setSeconds(5);
   playback.setVolume(42.9);
   engine.takeCalls();
@@ -116,16 +113,11 @@ TEST_F(ControllerTest, RetryOpensTheSameSourceFromItsBeginning) {
                 .decodedVideo = 1};
   clock.advance(250ms);
   EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty()) << "a retry does not resume";
-}
-
-TEST_F(ControllerTest, RetryWithoutASourceDoesNothing) {
-  playback.retry();
-  openPlaying(channel(u"7"_s));
   playback.stop();
   engine.takeCalls();
   playback.retry();
   settle();
-  EXPECT_TRUE(engine.calls.isEmpty());
+  EXPECT_TRUE(engine.calls.isEmpty()) << "there is no source";
   EXPECT_EQ(look(), Look{});
 }
 
@@ -159,17 +151,12 @@ TEST_F(ControllerTest, StopReportsTheLastPositionOnceAndReturnsToIdle) {
   EXPECT_EQ(clock.waiting(), 0u) << "the progress loop goes on after a stop";
 }
 
-TEST_F(ControllerTest, StopOfALiveSourceReportsNoProgress) {
-  openPlaying(channel(u"7"_s));
-  playback.stop();
-  EXPECT_TRUE(progress.isEmpty());
-}
-
 TEST_F(ControllerTest, StopBeforeTheOpeningBeginsKeepsTheEngineEmpty) {
   playback.play(channel(u"7"_s));
   playback.stop();
   settle();
   EXPECT_EQ(engine.calls, QStringList{u"unload"_s});
+  EXPECT_TRUE(progress.isEmpty());
 }
 
 TEST_F(ControllerTest, ShutdownStops) {
@@ -177,6 +164,7 @@ TEST_F(ControllerTest, ShutdownStops) {
   const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
   settle();
   EXPECT_FALSE(job.running());
+  EXPECT_TRUE(progress.isEmpty()) << "nothing is known of its length";
   EXPECT_EQ(look(), Look{});
   EXPECT_EQ(engine.calls.last(), u"unload"_s);
 }

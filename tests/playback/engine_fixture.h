@@ -45,6 +45,12 @@ class EngineFixture : public ::testing::Test {
                           QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-c:a"_s, u"aac"_s} + format);
   }
 
+  QString write(const QString& name, const QByteArray& content) const {
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    return file.fileName();
+  }
   QByteArray bytes(const QString& file) const {
     QFile source(file);
     EXPECT_TRUE(source.open(QIODevice::ReadOnly));
@@ -65,6 +71,10 @@ class EngineFixture : public ::testing::Test {
       return testing::AssertionFailure() << "still loading";
     if (playback.message()) return testing::AssertionFailure() << playback.message()->toStdString();
     return testing::AssertionSuccess();
+  }
+  testing::AssertionResult starts(const QString& file) {
+    playFile(file);
+    return starts();
   }
   std::string failure() {
     if (!eventually([&] { return playback.message().has_value(); })) return "(none)";

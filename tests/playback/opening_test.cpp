@@ -24,35 +24,31 @@ class HeldFrameTest : public PlaybackFixture {
   bool loaded() const { return engine.calls.contains(u"play"_s); }
 };
 
-TEST_F(HeldFrameTest, ShowsThePreviousPictureUntilTheNextSourceHasOne) {
-  playback.play(channel(u"2"_s));
-  ASSERT_TRUE(eventually([&] { return loaded(); }));
-  EXPECT_EQ(engine.calls.first(), u"saveSnapshot 640"_s);
-  EXPECT_EQ(engine.calls.at(1), u"unload"_s);
-  ASSERT_EQ(playback.heldFrame().size(), QSize(640, 360));
-  EXPECT_EQ(playback.heldFrame().pixelColor(320, 180), QColor(Qt::red));
-  EXPECT_TRUE(leftOvers().isEmpty());
-  engine.now.decodedVideo = 1;
-  clock.advance(250ms);
-  EXPECT_TRUE(playback.heldFrame().isNull());
-  EXPECT_FALSE(playback.loading());
-}
-
-TEST_F(HeldFrameTest, IsReleasedByFailureAndStop) {
-  playback.play(channel(u"2"_s));
-  ASSERT_TRUE(eventually([&] { return loaded(); }));
-  ASSERT_FALSE(playback.heldFrame().isNull());
-  engine.now.state = EngineState::error;
-  clock.advance(250ms);
-  EXPECT_TRUE(playback.heldFrame().isNull());
-
-  openPlaying(channel(u"3"_s));
-  engine.takeCalls();
-  playback.play(channel(u"4"_s));
-  ASSERT_TRUE(eventually([&] { return loaded(); }));
-  ASSERT_FALSE(playback.heldFrame().isNull());
-  playback.stop();
-  EXPECT_TRUE(playback.heldFrame().isNull());
+TEST_F(HeldFrameTest, ShowsThePreviousPictureUntilTheNextSourceHasOneFailsOrIsStopped) {
+  const std::function<void()> ends[] = {[&] {
+                                          engine.now.decodedVideo = 1;
+                                          clock.advance(250ms);
+                                          EXPECT_FALSE(playback.loading());
+                                        },
+                                        [&] {
+                                          engine.now.state = EngineState::error;
+                                          clock.advance(250ms);
+                                        },
+                                        [&] { playback.stop(); }};
+  for (const auto& end : ends) {
+    playback.play(channel(u"2"_s));
+    ASSERT_TRUE(eventually([&] { return loaded(); }));
+    EXPECT_EQ(engine.calls.first(), u"saveSnapshot 640"_s);
+    EXPECT_EQ(engine.calls.at(1), u"unload"_s);
+    ASSERT_EQ(playback.heldFrame().size(), QSize(640, 360));
+    EXPECT_EQ(playback.heldFrame().pixelColor(320, 180), QColor(Qt::red));
+    EXPECT_TRUE(leftOvers().isEmpty());
+    end();
+    EXPECT_TRUE(playback.heldFrame().isNull()) << &end - ends;
+    playback.stop();
+    openPlaying(channel(u"1"_s));
+    engine.takeCalls();
+  }
 }
 
 TEST_F(HeldFrameTest, IsGivenUpAfterSixWaits) {
@@ -111,16 +107,14 @@ TEST_F(HeldFrameTest, StopDuringTheWaitLeavesNoPictureAndNoFile) {
   EXPECT_TRUE(leftOvers().isEmpty());
 }
 
-TEST_F(HeldFrameTest, IsNotTakenWhenThePreviousMediaHadNoPicture) {
+TEST_F(HeldFrameTest, IsNotTakenWithoutAPictureNorHeadless) {
   engine.now.decodedVideo = 0;
   open(channel(u"2"_s));
   EXPECT_EQ(engine.calls.first(), u"unload"_s);
   EXPECT_TRUE(loaded());
-}
-
-TEST_F(HeldFrameTest, IsNeverTakenHeadless) {
   Playback headless(engine, clock, worker, folders(), Output::discarded);
   engine.now.decodedVideo = 1;
+  engine.takeCalls();
   headless.play(channel(u"2"_s));
   settle();
   EXPECT_FALSE(engine.calls.contains(u"saveSnapshot 640"_s));

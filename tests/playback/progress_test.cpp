@@ -16,65 +16,6 @@ const QString kTooSlow =
     u"This source did not start within 30 seconds. Retry or choose another item."_s;
 const QString kEndedEarly = u"The source ended before playback could start."_s;
 
-struct Tick {
-  const char* name;
-  EngineStatus status;
-  Look look;
-};
-
-void PrintTo(const Tick& tick, std::ostream* out) {
-  *out << tick.name;
-}
-
-/// What one look at a loading source leads to.
-class FirstTickTest : public PlaybackFixture, public ::testing::WithParamInterface<Tick> {};
-
-TEST_P(FirstTickTest, DecidesTheOpening) {
-  open(channel(u"7"_s));
-  ASSERT_TRUE(playback.loading());
-  engine.now = GetParam().status;
-  clock.advance(250ms);
-  EXPECT_EQ(look(), GetParam().look);
-  const bool goesOn = GetParam().status.state == EngineState::playing;
-  EXPECT_EQ(clock.waiting(), goesOn ? 1u : 0u);
-  EXPECT_EQ(engine.now.hasMedia, GetParam().status.hasMedia && !GetParam().look.message)
-      << "a failure unloads the media";
-}
-
-const Look kLoading{u"7"_s, true, {}, false};
-const Look kPlaying{u"7"_s, false, {}, false};
-constexpr auto playing = EngineState::playing;
-
-INSTANTIATE_TEST_SUITE_P(
-    All, FirstTickTest,
-    ::testing::Values(
-        Tick{"NothingDecoded", {.state = playing, .hasMedia = true, .time = 5000}, kLoading},
-        Tick{"FirstPicture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, kPlaying},
-        Tick{"CountsWithoutMedia", {.state = playing, .decodedVideo = 1}, kLoading},
-        Tick{"SoundWhileAPictureIsExpected",
-             {.state = playing,
-              .hasMedia = true,
-              .time = 9000,
-              .decodedAudio = 40,
-              .videoTracks = {0}},
-             kLoading},
-        Tick{"AudioOnlyAt1000",
-             {.state = playing, .hasMedia = true, .time = 1000, .decodedAudio = 40},
-             kLoading},
-        Tick{"AudioOnlyAt1001",
-             {.state = playing, .hasMedia = true, .time = 1001, .decodedAudio = 40},
-             kPlaying},
-        Tick{"Error",
-             {.state = EngineState::error, .hasMedia = true},
-             {u"7"_s, false, kNotOpened, true}},
-        Tick{"EndBeforeStart",
-             {.state = EngineState::ended, .hasMedia = true},
-             {u"7"_s, false, kEndedEarly, true}},
-        Tick{"EndWithAPicture",
-             {.state = EngineState::ended, .hasMedia = true, .decodedVideo = 3},
-             {u"7"_s, false, {}, true}}),
-    [](const auto& row) { return std::string(row.param.name); });
-
 class ProgressTest : public PlaybackFixture {
  protected:
   void openMovie(double resume = 0) {
@@ -85,6 +26,47 @@ class ProgressTest : public PlaybackFixture {
     clock.advance(250ms);
   }
 };
+
+TEST_F(ProgressTest, TheFirstLookDecidesTheOpening) {
+  using enum EngineState;
+  const Look loading{u"7"_s, true, {}, false};
+  const Look started{u"7"_s, false, {}, false};
+  const struct {
+    const char* what;
+    EngineStatus status;
+    Look look;
+  } cases[] = {
+      {"nothing decoded", {.state = playing, .hasMedia = true, .time = 5000}, loading},
+      {"a picture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, started},
+      {"counts without media", {.state = playing, .decodedVideo = 1}, loading},
+      {"sound while a picture is expected",
+       {.state = playing, .hasMedia = true, .time = 9000, .decodedAudio = 40, .videoTracks = {0}},
+       loading},
+      {"audio alone at 1000",
+       {.state = playing, .hasMedia = true, .time = 1000, .decodedAudio = 40},
+       loading},
+      {"audio alone at 1001",
+       {.state = playing, .hasMedia = true, .time = 1001, .decodedAudio = 40},
+       started},
+      {"error", {.state = error, .hasMedia = true}, {u"7"_s, false, kNotOpened, true}},
+      {"end", {.state = ended, .hasMedia = true}, {u"7"_s, false, kEndedEarly, true}},
+      {"end after a picture",
+       {.state = ended, .hasMedia = true, .decodedVideo = 3},
+       {u"7"_s, false, {}, true}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.what);
+    open(channel(u"7"_s));
+    ASSERT_TRUE(playback.loading());
+    engine.now = row.status;
+    clock.advance(250ms);
+    EXPECT_EQ(look(), row.look);
+    EXPECT_EQ(clock.waiting(), row.status.state == playing ? 1u : 0u);
+    EXPECT_EQ(engine.now.hasMedia, row.status.hasMedia && !row.look.message)
+        << "a failure unloads the media";
+    playback.stop();
+  }
+}
 
 TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
   open(channel(u"1"_s));
@@ -97,13 +79,9 @@ TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
   openPlaying(channel(u"2"_s));
   clock.advance(60s);
   EXPECT_EQ(look(), (Look{u"2"_s, false, {}, false}));
-}
-
-TEST_F(ProgressTest, ErrorAfterTheStartFailsToo) {
-  openPlaying(channel(u"1"_s));
   engine.now.state = EngineState::error;
   clock.advance(250ms);
-  EXPECT_EQ(look(), (Look{u"1"_s, false, kNotOpened, true}));
+  EXPECT_EQ(look(), (Look{u"2"_s, false, kNotOpened, true})) << "it fails later as well";
 }
 
 TEST_F(ProgressTest, AnnouncedChangeIsSeenWithoutWaitingForTheTick) {
@@ -157,8 +135,13 @@ TEST_F(ProgressTest, LiveSourceReportsNothingAndCannotSeek) {
   EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty());
 }
 
-TEST_F(ProgressTest, EndKeepsTheItemAndPlaysAgainOnToggle) {
+TEST_F(ProgressTest, TogglePausesAndResumesAndPlaysAgainFromTheEnd) {
   openMovie();
+  for (const bool paused : {true, false}) {
+    playback.togglePause();
+    EXPECT_EQ(playback.paused(), paused);
+  }
+  EXPECT_EQ(engine.calls, (QStringList{u"pause"_s, u"play"_s}));
   engine.now.state = EngineState::ended;
   clock.advance(250ms);
   EXPECT_EQ(look(), (Look{u"m"_s, false, {}, true}));
@@ -170,15 +153,6 @@ TEST_F(ProgressTest, EndKeepsTheItemAndPlaysAgainOnToggle) {
   engine.now.state = EngineState::ended;
   playback.togglePause();
   EXPECT_EQ(engine.takeCalls().last(), u"play"_s) << "an ended source is played, never paused";
-}
-
-TEST_F(ProgressTest, TogglePausesAndResumes) {
-  openMovie();
-  playback.togglePause();
-  EXPECT_TRUE(playback.paused());
-  playback.togglePause();
-  EXPECT_FALSE(playback.paused());
-  EXPECT_EQ(engine.calls, (QStringList{u"pause"_s, u"play"_s}));
 }
 
 TEST_F(ProgressTest, ProgressReportThatStopsTheSourceEndsTheTick) {

@@ -25,6 +25,8 @@ class RecordingTest : public PlaybackFixture {
   }
 
   void begin() {
+    if (!playback.source()) openPlaying(channel(u"1"_s));
+    engine.now.recordable = true;
     playback.startRecording();
     ASSERT_EQ(playback.recording().stage(), Recording::Stage::running);
   }
@@ -119,8 +121,6 @@ TEST_F(RecordingTest, StopAndFailureFinishIt) {
   for (const bool failing : {false, true}) {
     SCOPED_TRACE(failing);
     playback.stop();
-    openPlaying(channel(u"1"_s));
-    engine.now.recordable = true;
     begin();
     engine.takeCalls();
     if (failing) {
@@ -190,8 +190,6 @@ TEST_F(RecordingTest, ShutdownWaitsForTheFileButNotForEver) {
   for (const bool saved : {true, false}) {
     SCOPED_TRACE(saved);
     playback.stop();
-    openPlaying(channel(u"1"_s));
-    engine.now.recordable = true;
     begin();
     const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
     clock.advance(4900ms);

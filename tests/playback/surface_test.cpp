@@ -227,33 +227,15 @@ TEST_F(SurfaceTest, ShowsWhatTheEngineDecodes) {
   const QTemporaryDir folder;
   qputenv("VANTOR_AUDIO", "none");
   LibVLCEngine engine(frames, Output::shown);
-  const struct {
-    QString name;
-    QString color;
-    QString size;
-    QStringList format;
-    QColor expected;
-  } cases[] = {
-      {u"a.ts"_s, u"red"_s, u"720x576"_s, {}, Qt::red},
-      {u"b.mkv"_s,
-       u"blue"_s,
-       u"1280x720"_s,
-       {u"-vf"_s, u"scale=out_color_matrix=bt709"_s},
-       Qt::blue},
-      {u"c.mkv"_s,
-       u"red"_s,
-       u"640x360"_s,
-       {u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, u"yuv420p10le"_s},
-       Qt::red},
-      {u"d.mp4"_s, u"white"_s, u"638x358"_s, {u"-pix_fmt"_s, u"yuvj420p"_s}, Qt::white},
-  };
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.name.toStdString());
-    const QString file = folder.filePath(row.name);
-    ASSERT_TRUE(makeMedia(solidColor(row.color, row.size, 2) + row.format, file));
+  for (const auto& [format, color] :
+       {std::pair(u"yuv420p10le"_s, u"red"_s), std::pair(u"yuvj420p"_s, u"white"_s)}) {
+    const QString file = folder.filePath(color + u".mkv"_s);
+    ASSERT_TRUE(makeMedia(solidColor(color, u"638x358"_s, 2) +
+                              QStringList{u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, format},
+                          file));
     engine.load({.address = QUrl::fromLocalFile(file)});
     engine.play();
-    EXPECT_TRUE(shows({200, 150}, row.expected));
+    EXPECT_TRUE(shows({200, 150}, QColor(color))) << format.toStdString();
   }
   engine.unload();
   EXPECT_TRUE(shows({200, 150}, Qt::black));

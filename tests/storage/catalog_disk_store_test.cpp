@@ -23,6 +23,7 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using test::awaited;
 using Operation = test::FakeCredentialStore::Operation;
 using MaybeCatalog = std::optional<Catalog>;
@@ -31,11 +32,7 @@ Catalog library(int entries) {
   CatalogBuilder builder;
   for (int i = 0; i < entries; ++i) {
     const std::string id = std::to_string(i);
-    CatalogEntry entry;
-    entry.providerID = id;
-    entry.name = "Channel";
-    entry.fileExtension = "m3u8";
-    builder.add(entry);
+    builder.add({.providerID = id, .name = "Channel", .fileExtension = "m3u8"});
   }
   return builder.build(std::chrono::system_clock::now());
 }
@@ -49,17 +46,17 @@ class CatalogDiskStoreTest : public ::testing::Test {
  protected:
   QTemporaryDir home;
   test::FakeCredentialStore credentials;
-  SecureStore secrets{credentials, QStringLiteral("tv.vantor.player")};
-  Folders folders{home.filePath(QStringLiteral("data")), home.path(), home.path()};
-  const QString folder = home.filePath(QStringLiteral("data/Vantor Player Mac Preview/Catalog"));
-  const QUuid account = QUuid(QStringLiteral("0f3c2a58-7b1d-4e2a-9c3f-5d6e7f8a9b0c"));
+  SecureStore secrets{credentials, u"tv.vantor.player"_s};
+  Folders folders{home.filePath(u"data"_s), home.path(), home.path()};
+  const QString folder = home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s);
+  const QUuid account = QUuid(u"0f3c2a58-7b1d-4e2a-9c3f-5d6e7f8a9b0c"_s);
 
   std::shared_ptr<CatalogDiskStore> create() {
     return CatalogDiskStore::create(secrets, folders, std::stop_token());
   }
   QString file(const char* kind) const {
-    return folder + QStringLiteral("/0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-") +
-           QString::fromLatin1(kind) + QStringLiteral(".bin");
+    return folder + u"/0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-"_s + QString::fromLatin1(kind) +
+           u".bin"_s;
   }
 };
 
@@ -72,12 +69,12 @@ TEST_F(CatalogDiskStoreTest, KeepsALibraryAsNonceCiphertextAndTag) {
   const std::string json = CatalogWriter::toJSON(catalog);
   EXPECT_EQ(first.size(), static_cast<qsizetype>(json.size()) + 28);
   EXPECT_FALSE(first.contains("Channel"));
-  const QByteArray key = *credentials.value(QStringLiteral("catalog-key"));
+  const QByteArray key = *credentials.value(u"catalog-key"_s);
   EXPECT_EQ(key.size(), 32);
   EXPECT_EQ(sealed_box::open(first, key).toStdString(), json);
   EXPECT_EQ(mode(file("live")), 0600u);
   EXPECT_EQ(mode(folder), 0700u);
-  EXPECT_EQ(mode(home.filePath(QStringLiteral("data"))), 0700u);
+  EXPECT_EQ(mode(home.filePath(u"data"_s)), 0700u);
 
   awaited<Done>(store->save(catalog, account, LibraryKind::live));
   const QByteArray second = private_file::read(file("live"));
@@ -123,12 +120,16 @@ TEST_F(CatalogDiskStoreTest, ClearRemovesTheFilesOfThatAccountOnly) {
   EXPECT_TRUE(awaited<MaybeCatalog>(store->load(other, LibraryKind::shows)).has_value());
 }
 
-TEST_F(CatalogDiskStoreTest, CreationFailsWithTheCredentialStoresSentence) {
-  credentials.fail(Operation::add);
-  EXPECT_THROW(create(), AppError);
+TEST_F(CatalogDiskStoreTest, CreationFailsWithoutAKeyOrAFolder) {
+  for (const Operation operation : {Operation::add, Operation::copyMatching}) {
+    credentials.fail(operation);
+    EXPECT_THROW(create(), AppError);
+    credentials.work(operation);
+  }
   EXPECT_FALSE(QDir(folder).exists()) << "no folder without a key";
-  credentials.fail(Operation::copyMatching);
-  EXPECT_THROW(create(), AppError);
+  QFile obstacle(home.filePath(u"data"_s));
+  ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+  EXPECT_ANY_THROW(create());
 }
 
 TEST_F(CatalogDiskStoreTest, AForeignKeyFailsEveryOperationButNotTheProgram) {
@@ -139,15 +140,9 @@ TEST_F(CatalogDiskStoreTest, AForeignKeyFailsEveryOperationButNotTheProgram) {
   EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::live)));
 }
 
-TEST_F(CatalogDiskStoreTest, CreationFailsWhereNoFolderCanBeMade) {
-  QFile obstacle(home.filePath(QStringLiteral("data")));
-  ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
-  EXPECT_ANY_THROW(create());
-}
-
 TEST(PrivateFile, AKilledSaveLeavesTheOldContentOrTheNew) {
   QTemporaryDir folder;
-  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  const QString path = folder.filePath(u"file.bin"_s);
   for (int round = 0; round < 8; ++round) {
     QProcess saver;
     saver.start(QStringLiteral(STORAGE_SAVER), {path});
@@ -170,7 +165,7 @@ TEST(PrivateFile, AFullDiskKeepsTheOldContent) {
   const QByteArray point = QFile::encodeName(folder.path());
   if (::mount("tmpfs", point.constData(), "tmpfs", 0, "size=1m") != 0)
     GTEST_SKIP() << "mounting a small disk needs root";
-  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  const QString path = folder.filePath(u"file.bin"_s);
   private_file::replace(path, "old");
   EXPECT_THROW(private_file::replace(path, QByteArray(4 << 20, 'n')), std::system_error);
   EXPECT_EQ(private_file::read(path), "old");
@@ -180,10 +175,10 @@ TEST(PrivateFile, AFullDiskKeepsTheOldContent) {
 
 TEST(PrivateFile, FollowsNoLinkOutOfItsFolder) {
   QTemporaryDir folder;
-  const QString target = folder.filePath(QStringLiteral("target"));
-  const QString path = folder.filePath(QStringLiteral("file.bin"));
+  const QString target = folder.filePath(u"target"_s);
+  const QString path = folder.filePath(u"file.bin"_s);
   private_file::replace(target, "untouched");
-  ASSERT_TRUE(QFile::link(target, path + QStringLiteral(".new")));
+  ASSERT_TRUE(QFile::link(target, path + u".new"_s));
   EXPECT_THROW(private_file::replace(path, "new"), std::system_error);
   EXPECT_EQ(private_file::read(target), "untouched");
 }

@@ -33,6 +33,10 @@ class FakeTransport final : public HTTPTransport {
   /// Ends the oldest open request of `action`; false when there is none.
   bool answer(const QString& action, const QByteArray& body);
   bool fail(const QString& action, std::exception_ptr error);
+  template <class Error>
+  bool fail(const QString& action, Error error) {
+    return fail(action, std::make_exception_ptr(std::move(error)));
+  }
 
   int requests(const QString& action) const;
   int open(const QString& action) const;

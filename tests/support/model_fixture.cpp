@@ -1,7 +1,14 @@
 #include "support/model_fixture.h"
 
+#include <stdexcept>
+
 namespace vantor::test {
 namespace {
+
+/// Waits for what only a fault keeps away.
+void require(const std::function<bool()>& condition, const char* otherwise) {
+  if (!eventually(condition)) throw std::runtime_error(otherwise);
+}
 
 QCoro::Task<> watch(std::stop_token token, QPointer<AppModel> model, ProviderAccount account,
                     bool* over, std::exception_ptr* failure) {
@@ -14,7 +21,7 @@ QCoro::Task<> watch(std::stop_token token, QPointer<AppModel> model, ProviderAcc
   *over = true;
 }
 
-QCoro::Task<> signOut(std::stop_token token, QPointer<AppModel> model) {
+QCoro::Task<> leave(std::stop_token token, QPointer<AppModel> model) {
   const QCoro::Task<> task = model->disconnectAccount(token);
   co_await task;
 }
@@ -22,8 +29,7 @@ QCoro::Task<> signOut(std::stop_token token, QPointer<AppModel> model) {
 }  // namespace
 
 ModelFixture::ModelFixture()
-    : folders{home.filePath(QStringLiteral("data")), home.filePath(QStringLiteral("config")),
-              home.path()} {}
+    : folders{home.filePath(u"data"_s), home.filePath(u"config"_s), home.path()} {}
 
 ModelFixture::~ModelFixture() {
   quit();
@@ -31,18 +37,17 @@ ModelFixture::~ModelFixture() {
 
 AppModel& ModelFixture::launch(const QStringList& arguments) {
   begin(arguments);
-  if (!eventually([&] { return !model->session().startingUp(); }))
-    qFatal("the start-up did not end");
+  require([&] { return !model->session().startingUp(); }, "the start-up did not end");
   settle();
   return *model;
 }
 
 AppModel& ModelFixture::begin(const QStringList& arguments) {
   quit();
-  preferences = std::make_unique<Preferences>(home.filePath(QStringLiteral("preferences.ini")));
+  preferences = std::make_unique<Preferences>(home.filePath(u"preferences.ini"_s));
   configuration = std::make_unique<VantorConfiguration>(
-      transport, *preferences, QUrl(QStringLiteral("https://support.example/vantor-config.json")),
-      QStringLiteral("http://fallback.example:25461"));
+      transport, *preferences, QUrl(u"https://support.example/vantor-config.json"_s),
+      u"http://fallback.example:25461"_s);
   const AppServices services{
       clock,
       worker,
@@ -53,8 +58,7 @@ AppModel& ModelFixture::begin(const QStringList& arguments) {
       *configuration,
       filePanel,
       folders,
-      LaunchArguments::read(QStringList{QStringLiteral("vantor")} + arguments,
-                            QStringLiteral("tv.vantor.player"))};
+      LaunchArguments::read(QStringList{u"vantor"_s} + arguments, u"tv.vantor.player"_s)};
   model = std::make_unique<AppModel>(
       services, std::make_unique<Playback>(engine, clock, worker, folders, Output::discarded));
   return *model;
@@ -79,36 +83,73 @@ void ModelFixture::connectAccount(const ProviderAccount& wanted) {
 
 void ModelFixture::disconnectAccount() {
   Job::start([this](std::stop_token token) {
-    return signOut(token, QPointer(model.get()));
+    return leave(token, QPointer(model.get()));
   }).detach();
   settle();
 }
 
+void ModelFixture::acceptSignIn() {
+  transport.answer(QString(), acceptedSignIn());
+  require([&] { return signInOver; }, "the sign-in did not end");
+}
+
 void ModelFixture::signIn(const QByteArray& liveBody) {
   connectAccount(account);
-  transport.answer(QString(), acceptedSignIn());
-  if (!eventually([&] { return signInOver; })) qFatal("the sign-in did not end");
-  const bool asked = eventually([&] { return transport.open(action(LibraryKind::live)) == 1; });
-  if (!asked) qFatal("the live library was not asked for");
-  transport.answer(action(LibraryKind::live), liveBody);
-  transport.answer(categoryAction(LibraryKind::live), "[]");
-  if (!eventually([&] { return model->libraries().loading().empty(); }))
-    qFatal("the load did not end");
+  acceptSignIn();
+  answer(LibraryKind::live, liveBody);
+}
+
+void ModelFixture::signOut() {
+  disconnectAccount();
+  require([&] { return !model->session().account() && !model->session().signingInOrOut(); },
+          "the sign-out did not end");
+}
+
+void ModelFixture::answer(LibraryKind kind, const QByteArray& entries,
+                          const QByteArray& categories) {
+  require([&] { return isAskedFor(kind); }, "the library was not asked for");
+  transport.answer(action(kind), entries);
+  transport.answer(categoryAction(kind), categories);
+  require([&] { return !model->libraries().loading().contains(kind); }, "the load did not end");
+  settle();
+}
+
+void ModelFixture::always(LibraryKind kind, const QByteArray& entries,
+                          const QByteArray& categories) {
+  transport.always(action(kind), entries);
+  transport.always(categoryAction(kind), categories);
+}
+
+bool ModelFixture::isAskedFor(LibraryKind kind) {
+  return eventually([&] { return transport.open(action(kind)) == 1; });
+}
+
+bool ModelFixture::idle() {
+  return eventually(
+      [&] { return model->libraries().loading().empty() && !model->session().signingInOrOut(); });
+}
+
+QString ModelFixture::selectedID() const {
+  return model->browsing().selected() ? model->browsing().selected()->id : QString();
+}
+
+MediaItem ModelFixture::entry(LibraryKind kind, int number) {
+  const QString id = QString::number(number);
+  return {.id = entryID(kind, id),
+          .providerID = id,
+          .kind = kind,
+          .name = u"Title "_s + id,
+          .fileExtension = u"mkv"_s};
 }
 
 void ModelFixture::playMovie(std::int64_t time) {
-  MediaItem movie;
-  movie.id = QStringLiteral("movies:2");
-  movie.providerID = QStringLiteral("2");
-  movie.kind = LibraryKind::movies;
-  movie.fileExtension = QStringLiteral("mkv");
-  model->play(movie);
+  model->play(entry(LibraryKind::movies, 2));
   settle();
-  engine.now.state = EngineState::playing;
-  engine.now.hasMedia = true;
-  engine.now.seekable = true;
-  engine.now.length = 500'000;
-  engine.now.time = time;
+  engine.now = {.state = EngineState::playing,
+                .hasMedia = true,
+                .time = time,
+                .length = 500'000,
+                .seekable = true};
   clock.advance(std::chrono::milliseconds(500));
 }
 

@@ -18,6 +18,8 @@
 
 namespace vantor::test {
 
+using namespace Qt::StringLiterals;
+
 /// A whole model over fakes; destroying the model and making another is the next launch.
 struct ModelFixture {
   ModelFixture();
@@ -32,19 +34,35 @@ struct ModelFixture {
   void quit();
   /// Starts a sign-in whose result ends up in `signInFailure`.
   void connectAccount(const ProviderAccount& account);
-  void disconnectAccount();
+  /// The provider accepts the sign-in that runs.
+  void acceptSignIn();
   /// Signs in with `account` and loads the live library from `body`.
   void signIn(const QByteArray& liveBody = "[]");
+  void disconnectAccount();
+  /// The same, to its end.
+  void signOut();
 
-  ProviderAccount account =
-      ProviderAccount::validated(QStringLiteral("Vantor TV"), QStringLiteral("http://tv.example"),
-                                 QStringLiteral("user"), QStringLiteral("secret"));
+  /// Answers the request for a library once it is there, and waits until nothing loads.
+  void answer(LibraryKind kind, const QByteArray& entries, const QByteArray& categories = "[]");
+  /// Every later request for the library is answered at once.
+  void always(LibraryKind kind, const QByteArray& entries, const QByteArray& categories = "[]");
+  bool isAskedFor(LibraryKind kind);
+  /// Nothing loads, and nobody signs in or out.
+  bool idle();
+
+  /// An entry of the list.
+  MediaItem item(std::size_t row) const { return model->browsing().items().item(row); }
+  QString selectedID() const;
+  /// An entry of the provider, whether or not it is in a library.
+  static MediaItem entry(LibraryKind kind, int number);
   /// Plays the movie 2 of 500 seconds, which then stands at `time` in milliseconds.
   void playMovie(std::int64_t time = 0);
   static QByteArray acceptedSignIn();
   /// Rows with the ids first, first + 1, …, and names "Title <id>".
   static QByteArray rows(LibraryKind kind, int first, int count);
 
+  ProviderAccount account =
+      ProviderAccount::validated(u"Vantor TV"_s, u"http://tv.example"_s, u"user"_s, u"secret"_s);
   QTemporaryDir home;
   ManualClock clock;
   FakeEngine engine;
@@ -54,7 +72,7 @@ struct ModelFixture {
   Worker worker;
   Worker secretsWorker;
   Folders folders;
-  SecureStore secureStore{credentials, QStringLiteral("tv.vantor.player")};
+  SecureStore secureStore{credentials, u"tv.vantor.player"_s};
   std::unique_ptr<Preferences> preferences;
   std::unique_ptr<VantorConfiguration> configuration;
   std::unique_ptr<AppModel> model;

@@ -2,16 +2,35 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QEventLoop>
 
 namespace vantor::test {
 
+namespace {
+
+/// Counts the posted calls and deletions that arrive. Painting, which a window may post for ever,
+/// is neither.
+class Arrivals final : public QObject {
+ public:
+  Arrivals() { QCoreApplication::instance()->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::MetaCall || event->type() == QEvent::DeferredDelete) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+}  // namespace
+
 void settle() {
-  // A resumed coroutine posts its next step, so one pass is not enough.
-  for (int pass = 0; pass < 40; ++pass) {
+  Arrivals arrivals;
+  // A resumed coroutine posts its next step, and a deletion may resume one.
+  do {
+    arrivals.count = 0;
     QCoreApplication::sendPostedEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
+  } while (arrivals.count > 0);
 }
 
 bool eventually(const std::function<bool()>& condition) {

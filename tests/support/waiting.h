@@ -4,7 +4,8 @@
 
 namespace vantor::test {
 
-/// Lets the event loop run until nothing is posted to the main thread any more.
+/// Delivers what is posted to the main thread, and what that posts, until no call and no deletion
+/// is left.
 void settle();
 
 /// Declared first in a fixture, lets every cancelled job end before the next test.

@@ -9,47 +9,44 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using test::settle;
+using namespace test;
 
-class ItemListModelTest : public ::testing::Test, protected test::ModelFixture {
+class ItemListModelTest : public ::testing::Test, protected ModelFixture {
  protected:
   AppModel& app = launch();
-  std::unique_ptr<ItemListModel> list =
-      std::make_unique<ItemListModel>(app.browsing(), app.record(), app.playback());
+  ItemListModel list{app.browsing(), app.record(), app.playback()};
 
-  void TearDown() override { list.reset(); }
-  QVariant read(int row, ItemListModel::Role role) { return list->data(list->index(row), role); }
+  QVariant read(int row, ItemListModel::Role role) { return list.data(list.index(row), role); }
 };
 
 TEST_F(ItemListModelTest, ListsTheEntriesUpToItsLimit) {
-  EXPECT_EQ(list->rowCount(), 0);
+  EXPECT_EQ(list.rowCount(), 0);
   signIn(rows(LibraryKind::live, 0, 2501));
-  EXPECT_EQ(list->rowCount(), 2500);
+  EXPECT_EQ(list.rowCount(), 2500);
   EXPECT_EQ(read(2499, ItemListModel::NameRole), u"Title 2499"_s);
   EXPECT_EQ(read(7, ItemListModel::ItemIDRole), u"live:7"_s);
-  EXPECT_FALSE(list->data(list->index(2500), ItemListModel::NameRole).isValid());
+  EXPECT_FALSE(list.data(list.index(2500), ItemListModel::NameRole).isValid());
   app.browsing().setSearch(u"title 25"_s);
-  EXPECT_EQ(list->rowCount(), 12);
+  EXPECT_EQ(list.rowCount(), 12);
   EXPECT_EQ(read(0, ItemListModel::NameRole), u"Title 25"_s);
 }
 
 TEST_F(ItemListModelTest, FollowsSelectionPlayingAndFavourites) {
   signIn(rows(LibraryKind::live, 0, 2600));
-  EXPECT_EQ(list->currentRow(), -1);
-  app.select(app.browsing().items().item(3));
-  EXPECT_EQ(list->currentRow(), 3);
+  EXPECT_EQ(list.currentRow(), -1);
+  app.select(item(3));
+  EXPECT_EQ(list.currentRow(), 3);
   EXPECT_TRUE(read(3, ItemListModel::IsSelectedRole).toBool());
-  app.select(app.browsing().items().item(2550));
-  EXPECT_EQ(list->currentRow(), -1) << "selected beyond the rows";
+  app.select(item(2550));
+  EXPECT_EQ(list.currentRow(), -1) << "selected beyond the rows";
   EXPECT_FALSE(read(3, ItemListModel::IsSelectedRole).toBool());
 
-  QSignalSpy changes(list.get(), &ItemListModel::dataChanged);
-  app.play(app.browsing().items().item(5));
+  QSignalSpy changes(&list, &ItemListModel::dataChanged);
+  app.play(item(5));
   ASSERT_FALSE(changes.isEmpty());
   EXPECT_EQ(changes.last().first().toModelIndex().row(), 5);
   EXPECT_TRUE(read(5, ItemListModel::IsPlayingRole).toBool());
-  app.favorite(app.browsing().items().item(6));
+  app.favorite(item(6));
   EXPECT_TRUE(read(6, ItemListModel::IsFavoriteRole).toBool());
   EXPECT_FALSE(read(5, ItemListModel::IsFavoriteRole).toBool());
 }

@@ -9,12 +9,18 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using test::eventually;
-using test::settle;
+using namespace test;
 
-class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
+const QString choose = u"Choose a title to watch or save it to My list."_s;
+
+class PosterViewTest : public ::testing::Test, protected ModelFixture {
  protected:
+  /// Signs in and goes to a library of these entries.
+  void open(LibraryKind kind, const QByteArray& entries) {
+    open();
+    signIn();
+    show(kind, entries);
+  }
   void open(const QStringList& arguments = {}) {
     launch(arguments);
     shell = std::make_unique<TVShell>(*model);
@@ -23,19 +29,14 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
     QObject::connect(view.get(), &PosterView::centerRequested,
                      [this](int row) { centered.append(row); });
   }
-  void TearDown() override {
-    episodes.reset();
-    view.reset();
-    shell.reset();
-  }
-  void load(LibraryKind kind, const QByteArray& body) {
+  void show(LibraryKind kind, const QByteArray& entries) {
     for (const Section section : allSections)
       if (libraryOf(section) == kind) model->navigate(section);
-    ASSERT_TRUE(eventually([&] { return transport.open(action(kind)) == 1; }));
-    transport.answer(action(kind), body);
-    transport.answer(categoryAction(kind), "[]");
-    ASSERT_TRUE(eventually([&] { return model->libraries().loading().empty(); }));
-    settle();
+    answer(kind, entries);
+  }
+  /// What stands over the list: section, name, facts, description.
+  QStringList hero() const {
+    return {view->kicker(), view->name(), view->facts(), view->description()};
   }
   void openShow(const QByteArray& answer) {
     shell->activateSelection();
@@ -58,37 +59,24 @@ class PosterViewTest : public ::testing::Test, protected test::ModelFixture {
   QList<int> centered;
 };
 
-TEST_F(PosterViewTest, PresentsTheSectionWhenItHasNoEntries) {
+TEST_F(PosterViewTest, PresentsTheSectionOrItsFirstEntryUntilOneIsSelected) {
   open();
   model->navigate(Section::favorites);
-  EXPECT_EQ(view->kicker(), u"MY LIST"_s);
-  EXPECT_EQ(view->name(), u"My list"_s);
-  EXPECT_EQ(view->facts(), QString());
-  EXPECT_EQ(view->description(), u"Choose a title to watch or save it to My list."_s);
+  EXPECT_EQ(hero(), (QStringList{u"MY LIST"_s, u"My list"_s, u""_s, choose}));
   EXPECT_FALSE(view->hasHero());
   EXPECT_EQ(view->content(), PosterView::Content::Empty);
   EXPECT_EQ(view->keyRow(), -1);
-}
-
-TEST_F(PosterViewTest, PresentsTheFirstEntryUntilOneIsSelected) {
-  open();
-  signIn();
-  load(LibraryKind::movies, R"([
+  open(LibraryKind::movies, R"([
       {"stream_id":1,"name":"First","plot":"A plot.","year":"1999","rating":"7.5"},
       {"stream_id":2,"name":"Second","plot":"","rating":""},
       {"stream_id":3,"name":"Third","year":"2004"}])");
-  EXPECT_EQ(view->kicker(), u"MOVIES"_s);
-  EXPECT_EQ(view->name(), u"First"_s);
-  EXPECT_EQ(view->facts(), u"1999   ★ 7.5"_s);
-  EXPECT_EQ(view->description(), u"A plot."_s);
+  EXPECT_EQ(hero(), (QStringList{u"MOVIES"_s, u"First"_s, u"1999   ★ 7.5"_s, u"A plot."_s}));
   EXPECT_EQ(view->openLabel(), u"Play"_s);
   EXPECT_EQ(view->keyRow(), 0);
   EXPECT_FALSE(view->allShowsOffered());
 
   view->choose(1);
-  EXPECT_EQ(view->name(), u"Second"_s);
-  EXPECT_EQ(view->facts(), QString());
-  EXPECT_EQ(view->description(), u"Choose a title to watch or save it to My list."_s);
+  EXPECT_EQ(hero(), (QStringList{u"MOVIES"_s, u"Second"_s, u""_s, choose}));
   EXPECT_EQ(view->keyRow(), 1);
   view->choose(3);
   EXPECT_EQ(view->name(), u"Second"_s) << "there is no such row";
@@ -125,21 +113,17 @@ TEST_F(PosterViewTest, SampleEntriesSaySo) {
 }
 
 TEST_F(PosterViewTest, SaysThatNotEveryEntryHasAPoster) {
-  open();
-  signIn();
-  load(LibraryKind::movies, rows(LibraryKind::movies, 0, 2501));
+  open(LibraryKind::movies, rows(LibraryKind::movies, 0, 2501));
   EXPECT_EQ(view->limitNote(),
             u"Showing 2,500 titles. Choose a category or search to narrow the results."_s);
   view->choose(2500);
   EXPECT_EQ(view->keyRow(), -1);
-  load(LibraryKind::shows, rows(LibraryKind::shows, 0, 2500));
+  show(LibraryKind::shows, rows(LibraryKind::shows, 0, 2500));
   EXPECT_EQ(view->limitNote(), QString());
 }
 
 TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
-  open();
-  signIn();
-  load(LibraryKind::movies, rows(LibraryKind::movies, 0, 100));
+  open(LibraryKind::movies, rows(LibraryKind::movies, 0, 100));
   centered.clear();
   view->choose(8);
   settle();
@@ -149,7 +133,7 @@ TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
   EXPECT_EQ(model->browsing().browseAnchor(Section::movies), u"movies:60"_s)
       << "no entry leaves it unchanged";
 
-  load(LibraryKind::shows, rows(LibraryKind::shows, 0, 100));
+  show(LibraryKind::shows, rows(LibraryKind::shows, 0, 100));
   EXPECT_EQ(centered.last(), -1) << "a section seen for the first time starts at its top";
   centered.clear();
   model->navigate(Section::movies);
@@ -163,9 +147,7 @@ TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
 }
 
 TEST_F(PosterViewTest, EpisodesAreListedBySeason) {
-  open();
-  signIn();
-  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 2));
+  open(LibraryKind::shows, rows(LibraryKind::shows, 7, 2));
   openShow(R"({"episodes":{
       "2":[{"id":"21","title":"Later","season":2,"episode_num":3}],
       "1":[{"id":"11","title":"One","season":1,"episode_num":1},
@@ -192,24 +174,8 @@ TEST_F(PosterViewTest, EpisodesAreListedBySeason) {
   EXPECT_EQ(episodes->rowCount(), 0);
 }
 
-TEST_F(PosterViewTest, EpisodesWithoutNumbersBelongToNoSeason) {
-  open();
-  signIn();
-  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 1));
-  QByteArray many;
-  for (int i = 0; i < 10000; ++i)
-    many +=
-        QByteArray(i ? "," : "") + R"({"id":")" + QByteArray::number(i) + R"(","title":"Part"})";
-  openShow(R"({"episodes":{"all":[)" + many + "]}}");
-  ASSERT_EQ(episodes->rowCount(), 10000);
-  EXPECT_EQ(episodes->seasons(), QStringList{u"All seasons"_s});
-  EXPECT_EQ(read(EpisodeListModel::LabelRole).last(), u"S1 · E1"_s);
-}
-
-TEST_F(PosterViewTest, SaysWhyThereAreNoEpisodes) {
-  open();
-  signIn();
-  load(LibraryKind::shows, rows(LibraryKind::shows, 7, 2));
+TEST_F(PosterViewTest, SaysWhyThereAreNoEpisodesAndListsThoseWithoutSeason) {
+  open(LibraryKind::shows, rows(LibraryKind::shows, 7, 3));
   openShow(R"({"episodes":{}})");
   EXPECT_EQ(episodes->progress(), QString());
   EXPECT_EQ(episodes->emptyNote(), u"No episodes returned by this provider."_s);
@@ -218,6 +184,14 @@ TEST_F(PosterViewTest, SaysWhyThereAreNoEpisodes) {
   openShow("<html>");
   EXPECT_EQ(episodes->error(), *model->details().detailsError());
   EXPECT_FALSE(episodes->error().isEmpty());
+  QByteArrayList many;
+  for (int i = 0; i < 10'000; ++i)
+    many.append(R"({"id":")" + QByteArray::number(i) + R"(","title":"Part"})");
+  shell->selectRow(2);
+  openShow(R"({"episodes":{"all":[)" + many.join(',') + "]}}");
+  ASSERT_EQ(episodes->rowCount(), 10'000);
+  EXPECT_EQ(episodes->seasons(), QStringList{u"All seasons"_s}) << "they have no numbers";
+  EXPECT_EQ(read(EpisodeListModel::LabelRole).last(), u"S1 · E1"_s);
 }
 
 }  // namespace

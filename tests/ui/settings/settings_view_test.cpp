@@ -8,9 +8,7 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using test::eventually;
-using test::settle;
+using namespace test;
 
 class FakeOpener final : public Opener {
  public:
@@ -18,44 +16,42 @@ class FakeOpener final : public Opener {
   QList<QUrl> opened;
 };
 
-class SettingsViewTest : public ::testing::Test, protected test::ModelFixture {
+class SettingsViewTest : public ::testing::Test, protected ModelFixture {
  protected:
   FakeOpener opener;
   AppModel& app = launch();
-  std::unique_ptr<SettingsView> view = std::make_unique<SettingsView>(
-      app, opener, SettingsLinks{QUrl(u"https://support.example/"_s), u"/usr/share/vantor"_s});
+  SettingsView view{app, opener, {QUrl(u"https://support.example/"_s), u"/usr/share/vantor"_s}};
 
   void SetUp() override { app.setShowingSettings(true); }
-  void TearDown() override { view.reset(); }
   QStringList texts() {
     QStringList list;
-    for (const QVariant& block : view->blocks())
+    for (const QVariant& block : view.blocks())
       list.append(block.toMap().value(u"text"_s).toString());
     return list;
   }
   void activate(const QString& text) {
     const auto index = texts().indexOf(text);
     ASSERT_GE(index, 0) << text.toStdString();
-    view->activate(static_cast<int>(index));
+    view.activate(static_cast<int>(index));
   }
 };
 
 TEST_F(SettingsViewTest, EscLeadsFromAPageToTheMainOneAndOut) {
   EXPECT_EQ(texts(), (QStringList{u"Playlists"_s, u"Playback"_s, u"TV guide"_s, u"About"_s}));
-  EXPECT_EQ(view->backLabel(), u"Done"_s);
+  EXPECT_EQ(view.backLabel(), u"Done"_s);
   for (const QString& page : texts()) {
     activate(page);
-    EXPECT_EQ(view->title(), page);
-    EXPECT_FALSE(view->blocks().isEmpty());
-    EXPECT_EQ(view->backLabel(), u"Back"_s);
-    view->back();
-    EXPECT_EQ(view->title(), u"Settings"_s);
+    EXPECT_EQ(view.title(), page);
+    EXPECT_FALSE(view.blocks().isEmpty());
+    EXPECT_EQ(view.backLabel(), u"Back"_s);
+    view.back();
+    EXPECT_EQ(view.title(), u"Settings"_s);
   }
-  view->back();
+  view.back();
   EXPECT_FALSE(app.showingSettings());
   activate(u"Playback"_s);
   app.setShowingSettings(true);
-  EXPECT_EQ(view->title(), u"Settings"_s) << "opens at the main page";
+  EXPECT_EQ(view.title(), u"Settings"_s) << "opens at the main page";
 }
 
 TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
@@ -67,37 +63,41 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   ASSERT_TRUE(eventually([&] { return signInOver; }));
   EXPECT_EQ(texts().first(), u"Vantor TV"_s);
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
-  disconnectAccount();
-  ASSERT_TRUE(eventually([&] { return !app.session().signingInOrOut(); }));
+  signOut();
   activate(u"Playlists"_s);
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
 }
 
-TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesAndSaysSo) {
-  signIn();
+TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesOrTheGuideAndSaysSo) {
+  signIn(rows(LibraryKind::live, 0, 1));
   activate(u"Playlists"_s);
   activate(u"Refresh playlists"_s);
   EXPECT_EQ(app.libraries().loading().size(), 3u);
-  EXPECT_EQ(view->message(), u"Refresh requested. Your saved library remains available."_s);
-  view->back();
-  EXPECT_EQ(view->message(), QString());
+  EXPECT_EQ(view.message(), u"Refresh requested. Your saved library remains available."_s);
+  view.back();
+  EXPECT_EQ(view.message(), QString());
+
+  app.select(item(0));
+  settle();
   activate(u"TV guide"_s);
   activate(u"Refresh guide information"_s);
-  EXPECT_EQ(view->message(), u"Guide information will reload when you select a channel."_s);
+  settle();
+  EXPECT_EQ(transport.requests(u"get_short_epg"_s), 2) << "that of the selected channel again";
+  EXPECT_EQ(view.message(), u"Guide information will reload when you select a channel."_s);
 }
 
 TEST_F(SettingsViewTest, RemovalAsksFirst) {
   signIn(rows(LibraryKind::live, 0, 2));
   activate(u"Playlists"_s);
   activate(u"Remove saved provider"_s);
-  EXPECT_TRUE(view->confirmingRemoval());
-  view->cancelRemoval();
+  EXPECT_TRUE(view.confirmingRemoval());
+  view.cancelRemoval();
   settle();
-  EXPECT_FALSE(view->confirmingRemoval());
+  EXPECT_FALSE(view.confirmingRemoval());
   EXPECT_EQ(app.browsing().items().size(), 2u);
   activate(u"Remove saved provider"_s);
-  view->removeProvider();
+  view.removeProvider();
   ASSERT_TRUE(
       eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
   EXPECT_FALSE(app.showingSettings());
@@ -113,22 +113,11 @@ TEST_F(SettingsViewTest, RowsLeadWhereTheySay) {
   activate(u"Help & support"_s);
   EXPECT_EQ(opener.opened, (QList<QUrl>{QUrl(u"file:///usr/share/vantor/Licenses"_s),
                                         QUrl(u"https://support.example/"_s)}));
-  view->back();
+  view.back();
   activate(u"Playback"_s);
   activate(u"Open media file"_s);
   settle();
   EXPECT_EQ(filePanel.shown, 1);
-}
-
-TEST_F(SettingsViewTest, RefreshingTheGuideAsksForTheSelectedChannelAgain) {
-  signIn(rows(LibraryKind::live, 0, 1));
-  app.select(app.browsing().items().item(0));
-  settle();
-  activate(u"TV guide"_s);
-  activate(u"Refresh guide information"_s);
-  settle();
-  EXPECT_EQ(transport.requests(u"get_short_epg"_s), 2);
-  EXPECT_EQ(view->message(), u"Guide information will reload when you select a channel."_s);
 }
 
 }  // namespace

@@ -7,19 +7,16 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using test::eventually;
-using test::settle;
+using namespace test;
 
 const QString config = u"vantor-config.json"_s;
 
-class ConnectViewTest : public ::testing::Test, protected test::ModelFixture {
+class ConnectViewTest : public ::testing::Test, protected ModelFixture {
  protected:
   AppModel& app = launch();
   std::unique_ptr<ConnectView> view = std::make_unique<ConnectView>(app);
 
   void SetUp() override { app.setShowingConnect(true); }
-  void TearDown() override { view.reset(); }
   void type(const QString& username, const QString& password) {
     view->setUsername(username);
     view->setPassword(password);
@@ -30,6 +27,12 @@ class ConnectViewTest : public ::testing::Test, protected test::ModelFixture {
     settle();
     transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
     settle();
+  }
+  bool asks() {
+    return eventually([&] { return transport.open(QString()) == 1; });
+  }
+  bool ends() {
+    return eventually([&] { return !view->working(); });
   }
 };
 
@@ -48,14 +51,14 @@ TEST_F(ConnectViewTest, ConnectsOnlyWithBothFields) {
 TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
   type(u"user"_s, u"secret"_s);
   begin();
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  ASSERT_TRUE(asks());
   EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"tv.example"_s);
   EXPECT_TRUE(view->working());
   EXPECT_FALSE(view->canConnect() || view->closable());
   view->close();
   EXPECT_TRUE(app.showingConnect()) << "not while the provider is being asked";
   transport.answer(QString(), acceptedSignIn());
-  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  ASSERT_TRUE(ends());
   EXPECT_FALSE(app.showingConnect());
   EXPECT_EQ(app.session().account()->name, u"Vantor TV"_s);
   EXPECT_EQ(view->password(), QString());
@@ -69,9 +72,9 @@ TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
 TEST_F(ConnectViewTest, AFailureKeepsWhatWasTyped) {
   type(u"user"_s, u"wrong"_s);
   begin();
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  ASSERT_TRUE(asks());
   transport.answer(QString(), R"({"user_info":{"auth":0}})");
-  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  ASSERT_TRUE(ends());
   EXPECT_EQ(view->error(),
             u"Your provider did not accept this account. Check the username, password and "
             "subscription status."_s);
@@ -80,9 +83,9 @@ TEST_F(ConnectViewTest, AFailureKeepsWhatWasTyped) {
   EXPECT_TRUE(view->canConnect());
   begin();
   EXPECT_EQ(view->error(), QString());
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
-  transport.fail(QString(), std::make_exception_ptr(URLError(URLError::Code::unreachable)));
-  ASSERT_TRUE(eventually([&] { return !view->working(); }));
+  ASSERT_TRUE(asks());
+  transport.fail(QString(), URLError(URLError::Code::unreachable));
+  ASSERT_TRUE(ends());
   EXPECT_EQ(view->error(),
             u"Unable to connect. Check your internet connection and provider details, then try "
             "again."_s);
@@ -101,7 +104,7 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
   app.setShowingConnect(true);
   type(u"user"_s, u"secret"_s);
   begin();
-  ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+  ASSERT_TRUE(asks());
   view.reset();
   settle();
   EXPECT_TRUE(transport.exchanges().back()->cancelled);

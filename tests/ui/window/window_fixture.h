@@ -15,8 +15,6 @@
 
 namespace vantor::test {
 
-using namespace Qt::StringLiterals;
-
 struct NoOpener final : Opener {
   void open(const QUrl&) override {}
 };
@@ -44,6 +42,12 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     window = qobject_cast<QQuickWindow*>(qml->rootObjects().constFirst());
     window->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  }
+
+  /// Signed in, with so many channels.
+  void open(int channels) {
+    open();
+    signIn(rows(LibraryKind::live, 1, channels));
   }
 
   void SetUp() override {
@@ -88,8 +92,16 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
                       item->mapToScene(item->boundingRect().center()).toPoint());
     QTest::qWait(0);
   }
+  /// The same, once it is there.
+  QQuickItem* appears(const char* property, const QVariant& value) const {
+    QQuickItem* found = nullptr;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (found = find(property, value)) != nullptr; }))
+        << value.toString().toStdString();
+    return found ? found : window->contentItem();
+  }
   /// What was opened shows its first picture.
   void showPicture() {
+    settle();
     engine.now.state = EngineState::playing;
     engine.now.decodedVideo = 1;
     clock.advance(std::chrono::milliseconds(250));
@@ -102,10 +114,6 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     EXPECT_NE(selectedID(), before) << after;
     EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
   }
-  QString selectedID() const {
-    return app->browsing().selected() ? app->browsing().selected()->id : QString();
-  }
-
   QStringList messages;
   QtMessageHandler previous = nullptr;
   DialogFilePanel dialog;

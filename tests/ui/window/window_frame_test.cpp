@@ -13,11 +13,10 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
+using namespace test;
 
 /// What the window's frame does, and what works in the whole window.
-class WindowFrameTest : public test::WindowTest {
+class WindowFrameTest : public WindowTest {
  protected:
   /// The visible text that is cut where it does not fit.
   static const QQuickItem* elidedLabel(const QString& text, const QQuickItem* from) {
@@ -30,6 +29,10 @@ class WindowFrameTest : public test::WindowTest {
   }
   bool becomes(Qt::WindowState state) {
     return QTest::qWaitFor([&] { return window->windowState() == state; });
+  }
+  /// So that the next click begins no double click.
+  static void pause() {
+    QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
   }
   Qt::CursorShape cursorAt(QPoint place) {
     QTest::mouseMove(window, place);
@@ -48,10 +51,10 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
     const QQuickItem* focused = window->activeFocusItem();
     const int asked = filePanel.shown;
     press(Qt::Key_O, Qt::ControlModifier);
-    test::settle();
+    settle();
     EXPECT_EQ(filePanel.shown, asked + 1);
     filePanel.choice.resolve(std::nullopt);
-    test::settle();
+    settle();
     engine.takeCalls();
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(quits.count(), 1);
@@ -68,22 +71,16 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
       EXPECT_TRUE(becomes(Qt::WindowMaximized)) << header.x();
       window->setWindowState(Qt::WindowNoState);
       EXPECT_TRUE(becomes(Qt::WindowNoState));
-      QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+      pause();
     }
-    const auto pause = [] {
-      QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
-    };
-    pause();
     const QPoint close(window->width() - 12 - 17, 38);
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(36, 0));
-    EXPECT_TRUE(becomes(Qt::WindowMaximized));
-    pause();
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(36, 0));
-    EXPECT_TRUE(becomes(Qt::WindowNoState));
-    EXPECT_EQ(window->activeFocusItem(), focused);
-    pause();
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(72, 0));
-    EXPECT_TRUE(becomes(Qt::WindowMinimized));
+    for (const auto& [left, state] :
+         {std::pair(36, Qt::WindowMaximized), {36, Qt::WindowNoState}, {72, Qt::WindowMinimized}}) {
+      pause();
+      QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close - QPoint(left, 0));
+      EXPECT_TRUE(becomes(state)) << left;
+      EXPECT_TRUE(state != Qt::WindowNoState || window->activeFocusItem() == focused);
+    }
     window->showNormal();
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, close);
     EXPECT_FALSE(window->isVisible());
@@ -100,11 +97,10 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
 
 TEST_F(WindowFrameTest, ScrollBarsAtTheEdgeAreGrabbedInTheirWholeWidth) {
   open();
-  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 60));
-  transport.always(categoryAction(LibraryKind::movies), "[]");
+  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 60));
   signIn(rows(LibraryKind::live, 1, 3));
   press(Qt::Key_2, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 60; }));
+  ASSERT_TRUE(eventually([&] { return app->browsing().items().size() == 60; }));
   QTest::qWait(100);
   QQuickItem* bar = find("atWindowEdge", true);
   ASSERT_TRUE(bar);
@@ -133,7 +129,7 @@ TEST_F(WindowFrameTest, AFileIsAskedForAgainAfterADialogThatDoesNotLoad) {
   qml->addUrlInterceptor(&broken);
   for (int i = 0; i < 2; ++i) {
     using File = std::optional<QUrl>;
-    EXPECT_EQ(test::awaited<File>(dialog.chooseMediaFile()), std::nullopt) << i;
+    EXPECT_EQ(awaited<File>(dialog.chooseMediaFile()), std::nullopt) << i;
   }
   messages.clear();
 }
@@ -147,12 +143,8 @@ TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
       return QRegularExpression::fromWildcard(pattern, Qt::CaseSensitive).match(file).hasMatch();
     });
   };
-  for (const char* extension :
-       {"mkv", "mp4", "m4v",  "mov", "avi",  "webm", "ts",  "m2ts", "mts", "mpg",  "mpeg", "vob",
-        "wmv", "asf", "flv",  "ogv", "3gp",  "3g2",  "mxf", "divx", "rm",  "rmvb", "mp3",  "m4a",
-        "m4b", "aac", "flac", "ogg", "opus", "wav",  "wma", "ac3",  "mka", "aiff", "aif",  "dts"})
-    for (const QString& file : {u"film."_s + QLatin1String(extension),
-                                u"FILM."_s + QString::fromLatin1(extension).toUpper()})
+  for (const QString& extension : {u"mkv"_s, u"ts"_s, u"m2ts"_s, u"mp3"_s, u"dts"_s})
+    for (const QString& file : {u"film."_s + extension, u"FILM."_s + extension.toUpper()})
       EXPECT_TRUE(offered(file)) << file.toStdString();
   for (const QString& file : {u"letter.pdf"_s, u"picture.png"_s, u"mkv"_s, u"a.mkv.txt"_s})
     EXPECT_FALSE(offered(file)) << file.toStdString();
@@ -171,17 +163,17 @@ TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   ASSERT_EQ(screen.size(), QSize(1600, 1000));
   const struct {
-    QStringList stored;
+    QString stored;  // left, top, width, height, and whether it is maximized
     QRect expected;
     bool placed = true;
   } cases[] = {
-      {{}, {0, 0, 1320, 820}, false},
-      {{u"120"_s, u"90"_s, u"1150"_s, u"740"_s, QString()}, {120, 90, 1150, 740}},
-      {{u"900"_s, u"-50"_s, u"1150"_s, u"740"_s, QString()}, {450, 0, 1150, 740}},
-      {{u"0"_s, u"0"_s, u"9000"_s, u"9000"_s, QString()}, {0, 0, 1600, 1000}},
-      {{u"5000"_s, u"0"_s, u"1150"_s, u"740"_s, QString()}, {0, 0, 1150, 740}, false},
-      {{u"x"_s, u""_s, u"-5"_s, u"1e9"_s, QString()}, {0, 0, 1100, 720}, false},
-      {{u"1"_s}, {0, 0, 1320, 820}, false},
+      {u""_s, {0, 0, 1320, 820}, false},
+      {u"120,90,1150,740,"_s, {120, 90, 1150, 740}},
+      {u"900,-50,1150,740,"_s, {450, 0, 1150, 740}},
+      {u"0,0,9000,9000,"_s, {0, 0, 1600, 1000}},
+      {u"5000,0,1150,740,"_s, {0, 0, 1150, 740}, false},
+      {u"x,,-5,1e9,"_s, {0, 0, 1100, 720}, false},
+      {u"1"_s, {0, 0, 1320, 820}, false},
   };
   Preferences stored(home.filePath(u"window.ini"_s));
   const auto make = [] {
@@ -192,14 +184,12 @@ TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
     return made;
   };
   for (const auto& [place, expected, placed] : cases) {
-    SCOPED_TRACE(place.join(u' ').toStdString());
-    stored.setTextList(u"windowPlace"_s, place);
+    SCOPED_TRACE(place.toStdString());
+    if (!place.isEmpty()) stored.setTextList(u"windowPlace"_s, place.split(u','));
     const auto next = make();
     const WindowPlace restored(*next, stored);
     EXPECT_EQ(next->size(), expected.size());
-    if (placed) {
-      EXPECT_EQ(next->position(), expected.topLeft());
-    }
+    EXPECT_TRUE(!placed || next->position() == expected.topLeft());
   }
   const QRect moved(70, 60, 1180, 730);
   for (const bool maximized : {false, true}) {
@@ -227,9 +217,8 @@ TEST_F(WindowFrameTest, NamesStandLeftOnOneLineAndTheLogoIsThereAtOnce) {
   ASSERT_TRUE(brand);
   EXPECT_GT(brand->property("paintedWidth").toReal(), 0);
   signIn(R"([{"stream_id":1,"name":"أخبار"},{"stream_id":2,"name":"One\nTwo"}])");
-  transport.always(action(LibraryKind::movies),
-                   R"([{"stream_id":1,"name":"חדשות"},{"stream_id":2,"name":"One\r\nTwo"}])");
-  transport.always(categoryAction(LibraryKind::movies), "[]");
+  always(LibraryKind::movies,
+         R"([{"stream_id":1,"name":"חדשות"},{"stream_id":2,"name":"One\r\nTwo"}])");
   for (const auto& [key, names] : {std::pair(Qt::Key_1, QStringList{u"أخبار"_s, u"One Two"_s}),
                                    std::pair(Qt::Key_2, QStringList{u"חדשות"_s, u"One Two"_s})}) {
     press(key, Qt::ControlModifier);

@@ -14,10 +14,8 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-
-using test::WindowTest;
+using namespace test;
 
 /// From every section to every section, with lists of every length on either side.
 TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
@@ -42,10 +40,9 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
   for (const auto& [channels, movies] : lengths) {
     SCOPED_TRACE(testing::Message() << channels << " channels, " << movies << " movies");
     const auto provide = [&](LibraryKind kind, int count) {
-      transport.always(action(kind), count < 0 ? "no library" : rows(kind, 1, count));
-      transport.always(categoryAction(kind),
-                       R"([{"category_id":"0","category_name":"One"},
-                             {"category_id":"9","category_name":"None in it"}])");
+      always(kind, count < 0 ? "no library" : rows(kind, 1, count),
+             R"([{"category_id":"0","category_name":"One"},
+                 {"category_id":"9","category_name":"None in it"}])");
     };
     provide(LibraryKind::live, channels);
     provide(LibraryKind::movies, movies);
@@ -53,12 +50,11 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
     for (const Section from : allSections) {
       go(from);
       connectAccount(account);
-      transport.answer(QString(), acceptedSignIn());
-      ASSERT_TRUE(
-          test::eventually([&] { return signInOver && app->libraries().loading().empty(); }));
+      acceptSignIn();
+      ASSERT_TRUE(idle());
     }
     walk();
-    ASSERT_TRUE(test::eventually([&] { return app->libraries().loading().empty(); }));
+    ASSERT_TRUE(idle());
     walk();
     for (const Section section : {Section::live, Section::movies}) {
       go(section);
@@ -73,17 +69,14 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
           loaded != app->libraries().catalogs().end() && loaded->second.size() > 0)
         app->favorite(loaded->second.item(0));
     go(channels > 1 ? Section::favorites : Section::shows);
-    disconnectAccount();
-    ASSERT_TRUE(test::eventually(
-        [&] { return !app->session().account() && !app->session().signingInOrOut(); }));
+    signOut();
     walk();
   }
 }
 
 /// A key that is held down comes once as itself and then again and again.
 TEST_F(WindowTest, OnlyMovementRepeats) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 20));
+  open(20);
   const auto hold = [&](Qt::Key key) {
     for (const bool again : {false, true, true, true})
       QTest::simulateEvent(window, true, key, Qt::NoModifier, QString(), again);
@@ -110,9 +103,8 @@ TEST_F(WindowTest, OnlyMovementRepeats) {
 /// After each of these the arrows act on the entries.
 TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   open();
-  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
-  transport.always(categoryAction(LibraryKind::movies),
-                   R"([{"category_id":"1","category_name":"One"}])");
+  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40),
+         R"([{"category_id":"1","category_name":"One"}])");
   signIn(rows(LibraryKind::live, 1, 20));
   QQuickItem* group = find("name", u"Group"_s);
   click(group);
@@ -139,34 +131,27 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
   press(Qt::Key_Return);
   app->play(*app->browsing().selected());
-  test::settle();
   showPicture();
-  QQuickItem* stop = find("help", u"Stop playback"_s);
-  ASSERT_TRUE(stop);
-  stop->forceActiveFocus(Qt::TabFocusReason);
+  appears("help", u"Stop playback"_s)->forceActiveFocus(Qt::TabFocusReason);
   press(Qt::Key_Return);
   expectMoves("stopping");
   MediaItem sample;
   sample.isExample = true;
   app->play(sample);
   QTest::qWait(0);
-  QQuickItem* dismiss = find("help", u"Dismiss"_s);
-  ASSERT_TRUE(dismiss);
-  dismiss->forceActiveFocus(Qt::TabFocusReason);
+  appears("help", u"Dismiss"_s)->forceActiveFocus(Qt::TabFocusReason);
   press(Qt::Key_Return);
   expectMoves("a notice that was dismissed");
 
   press(Qt::Key_2, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually([&] { return app->libraries().loading().empty(); }));
+  ASSERT_TRUE(idle());
   QQuickItem* rail = find("text", u"One"_s);
   click(rail);
   EXPECT_EQ(app->browsing().category(), u"1"_s);
   QQuickItem* list = rail->parentItem()->parentItem();
   list->forceActiveFocus(Qt::TabFocusReason);
   EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
-  disconnectAccount();
-  ASSERT_TRUE(test::eventually(
-      [&] { return !app->session().account() && !app->session().signingInOrOut(); }));
+  signOut();
   press(Qt::Key_2, Qt::ControlModifier);
   press(Qt::Key_Tab);
   ASSERT_TRUE(window->activeFocusItem());
@@ -191,8 +176,7 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   tabTo(u"Connect provider"_s);
   press(Qt::Key_Return);
   ASSERT_TRUE(views->connectView()->shown());
-  transport.always(action(LibraryKind::movies), rows(LibraryKind::movies, 1, 40));
-  transport.always(categoryAction(LibraryKind::movies), "[]");
+  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
   signIn(rows(LibraryKind::live, 1, 20));
   ASSERT_FALSE(views->connectView()->shown());
   expectMoves("the button of an empty section, and a sign-in");
@@ -201,7 +185,7 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   for (const QString& way : {u"Retry"_s, u"Close"_s}) {
     engine.now = {};
     press(Qt::Key_Return);
-    test::settle();
+    settle();
     engine.now.state = EngineState::error;
     clock.advance(250ms);
     QTest::qWait(0);
@@ -211,7 +195,6 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   }
   engine.now = {};
   press(Qt::Key_Return);
-  test::settle();
   showPicture();
   engine.takeCalls();
   press(Qt::Key_Space, Qt::ControlModifier);
@@ -240,19 +223,17 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
 
 TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   open();
-  transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 2));
-  transport.always(categoryAction(LibraryKind::shows), "[]");
+  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   signIn(rows(LibraryKind::live, 1, 2));
   press(Qt::Key_3, Qt::ControlModifier);
-  ASSERT_TRUE(test::eventually(
-      [&] { return app->libraries().loading().empty() && !app->browsing().items().empty(); }));
+  ASSERT_TRUE(idle() && !app->browsing().items().empty());
   press(Qt::Key_Return);
-  ASSERT_TRUE(test::eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
+  ASSERT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
   transport.answer(u"get_series_info"_s, R"({"episodes":{"1":[
       {"id":"11","title":"One","season":1,"episode_num":1},
       {"id":"12","title":"Two","season":1,"episode_num":2},
       {"id":"13","title":"Three","season":1,"episode_num":3}]}})");
-  ASSERT_TRUE(test::eventually([&] { return app->details().episodes().size() == 3; }));
+  ASSERT_TRUE(eventually([&] { return app->details().episodes().size() == 3; }));
   press(Qt::Key_Down);
   press(Qt::Key_Return);
   app->playback().setExpanded(true);
@@ -269,57 +250,48 @@ TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   EXPECT_EQ(place(), 0);
 }
 
-TEST_F(WindowTest, TheListTakesTheKeysFromTheStart) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 3));
+TEST_F(WindowTest, TheListTakesKeysFromTheStartAndDoubleClicks) {
+  open(3);
   EXPECT_EQ(window->title(), u"Vantor Player"_s);
+  const QQuickItem* row = appears("name", u"Title 3"_s);
+  ASSERT_TRUE(row);
+  const auto doubleClick = [&](qreal y) {
+    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
+                       row->mapToScene({row->width() / 2, y}).toPoint());
+    QTest::qWait(0);
+  };
   press(Qt::Key_Down);
   press(Qt::Key_Down);
   EXPECT_EQ(selectedID(), u"live:3"_s);
   press(Qt::Key_Left);
+  doubleClick(3 * row->height());
+  EXPECT_EQ(app->playback().itemID(), std::nullopt) << "no row is there";
   press(Qt::Key_Return);
   EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
   press(Qt::Key_PageDown);
   EXPECT_EQ(selectedID(), u"live:3"_s);
   press(Qt::Key_PageUp);
   EXPECT_EQ(selectedID(), u"live:1"_s);
-  test::settle();
   showPicture();
   engine.takeCalls();
   press(Qt::Key_Space);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
-}
-
-TEST_F(WindowTest, ADoubleClickPlaysTheRowUnderThePointer) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 3));
-  QQuickItem* row = nullptr;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 3"_s)) != nullptr; }));
-  const auto doubleClick = [&](qreal y) {
-    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
-                       row->mapToScene({row->width() / 2, y}).toPoint());
-    QTest::qWait(0);
-  };
-  doubleClick(3 * row->height());
-  EXPECT_EQ(app->playback().itemID(), std::nullopt);
   doubleClick(row->height() / 2);
-  EXPECT_EQ(app->playback().itemID(), u"live:3"_s);
+  EXPECT_EQ(app->playback().itemID(), u"live:3"_s) << "the row under the pointer";
 }
 
 TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 200));
-  app->select(app->browsing().items().item(100));
-  QQuickItem* row = nullptr;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return (row = find("name", u"Title 101"_s)) != nullptr; }));
+  open(200);
+  app->select(item(100));
+  const QQuickItem* row = appears("name", u"Title 101"_s);
+  ASSERT_TRUE(row);
   const auto* list = row->parentItem()->parentItem();
   const double middle = row->mapToItem(list, row->boundingRect().center()).y();
   EXPECT_NEAR(middle, list->height() / 2, 2);
 }
 
 TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 3));
+  open(3);
   const QQuickItem* before = window->activeFocusItem();
   const QQuickItem* shell = before;
   while (shell->parentItem() && shell->objectName() != u"shell"_s) shell = shell->parentItem();
@@ -339,21 +311,6 @@ TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
   EXPECT_EQ(window->activeFocusItem(), before);
 }
 
-TEST_F(WindowTest, SignsInWithKeysAlone) {
-  open();
-  app->setShowingConnect(true);
-  QTest::qWait(0);
-  type(u"user"_s);
-  press(Qt::Key_Return);
-  EXPECT_FALSE(views->connectView()->working());
-  press(Qt::Key_Tab);
-  type(u"secret"_s);
-  press(Qt::Key_Return);
-  EXPECT_EQ(views->connectView()->username(), u"user"_s);
-  EXPECT_EQ(views->connectView()->password(), u"secret"_s);
-  EXPECT_TRUE(views->connectView()->working());
-}
-
 void readAll(QAccessibleInterface* node, QStringList& texts) {
   if (!node) return;
   for (const auto kind : {QAccessible::Name, QAccessible::Value, QAccessible::Description})
@@ -362,22 +319,25 @@ void readAll(QAccessibleInterface* node, QStringList& texts) {
   for (int i = 0; i < node->childCount(); ++i) readAll(node->child(i), texts);
 }
 
-TEST_F(WindowTest, AssistiveProgramsReadTheTextsButNotThePassword) {
+TEST_F(WindowTest, SignsInWithKeysAloneAndHidesThePasswordFromAssistivePrograms) {
   QAccessible::setActive(true);
   open();
   app->setShowingConnect(true);
   QTest::qWait(0);
   type(u"visible"_s);
+  press(Qt::Key_Return);
+  EXPECT_FALSE(views->connectView()->working());
   press(Qt::Key_Tab);
   type(u"topsecret"_s);
-  ASSERT_EQ(views->connectView()->password(), u"topsecret"_s);
   QStringList texts;
   readAll(QAccessible::queryAccessibleInterface(window), texts);
-  EXPECT_THAT(texts, ::testing::Contains(u"visible"_s));
-  EXPECT_THAT(texts, ::testing::Contains(u"Password"_s));
-  EXPECT_THAT(texts, ::testing::Contains(u"Connect"_s));
-  for (const QString& text : texts)
-    EXPECT_FALSE(text.contains(u"topsecret"_s)) << text.toStdString();
+  for (const QString& text : {u"visible"_s, u"Password"_s, u"Connect"_s})
+    EXPECT_THAT(texts, ::testing::Contains(text));
+  EXPECT_THAT(texts.filter(u"topsecret"_s), ::testing::IsEmpty());
+  press(Qt::Key_Return);
+  EXPECT_EQ(views->connectView()->username(), u"visible"_s);
+  EXPECT_EQ(views->connectView()->password(), u"topsecret"_s);
+  EXPECT_TRUE(views->connectView()->working());
 }
 
 TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
@@ -474,31 +434,11 @@ TEST_F(WindowTest, EveryIconIsInTheIconFont) {
   EXPECT_GT(seen, 25);
 }
 
-TEST_F(WindowTest, SpaceInTheExpandedPlayerPauses) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 1));
-  press(Qt::Key_Return);
-  test::settle();
-  showPicture();
-  app->playback().setExpanded(true);
-  engine.takeCalls();
-  press(Qt::Key_Space);
-  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
-  press(Qt::Key_Tab);
-  QQuickItem* back = find("text", u"Back to browsing"_s);
-  for (int i = 0; i < 20 && window->activeFocusItem() != back; ++i) press(Qt::Key_Tab);
-  press(Qt::Key_Space);
-  EXPECT_FALSE(app->playback().expanded());
-  EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
-}
-
 TEST_F(WindowTest, AnInterruptedChannelCanBeLetGo) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 5));
+  open(5);
   for (const bool expanded : {false, true}) {
     engine.now = {};
     press(Qt::Key_Return);
-    test::settle();
     showPicture();
     app->playback().setExpanded(expanded);
     engine.now.state = EngineState::error;
@@ -517,9 +457,8 @@ TEST_F(WindowTest, AnInterruptedChannelCanBeLetGo) {
   expectMoves("the button of an interruption");
 }
 
-TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {
-  open();
-  signIn(rows(LibraryKind::live, 1, 1));
+TEST_F(WindowTest, TheExpandedPlayerHasItsPictureAndItsKeys) {
+  open(1);
   const auto* overlay = window->findChild<PersistentVideoOverlay*>();
   ASSERT_TRUE(overlay);
   const auto covers = [&] {
@@ -538,6 +477,18 @@ TEST_F(WindowTest, ThePictureLiesOverThePanelWhereverItGoes) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return covers() && overlay->size() == small; }));
   press(Qt::Key_Down);
   EXPECT_EQ(selectedID(), u"live:1"_s);
+
+  showPicture();
+  app->playback().setExpanded(true);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+  press(Qt::Key_Tab);
+  QQuickItem* back = find("text", u"Back to browsing"_s);
+  for (int i = 0; i < 60 && window->activeFocusItem() != back; ++i) press(Qt::Key_Tab);
+  press(Qt::Key_Space);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
 }
 
 }  // namespace
