@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Vantor.Style
 import Vantor.Ui
@@ -8,6 +7,7 @@ import Vantor.Ui
 // the keys reach the player.
 FocusScope {
     id: screen
+    focus: true
 
     required property PlayerPane player
     required property PlayerRemote remote
@@ -80,7 +80,7 @@ FocusScope {
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width
-        height: controls.height + 2 * Style.inset + 60
+        height: controls.height * controls.zoom + 2 * Style.inset + 60
         visible: screen.remote.controlsShown
         gradient: Gradient {
             GradientStop { position: 0; color: "transparent" }
@@ -94,11 +94,15 @@ FocusScope {
 
         Column {
             id: controls
+            // As large as the screen allows, since it is far away.
+            readonly property real zoom: Math.max(1, screen.height / 900)
             readonly property bool used: bar.activeFocus || transportBar.activeFocus
             anchors.bottom: parent.bottom
             anchors.bottomMargin: Style.inset
             x: Style.inset
-            width: parent.width - 2 * Style.inset
+            width: (parent.width - 2 * Style.inset) / zoom
+            scale: zoom
+            transformOrigin: Item.BottomLeft
 
             FocusScope {
                 id: bar
@@ -110,7 +114,7 @@ FocusScope {
                     width: parent.width
                     player: screen.player
                     remote: screen.remote
-                    titleFont: Style.font(screen.distantText, Font.DemiBold)
+                    titleFont: Style.font(screen.distantText / controls.zoom, Font.DemiBold)
                 }
             }
 

@@ -25,7 +25,7 @@ FocusScope {
     /// Gives the keys to the entries.
     function browse() {
         if (fullScreen.item)
-            return fullScreen.item.forceActiveFocus(Qt.OtherFocusReason);
+            return fullScreen.forceActiveFocus(Qt.OtherFocusReason);
         const shown = content.item as Browsable;
         if (shown)
             shown.browse();
@@ -142,7 +142,7 @@ FocusScope {
         id: fullScreen
         anchors.fill: parent
         active: screen.views.remote.fullScreen
-        onLoaded: item.forceActiveFocus(Qt.OtherFocusReason)
+        onLoaded: forceActiveFocus(Qt.OtherFocusReason)
 
         sourceComponent: FullScreenPlayer {
             player: screen.views.player
