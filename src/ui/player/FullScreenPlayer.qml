@@ -18,7 +18,7 @@ FocusScope {
     Binding {
         target: screen.remote
         property: "busy"
-        value: controls.used || controlsHover.hovered || T.Overlay.overlay?.visible === true
+        value: controls.activeFocus || controlsHover.hovered || T.Overlay.overlay?.visible === true
     }
     Component.onDestruction: remote.busy = false
 
@@ -28,39 +28,24 @@ FocusScope {
         visible: !screen.player.surfaceVisible
     }
 
-    StillImage {
-        anchors.fill: parent
-        visible: screen.player.holdingFrame
-        image: screen.player.heldFrame
-    }
-
     MouseArea {
         anchors.fill: parent
         hoverEnabled: true
         cursorShape: screen.remote.controlsShown ? Qt.ArrowCursor : Qt.BlankCursor
         onPositionChanged: screen.remote.moved()
-        onClicked: screen.remote.togglePause()
+        onClicked: screen.player.togglePause()
         onDoubleClicked: {
             // The first of the two clicks was no order to pause.
-            screen.remote.togglePause();
+            screen.player.togglePause();
             screen.remote.toggleFullScreen();
         }
         onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)
     }
 
-    LoadingStrip {
-        anchors.bottom: parent.bottom
-        width: parent.width
-        visible: screen.player.loading && screen.player.holdingFrame
-        text: screen.player.openingText
-    }
-
-    FailureCard {
-        anchors.centerIn: parent
-        width: Math.min(560, parent.width - 2 * Style.inset)
-        message: screen.player.message
-        onRetryChosen: screen.player.retry()
-        onCloseChosen: screen.player.stop()
+    PictureCover {
+        anchors.fill: parent
+        player: screen.player
+        widestCard: 560
     }
 
     Text {
@@ -92,39 +77,30 @@ FocusScope {
             id: controlsHover
         }
 
-        Column {
+        FocusScope {
             id: controls
             // As large as the screen allows, since it is far away.
             readonly property real zoom: Math.max(1, screen.height / 900)
-            readonly property bool used: bar.activeFocus || transportBar.activeFocus
             anchors.bottom: parent.bottom
             anchors.bottomMargin: Style.inset
             x: Style.inset
             width: (parent.width - 2 * Style.inset) / zoom
+            height: rows.height
             scale: zoom
             transformOrigin: Item.BottomLeft
 
-            FocusScope {
-                id: bar
+            Column {
+                id: rows
                 width: parent.width
-                height: playerBar.implicitHeight
 
                 PlayerBar {
-                    id: playerBar
                     width: parent.width
                     player: screen.player
                     remote: screen.remote
                     titleFont: Style.font(screen.distantText / controls.zoom, Font.DemiBold)
                 }
-            }
-
-            FocusScope {
-                id: transportBar
-                width: parent.width
-                height: transportRows.implicitHeight
 
                 TransportBar {
-                    id: transportRows
                     width: parent.width
                     transport: screen.transport
                 }

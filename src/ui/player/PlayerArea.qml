@@ -49,38 +49,14 @@ Item {
             }
         }
 
-        StillImage {
+        PictureCover {
             anchors.fill: parent
-            visible: panel.player.holdingFrame
-            image: panel.player.heldFrame
-        }
-
-        OnDemand {
-            anchors.bottom: parent.bottom
-            width: parent.width
-            visible: wanted
-            wanted: panel.player.loading && panel.player.holdingFrame
-
-            sourceComponent: LoadingStrip {
-                text: panel.player.openingText
-            }
+            player: panel.player
         }
 
         RoundedFrame {
             innerRadius: area.radius
             visible: panel.player.holdingFrame
-        }
-
-        OnDemand {
-            anchors.centerIn: parent
-            width: Math.min(400, parent.width - 16)
-            wanted: panel.player.message !== ""
-
-            sourceComponent: FailureCard {
-                message: panel.player.message
-                onRetryChosen: panel.player.retry()
-                onCloseChosen: panel.player.stop()
-            }
         }
     }
 

@@ -129,12 +129,8 @@ void PlayerRemote::toggleMuted() {
   say(u"Volume %1 %"_s.arg(qRound(transport_.volume())));
 }
 
-void PlayerRemote::togglePause() {
-  playback_.togglePause();
-}
-
 bool PlayerRemote::skip(double seconds) {
-  if (!transport_.seekable()) return false;
+  if (!playback_.transport()->seekable()) return false;
   transport_.beginSeek();
   transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
   say(transport_.positionText() + u" / "_s + transport_.durationText());

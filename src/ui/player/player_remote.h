@@ -49,7 +49,6 @@ class PlayerRemote final : public QObject {
   /// A key, as Qt names it, that nothing else took. Whether it means something here.
   Q_INVOKABLE bool press(int key, int modifiers);
   Q_INVOKABLE void changeVolume(double percent);
-  Q_INVOKABLE void togglePause();
 
  Q_SIGNALS:
   void fullScreenChanged();

@@ -30,7 +30,6 @@ TransportControls::TransportControls(Playback& playback, QObject* parent)
   });
   connect(&state_, &TransportState::durationChanged, this, &TransportControls::durationChanged);
   connect(&state_, &TransportState::durationChanged, this, &TransportControls::positionChanged);
-  connect(&state_, &TransportState::seekableChanged, this, &TransportControls::seekableChanged);
   connect(&state_, &TransportState::volumeChanged, this, &TransportControls::volumeChanged);
   connect(&state_, &TransportState::audioChanged, this, &TransportControls::audioChanged);
   connect(&state_, &TransportState::subtitlesChanged, this, &TransportControls::subtitlesChanged);
@@ -64,10 +63,6 @@ double TransportControls::sliderEnd() const {
 
 double TransportControls::sliderValue() const {
   return seeking_ ? seekValue_ : std::min(state_.seconds(), state_.duration());
-}
-
-bool TransportControls::seekable() const {
-  return state_.seekable();
 }
 
 double TransportControls::volume() const {

@@ -18,7 +18,6 @@ class TransportControls final : public QObject {
   Q_PROPERTY(QString durationText READ durationText NOTIFY durationChanged)
   Q_PROPERTY(double sliderEnd READ sliderEnd NOTIFY durationChanged)
   Q_PROPERTY(double sliderValue READ sliderValue NOTIFY positionChanged)
-  Q_PROPERTY(bool seekable READ seekable NOTIFY seekableChanged)
   Q_PROPERTY(double volume READ volume WRITE setVolume NOTIFY volumeChanged)
   Q_PROPERTY(QVariantList audio READ audio NOTIFY audioChanged)
   Q_PROPERTY(bool audioEnabled READ audioEnabled NOTIFY audioChanged)
@@ -37,7 +36,6 @@ class TransportControls final : public QObject {
   double sliderValue() const;
   double volume() const;
   void setVolume(double percent);
-  bool seekable() const;
   QVariantList audio() const;  // maps of "id" and "name"
   bool audioEnabled() const;
   QVariantList subtitles() const;  // likewise, "Off" first
@@ -57,7 +55,6 @@ class TransportControls final : public QObject {
  Q_SIGNALS:
   void positionChanged();
   void durationChanged();
-  void seekableChanged();
   void volumeChanged();
   void audioChanged();
   void subtitlesChanged();
