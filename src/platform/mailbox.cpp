@@ -4,6 +4,23 @@
 #include <memory>
 
 namespace vantor {
+namespace {
+
+Mailbox* mainMailbox = nullptr;
+
+/// Before there are threads that could post to it. Never destroyed: some end late.
+void makeMainMailbox() {
+  if (!mainMailbox) mainMailbox = new Mailbox;
+}
+Q_COREAPP_STARTUP_FUNCTION(makeMainMailbox)
+
+}  // namespace
+
+Mailbox::~Mailbox() {
+  // Undelivered calls were written under the mutex.
+  const std::lock_guard lock(mutex_);
+  calls_.clear();
+}
 
 void Mailbox::post(std::function<void()> call) {
   {
@@ -14,13 +31,7 @@ void Mailbox::post(std::function<void()> call) {
 }
 
 void Mailbox::postToMain(std::function<void()> call) {
-  static Mailbox* const mailbox = [] {
-    // Never destroyed: threads that end late still post to it.
-    auto* made = new Mailbox;
-    made->moveToThread(QCoreApplication::instance()->thread());
-    return made;
-  }();
-  if (QCoreApplication::instance()) mailbox->post(std::move(call));
+  if (QCoreApplication::instance()) mainMailbox->post(std::move(call));
 }
 
 void Mailbox::deliver() {

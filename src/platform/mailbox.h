@@ -16,6 +16,7 @@ class Mailbox : public QObject {
 
  public:
   using QObject::QObject;
+  ~Mailbox() override;
 
   /// From any thread.
   void post(std::function<void()> call);
