@@ -38,6 +38,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       heldFrame_(announcements_, *this, &Playback::heldFrameChanged),
       expanded_(announcements_, *this, &Playback::expandedChanged),
       fullScreen_(announcements_, *this, &Playback::fullScreenChanged),
+      pictureShape_(announcements_, *this, &Playback::pictureShapeChanged),
       transport_(announcements_),
       recording_(announcements_, engine, clock, folders) {
   if (output_ == Output::shown) recording_.refresh();
@@ -149,6 +150,7 @@ void Playback::start(const PlayRequest& request) {
   const Ticket ticket = ++generation_;
   pollTask_ = {};
   const bool takeStill = output_ == Output::shown && engine_.status().decodedVideo > 0;
+  if (itemID() != request.id) pictureShape_.set(PictureShape::fit);
   source_.set(request);
   message_.set(std::nullopt);
   go(PlaybackEvent::open);

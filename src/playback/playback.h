@@ -15,6 +15,7 @@
 #include "platform/pending.h"
 #include "platform/trace.h"
 #include "playback/media_engine.h"
+#include "playback/picture_shape.h"
 #include "playback/play_request.h"
 #include "playback/playback_state.h"
 #include "playback/recording.h"
@@ -76,6 +77,8 @@ class Playback final : public QObject {
   bool fullScreen() const { return fullScreen_.get(); }  // the picture fills the screen
   /// Only what has a source can.
   void setFullScreen(bool fullScreen) { fullScreen_.set(fullScreen && source()); }
+  PictureShape pictureShape() const { return pictureShape_.get(); }  // `fit` for another source
+  void setPictureShape(PictureShape shape) { pictureShape_.set(shape); }
 
   Recording& recording() { return recording_; }
   /// Each tells why it did not, as a sentence. The folder is `Recording::folder` if none is given.
@@ -94,6 +97,7 @@ class Playback final : public QObject {
   void heldFrameChanged();
   void expandedChanged();
   void fullScreenChanged();
+  void pictureShapeChanged();
 
  private:
   using Ticket = std::int64_t;
@@ -130,6 +134,7 @@ class Playback final : public QObject {
   Announced<QImage> heldFrame_;
   Announced<bool> expanded_;
   Announced<bool> fullScreen_;
+  Announced<PictureShape> pictureShape_;
   TransportState transport_;
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};

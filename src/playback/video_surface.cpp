@@ -10,12 +10,6 @@ namespace vantor {
 
 namespace {
 
-/// The largest rectangle of the picture's shape in the middle of `area`.
-QRectF fitted(const QRectF& area, double aspect) {
-  const QSizeF size = QSizeF(aspect, 1).scaled(area.size(), Qt::KeepAspectRatio);
-  return QRectF(area.center() - QPointF(size.width(), size.height()) / 2, size);
-}
-
 class SurfaceNode final : public QSGNode {
  public:
   explicit SurfaceNode(QQuickWindow* window) : background_(window->createRectangleNode()) {
@@ -27,14 +21,14 @@ class SurfaceNode final : public QSGNode {
   }
   ~SurfaceNode() override { hide(); }
 
-  void show(const SharedFrame& frame, const QRectF& area) {
+  void show(const SharedFrame& frame, const QRectF& area, PictureShape shape) {
     background_->setRect(area);
     if (!frame || area.isEmpty()) {
       hide();
       return;
     }
-    QSGGeometry::updateTexturedRectGeometry(&corners_, fitted(area, frame->aspect()),
-                                            QRectF(0, 0, 1, 1));
+    const PicturePlace place = placeOf(area, frame->aspect(), shape);
+    QSGGeometry::updateTexturedRectGeometry(&corners_, place.target, place.part);
     if (frame != frame_) material_.show(frame);
     frame_ = frame;
     picture_.markDirty(QSGNode::DirtyGeometry | QSGNode::DirtyMaterial);
@@ -72,12 +66,19 @@ void VideoSurface::setFrames(VideoFrameQueue* frames) {
   Q_EMIT framesChanged();
 }
 
+void VideoSurface::setShape(int shape) {
+  if (this->shape() == shape) return;
+  shape_ = static_cast<PictureShape>(shape);
+  update();
+  Q_EMIT shapeChanged();
+}
+
 QSGNode* VideoSurface::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
   auto* node = static_cast<SurfaceNode*>(old);
   if (!node) node = new SurfaceNode(window());
   if (!old) tellAbilities();
   const SharedFrame frame = frames_ ? frames_->take() : nullptr;
-  node->show(frame, boundingRect());
+  node->show(frame, boundingRect(), shape_);
   if (frame && frame->source != shownSource_) {
     shownSource_ = frame->source;
     firstPicture_ = true;

@@ -96,6 +96,38 @@ TEST_F(SurfaceTest, PaddingAndOddSizesDoNotShow) {
   }
 }
 
+TEST_F(SurfaceTest, LiesInItsAreaAsItIsAskedTo) {
+  // Blue in the left quarter, in an area of 4:3.
+  const auto frame = [](QSize size) {
+    return frameOf(1, size, [=](int x, int) { return x < size.width() / 4 ? kBlue : kRed; });
+  };
+  struct Case {
+    PictureShape shape;
+    QSize size;
+    QColor left, third, top;  // at the left edge, a third from it, at the top
+  };
+  const Case cases[] = {
+      {PictureShape::fit, {160, 90}, Qt::blue, Qt::red, Qt::black},
+      {PictureShape::fit, {90, 160}, Qt::black, Qt::blue, Qt::red},
+      {PictureShape::fill, {160, 90}, Qt::blue, Qt::red, Qt::red},
+      {PictureShape::fill, {160, 40}, Qt::red, Qt::red, Qt::red},
+      {PictureShape::fill, {90, 160}, Qt::blue, Qt::red, Qt::red},
+      {PictureShape::stretch, {160, 40}, Qt::blue, Qt::red, Qt::red},
+      {PictureShape::fourToThree, {160, 40}, Qt::blue, Qt::red, Qt::red},
+      {PictureShape::sixteenToNine, {160, 40}, Qt::blue, Qt::red, Qt::black},
+      {PictureShape::sixteenToNine, {40, 160}, Qt::blue, Qt::red, Qt::black},
+  };
+  frames->expect(1);
+  for (const auto& [shape, size, left, third, top] : cases) {
+    SCOPED_TRACE(testing::Message() << int(shape) << " " << size.width() << "x" << size.height());
+    frames->present(frame(size));
+    surface.setShape(int(shape));
+    EXPECT_TRUE(shows({3, 150}, left));
+    EXPECT_TRUE(shows({140, 150}, third));
+    EXPECT_TRUE(shows({200, 10}, top));
+  }
+}
+
 TEST_F(SurfaceTest, PixelShapeDecidesTheWidth) {
   frames->expect(1);
   auto frame = std::make_shared<VideoFrame>(*solidFrame(1, {720, 576}, kRed));
