@@ -41,6 +41,14 @@ void player(Album& album) {
   stage.views().remote()->setFullScreen(true);
   stage.settle();
   stage.shot(u"full-screen"_s, u"The picture fills the screen, with its controls"_s);
+  stage.press(Qt::Key_Up);
+  stage.until("the programmes", [&] { return stage.views().banner()->progress() >= 0; });
+  stage.until("the picture", playing);
+  stage.settle();
+  stage.shot(u"full-screen-zapping"_s, u"The next channel, with its programmes"_s);
+  stage.press(Qt::Key_1);
+  stage.press(Qt::Key_2);
+  stage.shot(u"full-screen-number"_s, u"A channel's number is being typed"_s);
   stage.views().remote()->setFullScreen(false);
   shell.backToBrowsing();
   stage.settle();

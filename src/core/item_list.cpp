@@ -43,6 +43,12 @@ std::optional<std::size_t> ItemList::indexOf(const QString& id) const {
   return std::nullopt;
 }
 
+std::size_t ItemList::count(LibraryKind source) const {
+  const auto end = std::lower_bound(entries_.begin(), entries_.end(),
+                                    entry(static_cast<std::size_t>(source) + 1, 0));
+  return static_cast<std::size_t>(end - entries_.begin());
+}
+
 void ItemList::append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter) {
   const auto number = static_cast<std::size_t>(source);
   sources_[number] = catalog;

@@ -19,6 +19,8 @@ class ItemList {
   QString id(std::size_t index) const;
   /// The position of the first entry with that id.
   std::optional<std::size_t> indexOf(const QString& id) const;
+  /// How many are of the first sources, up to that one.
+  std::size_t count(LibraryKind source) const;
 
   /// Appends the entries of `catalog`, the library `source`, that match. Sources come in order.
   void append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter);

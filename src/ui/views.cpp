@@ -22,7 +22,9 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       settingsView_(model, opener, std::move(links)),
       player_(model.playback(), keeper),
       transport_(model.playback()),
-      remote_(model, transport_, clock),
+      zapping_(model, clock),
+      banner_(zapping_, model.guide(), clock),
+      remote_(model, zapping_, banner_, transport_, clock),
       commands_(model) {}
 
 }  // namespace vantor

@@ -8,6 +8,7 @@
 #include "ui/channels/channel_view.h"
 #include "ui/entries/item_list_model.h"
 #include "ui/episodes/episode_list_model.h"
+#include "ui/player/channel_banner.h"
 #include "ui/player/player_pane.h"
 #include "ui/player/player_remote.h"
 #include "ui/player/transport_controls.h"
@@ -40,6 +41,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::SettingsView* settingsView READ settingsView CONSTANT)
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
   Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
+  Q_PROPERTY(vantor::ChannelBanner* banner READ banner CONSTANT)
   Q_PROPERTY(vantor::PlayerRemote* remote READ remote CONSTANT)
   Q_PROPERTY(vantor::Commands* commands READ commands CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
@@ -62,6 +64,7 @@ class Views final : public QObject {
   SettingsView* settingsView() { return &settingsView_; }
   PlayerPane* player() { return &player_; }
   TransportControls* transport() { return &transport_; }
+  ChannelBanner* banner() { return &banner_; }
   PlayerRemote* remote() { return &remote_; }
   Commands* commands() { return &commands_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
@@ -84,6 +87,8 @@ class Views final : public QObject {
   SettingsView settingsView_;
   PlayerPane player_;
   TransportControls transport_;
+  Zapping zapping_;
+  ChannelBanner banner_;
   PlayerRemote remote_;
   Commands commands_;
 };

@@ -1,10 +1,9 @@
 #include "ui/channels/channel_view.h"
 
-#include <QDateTime>
-#include <QLocale>
 #include <algorithm>
 
 #include "core/app_model.h"
+#include "ui/channels/programme_times.h"
 #include "ui/channels/upcoming_entries.h"
 #include "ui/entries/item_list_model.h"
 #include "ui/entries/one_line.h"
@@ -12,20 +11,6 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString shortTime(ProviderTime time) {
-  const auto sinceEpoch =
-      std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch());
-  const QTime local = QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).time();
-  const QLocale locale;
-  // Where no locale is set, even the short style has seconds.
-  if (locale.language() == QLocale::C) return local.toString(u"HH:mm"_s);
-  return locale.toString(local, QLocale::ShortFormat);
-}
-
-}  // namespace
 
 ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent)
     : QObject(parent),
@@ -103,7 +88,7 @@ QString ChannelView::programmeTitle() const {
 
 QString ChannelView::programmeTimes() const {
   const auto current = programme();
-  return current ? shortTime(current->start) + u"–"_s + shortTime(current->end) : QString();
+  return current ? vantor::programmeTimes(*current) : QString();
 }
 
 QString ChannelView::programmeDescription() const {

@@ -8,6 +8,9 @@ PersistentVideoOverlay {
 
     required property PlayerPane player
     required property VideoFrameQueue frames
+    required property PlayerRemote remote
+    required property ChannelBanner banner
+    required property ArtworkStore artwork
 
     Item {
         anchors.fill: parent
@@ -21,6 +24,7 @@ PersistentVideoOverlay {
         VideoSurface {
             anchors.fill: parent
             frames: overlay.frames
+            shape: overlay.remote.pictureShape
             Accessible.role: Accessible.Graphic
             Accessible.name: "Video"
             Accessible.ignored: parent.opacity === 0
@@ -53,6 +57,18 @@ PersistentVideoOverlay {
         sourceComponent: InterruptionStrip {
             text: overlay.player.interruption
             onEndChosen: overlay.player.giveUp()
+        }
+    }
+
+    OnDemand {
+        width: parent.width
+        visible: wanted
+        wanted: overlay.placed && overlay.remote.watching && overlay.banner.shown
+
+        sourceComponent: BannerPanel {
+            banner: overlay.banner
+            artwork: overlay.artwork
+            textSize: Math.max(20, overlay.height / 24)
         }
     }
 }

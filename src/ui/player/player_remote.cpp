@@ -1,9 +1,12 @@
 #include "ui/player/player_remote.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/app_model.h"
+#include "core/zapping.h"
 #include "playback/playback.h"
+#include "ui/player/channel_banner.h"
 #include "ui/player/transport_controls.h"
 
 namespace vantor {
@@ -21,17 +24,29 @@ constexpr double shortSkip = 10;  // seconds
 constexpr double longSkip = 60;   // seconds
 // Volume that a sound comes back to whose own was 0.
 constexpr double usualVolume = 50;  // per cent
+// In the order of `PictureShape`.
+const std::array shapeNames{u"Whole picture"_s, u"Fill the screen"_s, u"Stretch"_s, u"4:3"_s,
+                            u"16:9"_s};
 
 }  // namespace
 
-PlayerRemote::PlayerRemote(AppModel& model, TransportControls& transport, Clock& clock,
-                           QObject* parent)
-    : QObject(parent), playback_(model.playback()), transport_(transport), clock_(clock) {
+PlayerRemote::PlayerRemote(AppModel& model, Zapping& zapping, ChannelBanner& banner,
+                           TransportControls& transport, Clock& clock, QObject* parent)
+    : QObject(parent),
+      playback_(model.playback()),
+      zapping_(zapping),
+      banner_(banner),
+      transport_(transport),
+      clock_(clock) {
+  for (const auto signal :
+       {&Playback::sourceChanged, &Playback::expandedChanged, &Playback::fullScreenChanged})
+    connect(&playback_, signal, this, &PlayerRemote::watchingChanged);
   connect(&playback_, &Playback::fullScreenChanged, this, [this] {
     if (fullScreen()) moved();
     Q_EMIT fullScreenChanged();
   });
   connect(&playback_, &Playback::stateChanged, this, &PlayerRemote::updateControls);
+  connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
   const auto leave = [this] { setFullScreen(false); };
   connect(&model.browsing(), &Browsing::sectionChanged, this, leave);
   connect(&model, &AppModel::showingConnectChanged, this, leave);
@@ -90,11 +105,15 @@ bool PlayerRemote::press(int key, int modifiers) {
     return true;
   }
   if (!watching()) return false;
+  if (!shift && zap(key)) return true;
   switch (key) {
     case Qt::Key_Left:
       return skip(shift ? -longSkip : -shortSkip);
     case Qt::Key_Right:
       return skip(shift ? longSkip : shortSkip);
+    case Qt::Key_Z:
+      changeShape();
+      return true;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_VolumeUp:
@@ -111,6 +130,44 @@ bool PlayerRemote::press(int key, int modifiers) {
     default:
       return false;
   }
+}
+
+bool PlayerRemote::zap(int key) {
+  if (key >= Qt::Key_0 && key <= Qt::Key_9) return zapping_.type(key - Qt::Key_0);
+  switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+    case Qt::Key_ChannelUp:
+    case Qt::Key_MediaNext:
+      return zapping_.step(1);
+    case Qt::Key_Down:
+    case Qt::Key_PageDown:
+    case Qt::Key_ChannelDown:
+    case Qt::Key_MediaPrevious:
+      return zapping_.step(-1);
+    case Qt::Key_Backspace:
+      return zapping_.goBack();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (zapping_.enter()) return true;
+      break;
+    case Qt::Key_I:
+      break;
+    default:
+      return false;
+  }
+  banner_.show();
+  return banner_.shown();
+}
+
+int PlayerRemote::pictureShape() const {
+  return static_cast<int>(playback_.pictureShape());
+}
+
+void PlayerRemote::changeShape() {
+  const auto next = (static_cast<std::size_t>(pictureShape()) + 1) % std::size(shapeNames);
+  playback_.setPictureShape(static_cast<PictureShape>(next));
+  say(shapeNames[next]);
 }
 
 void PlayerRemote::changeVolume(double percent) {

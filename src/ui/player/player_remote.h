@@ -9,8 +9,10 @@
 namespace vantor {
 
 class AppModel;
+class ChannelBanner;
 class Playback;
 class TransportControls;
+class Zapping;
 
 /// The player as somebody in front of it works it: the picture that fills the screen, what lies
 /// over it for a while, and the keys of a remote control. Main thread only.
@@ -20,20 +22,25 @@ class PlayerRemote final : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(bool fullScreen READ fullScreen WRITE setFullScreen NOTIFY fullScreenChanged)
   Q_PROPERTY(bool controlsShown READ controlsShown NOTIFY controlsShownChanged)
+  Q_PROPERTY(bool watching READ watching NOTIFY watchingChanged)
   Q_PROPERTY(bool busy READ busy WRITE setBusy NOTIFY busyChanged)
   Q_PROPERTY(QString note READ note NOTIFY noteChanged)
+  Q_PROPERTY(int pictureShape READ pictureShape NOTIFY pictureShapeChanged)
   Q_PROPERTY(QString fullScreenSymbol READ fullScreenSymbol NOTIFY fullScreenChanged)
 
  public:
   /// What is passed outlives it.
-  PlayerRemote(AppModel& model, TransportControls& transport, Clock& clock,
-               QObject* parent = nullptr);
+  PlayerRemote(AppModel& model, Zapping& zapping, ChannelBanner& banner,
+               TransportControls& transport, Clock& clock, QObject* parent = nullptr);
 
   /// Only ever with a source. Leaves by itself for a sheet and for another section.
   bool fullScreen() const;
   void setFullScreen(bool fullScreen);
   Q_INVOKABLE void toggleFullScreen() { setFullScreen(!fullScreen()); }
   QString fullScreenSymbol() const;
+
+  /// Somebody sits before the picture: it fills the screen, or the window.
+  bool watching() const;
 
   /// Controls and pointer lie over the picture: for 3 seconds after a movement, and longer while
   /// playback is halted or they are being used.
@@ -42,6 +49,11 @@ class PlayerRemote final : public QObject {
   /// A menu is open, or a control has the keyboard.
   bool busy() const { return busy_; }
   void setBusy(bool busy);
+
+  /// A `PictureShape`.
+  int pictureShape() const;
+  /// Goes on to the next one.
+  Q_INVOKABLE void changeShape();
 
   /// What the last key did ("Volume 45 %"), shown for a moment; empty: nothing.
   QString note() const { return note_; }
@@ -52,12 +64,14 @@ class PlayerRemote final : public QObject {
 
  Q_SIGNALS:
   void fullScreenChanged();
+  void watchingChanged();
   void controlsShownChanged();
   void busyChanged();
   void noteChanged();
+  void pictureShapeChanged();
 
  private:
-  bool watching() const;
+  bool zap(int key);
   void toggleMuted();
   bool skip(double seconds);
   /// Shows a note for a moment.
@@ -66,6 +80,8 @@ class PlayerRemote final : public QObject {
   void updateControls();
 
   Playback& playback_;
+  Zapping& zapping_;
+  ChannelBanner& banner_;
   TransportControls& transport_;
   Clock& clock_;
   bool controlsShown_ = false;

@@ -136,6 +136,9 @@ FocusScope {
         player: screen.views.player
         frames: screen.views.frames
         filling: screen.views.remote.fullScreen
+        remote: screen.views.remote
+        banner: screen.views.banner
+        artwork: screen.views.artwork
     }
 
     Loader {

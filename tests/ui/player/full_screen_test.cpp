@@ -15,13 +15,13 @@ class FullScreenTest : public test::WindowTest {
  protected:
   void SetUp() override {
     WindowTest::SetUp();
-    transport.always(action(LibraryKind::live), rows(LibraryKind::live, 1, 5));
+    transport.always(action(LibraryKind::live), rows(LibraryKind::live, 1, 60));
     transport.always(categoryAction(LibraryKind::live), "[]");
     open();
     connectAccount(account);
     transport.answer(QString(), acceptedSignIn());
     ASSERT_TRUE(
-        test::eventually([&] { return signInOver && app->browsing().items().size() == 5; }));
+        test::eventually([&] { return signInOver && app->browsing().items().size() == 60; }));
     views->connectView()->close();
     overlay = window->findChild<PersistentVideoOverlay*>();
     ASSERT_TRUE(overlay);
@@ -54,6 +54,14 @@ class FullScreenTest : public test::WindowTest {
     QTest::qWait(50);
     EXPECT_EQ(overlay->size() == window->contentItem()->size(), full);
     EXPECT_EQ(find("text", u"Live TV"_s) == nullptr, full);
+  }
+
+  /// Also keys that QTest does not know.
+  void send(Qt::Key key) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent event(type, key, Qt::NoModifier);
+      QCoreApplication::sendEvent(window, &event);
+    }
   }
 
   /// Where the engine was told to go since the last look, in milliseconds.
@@ -181,10 +189,101 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
     press(key);
     EXPECT_EQ(app->playback().transport()->volume(), volume) << key;
   }
+  press(Qt::Key_Z);
+  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
+  app->playback().retry();
+  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
+  for (int i = 0; i < 5; ++i) press(Qt::Key_Z);
+  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
   play();
+  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fit) << "another source";
   press(Qt::Key_Right);
   clock.advance(1s);
   EXPECT_EQ(jumps(), QStringList()) << "a broadcast has no position";
+}
+
+TEST_F(FullScreenTest, TheKeysOfChannels) {
+  press(Qt::Key_3);
+  play();
+  press(Qt::Key_3);
+  press(Qt::Key_PageDown);
+  clock.advance(2s);
+  EXPECT_EQ(app->playback().title(), u"Title 1"_s) << "beside the list the keys are the list's";
+
+  const std::function<void()> places[] = {[&] { press(Qt::Key_F); },
+                                          [&] {
+                                            press(Qt::Key_Escape);
+                                            views->player()->toggleExpanded();
+                                          }};
+  struct Case {
+    QList<Qt::Key> keys;
+    const char* title;
+  };
+  const Case cases[] = {{{Qt::Key_Up}, "Title 2"},
+                        {{Qt::Key_PageUp, Qt::Key_ChannelUp, Qt::Key_MediaNext}, "Title 5"},
+                        {{Qt::Key_Down}, "Title 4"},
+                        {{Qt::Key_PageDown, Qt::Key_ChannelDown, Qt::Key_MediaPrevious}, "Title 1"},
+                        {{Qt::Key_Backspace}, "Title 4"},
+                        {{Qt::Key_Backspace}, "Title 1"},
+                        {{Qt::Key_0, Qt::Key_3, Qt::Key_Return}, "Title 3"},
+                        {{Qt::Key_1}, "Title 1"}};
+  for (const auto& enter : places) {
+    enter();
+    for (const auto& [keys, title] : cases) {
+      for (const Qt::Key key : keys) send(key);
+      clock.advance(1500ms);
+      test::settle();
+      showPicture();
+      EXPECT_EQ(app->playback().title(), QString::fromLatin1(title));
+    }
+  }
+}
+
+TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
+  const QString guide = u"get_short_epg"_s;
+  const qint64 now = clock.now().time_since_epoch() / 1s;
+  const auto programme = [&](qint64 from, const char* title) {
+    return QByteArray("{\"start_timestamp\":") + QByteArray::number(now + from) +
+           ",\"stop_timestamp\":" + QByteArray::number(now + from + 3600) + ",\"title\":\"" +
+           QByteArray(title).toBase64() + "\"}";
+  };
+  transport.always(guide, "{\"epg_listings\":[" + programme(-900, "News") + "," +
+                              programme(2700, "Film") + "]}");
+  play();
+  press(Qt::Key_F);
+  const ChannelBanner& banner = *views->banner();
+  for (const Qt::Key key : {Qt::Key_4, Qt::Key_0, Qt::Key_Return}) press(key);
+  clock.advance(5s);
+  test::settle();
+  const int asked = transport.requests(guide);
+  for (int i = 0; i < 3; ++i) press(Qt::Key_Up), clock.advance(100ms);
+  EXPECT_TRUE(banner.shown());
+  EXPECT_NE(find("text", u"Title 43"_s), nullptr);
+  EXPECT_EQ(banner.number(), u"43"_s);
+  test::settle();
+  EXPECT_EQ(transport.requests(guide), asked) << "nothing is asked for what is passed";
+  clock.advance(150ms);
+  test::settle();
+  EXPECT_EQ(transport.requests(guide), asked + 1);
+  EXPECT_TRUE(test::eventually([&] { return banner.now() == u"News"_s; }));
+  EXPECT_NEAR(banner.progress(), 0.25, 0.01);
+  EXPECT_TRUE(banner.next().endsWith(u"Film"_s));
+  showPicture();
+  clock.advance(4s);
+  EXPECT_FALSE(banner.shown());
+  for (const Qt::Key key : {Qt::Key_I, Qt::Key_Return}) {
+    press(key);
+    EXPECT_TRUE(banner.shown());
+    clock.advance(4s);
+    EXPECT_FALSE(banner.shown());
+  }
+  press(Qt::Key_7);
+  EXPECT_EQ(banner.number(), u"7"_s);
+  EXPECT_EQ(banner.name(), u"Title 7"_s);
+  press(Qt::Key_8);
+  EXPECT_EQ(banner.name(), u"No such channel"_s);
+  app->playback().stop();
+  EXPECT_FALSE(banner.shown());
 }
 
 }  // namespace

@@ -1,0 +1,112 @@
+#include "core/zapping.h"
+
+#include "core/app_model.h"
+#include "playback/playback.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto stepRest = 250ms;
+constexpr auto typingRest = 1500ms;
+constexpr qsizetype mostDigits = 6;
+
+}  // namespace
+
+Zapping::Zapping(AppModel& model, Clock& clock) : model_(model), clock_(clock) {
+  connect(&model.playback(), &Playback::sourceChanged, this, &Zapping::onSourceChanged);
+}
+
+bool Zapping::step(int channels) {
+  if (!channel_) return false;
+  typed_.clear();
+  const auto count = static_cast<std::int64_t>(list_->count(LibraryKind::live));
+  const std::int64_t moved = (static_cast<std::int64_t>(place_) + channels) % count;
+  choose({list_, static_cast<std::size_t>(moved < 0 ? moved + count : moved)});
+  rest_ = clock_.callAfter(stepRest, [this] { open(); });
+  return true;
+}
+
+bool Zapping::type(int digit) {
+  if (!channel_) return false;
+  if (typed_.size() == mostDigits) typed_.clear();
+  typed_ += QString::number(digit);
+  rest_ = clock_.callAfter(typingRest, [this] { enter(); });
+  Q_EMIT changed();
+  return true;
+}
+
+std::optional<std::size_t> Zapping::typedPlace() const {
+  const std::size_t number = typed_.toUInt();
+  if (!channel_ || number < 1 || number > list_->count(LibraryKind::live)) return {};
+  return number - 1;
+}
+
+std::optional<MediaItem> Zapping::typedChannel() const {
+  const std::optional<std::size_t> place = typedPlace();
+  return place ? std::optional(list_->item(*place)) : std::nullopt;
+}
+
+bool Zapping::enter() {
+  if (!channel_ || typed_.isEmpty()) return false;
+  const std::optional<std::size_t> place = typedPlace();
+  typed_.clear();
+  if (place) {
+    choose({list_, *place});
+    open();
+  } else {
+    rest_.reset();
+    Q_EMIT changed();
+  }
+  return true;
+}
+
+bool Zapping::goBack() {
+  if (!channel_ || !before_) return false;
+  typed_.clear();
+  choose(*before_);
+  open();
+  return true;
+}
+
+void Zapping::choose(Station station) {
+  list_ = std::move(station.list);
+  place_ = station.place;
+  channel_ = list_->item(place_);
+  Q_EMIT changed();
+}
+
+void Zapping::open() {
+  rest_.reset();
+  if (!channel_ || model_.playback().itemID() == channel_->id) return;
+  opening_ = true;
+  model_.play(*channel_);
+  opening_ = false;
+  // A recording or a missing account keeps what plays.
+  if (channel_ && model_.playback().itemID() != channel_->id && playing_) choose(*playing_);
+}
+
+void Zapping::onSourceChanged() {
+  const std::optional<PlayRequest>& source = model_.playback().source();
+  if (!source || source->kind != SourceKind::broadcast) return forget();
+  if (playing_ && playing_->list->id(playing_->place) == source->id) return;
+  Channels list = opening_ ? list_ : model_.browsing().sharedItems();
+  const std::optional<std::size_t> place = list->indexOf(source->id);
+  if (!place) return forget();
+  before_ = std::exchange(playing_, Station{list, *place});
+  rest_.reset();
+  typed_.clear();
+  choose({std::move(list), *place});
+}
+
+void Zapping::forget() {
+  rest_.reset();
+  typed_.clear();
+  playing_.reset();
+  before_.reset();
+  list_.reset();
+  if (std::exchange(channel_, std::nullopt)) Q_EMIT changed();
+}
+
+}  // namespace vantor

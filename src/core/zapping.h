@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "core/item_list.h"
+#include "platform/clock.h"
+
+namespace vantor {
+
+class AppModel;
+
+/// Going from channel to channel of the list that the playing one was started from, as it was then,
+/// whatever is browsed meanwhile. Opens a channel only where the choice rests. Main thread only.
+class Zapping final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// What is passed outlives it.
+  Zapping(AppModel& model, Clock& clock);
+
+  /// The chosen channel, which plays or will in a moment; absent while no channel plays.
+  const std::optional<MediaItem>& channel() const { return channel_; }
+  /// Its place in the list, from 1; 0 without a channel.
+  std::size_t number() const { return channel_ ? place_ + 1 : 0; }
+  /// The digits of a number that is being typed.
+  const QString& typed() const { return typed_; }
+  /// The channel of that number; absent when the list does not have it.
+  std::optional<MediaItem> typedChannel() const;
+
+  /// So many channels further, negative: back; after the last comes the first. False when no
+  /// channel plays, as for all of these.
+  bool step(int channels);
+  bool type(int digit);
+  /// Goes to the typed number at once; a number that the list does not have is forgotten. False
+  /// when none was typed.
+  bool enter();
+  /// Back to the channel before this one, and again to this one.
+  bool goBack();
+
+ Q_SIGNALS:
+  /// The chosen channel or the typed number differ.
+  void changed();
+
+ private:
+  using Channels = std::shared_ptr<const ItemList>;
+  struct Station {
+    Channels list;
+    std::size_t place;
+  };
+
+  std::optional<std::size_t> typedPlace() const;
+  void onSourceChanged();
+  void choose(Station station);
+  void open();
+  void forget();
+
+  AppModel& model_;
+  Clock& clock_;
+  Channels list_;
+  std::size_t place_ = 0;  // in the list
+  std::optional<MediaItem> channel_;
+  std::optional<Station> playing_;
+  std::optional<Station> before_;
+  QString typed_;
+  bool opening_ = false;  // the change of source is ours
+  std::unique_ptr<Clock::Timer> rest_;
+};
+
+}  // namespace vantor

@@ -1,0 +1,88 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// The channel that somebody zaps to, with its programmes.
+Rectangle {
+    id: panel
+
+    required property ChannelBanner banner
+    required property ArtworkStore artwork
+    // Texts are read from the other end of the room.
+    property int textSize: 20
+
+    implicitHeight: row.height + 2 * textSize
+    color: Style.faded("black", 0.78)
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: banner.number + " " + banner.name + ", " + banner.now
+
+    Row {
+        id: row
+        x: panel.textSize
+        y: panel.textSize
+        width: parent.width - 2 * panel.textSize
+        spacing: panel.textSize
+
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: panel.banner.number
+            font: Style.font(panel.textSize * 1.5, Font.DemiBold)
+            color: Style.mint
+        }
+
+        ProviderArtwork {
+            anchors.verticalCenter: parent.verticalCenter
+            width: panel.textSize * 4
+            height: panel.textSize * 2.5
+            visible: panel.width > 700
+            store: panel.artwork
+            source: panel.banner.artwork
+            symbol: "play.tv"
+        }
+
+        Column {
+            width: parent.width - x
+            spacing: panel.textSize / 4
+
+            component Line: Text {
+                width: parent.width
+                textFormat: Text.PlainText
+                color: Style.focusWhite
+                elide: Text.ElideRight
+                maximumLineCount: 1
+            }
+
+            Line {
+                text: panel.banner.name
+                font: Style.font(panel.textSize, Font.DemiBold)
+            }
+
+            Line {
+                text: panel.banner.times === "" ? panel.banner.now : panel.banner.times + "   " + panel.banner.now
+                font: Style.font(panel.textSize * 0.7)
+            }
+
+            Rectangle {
+                visible: panel.banner.progress >= 0
+                width: parent.width / 2
+                height: 4
+                radius: 2
+                color: Style.faded(Style.focusWhite, 0.2)
+
+                Rectangle {
+                    width: parent.width * Math.max(0, panel.banner.progress)
+                    height: parent.height
+                    radius: 2
+                    color: Style.mint
+                }
+            }
+
+            Line {
+                visible: text !== ""
+                text: panel.banner.next
+                font: Style.font(panel.textSize * 0.7)
+                color: Style.secondary
+            }
+        }
+    }
+}
