@@ -27,13 +27,15 @@ vantor_add_precompiled(vantor_precompiled_quick
           <optional> <string> <vector>)
 
 # For the tests, which bring GoogleTest along.
-vantor_add_precompiled(vantor_precompiled_test
-  LIBRARIES Qt6::Core QCoro6::Coro QCoro6::Core GTest::gmock
-  HEADERS <QCoroTask> <QByteArray> <QObject> <QString> <QUrl> <algorithm> <chrono> <functional>
-          <gmock/gmock.h> <gtest/gtest.h> <memory> <optional> <stop_token> <string> <string_view>
-          <vector>)
-# Tests are compiled more often than they are run.
-target_compile_options(vantor_precompiled_test PUBLIC $<$<CONFIG:RelWithDebInfo>:-O1>)
+if(BUILD_TESTING)
+  vantor_add_precompiled(vantor_precompiled_test
+    LIBRARIES Qt6::Core QCoro6::Coro QCoro6::Core GTest::gmock
+    HEADERS <QCoroTask> <QByteArray> <QObject> <QString> <QUrl> <algorithm> <chrono> <functional>
+            <gmock/gmock.h> <gtest/gtest.h> <memory> <optional> <stop_token> <string> <string_view>
+            <vector>)
+  # Tests are compiled more often than they are run.
+  target_compile_options(vantor_precompiled_test PUBLIC $<$<CONFIG:RelWithDebInfo>:-O1>)
+endif()
 
 # vantor_precompile(target [LIKE precompiled])
 function(vantor_precompile target)

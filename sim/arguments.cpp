@@ -83,7 +83,7 @@ constexpr Option kOptions[] = {
 
 std::string helpText() {
   std::string text =
-      "Usage: vantor-sim [OPTION]…\n"
+      "Usage: vantor-sim [OPTION]...\n"
       "A made-up television provider on this machine, to try the player with.\n\n";
   for (const auto& option : kOptions) {
     std::string line = "  " + std::string(option.name);
