@@ -24,7 +24,9 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       transport_(model.playback()),
       zapping_(model, clock),
       banner_(zapping_, model.guide(), clock),
-      remote_(model, zapping_, banner_, transport_, clock),
+      episodeQueue_(model),
+      nextEpisode_(episodeQueue_, model.playback(), clock),
+      remote_(model, {zapping_, banner_, nextEpisode_, transport_}, clock),
       commands_(model) {}
 
 }  // namespace vantor

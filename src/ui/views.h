@@ -9,6 +9,7 @@
 #include "ui/entries/item_list_model.h"
 #include "ui/episodes/episode_list_model.h"
 #include "ui/player/channel_banner.h"
+#include "ui/player/next_episode.h"
 #include "ui/player/player_pane.h"
 #include "ui/player/player_remote.h"
 #include "ui/player/transport_controls.h"
@@ -42,6 +43,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::PlayerPane* player READ player CONSTANT)
   Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
   Q_PROPERTY(vantor::ChannelBanner* banner READ banner CONSTANT)
+  Q_PROPERTY(vantor::NextEpisode* nextEpisode READ nextEpisode CONSTANT)
   Q_PROPERTY(vantor::PlayerRemote* remote READ remote CONSTANT)
   Q_PROPERTY(vantor::Commands* commands READ commands CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
@@ -65,6 +67,7 @@ class Views final : public QObject {
   PlayerPane* player() { return &player_; }
   TransportControls* transport() { return &transport_; }
   ChannelBanner* banner() { return &banner_; }
+  NextEpisode* nextEpisode() { return &nextEpisode_; }
   PlayerRemote* remote() { return &remote_; }
   Commands* commands() { return &commands_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
@@ -89,6 +92,8 @@ class Views final : public QObject {
   TransportControls transport_;
   Zapping zapping_;
   ChannelBanner banner_;
+  EpisodeQueue episodeQueue_;
+  NextEpisode nextEpisode_;
   PlayerRemote remote_;
   Commands commands_;
 };

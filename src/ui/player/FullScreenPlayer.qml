@@ -48,6 +48,17 @@ FocusScope {
         widestCard: 560
     }
 
+    OnDemand {
+        width: parent.width
+        visible: wanted
+        wanted: screen.player.interruption !== ""
+
+        sourceComponent: InterruptionStrip {
+            text: screen.player.interruption
+            onEndChosen: screen.player.giveUp()
+        }
+    }
+
     Text {
         anchors.top: parent.top
         anchors.right: parent.right

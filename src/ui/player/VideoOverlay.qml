@@ -52,7 +52,7 @@ PersistentVideoOverlay {
         width: parent.width
         y: parent.height - height
         visible: wanted
-        wanted: overlay.placed && overlay.player.interruption !== ""
+        wanted: overlay.placed && !overlay.filling && overlay.player.interruption !== ""
 
         sourceComponent: InterruptionStrip {
             text: overlay.player.interruption

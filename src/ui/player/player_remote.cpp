@@ -7,6 +7,7 @@
 #include "core/zapping.h"
 #include "playback/playback.h"
 #include "ui/player/channel_banner.h"
+#include "ui/player/next_episode.h"
 #include "ui/player/transport_controls.h"
 
 namespace vantor {
@@ -30,13 +31,13 @@ const std::array shapeNames{u"Whole picture"_s, u"Fill the screen"_s, u"Stretch"
 
 }  // namespace
 
-PlayerRemote::PlayerRemote(AppModel& model, Zapping& zapping, ChannelBanner& banner,
-                           TransportControls& transport, Clock& clock, QObject* parent)
+PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QObject* parent)
     : QObject(parent),
       playback_(model.playback()),
-      zapping_(zapping),
-      banner_(banner),
-      transport_(transport),
+      zapping_(parts.zapping),
+      banner_(parts.banner),
+      nextEpisode_(parts.nextEpisode),
+      transport_(parts.transport),
       clock_(clock) {
   for (const auto signal :
        {&Playback::sourceChanged, &Playback::expandedChanged, &Playback::fullScreenChanged})
@@ -107,6 +108,11 @@ bool PlayerRemote::press(int key, int modifiers) {
   if (!watching()) return false;
   if (!shift && zap(key)) return true;
   switch (key) {
+    case Qt::Key_N:
+      return nextEpisode_.play();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return nextEpisode_.offered() && nextEpisode_.play();
     case Qt::Key_Left:
       return skip(shift ? -longSkip : -shortSkip);
     case Qt::Key_Right:
@@ -130,6 +136,10 @@ bool PlayerRemote::press(int key, int modifiers) {
     default:
       return false;
   }
+}
+
+bool PlayerRemote::escape() {
+  return watching() && nextEpisode_.refuse();
 }
 
 bool PlayerRemote::zap(int key) {

@@ -10,6 +10,7 @@ namespace vantor {
 
 class AppModel;
 class ChannelBanner;
+class NextEpisode;
 class Playback;
 class TransportControls;
 class Zapping;
@@ -29,9 +30,16 @@ class PlayerRemote final : public QObject {
   Q_PROPERTY(QString fullScreenSymbol READ fullScreenSymbol NOTIFY fullScreenChanged)
 
  public:
+  /// What the keys act on beside the playback itself.
+  struct Parts {
+    Zapping& zapping;
+    ChannelBanner& banner;
+    NextEpisode& nextEpisode;
+    TransportControls& transport;
+  };
+
   /// What is passed outlives it.
-  PlayerRemote(AppModel& model, Zapping& zapping, ChannelBanner& banner,
-               TransportControls& transport, Clock& clock, QObject* parent = nullptr);
+  PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QObject* parent = nullptr);
 
   /// Only ever with a source. Leaves by itself for a sheet and for another section.
   bool fullScreen() const;
@@ -60,6 +68,8 @@ class PlayerRemote final : public QObject {
 
   /// A key, as Qt names it, that nothing else took. Whether it means something here.
   Q_INVOKABLE bool press(int key, int modifiers);
+  /// Whether Esc put something away here.
+  Q_INVOKABLE bool escape();
   Q_INVOKABLE void changeVolume(double percent);
 
  Q_SIGNALS:
@@ -82,6 +92,7 @@ class PlayerRemote final : public QObject {
   Playback& playback_;
   Zapping& zapping_;
   ChannelBanner& banner_;
+  NextEpisode& nextEpisode_;
   TransportControls& transport_;
   Clock& clock_;
   bool controlsShown_ = false;

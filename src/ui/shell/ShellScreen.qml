@@ -10,7 +10,10 @@ FocusScope {
     required property WindowActions window
 
     // The keys that nothing below took.
-    Keys.onEscapePressed: views.shell.escape()
+    Keys.onEscapePressed: {
+        if (!views.remote.escape())
+            views.shell.escape();
+    }
     Keys.onPressed: event => event.accepted = views.remote.press(event.key, event.modifiers)
     Keys.onSpacePressed: event => {
         event.accepted = event.modifiers === Qt.NoModifier;
@@ -151,6 +154,23 @@ FocusScope {
             player: screen.views.player
             remote: screen.views.remote
             transport: screen.views.transport
+        }
+    }
+
+    OnDemand {
+        id: offer
+        readonly property int textSize: Math.max(20, screen.height / 24)
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: textSize
+        // Over the controls.
+        anchors.bottomMargin: 160
+        visible: wanted
+        wanted: screen.views.remote.watching && screen.views.nextEpisode.offered
+
+        sourceComponent: NextEpisodeCard {
+            next: screen.views.nextEpisode
+            textSize: offer.textSize
         }
     }
 }

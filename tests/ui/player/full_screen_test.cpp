@@ -254,18 +254,17 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   const ChannelBanner& banner = *views->banner();
   for (const Qt::Key key : {Qt::Key_4, Qt::Key_0, Qt::Key_Return}) press(key);
   clock.advance(5s);
-  test::settle();
-  const int asked = transport.requests(guide);
   for (int i = 0; i < 3; ++i) press(Qt::Key_Up), clock.advance(100ms);
   EXPECT_TRUE(banner.shown());
   EXPECT_NE(find("text", u"Title 43"_s), nullptr);
   EXPECT_EQ(banner.number(), u"43"_s);
-  test::settle();
-  EXPECT_EQ(transport.requests(guide), asked) << "nothing is asked for what is passed";
   clock.advance(150ms);
-  test::settle();
-  EXPECT_EQ(transport.requests(guide), asked + 1);
-  EXPECT_TRUE(test::eventually([&] { return banner.now() == u"News"_s; }));
+  EXPECT_TRUE(test::eventually([&] {
+    clock.advance(1ms);
+    return banner.now() == u"News"_s;
+  }));
+  for (const int passed : {41, 42})
+    EXPECT_FALSE(app->guide().guideOf(entry(LibraryKind::live, passed).id)) << "nobody asks for it";
   EXPECT_NEAR(banner.progress(), 0.25, 0.01);
   EXPECT_TRUE(banner.next().endsWith(u"Film"_s));
   showPicture();
@@ -284,6 +283,69 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   EXPECT_EQ(banner.name(), u"No such channel"_s);
   app->playback().stop();
   EXPECT_FALSE(banner.shown());
+}
+
+TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
+  transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 1));
+  transport.always(categoryAction(LibraryKind::shows), "[]");
+  transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"1","title":"One"},
+      {"id":"2","title":"Two"},{"id":"3","title":"Three"},{"id":"4","title":"Four"}]}})");
+  app->navigate(Section::shows);
+  ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 1; }));
+  app->select(app->browsing().items().item(0));
+  ASSERT_TRUE(test::eventually([&] { return app->details().episodes().size() == 4; }));
+  const NextEpisode& next = *views->nextEpisode();
+  const auto at = [&](EngineState state, std::int64_t seconds) {
+    test::settle();
+    engine.now = {.state = state,
+                  .hasMedia = true,
+                  .time = seconds * 1000,
+                  .length = 1'000'000,
+                  .seekable = true,
+                  .decodedVideo = 5};
+    clock.advance(250ms);
+    QTest::qWait(0);
+  };
+  const auto playing = [&] { return app->playback().itemID().value_or(QString()); };
+  const auto playFirst = [&] { app->play(app->details().episodes().first()); };
+
+  playFirst();
+  at(EngineState::playing, 100);
+  press(Qt::Key_N);
+  EXPECT_EQ(playing(), u"episode:1"_s) << "the list has the keys";
+  press(Qt::Key_F);
+  press(Qt::Key_N);
+  EXPECT_EQ(playing(), u"episode:2"_s);
+  at(EngineState::playing, 969);
+  EXPECT_FALSE(next.offered());
+  at(EngineState::playing, 971);
+  EXPECT_TRUE(next.offered());
+  EXPECT_NE(find("text", next.title()), nullptr);
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(next.offered());
+  EXPECT_TRUE(isFull());
+  at(EngineState::ended, 1000);
+  clock.advance(20s);
+  EXPECT_EQ(playing(), u"episode:2"_s) << "refused";
+
+  press(Qt::Key_N);
+  at(EngineState::playing, 980);
+  press(Qt::Key_Return);
+  EXPECT_EQ(playing(), u"episode:4"_s);
+  at(EngineState::playing, 980);
+  EXPECT_FALSE(next.offered()) << "nothing follows";
+
+  playFirst();
+  at(EngineState::playing, 990);
+  at(EngineState::ended, 1000);
+  clock.advance(9s);
+  EXPECT_EQ(playing(), u"episode:1"_s);
+  views->remote()->setFullScreen(false);
+  clock.advance(30s);
+  EXPECT_EQ(playing(), u"episode:1"_s) << "only in full screen it plays by itself";
+  views->remote()->setFullScreen(true);
+  clock.advance(10s);
+  EXPECT_EQ(playing(), u"episode:2"_s);
 }
 
 }  // namespace

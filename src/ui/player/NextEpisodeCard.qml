@@ -1,0 +1,65 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// The next episode, which Return plays and Esc refuses.
+Rectangle {
+    id: card
+
+    required property NextEpisode next
+    // Texts are read from the other end of the room.
+    property int textSize: 20
+
+    implicitWidth: column.implicitWidth + 2 * textSize
+    implicitHeight: column.implicitHeight + 2 * textSize
+    radius: 8
+    color: Style.faded("black", 0.85)
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: heading.text + ": " + title.text + ", " + outlook.text
+
+    Column {
+        id: column
+        x: card.textSize
+        y: card.textSize
+        spacing: card.textSize / 2
+
+        StyledText {
+            id: heading
+            text: "Next episode"
+            font: Style.font(card.textSize * 0.6)
+            color: Style.secondary
+        }
+
+        StyledText {
+            id: title
+            width: Math.min(implicitWidth, card.textSize * 24)
+            text: card.next.title
+            font: Style.font(card.textSize, Font.DemiBold)
+            color: Style.focusWhite
+            elide: Text.ElideRight
+        }
+
+        StyledText {
+            id: outlook
+            text: card.next.outlook
+            font: Style.font(card.textSize * 0.6)
+            color: Style.mint
+        }
+
+        Row {
+            spacing: Style.gap
+
+            TVButton {
+                text: "Play now"
+                plainColor: Style.faded(Style.focusWhite, 0.14)
+                onClicked: card.next.play()
+            }
+
+            TVButton {
+                text: "Not now"
+                plainColor: Style.faded(Style.focusWhite, 0.14)
+                onClicked: card.next.refuse()
+            }
+        }
+    }
+}
