@@ -81,6 +81,23 @@ void player(Album& album) {
   stage.press(Qt::Key_Escape);
   stage.click(u"Playback speed"_s);
   stage.shot(u"speeds"_s, u"The choice of a speed"_s);
+  stage.press(Qt::Key_Escape);
+  shell.backToBrowsing();
+
+  stage.show(Section::shows);
+  shell.selectRow(0);
+  stage.until("the episodes", [&] { return stage.views().episodes()->rowCount() > 0; });
+  stage.views().episodes()->play(0);
+  stage.until("the opening", [&] { return pane.loading(); });
+  TransportControls& transport = *stage.views().transport();
+  stage.until("the picture", [&] { return playing() && transport.sliderEnd() > 1; });
+  stage.views().remote()->setFullScreen(true);
+  transport.beginSeek();
+  transport.dragTo(transport.sliderEnd() * 0.95);
+  transport.endSeek();
+  stage.until("the offer", [&] { return stage.views().nextEpisode()->offered(); });
+  stage.settle();
+  stage.shot(u"next-episode"_s, u"Near the end of an episode the next one is offered"_s);
 }
 
 }  // namespace vantor::screens
