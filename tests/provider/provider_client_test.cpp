@@ -146,6 +146,32 @@ TEST_F(ProviderClientTest, CancellingTheCallerEndsTheReadingOfItsAnswers) {
   expectCancelled(client.guide(item, stop.get_token()), "get_short_epg", "{}");
 }
 
+// AddressSanitizer tells of the worker that is gone.
+TEST_F(ProviderClientTest, AnswersThatArriveAfterTheStopReachNoWorker) {
+  const auto expectCancelled = [&]<class Value>(auto start, const char* action) {
+    auto own = std::make_unique<Worker>();
+    QCoro::Task<Value> operation = start(ProviderClient(account, transport, *own));
+    settle();
+    transport.answer(QString::fromLatin1(action), "[]");
+    stop.request_stop();
+    own.reset();
+    EXPECT_THROW(awaited<Value>(std::move(operation)), Cancelled) << action;
+    stop = std::stop_source();
+  };
+  const auto catalog = [&](const ProviderClient& other) {
+    return other.catalog(LibraryKind::live, stop.get_token());
+  };
+  expectCancelled.operator()<Catalog>(catalog, "get_live_streams");
+  transport.always(u"get_live_streams"_s, "[]");
+  expectCancelled.operator()<Catalog>(catalog, "get_live_categories");
+  expectCancelled.operator()<QList<MediaItem>>(
+      [&](const ProviderClient& other) { return other.episodes({}, stop.get_token()); },
+      "get_series_info");
+  expectCancelled.operator()<GuideEntries>(
+      [&](const ProviderClient& other) { return other.guide({}, stop.get_token()); },
+      "get_short_epg");
+}
+
 class ConfigurationTest : public ::testing::Test {
  protected:
   QTemporaryDir folder;
