@@ -150,6 +150,19 @@ TEST_F(ArtworkStoreTest, CancellingEndsARequestWhereverItIs) {
   settle();
   EXPECT_TRUE(stopped->over);
   EXPECT_EQ(downloads(), 5u);
+
+  // AddressSanitizer tells of a worker that is gone when the answer arrives.
+  auto own = std::make_unique<Worker>();
+  ArtworkStore other(transport, clock, *own);
+  const auto answered = std::make_shared<Call>();
+  answered->job = Job::start(
+      [&](std::stop_token token) { return follow(token, &other, address(7), answered); });
+  settle();
+  transport.answer(fileName(7), picture());
+  answered->job.cancel();
+  own.reset();
+  settle();
+  EXPECT_TRUE(answered->over && answered->image.isNull());
 }
 
 TEST_F(ArtworkStoreTest, KeepsTheLastEighty) {
