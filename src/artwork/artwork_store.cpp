@@ -59,7 +59,6 @@ QCoro::Task<QImage> ArtworkStore::load(std::shared_ptr<State> state, QUrl addres
     request.address = address;
     const QCoro::Task<QByteArray> fetched = state->transport.fetch(request, bodyLimit, token);
     QByteArray body = co_await fetched;
-    throwIfStopped(token);  // the worker may be gone
     const auto decoded = state->worker.run([body = std::move(body), token] {
       throwIfStopped(token);
       return decodeThumbnail(body);

@@ -45,8 +45,8 @@ HTTPClient::~HTTPClient() {
   thread_.wait();
 }
 
-QCoro::Task<QByteArray> HTTPClient::fetch(HTTPRequest request, std::int64_t limit,
-                                          std::stop_token token) {
+QCoro::Task<QByteArray> HTTPClient::transfer(HTTPRequest request, std::int64_t limit,
+                                             std::stop_token token) {
   throwIfStopped(token);
   const Pending<QByteArray> body;
   const std::uint64_t number = ++lastTransfer_;

@@ -22,10 +22,10 @@ class HTTPClient final : public HTTPTransport {
   explicit HTTPClient(TransferTimes times = {});
   ~HTTPClient() override;
 
-  QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit,
-                                std::stop_token token) override;
-
  private:
+  QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
+                                   std::stop_token token) override;
+
   QThread thread_;
   TransferThread* transfers_;  // lives on thread_, which deletes it
   TransferTimes times_;

@@ -43,10 +43,14 @@ class HTTPTransport {
   virtual ~HTTPTransport() = default;
 
   /// Fetches a whole body of at most `limit` bytes, after decompression. Fails with `AppError`,
-  /// `HTTPFailure`, `URLError` or `Cancelled`. Main thread only; a stop request ends the transfer.
-  /// Whatever comes of it, its connection is closed by then.
-  virtual QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit,
-                                        std::stop_token token) = 0;
+  /// `HTTPFailure`, `URLError` or `Cancelled`. Main thread only; a stop request ends the transfer,
+  /// and a body that was already on its way is not given on: what it was for may be gone. Whatever
+  /// comes of it, its connection is closed by then.
+  QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit, std::stop_token token);
+
+ private:
+  virtual QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
+                                           std::stop_token token) = 0;
 };
 
 }  // namespace vantor

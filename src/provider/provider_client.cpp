@@ -42,7 +42,6 @@ QCoro::Task<GuideEntries> ProviderClient::guide(const MediaItem& channel,
 QCoro::Task<ProviderDetails> ProviderClient::signIn(ProviderClient client, std::stop_token token) {
   const QCoro::Task<QByteArray> answered = client.request({}, {}, token);
   QByteArray answer = co_await answered;
-  throwIfStopped(token);  // the worker may be gone
   const auto parsed = client.worker_->run(
       [answer = std::move(answer)]() mutable { return parseSignIn(std::move(answer)); });
   ProviderDetails details = co_await parsed;
@@ -59,13 +58,13 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
       client.request(categoryAction(kind), {}, children);
   try {
     QByteArray entries = co_await entriesAnswer;
-    throwIfStopped(children);
     // Read at once: the categories may take long, and are for nothing if these are no entries.
     const auto read = client.worker_->run([entries = std::move(entries), kind, children]() mutable {
       return parseEntries(std::move(entries), kind, children);
     });
     std::shared_ptr<CatalogBuilder> builder = co_await read;
     QByteArray categories = co_await categoriesAnswer;
+    // They may have come before the entries were read, and the worker may be gone.
     throwIfStopped(children);
     const auto parsed = client.worker_->run(
         [categories = std::move(categories), builder = std::move(builder), children]() mutable {
@@ -86,7 +85,6 @@ QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client
   const QCoro::Task<QByteArray> answered =
       client.request(QStringLiteral("get_series_info"), extra, token);
   QByteArray answer = co_await answered;
-  throwIfStopped(token);  // the worker may be gone
   const auto parsed =
       client.worker_->run([answer = std::move(answer), show = std::move(show), token]() mutable {
         return parseEpisodes(std::move(answer), show, token);
@@ -102,7 +100,6 @@ QCoro::Task<GuideEntries> ProviderClient::loadGuide(ProviderClient client, Media
   const QCoro::Task<QByteArray> answered =
       client.request(QStringLiteral("get_short_epg"), extra, token);
   QByteArray answer = co_await answered;
-  throwIfStopped(token);  // the worker may be gone
   const auto parsed =
       client.worker_->run([answer = std::move(answer), id = channel.id, token]() mutable {
         return parseGuide(std::move(answer), id, token);

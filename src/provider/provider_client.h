@@ -18,7 +18,7 @@ class Worker;
 /// transport fails with, `JSONError` or `AppError`.
 class ProviderClient {
  public:
-  /// Both references outlive every operation.
+  /// Both references outlive every operation that is not cancelled.
   ProviderClient(ProviderAccount account, HTTPTransport& transport, Worker& worker);
 
   QCoro::Task<ProviderDetails> authenticate(std::stop_token token) const;

@@ -362,7 +362,9 @@ class SlowTransport final : public HTTPTransport {
  public:
   Pending<Done> closed;
   bool asked = false;
-  QCoro::Task<QByteArray> fetch(HTTPRequest, std::int64_t, std::stop_token) override {
+
+ private:
+  QCoro::Task<QByteArray> transfer(HTTPRequest, std::int64_t, std::stop_token) override {
     asked = true;
     const Pending<Done> end = closed;
     co_await end;

@@ -5,8 +5,8 @@
 
 namespace vantor::test {
 
-QCoro::Task<QByteArray> FakeTransport::fetch(HTTPRequest request, std::int64_t limit,
-                                             std::stop_token token) {
+QCoro::Task<QByteArray> FakeTransport::transfer(HTTPRequest request, std::int64_t limit,
+                                                std::stop_token token) {
   auto exchange = std::make_shared<Exchange>();
   exchange->request = request;
   exchange->limit = limit;

@@ -23,9 +23,6 @@ class FakeTransport final : public HTTPTransport {
     Pending<QByteArray> answer;
   };
 
-  QCoro::Task<QByteArray> fetch(HTTPRequest request, std::int64_t limit,
-                                std::stop_token token) override;
-
   /// Every later request of `action` is answered at once.
   void always(const QString& action, const QByteArray& body) { bodies_.insert(action, body); }
   void onDemand(const QString& action) { bodies_.remove(action); }
@@ -43,6 +40,8 @@ class FakeTransport final : public HTTPTransport {
   const std::vector<std::shared_ptr<Exchange>>& exchanges() const { return exchanges_; }
 
  private:
+  QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
+                                   std::stop_token token) override;
   std::shared_ptr<Exchange> oldestOpen(const QString& action) const;
   static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, std::stop_token token);
 
