@@ -35,7 +35,7 @@ QHash<int, QByteArray> GuideListModel::roleNames() const {
 }
 
 GuideEntries GuideListModel::upcoming(const QString& channelID) const {
-  return upcomingEntries(guide_.guideOf(channelID).value_or(GuideEntries()), clock_.now());
+  return upcomingEntries(guide_, channelID, clock_.now());
 }
 
 QString GuideListModel::nowText(const QModelIndex& index) const {
@@ -43,8 +43,7 @@ QString GuideListModel::nowText(const QModelIndex& index) const {
   const GuideEntries entries = upcoming(id);
   if (!entries.isEmpty()) return entries.first().title;
   if (index.data(ItemListModel::IsExampleRole).toBool()) return u"Preview channel"_s;
-  if (guide_.guideFailed(id)) return u"Guide unavailable"_s;
-  return guide_.guideOf(id) ? u"No programme information"_s : u"Loading guide…"_s;
+  return absentProgramme(guide_, id);
 }
 
 QString GuideListModel::nextText(const QModelIndex& index) const {

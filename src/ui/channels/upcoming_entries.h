@@ -1,21 +1,19 @@
 #pragma once
 
-#include <algorithm>
-#include <iterator>
-
 #include "library/guide_entry.h"
 #include "platform/clock.h"
 
 namespace vantor {
 
+class ProgrammeGuide;
+
 /// The programmes that have not ended yet, in their stored order: what is on now, then what is
 /// next.
-inline GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
-  GuideEntries upcoming;
-  const auto time = std::chrono::floor<ProviderTime::duration>(now);
-  std::copy_if(entries.begin(), entries.end(), std::back_inserter(upcoming),
-               [time](const GuideEntry& entry) { return entry.end > time; });
-  return upcoming;
-}
+GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now);
+/// Those of a channel; none while its guide is unknown.
+GuideEntries upcomingEntries(const ProgrammeGuide& guide, const QString& channelID, WallTime now);
+
+/// What is said of a channel without such a programme.
+QString absentProgramme(const ProgrammeGuide& guide, const QString& channelID);
 
 }  // namespace vantor

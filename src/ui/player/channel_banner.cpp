@@ -64,17 +64,14 @@ QUrl ChannelBanner::artwork() const {
 
 GuideEntries ChannelBanner::upcoming() const {
   const auto channel = told();
-  if (!channel) return {};
-  return upcomingEntries(guide_.guideOf(channel->id).value_or(GuideEntries()), clock_.now());
+  return channel ? upcomingEntries(guide_, channel->id, clock_.now()) : GuideEntries();
 }
 
 QString ChannelBanner::now() const {
   const GuideEntries entries = upcoming();
   if (!entries.isEmpty()) return entries.first().title;
   const auto channel = told();
-  if (!channel) return {};
-  if (guide_.guideFailed(channel->id)) return u"Guide unavailable"_s;
-  return guide_.guideOf(channel->id) ? u"No programme information"_s : u"Loading guide…"_s;
+  return channel ? absentProgramme(guide_, channel->id) : QString();
 }
 
 QString ChannelBanner::times() const {

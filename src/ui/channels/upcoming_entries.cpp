@@ -1,0 +1,29 @@
+#include "ui/channels/upcoming_entries.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "core/programme_guide.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
+  GuideEntries upcoming;
+  const auto time = std::chrono::floor<ProviderTime::duration>(now);
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(upcoming),
+               [time](const GuideEntry& entry) { return entry.end > time; });
+  return upcoming;
+}
+
+GuideEntries upcomingEntries(const ProgrammeGuide& guide, const QString& channelID, WallTime now) {
+  return upcomingEntries(guide.guideOf(channelID).value_or(GuideEntries()), now);
+}
+
+QString absentProgramme(const ProgrammeGuide& guide, const QString& channelID) {
+  if (guide.guideFailed(channelID)) return u"Guide unavailable"_s;
+  return guide.guideOf(channelID) ? u"No programme information"_s : u"Loading guide…"_s;
+}
+
+}  // namespace vantor
