@@ -21,9 +21,9 @@ Zapping::Zapping(AppModel& model, Clock& clock) : model_(model), clock_(clock) {
 bool Zapping::step(int channels) {
   if (!channel_) return false;
   typed_.clear();
-  const auto count = static_cast<std::int64_t>(list_->count(LibraryKind::live));
-  const std::int64_t moved = (static_cast<std::int64_t>(place_) + channels) % count;
-  choose({list_, static_cast<std::size_t>(moved < 0 ? moved + count : moved)});
+  const auto all = static_cast<std::int64_t>(count());
+  const std::int64_t moved = (static_cast<std::int64_t>(chosen_.place) + channels) % all;
+  choose({chosen_.list, static_cast<std::size_t>(moved < 0 ? moved + all : moved)});
   rest_ = clock_.callAfter(stepRest, [this] { open(); });
   return true;
 }
@@ -37,15 +37,19 @@ bool Zapping::type(int digit) {
   return true;
 }
 
+std::size_t Zapping::count() const {
+  return chosen_.list->count(LibraryKind::live);
+}
+
 std::optional<std::size_t> Zapping::typedPlace() const {
   const std::size_t number = typed_.toUInt();
-  if (!channel_ || number < 1 || number > list_->count(LibraryKind::live)) return {};
+  if (!channel_ || number < 1 || number > count()) return {};
   return number - 1;
 }
 
 std::optional<MediaItem> Zapping::typedChannel() const {
   const std::optional<std::size_t> place = typedPlace();
-  return place ? std::optional(list_->item(*place)) : std::nullopt;
+  return place ? std::optional(chosen_.list->item(*place)) : std::nullopt;
 }
 
 bool Zapping::enter() {
@@ -53,7 +57,7 @@ bool Zapping::enter() {
   const std::optional<std::size_t> place = typedPlace();
   typed_.clear();
   if (place) {
-    choose({list_, *place});
+    choose({chosen_.list, *place});
     open();
   } else {
     rest_.reset();
@@ -71,9 +75,8 @@ bool Zapping::goBack() {
 }
 
 void Zapping::choose(Station station) {
-  list_ = std::move(station.list);
-  place_ = station.place;
-  channel_ = list_->item(place_);
+  chosen_ = std::move(station);
+  channel_ = chosen_.list->item(chosen_.place);
   Q_EMIT changed();
 }
 
@@ -91,7 +94,7 @@ void Zapping::onSourceChanged() {
   const std::optional<PlayRequest>& source = model_.playback().source();
   if (!source || source->kind != SourceKind::broadcast) return forget();
   if (playing_ && playing_->list->id(playing_->place) == source->id) return;
-  Channels list = opening_ ? list_ : model_.browsing().sharedItems();
+  std::shared_ptr<const ItemList> list = opening_ ? chosen_.list : model_.browsing().sharedItems();
   const std::optional<std::size_t> place = list->indexOf(source->id);
   if (!place) return forget();
   before_ = std::exchange(playing_, Station{list, *place});
@@ -105,7 +108,7 @@ void Zapping::forget() {
   typed_.clear();
   playing_.reset();
   before_.reset();
-  list_.reset();
+  chosen_ = {};
   if (std::exchange(channel_, std::nullopt)) Q_EMIT changed();
 }
 

@@ -23,7 +23,7 @@ class Zapping final : public QObject {
   /// The chosen channel, which plays or will in a moment; absent while no channel plays.
   const std::optional<MediaItem>& channel() const { return channel_; }
   /// Its place in the list, from 1; 0 without a channel.
-  std::size_t number() const { return channel_ ? place_ + 1 : 0; }
+  std::size_t number() const { return channel_ ? chosen_.place + 1 : 0; }
   /// The digits of a number that is being typed.
   const QString& typed() const { return typed_; }
   /// The channel of that number; absent when the list does not have it.
@@ -44,12 +44,12 @@ class Zapping final : public QObject {
   void changed();
 
  private:
-  using Channels = std::shared_ptr<const ItemList>;
   struct Station {
-    Channels list;
-    std::size_t place;
+    std::shared_ptr<const ItemList> list;
+    std::size_t place = 0;
   };
 
+  std::size_t count() const;  // of channels in the list
   std::optional<std::size_t> typedPlace() const;
   void onSourceChanged();
   void choose(Station station);
@@ -58,9 +58,8 @@ class Zapping final : public QObject {
 
   AppModel& model_;
   Clock& clock_;
-  Channels list_;
-  std::size_t place_ = 0;  // in the list
   std::optional<MediaItem> channel_;
+  Station chosen_{};  // of the channel, while there is one
   std::optional<Station> playing_;
   std::optional<Station> before_;
   QString typed_;
