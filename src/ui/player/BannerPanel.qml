@@ -8,8 +8,7 @@ Rectangle {
 
     required property ChannelBanner banner
     required property ArtworkStore artwork
-    // Texts are read from the other end of the room.
-    property int textSize: 20
+    required property int textSize
 
     implicitHeight: row.height + 2 * textSize
     color: Style.faded("black", 0.78)

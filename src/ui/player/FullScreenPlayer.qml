@@ -12,8 +12,7 @@ FocusScope {
     required property PlayerPane player
     required property PlayerRemote remote
     required property TransportControls transport
-    // Texts are read from the other end of the room.
-    readonly property int distantText: Math.max(20, height / 24)
+    readonly property int distantText: Style.distantSize(height)
 
     Binding {
         target: screen.remote

@@ -7,8 +7,7 @@ Rectangle {
     id: card
 
     required property NextEpisode next
-    // Texts are read from the other end of the room.
-    property int textSize: 20
+    required property int textSize
 
     implicitWidth: column.implicitWidth + 2 * textSize
     implicitHeight: column.implicitHeight + 2 * textSize

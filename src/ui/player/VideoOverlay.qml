@@ -68,7 +68,7 @@ PersistentVideoOverlay {
         sourceComponent: BannerPanel {
             banner: overlay.banner
             artwork: overlay.artwork
-            textSize: Math.max(20, overlay.height / 24)
+            textSize: Style.distantSize(overlay.height)
         }
     }
 }

@@ -159,7 +159,7 @@ FocusScope {
 
     OnDemand {
         id: offer
-        readonly property int textSize: Math.max(20, screen.height / 24)
+        readonly property int textSize: Style.distantSize(screen.height)
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: textSize

@@ -1,5 +1,7 @@
 #include "ui/style/style.h"
 
+#include <algorithm>
+
 #include "ui/style/symbols.h"
 
 namespace vantor {
@@ -22,6 +24,10 @@ QFont Style::font(int size, int weight, double letterSpacing) {
   font.setWeight(static_cast<QFont::Weight>(weight));
   if (letterSpacing != 0) font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
   return font;
+}
+
+int Style::distantSize(double height) {
+  return static_cast<int>(std::max(20.0, height / 24));
 }
 
 QFont Style::serifFont(int size) {

@@ -59,6 +59,8 @@ class Style : public QObject {
 
   /// The interface font.
   Q_INVOKABLE static QFont font(int size, int weight = QFont::Normal, double letterSpacing = 0);
+  /// Size of a text on a picture of that height, to be read from the other end of the room.
+  Q_INVOKABLE static int distantSize(double height);
   /// For the name of a title that has the room.
   Q_INVOKABLE static QFont serifFont(int size);
   Q_INVOKABLE static QFont iconFont(int size);
