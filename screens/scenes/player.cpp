@@ -49,6 +49,23 @@ void player(Album& album) {
   stage.press(Qt::Key_1);
   stage.press(Qt::Key_2);
   stage.shot(u"full-screen-number"_s, u"A channel's number is being typed"_s);
+  stage.press(Qt::Key_Return);
+  stage.press(Qt::Key_Return);
+  stage.until("the list", [&] { return stage.views().remote()->chooser() != nullptr; });
+  stage.press(Qt::Key_Down);
+  stage.settle();
+  stage.shot(u"full-screen-channels"_s, u"The list of channels over the picture"_s);
+  stage.press(Qt::Key_Escape);
+  stage.press(Qt::Key_I, Qt::ControlModifier);
+  stage.until("two looks at it",
+              [&] { return stage.views().statistics()->text().contains(u"Shown"_s); });
+  stage.settle();
+  stage.shot(u"full-screen-statistics"_s, u"What is known of the picture"_s);
+  stage.press(Qt::Key_I, Qt::ControlModifier);
+  stage.press(Qt::Key_Question, Qt::ShiftModifier);
+  stage.settle();
+  stage.shot(u"keys"_s, u"All keys"_s);
+  stage.press(Qt::Key_Escape);
   stage.views().remote()->setFullScreen(false);
   shell.backToBrowsing();
   stage.settle();

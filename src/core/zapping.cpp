@@ -74,6 +74,14 @@ bool Zapping::goBack() {
   return true;
 }
 
+bool Zapping::open(std::shared_ptr<const ItemList> list, std::size_t index) {
+  if (!channel_ || index >= list->count(LibraryKind::live)) return false;
+  typed_.clear();
+  choose({std::move(list), index});
+  open();
+  return true;
+}
+
 void Zapping::choose(Station station) {
   chosen_ = std::move(station);
   channel_ = chosen_.list->item(chosen_.place);

@@ -38,6 +38,8 @@ class Zapping final : public QObject {
   bool enter();
   /// Back to the channel before this one, and again to this one.
   bool goBack();
+  /// Opens a channel of another list, by its index, and goes on in that list.
+  bool open(std::shared_ptr<const ItemList> list, std::size_t index);
 
  Q_SIGNALS:
   /// The chosen channel or the typed number differ.

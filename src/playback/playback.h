@@ -66,6 +66,7 @@ class Playback final : public QObject {
   bool loading() const { return isOpening(state()); }
   bool paused() const { return isHalted(state()); }
   const std::optional<QString>& message() const { return message_.get(); }  // what failed
+  PictureFacts picture() const { return engine_.status().picture; }
   TransportState* transport() { return &transport_; }
   const std::optional<PlayRequest>& source() const { return source_.get(); }
   QString title() const;                  // also without a source

@@ -26,7 +26,8 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       banner_(zapping_, model.guide(), clock),
       episodeQueue_(model),
       nextEpisode_(episodeQueue_, model.playback(), clock),
-      remote_(model, {zapping_, banner_, nextEpisode_, transport_}, clock),
+      statistics_(model.playback(), clock),
+      remote_(model, {zapping_, banner_, nextEpisode_, transport_, statistics_}, clock),
       commands_(model) {}
 
 }  // namespace vantor

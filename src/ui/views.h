@@ -12,6 +12,7 @@
 #include "ui/player/next_episode.h"
 #include "ui/player/player_pane.h"
 #include "ui/player/player_remote.h"
+#include "ui/player/statistics.h"
 #include "ui/player/transport_controls.h"
 #include "ui/posters/category_list_model.h"
 #include "ui/posters/poster_view.h"
@@ -44,6 +45,7 @@ class Views final : public QObject {
   Q_PROPERTY(vantor::TransportControls* transport READ transport CONSTANT)
   Q_PROPERTY(vantor::ChannelBanner* banner READ banner CONSTANT)
   Q_PROPERTY(vantor::NextEpisode* nextEpisode READ nextEpisode CONSTANT)
+  Q_PROPERTY(vantor::Statistics* statistics READ statistics CONSTANT)
   Q_PROPERTY(vantor::PlayerRemote* remote READ remote CONSTANT)
   Q_PROPERTY(vantor::Commands* commands READ commands CONSTANT)
   Q_PROPERTY(vantor::DialogFilePanel* filePanel READ filePanel CONSTANT)
@@ -68,6 +70,7 @@ class Views final : public QObject {
   TransportControls* transport() { return &transport_; }
   ChannelBanner* banner() { return &banner_; }
   NextEpisode* nextEpisode() { return &nextEpisode_; }
+  Statistics* statistics() { return &statistics_; }
   PlayerRemote* remote() { return &remote_; }
   Commands* commands() { return &commands_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
@@ -94,6 +97,7 @@ class Views final : public QObject {
   ChannelBanner banner_;
   EpisodeQueue episodeQueue_;
   NextEpisode nextEpisode_;
+  Statistics statistics_;
   PlayerRemote remote_;
   Commands commands_;
 };

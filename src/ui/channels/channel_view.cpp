@@ -1,12 +1,9 @@
 #include "ui/channels/channel_view.h"
 
-#include <algorithm>
-
 #include "core/app_model.h"
+#include "ui/channels/channel_groups.h"
 #include "ui/channels/programme_times.h"
 #include "ui/channels/upcoming_entries.h"
-#include "ui/entries/item_list_model.h"
-#include "ui/entries/one_line.h"
 
 namespace vantor {
 
@@ -16,47 +13,31 @@ ChannelView::ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QO
     : QObject(parent),
       model_(model),
       clock_(clock),
-      items_(items),
-      rows_(model.guide(), clock, items) {
-  const ProgrammeGuide& guide = model.guide();
-  connect(&guide, &ProgrammeGuide::guideChanged, this, &ChannelView::programmeChanged);
+      rows_(model.guide(), clock, items),
+      shown_(model.guide(), clock, model.browsing(), items, rows_) {
+  connect(&model.guide(), &ProgrammeGuide::guideChanged, this, &ChannelView::programmeChanged);
   for (const auto signal : {&ShowDetails::detailsLoadingChanged, &ShowDetails::detailsErrorChanged})
     connect(&model.details(), signal, this, &ChannelView::programmeChanged);
   connect(&model.browsing(), &Browsing::selectedChanged, this, &ChannelView::programmeChanged);
   connect(&model.record(), &WatchRecord::favoritesChanged, this, &ChannelView::programmeChanged);
   connect(&model.libraries(), &Libraries::catalogsChanged, this, &ChannelView::updateGroups);
   connect(&model.browsing(), &Browsing::categoryChanged, this, &ChannelView::groupChanged);
-  // A fetch that ends makes room for one that was turned away.
-  for (const auto signal :
-       {&ProgrammeGuide::guideCacheChanged, &ProgrammeGuide::guideFailuresChanged})
-    connect(&guide, signal, this, [this] { fetch(false); });
-  connect(&items, &ItemListModel::modelReset, this, [this] { fetch(false); });
+  connect(&shown_, &ShownProgrammes::minutePassed, this, &ChannelView::programmeChanged);
   updateGroups();
-  waitForNextMinute();
 }
 
-ChannelView::~ChannelView() = default;
+ChannelGroups ChannelView::channelGroups() const {
+  return ChannelGroups(model_.libraries().catalog(LibraryKind::live));
+}
 
 void ChannelView::updateGroups() {
-  QStringList groups = {u"All channels"_s};
-  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
-  for (const MediaCategory& category : catalog.categories()) groups.append(oneLine(category.name));
-  if (groups != groups_) {
-    groups_ = groups;
-    Q_EMIT groupsChanged();
-  }
+  const QStringList names = channelGroups().names();
+  if (std::exchange(groups_, names) != names) Q_EMIT groupsChanged();
   Q_EMIT groupChanged();
 }
 
 int ChannelView::group() const {
-  if (model_.browsing().category().isEmpty()) return 0;
-  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
-  const auto& categories = catalog.categories();
-  const auto found =
-      std::find_if(categories.begin(), categories.end(), [this](const MediaCategory& category) {
-        return category.id == model_.browsing().category();
-      });
-  return found == categories.end() ? -1 : 1 + static_cast<int>(found - categories.begin());
+  return channelGroups().place(model_.browsing().category());
 }
 
 QString ChannelView::groupName() const {
@@ -64,11 +45,7 @@ QString ChannelView::groupName() const {
 }
 
 void ChannelView::chooseGroup(int group) {
-  if (group == 0) return model_.setCategory(QString());
-  const Catalog catalog = model_.libraries().catalog(LibraryKind::live);
-  const auto& categories = catalog.categories();
-  const auto index = static_cast<std::size_t>(group) - 1;
-  if (group > 0 && index < categories.size()) model_.setCategory(categories[index].id);
+  if (const auto category = channelGroups().category(group)) model_.setCategory(*category);
 }
 
 QString ChannelView::channelName() const {
@@ -123,40 +100,6 @@ void ChannelView::watch() {
 
 void ChannelView::toggleBookmark() {
   if (channelSelected()) model_.favorite(*model_.browsing().selected());
-}
-
-void ChannelView::showRows(int first, int last) {
-  firstRow_ = first;
-  lastRow_ = last;
-  fetch(false);
-}
-
-void ChannelView::fetch(bool onlyRunningOut) {
-  if (model_.browsing().kind() != LibraryKind::live) return;
-  const int last = std::min(lastRow_, items_.rowCount() - 1);
-  for (int row = std::max(firstRow_, 0); row <= last; ++row) {
-    const MediaItem channel = items_.entry(row);
-    if (onlyRunningOut) {
-      const GuideEntries known = model_.guide().guideOf(channel.id).value_or(GuideEntries());
-      if (upcomingEntries(known, clock_.now()).size() >= 2) continue;
-    }
-    model_.guide().prefetchGuide(channel);
-  }
-}
-
-void ChannelView::waitForNextMinute() {
-  // Programmes begin and end on whole minutes.
-  const auto now = clock_.now();
-  const auto next = std::chrono::floor<std::chrono::minutes>(now) + std::chrono::minutes(1);
-  nextMinute_ = clock_.callAfter(std::chrono::ceil<std::chrono::milliseconds>(next - now),
-                                 [this] { minutePassed(); });
-}
-
-void ChannelView::minutePassed() {
-  rows_.timePassed();
-  Q_EMIT programmeChanged();
-  fetch(true);
-  waitForNextMinute();
 }
 
 }  // namespace vantor

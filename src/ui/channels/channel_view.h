@@ -3,14 +3,15 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 #include <QStringList>
-#include <memory>
 
 #include "platform/clock.h"
 #include "ui/channels/guide_list_model.h"
+#include "ui/channels/shown_programmes.h"
 
 namespace vantor {
 
 class AppModel;
+class ChannelGroups;
 class ItemListModel;
 
 /// The channel guide: its rows, the groups of channels, and the selected channel's programme.
@@ -34,7 +35,6 @@ class ChannelView final : public QObject {
 
  public:
   ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent = nullptr);
-  ~ChannelView() override;
 
   /// The channels as `ItemListModel` has them, with "nowText" and "nextText".
   GuideListModel* rows() { return &rows_; }
@@ -59,7 +59,7 @@ class ChannelView final : public QObject {
 
   /// The rows on screen, first to last, both included; none when `last` is before `first`. Their
   /// programmes are fetched, and kept from running out while the rows stay there.
-  Q_INVOKABLE void showRows(int first, int last);
+  Q_INVOKABLE void showRows(int first, int last) { shown_.show(first, last); }
 
  Q_SIGNALS:
   void groupsChanged();
@@ -68,19 +68,14 @@ class ChannelView final : public QObject {
 
  private:
   std::optional<GuideEntry> programme() const;
+  ChannelGroups channelGroups() const;
   void updateGroups();
-  void fetch(bool onlyRunningOut);
-  void waitForNextMinute();
-  void minutePassed();
 
   AppModel& model_;
   Clock& clock_;
-  const ItemListModel& items_;
   GuideListModel rows_;
+  ShownProgrammes shown_;
   QStringList groups_;
-  int firstRow_ = 0;
-  int lastRow_ = -1;
-  std::unique_ptr<Clock::Timer> nextMinute_;
 };
 
 }  // namespace vantor

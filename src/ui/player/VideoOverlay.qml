@@ -63,7 +63,7 @@ PersistentVideoOverlay {
     OnDemand {
         width: parent.width
         visible: wanted
-        wanted: overlay.placed && overlay.remote.watching && overlay.banner.shown
+        wanted: overlay.placed && overlay.remote.watching && overlay.banner.shown && !overlay.remote.chooser
 
         sourceComponent: BannerPanel {
             banner: overlay.banner

@@ -8,6 +8,7 @@
 #include "playback/playback.h"
 #include "ui/player/channel_banner.h"
 #include "ui/player/next_episode.h"
+#include "ui/player/statistics.h"
 #include "ui/player/transport_controls.h"
 
 namespace vantor {
@@ -33,11 +34,13 @@ const std::array shapeNames{u"Whole picture"_s, u"Fill the screen"_s, u"Stretch"
 
 PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QObject* parent)
     : QObject(parent),
+      model_(model),
       playback_(model.playback()),
       zapping_(parts.zapping),
       banner_(parts.banner),
       nextEpisode_(parts.nextEpisode),
       transport_(parts.transport),
+      statistics_(parts.statistics),
       clock_(clock) {
   for (const auto signal :
        {&Playback::sourceChanged, &Playback::expandedChanged, &Playback::fullScreenChanged})
@@ -47,6 +50,11 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
     Q_EMIT fullScreenChanged();
   });
   connect(&playback_, &Playback::stateChanged, this, &PlayerRemote::updateControls);
+  const auto noChannel = [this] {
+    if (!watching() || !zapping_.channel()) putChooserAway();
+  };
+  connect(this, &PlayerRemote::watchingChanged, this, noChannel);
+  connect(&zapping_, &Zapping::changed, this, noChannel);
   connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
   const auto leave = [this] { setFullScreen(false); };
   connect(&model.browsing(), &Browsing::sectionChanged, this, leave);
@@ -96,8 +104,25 @@ void PlayerRemote::updateControls() {
   if (std::exchange(controlsShown_, shown) != shown) Q_EMIT controlsShownChanged();
 }
 
+bool PlayerRemote::chooseChannel() {
+  if (!watching() || !zapping_.channel() || chooser_) return false;
+  chooser_ = std::make_unique<ChannelChooser>(model_, zapping_, clock_);
+  connect(chooser_.get(), &ChannelChooser::done, this, &PlayerRemote::putChooserAway);
+  Q_EMIT chooserChanged();
+  return true;
+}
+
+void PlayerRemote::putChooserAway() {
+  if (!chooser_) return;
+  // One of its own signals may have led here, and its rows are shown still.
+  ChannelChooser* last = chooser_.release();
+  Q_EMIT chooserChanged();
+  last->deleteLater();
+}
+
 bool PlayerRemote::press(int key, int modifiers) {
   const auto held = Qt::KeyboardModifiers(modifiers) & ~Qt::KeypadModifier;
+  if (held == Qt::ControlModifier && key == Qt::Key_I) return statistics_.toggle();
   const bool shift = held == Qt::ShiftModifier;
   // The layout decides whether + and ? need Shift.
   if (held && !shift) return false;
@@ -106,7 +131,7 @@ bool PlayerRemote::press(int key, int modifiers) {
     return true;
   }
   if (!watching()) return false;
-  if (!shift && zap(key)) return true;
+  if (!shift && ((chooser_ && chooser_->press(key)) || zap(key))) return true;
   switch (key) {
     case Qt::Key_N:
       return nextEpisode_.play();
@@ -139,11 +164,18 @@ bool PlayerRemote::press(int key, int modifiers) {
 }
 
 bool PlayerRemote::escape() {
+  if (chooser_) {
+    putChooserAway();
+    return true;
+  }
   return watching() && nextEpisode_.refuse();
 }
 
 bool PlayerRemote::zap(int key) {
-  if (key >= Qt::Key_0 && key <= Qt::Key_9) return zapping_.type(key - Qt::Key_0);
+  if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+    putChooserAway();
+    return zapping_.type(key - Qt::Key_0);
+  }
   switch (key) {
     case Qt::Key_Up:
     case Qt::Key_PageUp:
@@ -159,15 +191,13 @@ bool PlayerRemote::zap(int key) {
       return zapping_.goBack();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (zapping_.enter()) return true;
-      break;
+      return zapping_.enter() || chooseChannel();
     case Qt::Key_I:
-      break;
+      banner_.show();
+      return banner_.shown();
     default:
       return false;
   }
-  banner_.show();
-  return banner_.shown();
 }
 
 int PlayerRemote::pictureShape() const {

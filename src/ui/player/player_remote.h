@@ -5,12 +5,14 @@
 #include <memory>
 
 #include "platform/clock.h"
+#include "ui/player/channel_chooser.h"
 
 namespace vantor {
 
 class AppModel;
 class ChannelBanner;
 class NextEpisode;
+class Statistics;
 class Playback;
 class TransportControls;
 class Zapping;
@@ -27,6 +29,7 @@ class PlayerRemote final : public QObject {
   Q_PROPERTY(bool busy READ busy WRITE setBusy NOTIFY busyChanged)
   Q_PROPERTY(QString note READ note NOTIFY noteChanged)
   Q_PROPERTY(int pictureShape READ pictureShape NOTIFY pictureShapeChanged)
+  Q_PROPERTY(vantor::ChannelChooser* chooser READ chooser NOTIFY chooserChanged)
   Q_PROPERTY(QString fullScreenSymbol READ fullScreenSymbol NOTIFY fullScreenChanged)
 
  public:
@@ -36,6 +39,7 @@ class PlayerRemote final : public QObject {
     ChannelBanner& banner;
     NextEpisode& nextEpisode;
     TransportControls& transport;
+    Statistics& statistics;
   };
 
   /// What is passed outlives it.
@@ -58,6 +62,12 @@ class PlayerRemote final : public QObject {
   bool busy() const { return busy_; }
   void setBusy(bool busy);
 
+  /// The list of channels over the picture; null while it is put away.
+  ChannelChooser* chooser() const { return chooser_.get(); }
+  /// Opens it while a channel is watched.
+  Q_INVOKABLE bool chooseChannel();
+  Q_INVOKABLE void putChooserAway();
+
   /// A `PictureShape`.
   int pictureShape() const;
   /// Goes on to the next one.
@@ -79,6 +89,7 @@ class PlayerRemote final : public QObject {
   void busyChanged();
   void noteChanged();
   void pictureShapeChanged();
+  void chooserChanged();
 
  private:
   bool zap(int key);
@@ -89,12 +100,15 @@ class PlayerRemote final : public QObject {
   void setNote(const QString& note);
   void updateControls();
 
+  AppModel& model_;
   Playback& playback_;
   Zapping& zapping_;
   ChannelBanner& banner_;
   NextEpisode& nextEpisode_;
   TransportControls& transport_;
+  Statistics& statistics_;
   Clock& clock_;
+  std::unique_ptr<ChannelChooser> chooser_;
   bool controlsShown_ = false;
   bool busy_ = false;
   bool pointed_ = false;  // a movement was not long ago

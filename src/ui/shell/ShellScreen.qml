@@ -14,7 +14,11 @@ FocusScope {
         if (!views.remote.escape())
             views.shell.escape();
     }
-    Keys.onPressed: event => event.accepted = views.remote.press(event.key, event.modifiers)
+    Keys.onPressed: event => {
+        event.accepted = event.text === "?" || views.remote.press(event.key, event.modifiers);
+        if (event.text === "?")
+            keyList.open();
+    }
     Keys.onSpacePressed: event => {
         event.accepted = event.modifiers === Qt.NoModifier;
         if (event.accepted)
@@ -155,6 +159,48 @@ FocusScope {
             remote: screen.views.remote
             transport: screen.views.transport
         }
+    }
+
+    Loader {
+        readonly property ChannelChooser chooser: screen.views.remote.chooser
+
+        x: videoOverlay.x
+        y: videoOverlay.y
+        width: Math.max(videoOverlay.width * 0.85, Math.min(videoOverlay.width, 620))
+        height: videoOverlay.height
+        // By value: the panel shows the same list until it is gone.
+        onChooserChanged: {
+            if (chooser)
+                setSource("ChannelChooserPanel.qml", { chooser: chooser, artwork: screen.views.artwork });
+            else
+                source = "";
+        }
+    }
+
+    OnDemand {
+        id: facts
+        readonly property int textSize: Style.distantSize(videoOverlay.height)
+        x: videoOverlay.x + textSize
+        y: videoOverlay.y + textSize
+        visible: wanted
+        wanted: screen.views.statistics.shown && screen.views.remote.watching && !screen.views.remote.chooser
+
+        sourceComponent: StatisticsCard {
+            statistics: screen.views.statistics
+            textSize: facts.textSize
+        }
+    }
+
+    Loader {
+        id: keyList
+
+        function open() {
+            active = true;
+            (item as KeyList).open();
+        }
+
+        active: false
+        sourceComponent: KeyList {}
     }
 
     OnDemand {

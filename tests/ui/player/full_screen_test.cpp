@@ -270,12 +270,10 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   showPicture();
   clock.advance(4s);
   EXPECT_FALSE(banner.shown());
-  for (const Qt::Key key : {Qt::Key_I, Qt::Key_Return}) {
-    press(key);
-    EXPECT_TRUE(banner.shown());
-    clock.advance(4s);
-    EXPECT_FALSE(banner.shown());
-  }
+  press(Qt::Key_I);
+  EXPECT_TRUE(banner.shown());
+  clock.advance(4s);
+  EXPECT_FALSE(banner.shown());
   press(Qt::Key_7);
   EXPECT_EQ(banner.number(), u"7"_s);
   EXPECT_EQ(banner.name(), u"Title 7"_s);
@@ -283,6 +281,132 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   EXPECT_EQ(banner.name(), u"No such channel"_s);
   app->playback().stop();
   EXPECT_FALSE(banner.shown());
+}
+
+TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
+  const PlayerRemote& remote = *views->remote();
+  const auto title = [&] { return app->playback().title(); };
+  const auto load = [&](const QByteArray& entries, const QByteArray& categories) {
+    transport.always(action(LibraryKind::live), entries);
+    transport.always(categoryAction(LibraryKind::live), categories);
+    const QSignalSpy loaded(&app->libraries(), &Libraries::catalogsChanged);
+    app->load(LibraryKind::live, LoadMode::refresh);
+    ASSERT_TRUE(test::eventually([&] { return !loaded.isEmpty(); }));
+  };
+  const auto channel = [](int id, const char* category) {
+    return QByteArray("{\"stream_id\":%1,\"name\":\"Title %1\",\"category_id\":\"%2\"}")
+        .replace("%1", QByteArray::number(id))
+        .replace("%2", category);
+  };
+  play();
+  press(Qt::Key_Return);
+  EXPECT_EQ(remote.chooser(), nullptr) << "the list has the keys";
+  for (const bool full : {true, false}) {
+    if (full) {
+      press(Qt::Key_F);
+    } else {
+      press(Qt::Key_Escape);
+      views->player()->toggleExpanded();
+    }
+    press(Qt::Key_Return);
+    ASSERT_TRUE(remote.chooser());
+    EXPECT_EQ(remote.chooser()->currentRow(), full ? 0 : 2);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(remote.chooser());
+    EXPECT_EQ(isFull(), full);
+
+    press(Qt::Key_Return);
+    engine.takeCalls();
+    for (const Qt::Key key :
+         {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End, Qt::Key_Down, Qt::Key_Home})
+      press(key), clock.advance(1s);
+    EXPECT_EQ(remote.chooser()->currentRow(), 0);
+    EXPECT_EQ(engine.takeCalls(), QStringList()) << "nothing is opened on the way";
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(remote.chooser());
+    showPicture();
+    EXPECT_EQ(title(), u"Title 3"_s);
+  }
+
+  // While it is open the library is another one.
+  press(Qt::Key_Return);
+  load("[" + channel(3, "a") + "," + channel(4, "b") + "," + channel(5, "b") + "]",
+       R"([{"category_id":"a","category_name":"A"},{"category_id":"b","category_name":"B"},
+           {"category_id":"c","category_name":"C"}])");
+  EXPECT_EQ(remote.chooser()->currentRow(), 0);
+  const QString groups[] = {u"A"_s, u"B"_s, u"C"_s, u"All channels"_s, u"A"_s};
+  for (const QString& group : groups) {
+    press(Qt::Key_Right);
+    EXPECT_EQ(remote.chooser()->group(), group);
+    EXPECT_EQ(remote.chooser()->currentRow(), group == u"C"_s ? -1 : 0);
+    EXPECT_EQ(find("text", u"No channels in this group"_s) != nullptr, group == u"C"_s);
+  }
+  press(Qt::Key_Right);
+  click(appears("name", u"Title 5"_s));
+  showPicture();
+  EXPECT_EQ(title(), u"Title 5"_s);
+  press(Qt::Key_Up);
+  clock.advance(250ms);
+  showPicture();
+  EXPECT_EQ(title(), u"Title 4"_s) << "goes on within the group";
+  EXPECT_EQ(app->browsing().category(), QString()) << "what is browsed stays";
+
+  press(Qt::Key_Return);
+  load("[]", "[]");
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(title(), u"Title 4"_s);
+  app->playback().stop();
+  EXPECT_FALSE(remote.chooser());
+}
+
+TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
+  play();
+  press(Qt::Key_F);
+  engine.now.picture = {.codec = u"H264"_s,
+                        .decoder = PictureDecoder::vaapi,
+                        .size = QSize(1920, 1080),
+                        .rate = 25,
+                        .bitsPerSecond = 4.25e6,
+                        .shown = 100,
+                        .lost = 2};
+  const auto shown = [&] { return views->statistics()->text(); };
+  press(Qt::Key_I, Qt::ControlModifier);
+  EXPECT_EQ(shown(),
+            u"Codec: H264\nPicture: 1920 × 1080, 8 bit\n"
+            u"Decoded by: graphics card (VA-API)\nIn the source: 25.0 pictures a second\n"
+            u"Lost: 2 pictures\nBit rate: 4.25 Mbit/s\nBuffer: 1200 ms"_s);
+  engine.now.picture.shown = 150;
+  clock.advance(1s);
+  EXPECT_TRUE(shown().contains(u"\nShown: 50.0 pictures a second\n"_s));
+  EXPECT_NE(find("text", shown()), nullptr);
+  engine.now.picture = {};
+  clock.advance(1s);
+  EXPECT_EQ(shown(), u"Lost: 0 pictures\nBuffer: 1200 ms"_s) << "another source counts anew";
+  press(Qt::Key_I, Qt::ControlModifier);
+  EXPECT_EQ(shown(), QString());
+  press(Qt::Key_I, Qt::ControlModifier);
+  app->playback().stop();
+  EXPECT_FALSE(views->statistics()->shown());
+}
+
+TEST_F(FullScreenTest, TheKeysAreListed) {
+  play();
+  for (const bool full : {false, true}) {
+    app->playback().setFullScreen(full);
+    for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Down, Qt::Key_Return}) {
+      QTest::keyClick(window, '?', Qt::ShiftModifier);
+      EXPECT_NE(appears("text", u"List of channels"_s), nullptr);
+      const QString before = selectedID();
+      press(end);
+      EXPECT_TRUE(test::eventually([&] { return !find("text", u"List of channels"_s); }));
+      EXPECT_EQ(selectedID(), before);
+      EXPECT_EQ(isFull(), full);
+    }
+  }
+  EXPECT_FALSE(app->playback().paused());
 }
 
 TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {

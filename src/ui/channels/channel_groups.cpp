@@ -1,0 +1,33 @@
+#include "ui/channels/channel_groups.h"
+
+#include <algorithm>
+
+#include "ui/entries/one_line.h"
+
+namespace vantor {
+
+using namespace Qt::StringLiterals;
+
+QStringList ChannelGroups::names() const {
+  QStringList names = {u"All channels"_s};
+  for (const MediaCategory& category : catalog_.categories()) names.append(oneLine(category.name));
+  return names;
+}
+
+int ChannelGroups::place(const QString& category) const {
+  if (category.isEmpty()) return 0;
+  const auto& all = catalog_.categories();
+  const auto found = std::find_if(all.begin(), all.end(),
+                                  [&](const MediaCategory& each) { return each.id == category; });
+  return found == all.end() ? -1 : 1 + static_cast<int>(found - all.begin());
+}
+
+std::optional<QString> ChannelGroups::category(int place) const {
+  if (place == 0) return QString();
+  const auto& all = catalog_.categories();
+  const auto index = static_cast<std::size_t>(place) - 1;
+  if (place < 0 || index >= all.size()) return std::nullopt;
+  return all[index].id;
+}
+
+}  // namespace vantor

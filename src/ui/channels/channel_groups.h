@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringList>
+#include <optional>
+
+#include "library/catalog.h"
+
+namespace vantor {
+
+/// The groups that channels are chosen by, each known by its place: all channels, then every
+/// category of the catalogue.
+class ChannelGroups {
+ public:
+  explicit ChannelGroups(Catalog catalog) : catalog_(std::move(catalog)) {}
+
+  QStringList names() const;
+  /// The place of the category with that id, empty for all; -1 when it is none of the groups.
+  int place(const QString& category) const;
+  /// The category at a place, absent where there is none.
+  std::optional<QString> category(int place) const;
+
+ private:
+  Catalog catalog_;
+};
+
+}  // namespace vantor
