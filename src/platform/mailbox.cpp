@@ -23,10 +23,9 @@ Mailbox::~Mailbox() {
 }
 
 void Mailbox::post(std::function<void()> call) {
-  {
-    const std::lock_guard lock(mutex_);
-    calls_.push_back(std::move(call));
-  }
+  // Until the event is posted: who destroys the mailbox on another thread waits for all of this.
+  const std::lock_guard lock(mutex_);
+  calls_.push_back(std::move(call));
   QMetaObject::invokeMethod(this, "deliver", Qt::QueuedConnection);
 }
 

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <vector>
 
 #include "engine_fixture.h"
 
@@ -35,18 +36,18 @@ class Shapes {
   void see(const VideoFrame& frame) {
     const std::lock_guard lock(mutex_);
     const bool deep = isDeep(frame.layout);
-    if (shapes_.isEmpty() || shapes_.last().size != frame.size() || shapes_.last().isDeep != deep)
-      shapes_.append(Shape());
-    shapes_.last() = {frame.size(), frame.pixelAspect, deep};
+    if (shapes_.empty() || shapes_.back().size != frame.size() || shapes_.back().isDeep != deep)
+      shapes_.emplace_back();
+    shapes_.back() = {frame.size(), frame.pixelAspect, deep};
   }
-  QList<Shape> seen() const {
+  std::vector<Shape> seen() const {
     const std::lock_guard lock(mutex_);
     return shapes_;
   }
 
  private:
   mutable std::mutex mutex_;
-  QList<Shape> shapes_;
+  std::vector<Shape> shapes_;
 };
 
 TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
@@ -90,9 +91,9 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
   playFile(whole.fileName());
   ASSERT_TRUE(starts());
   EXPECT_TRUE(eventually([&] { return engine.status().state == EngineState::ended; }));
-  const QList<Shape> seen = shapes->seen();
+  const std::vector<Shape> seen = shapes->seen();
   ASSERT_EQ(seen.size(), std::size(parts));
-  for (int i = 0; i < seen.size(); ++i) {
+  for (std::size_t i = 0; i < seen.size(); ++i) {
     SCOPED_TRACE(i);
     EXPECT_EQ(seen.at(i).size, parts[i].shape.size);
     EXPECT_NEAR(seen.at(i).pixelAspect, parts[i].shape.pixelAspect, 0.01);
