@@ -66,7 +66,10 @@ void player(Album& album) {
   stage.settle();
   stage.shot(u"keys"_s, u"All keys"_s);
   stage.press(Qt::Key_Escape);
-  stage.views().remote()->setFullScreen(false);
+  stage.views().remote()->setSmall(true);
+  stage.settle();
+  stage.shot(u"small-window"_s, u"The picture alone, in a small window"_s);
+  stage.views().remote()->setSmall(false);
   shell.backToBrowsing();
   stage.settle();
 

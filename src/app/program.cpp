@@ -83,6 +83,9 @@ void Program::makeWindow() {
     return;
   }
   windowPlace_ = std::make_unique<WindowPlace>(*window_, preferences_);
+  PlayerRemote& remote = *views_.remote();
+  connect(&remote, &PlayerRemote::smallChanged, windowPlace_.get(),
+          [this, &remote] { windowPlace_->setSmall(remote.small()); });
   startUp();
 }
 

@@ -79,8 +79,8 @@ FocusScope {
         visible: screen.remote.controlsShown
         gradient: Gradient {
             GradientStop { position: 0; color: "transparent" }
-            GradientStop { position: 0.4; color: Style.faded("black", 0.55) }
-            GradientStop { position: 1; color: Style.faded("black", 0.85) }
+            GradientStop { position: 0.3; color: Style.faded("black", 0.65) }
+            GradientStop { position: 1; color: Style.faded("black", 0.9) }
         }
 
         HoverHandler {

@@ -11,6 +11,7 @@ Sheet {
     readonly property list<var> columns: [
         [
             { keys: "F   F11", does: "Full screen" },
+            { keys: "P", does: "Small window, above the others" },
             { keys: "Space", does: "Pause and go on" },
             { keys: "↑  ↓   Page ↑  Page ↓", does: "Next and previous channel" },
             { keys: "0 … 9", does: "Channel by its number" },

@@ -44,6 +44,22 @@ Item {
 
         IconButton {
             implicitHeight: 30
+            visible: bar.remote.zapping
+            symbol: "list"
+            help: "List of channels"
+            onClicked: bar.remote.chooseChannel()
+        }
+
+        IconButton {
+            implicitHeight: 30
+            symbol: "picture.in.picture"
+            help: "Small window"
+            size: 18
+            onClicked: bar.remote.toggleSmall()
+        }
+
+        IconButton {
+            implicitHeight: 30
             symbol: bar.remote.fullScreenSymbol
             help: "Full screen"
             size: 22

@@ -46,17 +46,26 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
        {&Playback::sourceChanged, &Playback::expandedChanged, &Playback::fullScreenChanged})
     connect(&playback_, signal, this, &PlayerRemote::watchingChanged);
   connect(&playback_, &Playback::fullScreenChanged, this, [this] {
-    if (fullScreen()) moved();
+    if (fullScreen()) {
+      setSmall(false);
+      moved();
+    }
     Q_EMIT fullScreenChanged();
+    Q_EMIT pictureOnlyChanged();
+  });
+  connect(&playback_, &Playback::sourceChanged, this, [this] {
+    if (!playback_.source()) setSmall(false);
   });
   connect(&playback_, &Playback::stateChanged, this, &PlayerRemote::updateControls);
-  const auto noChannel = [this] {
-    if (!watching() || !zapping_.channel()) putChooserAway();
-  };
-  connect(this, &PlayerRemote::watchingChanged, this, noChannel);
-  connect(&zapping_, &Zapping::changed, this, noChannel);
+  connect(&zapping_, &Zapping::changed, this, &PlayerRemote::watchingChanged);
+  connect(this, &PlayerRemote::watchingChanged, this, [this] {
+    if (!zapping()) putChooserAway();
+  });
   connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
-  const auto leave = [this] { setFullScreen(false); };
+  const auto leave = [this] {
+    setFullScreen(false);
+    setSmall(false);
+  };
   connect(&model.browsing(), &Browsing::sectionChanged, this, leave);
   connect(&model, &AppModel::showingConnectChanged, this, leave);
   connect(&model, &AppModel::showingSettingsChanged, this, leave);
@@ -74,8 +83,23 @@ QString PlayerRemote::fullScreenSymbol() const {
   return fullScreen() ? u"fullscreen.exit"_s : u"fullscreen"_s;
 }
 
+void PlayerRemote::setSmall(bool small) {
+  small = small && playback_.source();
+  if (small_ == small) return;
+  if (small) setFullScreen(false);
+  small_ = small;
+  moved();
+  Q_EMIT smallChanged();
+  Q_EMIT pictureOnlyChanged();
+  Q_EMIT watchingChanged();
+}
+
 bool PlayerRemote::watching() const {
-  return playback_.source() && (playback_.fullScreen() || playback_.expanded());
+  return playback_.source() && (pictureOnly() || playback_.expanded());
+}
+
+bool PlayerRemote::zapping() const {
+  return watching() && zapping_.channel();
 }
 
 bool PlayerRemote::controlsShown() const {
@@ -105,7 +129,7 @@ void PlayerRemote::updateControls() {
 }
 
 bool PlayerRemote::chooseChannel() {
-  if (!watching() || !zapping_.channel() || chooser_) return false;
+  if (!zapping() || small_ || chooser_) return false;
   chooser_ = std::make_unique<ChannelChooser>(model_, zapping_, clock_);
   connect(chooser_.get(), &ChannelChooser::done, this, &PlayerRemote::putChooserAway);
   Q_EMIT chooserChanged();
@@ -126,8 +150,11 @@ bool PlayerRemote::press(int key, int modifiers) {
   const bool shift = held == Qt::ShiftModifier;
   // The layout decides whether + and ? need Shift.
   if (held && !shift) return false;
-  if (key == Qt::Key_F && !shift && playback_.source()) {
-    toggleFullScreen();
+  if ((key == Qt::Key_F || key == Qt::Key_P) && !shift && playback_.source()) {
+    if (key == Qt::Key_F)
+      toggleFullScreen();
+    else
+      toggleSmall();
     return true;
   }
   if (!watching()) return false;
@@ -168,7 +195,10 @@ bool PlayerRemote::escape() {
     putChooserAway();
     return true;
   }
-  return watching() && nextEpisode_.refuse();
+  if (watching() && nextEpisode_.refuse()) return true;
+  if (!small_) return false;
+  setSmall(false);
+  return true;
 }
 
 bool PlayerRemote::zap(int key) {

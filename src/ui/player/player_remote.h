@@ -24,6 +24,9 @@ class PlayerRemote final : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(bool fullScreen READ fullScreen WRITE setFullScreen NOTIFY fullScreenChanged)
+  Q_PROPERTY(bool small READ small WRITE setSmall NOTIFY smallChanged)
+  Q_PROPERTY(bool pictureOnly READ pictureOnly NOTIFY pictureOnlyChanged)
+  Q_PROPERTY(bool zapping READ zapping NOTIFY watchingChanged)
   Q_PROPERTY(bool controlsShown READ controlsShown NOTIFY controlsShownChanged)
   Q_PROPERTY(bool watching READ watching NOTIFY watchingChanged)
   Q_PROPERTY(bool busy READ busy WRITE setBusy NOTIFY busyChanged)
@@ -51,8 +54,17 @@ class PlayerRemote final : public QObject {
   Q_INVOKABLE void toggleFullScreen() { setFullScreen(!fullScreen()); }
   QString fullScreenSymbol() const;
 
+  /// The window is a small one beside other work. Only ever with a source, and never together with
+  /// the full screen; leaves by itself likewise.
+  bool small() const { return small_; }
+  void setSmall(bool small);
+  Q_INVOKABLE void toggleSmall() { setSmall(!small()); }
+  bool pictureOnly() const { return fullScreen() || small(); }
+
   /// Somebody sits before the picture: it fills the screen, or the window.
   bool watching() const;
+  /// Watches a channel of a list.
+  bool zapping() const;
 
   /// Controls and pointer lie over the picture: for 3 seconds after a movement, and longer while
   /// playback is halted or they are being used.
@@ -84,6 +96,8 @@ class PlayerRemote final : public QObject {
 
  Q_SIGNALS:
   void fullScreenChanged();
+  void smallChanged();
+  void pictureOnlyChanged();
   void watchingChanged();
   void controlsShownChanged();
   void busyChanged();
@@ -109,6 +123,7 @@ class PlayerRemote final : public QObject {
   Statistics& statistics_;
   Clock& clock_;
   std::unique_ptr<ChannelChooser> chooser_;
+  bool small_ = false;
   bool controlsShown_ = false;
   bool busy_ = false;
   bool pointed_ = false;  // a movement was not long ago

@@ -15,9 +15,11 @@ FocusScope {
             views.shell.escape();
     }
     Keys.onPressed: event => {
-        event.accepted = event.text === "?" || views.remote.press(event.key, event.modifiers);
-        if (event.text === "?")
+        // The small window has no room for them.
+        if (event.text === "?" && !views.remote.small)
             keyList.open();
+        else
+            event.accepted = views.remote.press(event.key, event.modifiers);
     }
     Keys.onSpacePressed: event => {
         event.accepted = event.modifiers === Qt.NoModifier;
@@ -31,8 +33,8 @@ FocusScope {
 
     /// Gives the keys to the entries.
     function browse() {
-        if (fullScreen.item)
-            return fullScreen.forceActiveFocus(Qt.OtherFocusReason);
+        if (picture.item)
+            return picture.forceActiveFocus(Qt.OtherFocusReason);
         const shown = content.item as Browsable;
         if (shown)
             shown.browse();
@@ -70,7 +72,7 @@ FocusScope {
             return;
         const holder = screen.Window.activeFocusItem;
         const shown = holder && holder.visible && holder.enabled;
-        if (shown && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable) || holder === fullScreen.item))
+        if (shown && (holder.activeFocusOnTab || holder === content.item && !(holder as Browsable) || holder === picture.item))
             return;
         for (let item = holder; item; item = item.parent)
             if (item === screen)
@@ -81,7 +83,7 @@ FocusScope {
 
     Sidebar {
         id: sidebar
-        visible: !screen.views.remote.fullScreen
+        visible: !screen.views.remote.pictureOnly
         width: 198
         height: parent.height
         shell: screen.views.shell
@@ -90,7 +92,7 @@ FocusScope {
     }
 
     Item {
-        visible: !screen.views.remote.fullScreen
+        visible: !screen.views.remote.pictureOnly
         anchors.left: sidebar.right
         anchors.right: parent.right
         height: parent.height
@@ -142,22 +144,37 @@ FocusScope {
         id: videoOverlay
         player: screen.views.player
         frames: screen.views.frames
-        filling: screen.views.remote.fullScreen
+        filling: screen.views.remote.pictureOnly
         remote: screen.views.remote
         banner: screen.views.banner
         artwork: screen.views.artwork
     }
 
     Loader {
-        id: fullScreen
+        id: picture
         anchors.fill: parent
-        active: screen.views.remote.fullScreen
+        active: screen.views.remote.pictureOnly
         onLoaded: forceActiveFocus(Qt.OtherFocusReason)
+        sourceComponent: screen.views.remote.small ? smallPlayer : fullScreenPlayer
+    }
 
-        sourceComponent: FullScreenPlayer {
+    Component {
+        id: fullScreenPlayer
+
+        FullScreenPlayer {
             player: screen.views.player
             remote: screen.views.remote
             transport: screen.views.transport
+        }
+    }
+
+    Component {
+        id: smallPlayer
+
+        SmallPlayer {
+            player: screen.views.player
+            remote: screen.views.remote
+            window: screen.window
         }
     }
 
@@ -212,7 +229,7 @@ FocusScope {
         // Over the controls.
         anchors.bottomMargin: 160
         visible: wanted
-        wanted: screen.views.remote.watching && screen.views.nextEpisode.offered
+        wanted: screen.views.remote.watching && !screen.views.remote.small && screen.views.nextEpisode.offered
 
         sourceComponent: NextEpisodeCard {
             next: screen.views.nextEpisode

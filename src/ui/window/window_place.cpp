@@ -15,7 +15,13 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 const QString key = u"windowPlace"_s;
+const QString smallKey = u"smallWindowPlace"_s;
 const QString maximizedMark = u"maximized"_s;
+
+// Of the small window, in logical pixels.
+constexpr QSize smallSize(480, 270);
+constexpr QSize smallestSmallSize(240, 135);
+constexpr int distanceFromEdge = 24;
 
 // A window that is being maximized has its new size before it has its new state.
 constexpr auto settling = 500ms;
@@ -27,6 +33,27 @@ int number(const QString& text) {
 
 int area(const QRect& rectangle) {
   return rectangle.isEmpty() ? 0 : rectangle.width() * rectangle.height();
+}
+
+bool placesWindows() {
+  return !QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
+QStringList texts(const QRect& place) {
+  return {QString::number(place.x()), QString::number(place.y()), QString::number(place.width()),
+          QString::number(place.height())};
+}
+
+QRect rectangle(const QStringList& texts) {
+  return {number(texts[0]), number(texts[1]), number(texts[2]), number(texts[3])};
+}
+
+/// The place within the room, as far as it is large enough.
+QRect within(const QRect& room, QRect place) {
+  place.moveTo(
+      std::clamp(place.x(), room.x(), std::max(room.x(), room.right() + 1 - place.width())),
+      std::clamp(place.y(), room.y(), std::max(room.y(), room.bottom() + 1 - place.height())));
+  return place;
 }
 
 /// The screen that holds most of the place; null when none holds any of it.
@@ -46,7 +73,7 @@ const QScreen* screenOf(const QRect& place) {
 }  // namespace
 
 WindowPlace::WindowPlace(QWindow& window, Preferences& preferences)
-    : window_(window), preferences_(preferences) {
+    : window_(window), preferences_(preferences), smallest_(window.minimumSize()) {
   restore();
   settled_.setSingleShot(true);
   settled_.setInterval(settling);
@@ -66,21 +93,53 @@ void WindowPlace::restore() {
   const QStringList stored = preferences_.textList(key);
   QRect place(window_.position(), window_.size());
   const bool known = stored.size() == 5;
-  if (known)
-    place = QRect(number(stored[0]), number(stored[1]), number(stored[2]), number(stored[3]));
+  if (known) place = rectangle(stored);
   const QScreen* screen = known ? screenOf(place) : nullptr;
   const QRect room = (screen ? screen : window_.screen())->availableGeometry();
-  const QSize smallest = window_.minimumSize();
-  place.setSize(place.size().boundedTo(room.size()).expandedTo(smallest));
+  place.setSize(place.size().boundedTo(room.size()).expandedTo(smallest_));
   window_.resize(place.size());
-  if (screen && !QGuiApplication::platformName().startsWith("wayland"_L1)) {
-    place.moveTo(
-        std::clamp(place.x(), room.x(), std::max(room.x(), room.right() + 1 - place.width())),
-        std::clamp(place.y(), room.y(), std::max(room.y(), room.bottom() + 1 - place.height())));
+  if (screen && placesWindows()) {
+    place = within(room, place);
     window_.setPosition(place.topLeft());
   }
   normal_ = place;
   if (known && stored[4] == maximizedMark) window_.setWindowStates(Qt::WindowMaximized);
+}
+
+void WindowPlace::setSmall(bool small) {
+  if (small_ == small) return;
+  // What the window was is known from when it settled there last: one that has just left the full
+  // screen has not its own size yet.
+  settled_.stop();
+  if (small) {
+    maximized_ = window_.windowStates() & Qt::WindowMaximized;
+    storeUsual();
+  }
+  small_ = small;
+  window_.setFlag(Qt::WindowStaysOnTopHint, small);
+  if (!small) {
+    window_.setGeometry(normal_);
+    window_.setMinimumSize(smallest_);
+    if (maximized_) window_.showMaximized();
+    return;
+  }
+  window_.showNormal();
+  window_.setMinimumSize(smallestSmallSize);
+  const QStringList stored = preferences_.textList(smallKey);
+  const bool known = stored.size() == 4;
+  const QRect last = known ? rectangle(stored) : QRect();
+  const QScreen* screen = known ? screenOf(last) : nullptr;
+  const QRect room = (screen ? screen : window_.screen())->availableGeometry();
+  QRect place(
+      QPoint(),
+      (known ? last.size() : smallSize).boundedTo(room.size()).expandedTo(smallestSmallSize));
+  place.moveBottomRight(room.bottomRight() - QPoint(distanceFromEdge, distanceFromEdge));
+  if (screen) place.moveTo(last.topLeft());
+  place = within(room, place);
+  if (placesWindows())
+    window_.setGeometry(place);
+  else
+    window_.resize(place.size());
 }
 
 void WindowPlace::store() {
@@ -88,12 +147,17 @@ void WindowPlace::store() {
   const Qt::WindowStates states = window_.windowStates();
   // The picture fills the screen for a while only.
   if (states & (Qt::WindowMinimized | Qt::WindowFullScreen)) return;
+  if (small_) {
+    if (states == Qt::WindowNoState) preferences_.setTextList(smallKey, texts(window_.geometry()));
+    return;
+  }
   if (states == Qt::WindowNoState) normal_ = window_.geometry();
-  const bool maximized = states & Qt::WindowMaximized;
-  preferences_.setTextList(
-      key,
-      {QString::number(normal_.x()), QString::number(normal_.y()), QString::number(normal_.width()),
-       QString::number(normal_.height()), maximized ? maximizedMark : QString()});
+  maximized_ = states & Qt::WindowMaximized;
+  storeUsual();
+}
+
+void WindowPlace::storeUsual() {
+  preferences_.setTextList(key, texts(normal_) << (maximized_ ? maximizedMark : QString()));
 }
 
 }  // namespace vantor

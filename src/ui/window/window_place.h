@@ -22,13 +22,21 @@ class WindowPlace final : public QObject {
   WindowPlace(QWindow& window, Preferences& preferences);
   ~WindowPlace() override;
 
+  /// For a while the window is a small one with a place of its own, above the others where the
+  /// desktop allows it; then again what it was.
+  void setSmall(bool small);
+
  private:
   void restore();
   void store();
+  void storeUsual();
 
   QWindow& window_;
   Preferences& preferences_;
-  QRect normal_;  // while the window is not maximized
+  const QSize smallest_;
+  QRect normal_;            // while the window is not maximized
+  bool maximized_ = false;  // while it was not small
+  bool small_ = false;
   QTimer settled_;
 };
 

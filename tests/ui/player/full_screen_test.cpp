@@ -124,6 +124,52 @@ TEST_F(FullScreenTest, WhatNeedsTheWindowEndsIt) {
   EXPECT_FALSE(app->playback().source());
 }
 
+TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
+  PlayerRemote& remote = *views->remote();
+  press(Qt::Key_P);
+  EXPECT_FALSE(remote.small()) << "nothing plays";
+  play();
+  const auto enter = [&] {
+    press(Qt::Key_P);
+    EXPECT_TRUE(remote.small());
+    EXPECT_EQ(overlay->size(), window->contentItem()->size());
+    EXPECT_EQ(find("text", u"Live TV"_s), nullptr);
+  };
+  const auto doubleClick = [&] {
+    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, QPoint(300, 200));
+  };
+  const std::function<void()> ends[] = {
+      [&] { press(Qt::Key_P); },
+      [&] { press(Qt::Key_Escape); },
+      doubleClick,
+      [&] { click(appears("help", u"Back to the window"_s)); },
+      [&] { press(Qt::Key_2, Qt::ControlModifier), press(Qt::Key_1, Qt::ControlModifier); },
+      [&] { app->setShowingSettings(true), app->setShowingSettings(false); },
+      [&] { press(Qt::Key_F), expectFull(true), press(Qt::Key_F); },
+  };
+  for (const auto& end : ends) {
+    enter();
+    remote.moved();
+    end();
+    EXPECT_FALSE(remote.small());
+    expectFull(false);
+    EXPECT_FALSE(app->playback().paused());
+  }
+  press(Qt::Key_F);
+  press(Qt::Key_P);
+  EXPECT_TRUE(remote.small());
+  EXPECT_FALSE(app->playback().fullScreen());
+  press(Qt::Key_Up);
+  clock.advance(250ms);
+  showPicture();
+  EXPECT_EQ(app->playback().title(), u"Title 2"_s) << "the keys are the player's";
+  press(Qt::Key_Return);
+  EXPECT_FALSE(remote.chooser()) << "there is no room for it";
+  click(appears("help", u"Stop playback"_s));
+  EXPECT_FALSE(remote.small());
+  expectMoves("the small window");
+}
+
 TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   play();
   PlayerRemote& remote = *views->remote();

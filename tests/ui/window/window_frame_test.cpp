@@ -209,6 +209,43 @@ TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
   }
 }
 
+TEST_F(WindowFrameTest, TheSmallWindowHasAPlaceOfItsOwn) {
+  Preferences stored(home.filePath(u"small.ini"_s));
+  const QRect usual(50, 40, 1200, 750);
+  const QRect corner(80, 90, 600, 400);
+  for (const bool again : {false, true}) {
+    QWindow next;
+    next.setMinimumSize(QSize(1100, 720));
+    next.setGeometry(usual);
+    {
+      WindowPlace place(next, stored);
+      next.show();
+      ASSERT_TRUE(QTest::qWaitForWindowExposed(&next));
+      const QRect room = next.screen()->availableGeometry();
+      place.setSmall(true);
+      QTest::qWait(50);
+      if (again)
+        EXPECT_EQ(next.geometry(), corner);
+      else
+        EXPECT_EQ(room.bottomRight() - next.geometry().bottomRight(), QPoint(24, 24));
+      EXPECT_TRUE(next.flags() & Qt::WindowStaysOnTopHint);
+      next.setGeometry(corner);
+      QTest::qWait(600);
+      place.setSmall(false);
+      QTest::qWait(50);
+      EXPECT_EQ(next.geometry(), usual);
+      EXPECT_EQ(next.minimumSize(), QSize(1100, 720));
+      EXPECT_FALSE(next.flags() & Qt::WindowStaysOnTopHint);
+      place.setSmall(true);
+      QTest::qWait(50);
+      EXPECT_EQ(next.geometry(), corner);
+    }
+    QWindow later;
+    const WindowPlace restored(later, stored);
+    EXPECT_EQ(later.geometry(), usual) << "quit while it is small";
+  }
+}
+
 TEST_F(WindowFrameTest, NamesStandLeftOnOneLineAndTheLogoIsThereAtOnce) {
   open();
   const QQuickItem* brand = nullptr;

@@ -1,0 +1,126 @@
+import QtQuick
+import Vantor.Style
+import Vantor.Ui
+
+// What lies over the picture in the small window. Nothing in it has the focus at first, so that the
+// keys reach the player.
+FocusScope {
+    id: screen
+    focus: true
+
+    required property PlayerPane player
+    required property PlayerRemote remote
+    required property WindowActions window
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+        visible: !screen.player.surfaceVisible
+    }
+
+    MouseArea {
+        property point start
+
+        anchors.fill: parent
+        hoverEnabled: true
+        onPressed: mouse => start = Qt.point(mouse.x, mouse.y)
+        onPositionChanged: mouse => {
+            screen.remote.moved();
+            if (!pressed || Math.hypot(mouse.x - start.x, mouse.y - start.y) < Application.styleHints.startDragDistance)
+                return;
+            // The window manager takes the pointer, and the button's release with it.
+            enabled = false;
+            enabled = true;
+            screen.window.move();
+        }
+        onClicked: screen.player.togglePause()
+        onDoubleClicked: {
+            // The first of the two clicks was no order to pause.
+            screen.player.togglePause();
+            screen.remote.small = false;
+        }
+        onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)
+    }
+
+    PictureCover {
+        anchors.fill: parent
+        player: screen.player
+    }
+
+    OnDemand {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: wanted
+        wanted: screen.player.interruption !== ""
+
+        sourceComponent: InterruptionStrip {
+            text: screen.player.interruption
+            onEndChosen: screen.player.giveUp()
+        }
+    }
+
+    StyledText {
+        anchors.margins: Style.gap
+        anchors.top: parent.top
+        anchors.left: parent.left
+        visible: text !== ""
+        text: screen.remote.note
+        font: Style.title2
+        style: Text.Outline
+        styleColor: "black"
+        Accessible.role: Accessible.AlertMessage
+    }
+
+    Rectangle {
+        id: buttons
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: Style.gap
+        width: row.width
+        height: row.height
+        radius: Style.radius
+        color: Style.faded("black", 0.7)
+        visible: screen.remote.controlsShown || row.activeFocus
+
+        HoverHandler {
+            id: hover
+        }
+
+        Binding {
+            target: screen.remote
+            property: "busy"
+            value: row.activeFocus || hover.hovered
+        }
+
+        FocusScope {
+            id: row
+            width: controls.width
+            height: controls.height
+
+            Row {
+                id: controls
+
+                IconButton {
+                    symbol: screen.player.playPauseSymbol
+                    help: "Play / pause"
+                    onClicked: screen.player.togglePause()
+                }
+
+                IconButton {
+                    symbol: "window.restore"
+                    help: "Back to the window"
+                    size: 16
+                    onClicked: screen.remote.small = false
+                }
+
+                IconButton {
+                    symbol: "stop.fill"
+                    help: "Stop playback"
+                    onClicked: screen.player.stop()
+                }
+            }
+        }
+    }
+
+    Component.onDestruction: remote.busy = false
+}
