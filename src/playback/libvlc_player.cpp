@@ -231,6 +231,9 @@ EngineStatus LibVLCPlayer::sample() {
     status.videoTracks.append(track.id);
   status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));
   status.subtitleTracks = tracksOf(libvlc_video_get_spu_description(player));
+  status.audioTrack = libvlc_audio_get_track(player);
+  status.subtitleTrack = libvlc_video_get_spu(player);
+  status.rate = double{libvlc_media_player_get_rate(player)};
   status.picture = facts;
   if (video) {
     status.picture.codec = video->codec;

@@ -50,6 +50,10 @@ struct EngineStatus {
   QList<std::int32_t> videoTracks;
   QList<EngineTrack> audioTracks;
   QList<EngineTrack> subtitleTracks;
+  // What is in force; -1: none.
+  std::int32_t audioTrack = -1;
+  std::int32_t subtitleTrack = -1;
+  double rate = 1;
   PictureFacts picture;
 };
 

@@ -73,6 +73,9 @@ Playback::Watch Playback::tick(Opening& opening) {
   applyResume(opening);
   transport_.setAudio(status.audioTracks);
   transport_.setSubtitles(status.subtitleTracks);
+  transport_.setAudioTrack(status.audioTrack);
+  transport_.setSubtitleTrack(status.subtitleTrack);
+  transport_.setRate(status.rate);
   reportProgress();
   if (generation_ != opening.ticket) return Watch::over;
   if (status.state != EngineState::ended) return Watch::goOn;

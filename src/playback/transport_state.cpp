@@ -9,7 +9,10 @@ TransportState::TransportState(Announcements& announcements)
       seekable_(announcements, *this, &TransportState::seekableChanged),
       volume_(announcements, *this, &TransportState::volumeChanged, 100),
       audio_(announcements, *this, &TransportState::audioChanged),
-      subtitles_(announcements, *this, &TransportState::subtitlesChanged) {}
+      subtitles_(announcements, *this, &TransportState::subtitlesChanged),
+      audioTrack_(announcements, *this, &TransportState::audioTrackChanged, -1),
+      subtitleTrack_(announcements, *this, &TransportState::subtitleTrackChanged, -1),
+      rate_(announcements, *this, &TransportState::rateChanged, 1) {}
 
 void TransportState::reset() {
   const Announcements::Scope scope(announcements_);
@@ -18,6 +21,9 @@ void TransportState::reset() {
   setSeekable(false);
   setAudio({});
   setSubtitles({});
+  setAudioTrack(-1);
+  setSubtitleTrack(-1);
+  setRate(1);
 }
 
 }  // namespace vantor

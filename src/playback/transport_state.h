@@ -7,7 +7,7 @@
 
 namespace vantor {
 
-/// Position, volume and tracks of the playing media, apart from `Playback` so that a moving
+/// Position, volume, tracks and rate of the playing media, apart from `Playback` so that a moving
 /// position concerns only what shows it. Main thread only; each signal means that the value differs
 /// now.
 class TransportState final : public QObject {
@@ -23,12 +23,21 @@ class TransportState final : public QObject {
   const QList<EngineTrack>& audio() const { return audio_.get(); }
   const QList<EngineTrack>& subtitles() const { return subtitles_.get(); }
 
+  // What is in force, as the engine says; -1: no track.
+  int audioTrack() const { return audioTrack_.get(); }
+  int subtitleTrack() const { return subtitleTrack_.get(); }
+  double rate() const { return rate_.get(); }
+
   void setSeconds(double seconds) { seconds_.set(seconds); }
   void setDuration(double seconds) { duration_.set(seconds); }
   void setSeekable(bool seekable) { seekable_.set(seekable); }
   void setVolume(double percent) { volume_.set(percent); }
   void setAudio(const QList<EngineTrack>& tracks) { audio_.set(tracks); }
   void setSubtitles(const QList<EngineTrack>& tracks) { subtitles_.set(tracks); }
+
+  void setAudioTrack(int id) { audioTrack_.set(id); }
+  void setSubtitleTrack(int id) { subtitleTrack_.set(id); }
+  void setRate(double rate) { rate_.set(rate); }
 
   /// Back to the initial values, for a new media; the volume stays.
   void reset();
@@ -40,6 +49,9 @@ class TransportState final : public QObject {
   void volumeChanged();
   void audioChanged();
   void subtitlesChanged();
+  void audioTrackChanged();
+  void subtitleTrackChanged();
+  void rateChanged();
 
  private:
   Announcements& announcements_;
@@ -49,6 +61,9 @@ class TransportState final : public QObject {
   Announced<double> volume_;
   Announced<QList<EngineTrack>> audio_;
   Announced<QList<EngineTrack>> subtitles_;
+  Announced<int> audioTrack_;
+  Announced<int> subtitleTrack_;
+  Announced<double> rate_;
 };
 
 }  // namespace vantor

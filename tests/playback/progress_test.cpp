@@ -104,6 +104,9 @@ TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
   engine.now.time = 1'500;
   engine.now.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
   engine.now.subtitleTracks = {{3, u"English"_s}};
+  engine.now.audioTrack = 2;
+  engine.now.subtitleTrack = 3;
+  engine.now.rate = 1.5;
   clock.advance(249ms);
   EXPECT_EQ(playback.transport()->seconds(), 0);
   clock.advance(1ms);
@@ -113,6 +116,9 @@ TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
   EXPECT_TRUE(transport.seekable());
   EXPECT_EQ(transport.audio(), engine.now.audioTracks);
   EXPECT_EQ(transport.subtitles(), engine.now.subtitleTracks);
+  EXPECT_EQ(transport.audioTrack(), 2);
+  EXPECT_EQ(transport.subtitleTrack(), 3);
+  EXPECT_EQ(transport.rate(), 1.5);
   EXPECT_EQ(progress.last(), u"m 1.5/60"_s);
   engine.now.time = -1;
   engine.now.length = -1;

@@ -96,8 +96,10 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
     for (int round = 0; round < 2; ++round) {
       playback.setSubtitleTrack(transport.subtitles().first().id);
       EXPECT_TRUE(eventually([&] { return shows(); }));
+      EXPECT_TRUE(eventually(
+          [&] { return transport.subtitleTrack() == transport.subtitles().first().id; }));
       playback.setSubtitleTrack(-1);
-      EXPECT_TRUE(eventually([&] { return !shows(); }));
+      EXPECT_TRUE(eventually([&] { return !shows() && transport.subtitleTrack() == -1; }));
       // They do not come back in any of the next pictures either.
       const std::int64_t time = engine.status().time;
       EXPECT_FALSE(!eventually([&] { return shows() || engine.status().time > time + 1'500; }) ||

@@ -9,6 +9,8 @@ IconButton {
     id: button
 
     required property var choices
+    // The index of the one that is in force; -1: none of them.
+    property int current: -1
 
     signal chosen(var choice)
 
@@ -26,6 +28,7 @@ IconButton {
             y: -height - 4
             x: button.width - width
             width: 200
+            first: Math.max(0, button.current)
 
             Instantiator {
                 model: button.choices
@@ -33,9 +36,13 @@ IconButton {
                 onObjectRemoved: (index, object) => choiceMenu.removeItem(object as MenuItem)
 
                 delegate: SymbolItem {
+                    required property int index
                     required property var modelData
 
                     text: modelData.name
+                    marked: index === button.current
+                    Accessible.checkable: true
+                    Accessible.checked: marked
                     onTriggered: button.chosen(modelData)
                 }
             }

@@ -2,13 +2,16 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Vantor.Style
 
-// A menu whose first entry is ready to be chosen by key.
+// A menu one of whose entries is ready to be chosen by key.
 Menu {
     id: menu
 
+    // That entry.
+    property int first: 0
+
     padding: 6
     margins: 8
-    onOpened: currentIndex = 0
+    onOpened: currentIndex = first
 
     background: Rectangle {
         radius: 8

@@ -8,12 +8,13 @@ MenuItem {
     id: item
 
     property string symbol: ""  // empty: none
+    property bool marked: false
     readonly property bool plain: symbol === ""
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
 
     implicitHeight: plain ? 30 : 32
     leftPadding: plain ? 12 : 38
-    rightPadding: 12
+    rightPadding: marked ? 34 : 12
     font: plain ? Style.font(12) : Style.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
@@ -37,6 +38,14 @@ MenuItem {
             anchors.verticalCenter: parent.verticalCenter
             symbol: item.symbol
             color: item.ink
+        }
+
+        Icon {
+            x: parent.width - width - 10
+            anchors.verticalCenter: parent.verticalCenter
+            visible: item.marked
+            symbol: "checkmark"
+            color: item.highlighted ? Style.canvas : Style.mint
         }
     }
 }

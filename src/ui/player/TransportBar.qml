@@ -77,6 +77,7 @@ ColumnLayout {
             help: "Audio tracks"
             enabled: bar.transport.audioEnabled
             choices: bar.transport.audio
+            current: bar.transport.audioChoice
             onChosen: choice => bar.transport.chooseAudio(choice.id)
         }
 
@@ -84,6 +85,7 @@ ColumnLayout {
             symbol: "captions.bubble"
             help: "Subtitles"
             choices: bar.transport.subtitles
+            current: bar.transport.subtitleChoice
             onChosen: choice => bar.transport.chooseSubtitle(choice.id)
         }
 
@@ -91,6 +93,7 @@ ColumnLayout {
             symbol: "speedometer"
             help: "Playback speed"
             choices: bar.transport.speeds
+            current: bar.transport.speedChoice
             onChosen: choice => bar.transport.chooseSpeed(choice.rate)
         }
     }

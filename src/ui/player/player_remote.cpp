@@ -172,6 +172,12 @@ bool PlayerRemote::press(int key, int modifiers) {
     case Qt::Key_Z:
       changeShape();
       return true;
+    case Qt::Key_A:
+      nextAudio();
+      return true;
+    case Qt::Key_S:
+      nextSubtitle();
+      return true;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_VolumeUp:
@@ -254,6 +260,29 @@ void PlayerRemote::toggleMuted() {
   }
   playback_.setVolume(audible_ > 0 ? audible_ : usualVolume);
   say(u"Volume %1 %"_s.arg(qRound(transport_.volume())));
+}
+
+QVariantMap PlayerRemote::next(Round& round, int current, const QVariantList& choices) {
+  const SteadyTime now = clock_.steadyNow();
+  if (round.chosen && now - *round.chosen < noteTime) current = round.choice;
+  round = {(current + 1) % static_cast<int>(choices.size()), now};
+  return choices[round.choice].toMap();
+}
+
+void PlayerRemote::nextAudio() {
+  const QVariantList tracks = transport_.audio();
+  if (tracks.size() < 2) return say(u"No other sound"_s);
+  const QVariantMap track = next(audioRound_, transport_.audioChoice(), tracks);
+  transport_.chooseAudio(track[u"id"_s].toInt());
+  say(u"Sound: "_s + track[u"name"_s].toString());
+}
+
+void PlayerRemote::nextSubtitle() {
+  const QVariantList tracks = transport_.subtitles();
+  if (tracks.size() < 2) return say(u"No subtitles"_s);
+  const QVariantMap track = next(subtitleRound_, transport_.subtitleChoice(), tracks);
+  transport_.chooseSubtitle(track[u"id"_s].toInt());
+  say(u"Subtitles: "_s + track[u"name"_s].toString());
 }
 
 bool PlayerRemote::skip(double seconds) {

@@ -2,7 +2,9 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <QVariant>
 #include <memory>
+#include <optional>
 
 #include "platform/clock.h"
 #include "ui/player/channel_chooser.h"
@@ -108,6 +110,16 @@ class PlayerRemote final : public QObject {
  private:
   bool zap(int key);
   void toggleMuted();
+  /// Going round choices by a key, which may be pressed again before the engine says what is in
+  /// force.
+  struct Round {
+    int choice = 0;
+    std::optional<SteadyTime> chosen;
+  };
+  /// The choice after the one in force.
+  QVariantMap next(Round& round, int current, const QVariantList& choices);
+  void nextAudio();
+  void nextSubtitle();
   bool skip(double seconds);
   /// Shows a note for a moment.
   void say(const QString& note);
@@ -128,6 +140,8 @@ class PlayerRemote final : public QObject {
   bool busy_ = false;
   bool pointed_ = false;  // a movement was not long ago
   double audible_ = 0;    // the volume before it was muted, else 0
+  Round audioRound_;
+  Round subtitleRound_;
   QString note_;
   std::unique_ptr<Clock::Timer> hiding_;
   std::unique_ptr<Clock::Timer> skipping_;  // until the position that skips add up to is taken

@@ -21,6 +21,14 @@ QVariantList listed(const QList<EngineTrack>& tracks) {
   return list;
 }
 
+int indexOf(const QList<EngineTrack>& tracks, int id) {
+  const auto found = std::find_if(tracks.begin(), tracks.end(),
+                                  [id](const EngineTrack& track) { return track.id == id; });
+  return found == tracks.end() ? -1 : static_cast<int>(found - tracks.begin());
+}
+
+constexpr std::array rates{0.5, 1.0, 1.25, 1.5, 2.0};
+
 }  // namespace
 
 TransportControls::TransportControls(Playback& playback, QObject* parent)
@@ -33,6 +41,12 @@ TransportControls::TransportControls(Playback& playback, QObject* parent)
   connect(&state_, &TransportState::volumeChanged, this, &TransportControls::volumeChanged);
   connect(&state_, &TransportState::audioChanged, this, &TransportControls::audioChanged);
   connect(&state_, &TransportState::subtitlesChanged, this, &TransportControls::subtitlesChanged);
+  for (const auto signal : {&TransportState::audioChanged, &TransportState::audioTrackChanged})
+    connect(&state_, signal, this, &TransportControls::audioChoiceChanged);
+  for (const auto signal :
+       {&TransportState::subtitlesChanged, &TransportState::subtitleTrackChanged})
+    connect(&state_, signal, this, &TransportControls::subtitleChoiceChanged);
+  connect(&state_, &TransportState::rateChanged, this, &TransportControls::speedChoiceChanged);
 }
 
 QString TransportControls::clock(double seconds) {
@@ -89,11 +103,27 @@ QVariantList TransportControls::subtitles() const {
 
 QVariantList TransportControls::speeds() const {
   QVariantList list;
-  for (const double rate : {0.5, 1.0, 1.25, 1.5, 2.0})
+  for (const double rate : rates)
     list.append(QVariantMap{
         {u"rate"_s, rate},
         {u"name"_s, QLocale().toString(rate, 'f', QLocale::FloatingPointShortest) + u'×'}});
   return list;
+}
+
+int TransportControls::audioChoice() const {
+  return indexOf(state_.audio(), state_.audioTrack());
+}
+
+int TransportControls::subtitleChoice() const {
+  // "Off" stands first.
+  return state_.subtitleTrack() < 0 ? 0 : indexOf(state_.subtitles(), state_.subtitleTrack()) + 1;
+}
+
+int TransportControls::speedChoice() const {
+  const auto found = std::find_if(rates.begin(), rates.end(), [this](double rate) {
+    return std::abs(rate - state_.rate()) < 0.01;
+  });
+  return found == rates.end() ? -1 : static_cast<int>(found - rates.begin());
 }
 
 void TransportControls::beginSeek() {

@@ -23,6 +23,9 @@ class TransportControls final : public QObject {
   Q_PROPERTY(bool audioEnabled READ audioEnabled NOTIFY audioChanged)
   Q_PROPERTY(QVariantList subtitles READ subtitles NOTIFY subtitlesChanged)
   Q_PROPERTY(QVariantList speeds READ speeds CONSTANT)
+  Q_PROPERTY(int audioChoice READ audioChoice NOTIFY audioChoiceChanged)
+  Q_PROPERTY(int subtitleChoice READ subtitleChoice NOTIFY subtitleChoiceChanged)
+  Q_PROPERTY(int speedChoice READ speedChoice NOTIFY speedChoiceChanged)
 
  public:
   explicit TransportControls(Playback& playback, QObject* parent = nullptr);
@@ -41,6 +44,11 @@ class TransportControls final : public QObject {
   QVariantList subtitles() const;  // likewise, "Off" first
   QVariantList speeds() const;     // maps of "rate" and "name"
 
+  // The index in each of them of what is in force, -1 if it is none of them.
+  int audioChoice() const;
+  int subtitleChoice() const;
+  int speedChoice() const;
+
   /// A drag of the position: only its end moves the playback.
   Q_INVOKABLE void beginSeek();
   Q_INVOKABLE void dragTo(double seconds);
@@ -58,6 +66,9 @@ class TransportControls final : public QObject {
   void volumeChanged();
   void audioChanged();
   void subtitlesChanged();
+  void audioChoiceChanged();
+  void subtitleChoiceChanged();
+  void speedChoiceChanged();
 
  private:
   double shownPosition() const;

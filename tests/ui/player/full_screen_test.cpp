@@ -248,6 +248,49 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   EXPECT_EQ(jumps(), QStringList()) << "a broadcast has no position";
 }
 
+TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
+  const auto notes = [&](QList<Qt::Key> keys) {
+    QStringList seen;
+    for (const Qt::Key key : keys) press(key), seen.append(views->remote()->note());
+    return seen;
+  };
+  playMovie();
+  press(Qt::Key_F);
+  EXPECT_EQ(notes({Qt::Key_A, Qt::Key_S}), (QStringList{u"No other sound"_s, u"No subtitles"_s}));
+  engine.now.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}, {4, u"Français"_s}};
+  engine.now.audioTrack = 2;
+  engine.now.subtitleTracks = {{5, u"English"_s}};
+  clock.advance(2s);
+  engine.takeCalls();
+  EXPECT_EQ(notes({Qt::Key_A, Qt::Key_A, Qt::Key_A, Qt::Key_S, Qt::Key_S}),
+            (QStringList{u"Sound: Français"_s, u"Sound: English"_s, u"Sound: Deutsch"_s,
+                         u"Subtitles: English"_s, u"Subtitles: Off"_s}))
+      << "faster than the engine tells";
+  EXPECT_EQ(engine.takeCalls(),
+            (QStringList{u"setAudioTrack 4"_s, u"setAudioTrack 1"_s, u"setAudioTrack 2"_s,
+                         u"setSubtitleTrack 5"_s, u"setSubtitleTrack -1"_s}));
+  clock.advance(2s);
+  engine.now.audioTrack = 4;
+  engine.now.subtitleTrack = -1;
+  engine.now.rate = 1.5;
+  clock.advance(250ms);
+  EXPECT_EQ(notes({Qt::Key_A}), QStringList{u"Sound: English"_s});
+
+  const std::pair<const char*, const char*> menus[] = {
+      {"Audio tracks", "Français"}, {"Subtitles", "Off"}, {"Playback speed", "1.5×"}};
+  for (const auto& [button, inForce] : menus) {
+    views->remote()->moved();
+    click(appears("help", QString::fromLatin1(button)));
+    const QString name = QString::fromUtf8(inForce);
+    const QQuickItem* row = appears("text", name);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row->property("highlighted").toBool(); })) << inForce;
+    EXPECT_TRUE(row->property("marked").toBool()) << inForce;
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(test::eventually([&] { return !find("text", name); }));
+  }
+  EXPECT_TRUE(isFull());
+}
+
 TEST_F(FullScreenTest, TheKeysOfChannels) {
   press(Qt::Key_3);
   play();

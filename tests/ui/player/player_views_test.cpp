@@ -119,6 +119,19 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
   advance(status);
   EXPECT_TRUE(controls.audioEnabled());
   EXPECT_EQ(controls.subtitles().size(), 2);
+  const struct {
+    int audio, subtitle;  // identifiers
+    double rate;
+    QList<int> choices;  // of sound, subtitles and speed
+  } cases[] = {{1, -1, 1, {0, 0, 1}}, {2, 5, 2, {1, 1, 4}}, {-1, 9, 3, {-1, 0, -1}}};
+  for (const auto& [audio, subtitle, rate, choices] : cases) {
+    status.audioTrack = audio;
+    status.subtitleTrack = subtitle;
+    status.rate = rate;
+    advance(status);
+    EXPECT_EQ((QList{controls.audioChoice(), controls.subtitleChoice(), controls.speedChoice()}),
+              choices);
+  }
   engine.calls.clear();
   controls.chooseAudio(2);
   controls.chooseSubtitle(-1);
