@@ -48,19 +48,24 @@ Program::Program(const LaunchArguments& launch)
       recordingService_(model_.playback()),
       screenAwake_(model_.playback(), keeper_, engine_, idleInhibitor_),
       views_(model_, keeper_, clock_, filePanel_, *frames_, artwork_, opener_,
-             SettingsLinks{values_.supportSite, resourceFolder()}) {
-  const auto quit = [this] {
-    if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);
-    delegate_.applicationShouldTerminate();
-  };
+             SettingsLinks{values_.supportSite, resourceFolder()}),
+      nowPlaying_(model_, views_.zapping(), views_.episodeQueue(), clock_),
+      mpris_({model_, nowPlaying_, keeper_, artwork_, worker_, clock_, folders_.temporary,
+              values_.bundleIdentifier},
+             {[this] { raiseWindow(); }, [this] { quit(); }}) {
   connect(&networkWatch_, &NetworkWatch::changed, &keeper_, &StreamKeeper::hurry);
-  connect(&signals_, &TerminationSignals::received, this, quit);
-  connect(views_.commands(), &Commands::quitRequested, this, quit);
-  connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, quit);
+  connect(&signals_, &TerminationSignals::received, this, &Program::quit);
+  connect(views_.commands(), &Commands::quitRequested, this, &Program::quit);
+  connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &Program::quit);
   connect(&delegate_, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
 }
 
 Program::~Program() = default;
+
+void Program::quit() {
+  if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);
+  delegate_.applicationShouldTerminate();
+}
 
 void Program::open() {
   qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -117,14 +122,14 @@ void Program::showWindowWhenReady() {
 void Program::showWindow() {
   if (std::exchange(windowShown_, true)) return;
   window_->show();
-  window_->raise();
-  window_->requestActivate();
+  raiseWindow();
   // libVLC looks through its plugins, which would hold up the first picture of the window.
   connect(
       window_.get(), &QQuickWindow::frameSwapped, this,
       [this] {
         engine_.warmUp();
         recordingService_.offer(busWorker_, values_.bundleIdentifier);
+        mpris_.offer(busWorker_);
         idleInhibitor_.join(busWorker_, values_.bundleIdentifier);
         networkWatch_.listen(busWorker_);
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
@@ -132,6 +137,14 @@ void Program::showWindow() {
                                << "here; Debian has fonts-noto-core and fonts-noto-cjk";
       },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
+void Program::raiseWindow() {
+  // It comes up by itself.
+  if (!windowShown_) return;
+  window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
+  window_->raise();
+  window_->requestActivate();
 }
 
 void Program::offerSignIn() {

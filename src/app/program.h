@@ -9,7 +9,9 @@
 #include "app/termination_signals.h"
 #include "artwork/artwork_store.h"
 #include "core/app_model.h"
+#include "core/now_playing.h"
 #include "desktop/idle_inhibitor.h"
+#include "desktop/mpris_service.h"
 #include "desktop/network_watch.h"
 #include "desktop/recording_service.h"
 #include "desktop/screen_awake.h"
@@ -47,7 +49,9 @@ class Program final : public QObject {
   void startUp();
   void showWindowWhenReady();
   void showWindow();
+  void raiseWindow();
   void offerSignIn();
+  void quit();
 
   const LaunchArguments launch_;
   const ServiceValues values_ = ServiceValues::ofBuild();
@@ -76,6 +80,8 @@ class Program final : public QObject {
   IdleInhibitor idleInhibitor_{clock_};
   ScreenAwake screenAwake_;
   Views views_;
+  NowPlaying nowPlaying_;
+  MprisService mpris_;
   AppDelegate delegate_;
   TerminationSignals signals_;
   QQmlEngine qml_;

@@ -48,7 +48,10 @@ class AppModel final : public QObject {
 
   // playback_handoff.cpp
   void play(MediaItem item);
+  /// The entry that plays; absent for a file, and while nothing does.
+  std::optional<MediaItem> playing() const;
   void openFile();
+  void playFile(const QUrl& file);
 
   // Set by the interface.
   const std::optional<QString>& notice() const { return notice_.get(); }
@@ -105,6 +108,7 @@ class AppModel final : public QObject {
   Announced<std::optional<QString>> notice_;
   Announced<bool> showingConnect_;
   Announced<bool> showingSettings_;
+  std::optional<MediaItem> handedOver_;  // the last entry that playback took
 
   std::stop_source startUpReading_;
   Job startUpTask_;

@@ -24,10 +24,22 @@ std::optional<MediaItem> EpisodeQueue::next() const {
   return episodes_.at(place_ + 1);
 }
 
+std::optional<MediaItem> EpisodeQueue::previous() const {
+  if (place_ < 1) return {};
+  return episodes_.at(place_ - 1);
+}
+
 bool EpisodeQueue::playNext() {
-  const std::optional<MediaItem> following = next();
-  if (following) model_.play(*following);
-  return following.has_value();
+  return play(next());
+}
+
+bool EpisodeQueue::playPrevious() {
+  return play(previous());
+}
+
+bool EpisodeQueue::play(const std::optional<MediaItem>& episode) {
+  if (episode) model_.play(*episode);
+  return episode.has_value();
 }
 
 void EpisodeQueue::onSourceChanged() {

@@ -9,8 +9,8 @@ namespace vantor {
 
 class AppModel;
 
-/// What follows the episode that plays: the next one of the show that it was started from, whatever
-/// is browsed meanwhile. Main thread only.
+/// What lies around the episode that plays: the ones before and after it of the show that it was
+/// started from, whatever is browsed meanwhile. Main thread only.
 class EpisodeQueue final : public QObject {
   Q_OBJECT
 
@@ -20,14 +20,18 @@ class EpisodeQueue final : public QObject {
 
   /// Absent after the last one, and while no episode plays.
   std::optional<MediaItem> next() const;
+  /// Likewise before the first one.
+  std::optional<MediaItem> previous() const;
   /// False when there is none.
   bool playNext();
+  bool playPrevious();
 
  Q_SIGNALS:
   /// Another source plays, so that something else may follow.
   void changed();
 
  private:
+  bool play(const std::optional<MediaItem>& episode);
   void onSourceChanged();
 
   AppModel& model_;

@@ -32,7 +32,14 @@ void AppModel::play(MediaItem item) {
     request.kind = SourceKind::broadcast;
   else
     request.resume = record_.resumePosition(item.id).value_or(0);
+  const std::optional<MediaItem> before = std::exchange(handedOver_, item);
   playback_->play(request);
+  // A recording keeps what plays.
+  if (playback_->itemID() != item.id) handedOver_ = before;
+}
+
+std::optional<MediaItem> AppModel::playing() const {
+  return handedOver_ && playback_->itemID() == handedOver_->id ? handedOver_ : std::nullopt;
 }
 
 void AppModel::openFile() {
@@ -45,14 +52,17 @@ void AppModel::openFile() {
 QCoro::Task<> AppModel::chooseFile(QPointer<AppModel> self, std::stop_token stop) {
   const auto choosing = self->services_.filePanel.chooseMediaFile();
   const std::optional<QUrl> file = co_await choosing;
-  if (!self || stop.stop_requested() || !file) co_return;
+  if (self && !stop.stop_requested() && file) self->playFile(*file);
+}
+
+void AppModel::playFile(const QUrl& file) {
   PlayRequest request;
-  request.url = *file;
-  request.title = QFileInfo(file->toLocalFile()).completeBaseName();
+  request.url = file;
+  request.title = QFileInfo(file.toLocalFile()).completeBaseName();
   request.id = QStringLiteral("local");
   request.agent = defaultUserAgent;
   request.kind = SourceKind::file;
-  self->playback_->play(request);
+  playback_->play(request);
 }
 
 }  // namespace vantor

@@ -24,6 +24,8 @@ class Zapping final : public QObject {
   const std::optional<MediaItem>& channel() const { return channel_; }
   /// Its place in the list, from 1; 0 without a channel.
   std::size_t number() const { return channel_ ? chosen_.place + 1 : 0; }
+  /// Whether there are other channels in the list.
+  bool canStep() const { return channel_ && count() > 1; }
   /// The digits of a number that is being typed.
   const QString& typed() const { return typed_; }
   /// The channel of that number; absent when the list does not have it.

@@ -1,7 +1,6 @@
 #include "desktop/recording_service.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCall>
 
 #include "desktop/bus.h"
 #include "playback/playback.h"
@@ -46,13 +45,7 @@ void RecordingService::appear(const QDBusConnection& bus, const QString& name) {
   bus_->registerObject(
       kPath, this,
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);
-  // QDBusConnection::registerService waits for the answer.
-  QDBusMessage request =
-      QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                     u"org.freedesktop.DBus"_s, u"RequestName"_s);
-  constexpr uint kDoNotQueue = 4;
-  request << name << kDoNotQueue;
-  bus_->asyncCall(request);
+  askForName(*bus_, name);
 }
 
 void RecordingService::Start() {

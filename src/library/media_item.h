@@ -28,6 +28,7 @@ struct MediaItem {
   std::optional<QString> year;
   std::optional<int> episode;
   std::optional<int> season;
+  std::optional<QString> show;  // name of the show that an episode belongs to
   bool isExample = false;
 
   bool operator==(const MediaItem&) const = default;

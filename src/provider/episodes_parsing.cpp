@@ -152,6 +152,7 @@ QList<MediaItem> parseEpisodes(QByteArray answer, const MediaItem& show,
                                                         : QString::fromStdString(row.fileExtension);
       episode.episode = shownNumber(row.number);
       episode.season = shownNumber(season.number);
+      episode.show = show.name;
       episodes.push_back(std::move(episode));
     }
   }

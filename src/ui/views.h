@@ -73,6 +73,8 @@ class Views final : public QObject {
   Statistics* statistics() { return &statistics_; }
   PlayerRemote* remote() { return &remote_; }
   Commands* commands() { return &commands_; }
+  Zapping& zapping() { return zapping_; }
+  EpisodeQueue& episodeQueue() { return episodeQueue_; }
   DialogFilePanel* filePanel() { return &filePanel_; }
   VideoFrameQueue* frames() { return &frames_; }
   ArtworkStore* artwork() { return &artwork_; }

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 const MediaItem someShow{.id = u"shows:9"_s,
                          .providerID = u"9"_s,
                          .kind = LibraryKind::shows,
+                         .name = u"Some Show"_s,
                          .category = u"c"_s,
                          .artwork = QUrl(u"http://h.example/p.png"_s),
                          .plot = u"plot"_s};
@@ -44,7 +45,8 @@ TEST(Episodes, TakeTheirFieldsFromTheRowAndTheShow) {
                                        .artwork = someShow.artwork,
                                        .fileExtension = u"mp4"_s,
                                        .episode = 1,
-                                       .season = 1}));
+                                       .season = 1,
+                                       .show = someShow.name}));
   EXPECT_EQ(episodes.at(1).name, QString());
   EXPECT_EQ(episodes.at(1).fileExtension, u"mkv"_s);
 }

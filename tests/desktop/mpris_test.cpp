@@ -1,0 +1,630 @@
+// Calls the player over the D-Bus session bus that the tests run in, from a connection of its own.
+#include "desktop/mpris_service.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingReply>
+#include <QFile>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "artwork/artwork_store.h"
+#include "core/episode_queue.h"
+#include "core/now_playing.h"
+#include "core/zapping.h"
+#include "desktop/media_files.h"
+#include "playback/stream_keeper.h"
+#include "playback/video_frame_queue.h"
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+using namespace std::chrono_literals;
+
+const QString kPlayerPath = u"/org/mpris/MediaPlayer2"_s;
+const QString kRoot = u"org.mpris.MediaPlayer2"_s;
+const QString kPlayer = u"org.mpris.MediaPlayer2.Player"_s;
+const QString kPropertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString kVantor = u"org.mpris.MediaPlayer2.vantor"_s;
+const QString kOwnName = kVantor + u".instance"_s;
+
+/// What the player has told of itself, as somebody who shows it keeps it.
+class Follower final : public QObject {
+  Q_OBJECT
+ public:
+  QVariantMap player;
+  QVariantMap root;
+  QStringList changes;  // names, of each message
+  QList<qlonglong> seeks;
+ public Q_SLOTS:
+  void note(const QString& interface, const QVariantMap& changed, const QStringList&) {
+    changes.append(QStringList(changed.keys()).join(u' '));
+    (interface == kPlayer ? player : root).insert(changed);
+  }
+  void noteSeek(qlonglong position) { seeks.append(position); }
+};
+
+class MprisTest : public ::testing::Test, protected ModelFixture {
+ protected:
+  const Settled settled;
+  const QString name = u"mpris test"_s;
+  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+  AppModel& app = launch();
+  VideoFrameQueue frames;
+  StreamKeeper keeper{app.playback(), engine, frames, transport, clock};
+  Zapping zapping{app, clock};
+  EpisodeQueue episodes{app};
+  NowPlaying nowPlaying{app, zapping, episodes, clock};
+  ArtworkStore artwork{transport, clock, worker};
+  int raised = 0;
+  int quits = 0;
+  std::unique_ptr<MprisService> service;
+  QString address;  // of the program's connection
+  Follower follower;
+
+  ~MprisTest() override {
+    service.reset();
+    QDBusConnection::disconnectFromBus(name);
+  }
+  void SetUp() override {
+    ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
+    signIn(rows(LibraryKind::live, 1, 3));
+    appear();
+    client.connect(address, kPlayerPath, kPropertiesInterface, u"PropertiesChanged"_s, &follower,
+                   SLOT(note(QString, QVariantMap, QStringList)));
+    client.connect(address, kPlayerPath, kPlayer, u"Seeked"_s, &follower,
+                   SLOT(noteSeek(qlonglong)));
+  }
+  void appear() {
+    service = std::make_unique<MprisService>(
+        MprisService::Parts{app, nowPlaying, keeper, artwork, worker, clock, home.path(),
+                            u"tv.vantor.player"_s},
+        MprisRoot::Actions{[this] { ++raised; }, [this] { ++quits; }});
+    service->offer(worker);
+    address = QDBusConnection::sessionBus().baseService();
+    ASSERT_TRUE(eventually([&] { return get(kRoot, u"Identity"_s) == u"Vantor Player"_s; }));
+  }
+
+  QDBusMessage answer(const QDBusMessage& message) {
+    const QDBusPendingCall call = client.asyncCall(message);
+    EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
+    settle();
+    return QDBusPendingReply<>(call).reply();
+  }
+  QDBusMessage message(const QString& interface, const QString& method,
+                       const QVariantList& arguments = {}) const {
+    QDBusMessage call = QDBusMessage::createMethodCall(address, kPlayerPath, interface, method);
+    call.setArguments(arguments);
+    return call;
+  }
+  /// The error's name, or nothing.
+  QString call(const QString& method, const QVariantList& arguments = {}) {
+    return answer(message(kPlayer, method, arguments)).errorName().section(u'.', -1);
+  }
+  QString set(const QString& property, const QVariant& value, const QString& interface = kPlayer) {
+    const QString error =
+        answer(message(kPropertiesInterface, u"Set"_s,
+                       {interface, property, QVariant::fromValue(QDBusVariant(value))}))
+            .errorName()
+            .section(u'.', -1);
+    const QStringList rates = engine.calls.filter(u"setRate "_s);
+    if (!rates.isEmpty()) engine.now.rate = rates.last().section(u' ', 1).toDouble();
+    clock.advance(250ms);
+    return error;
+  }
+  static QVariant plain(const QVariant& value) {
+    return value.userType() == qMetaTypeId<QDBusArgument>()
+               ? QVariant(qdbus_cast<QVariantMap>(value.value<QDBusArgument>()))
+               : value;
+  }
+  QVariant get(const QString& interface, const QString& property) {
+    return plain(answer(message(kPropertiesInterface, u"Get"_s, {interface, property}))
+                     .arguments()
+                     .value(0)
+                     .value<QDBusVariant>()
+                     .variant());
+  }
+  QVariant get(const QString& property) { return get(kPlayer, property); }
+  QVariantMap metadata() { return get(u"Metadata"_s).toMap(); }
+  QVariant trackID() { return metadata().value(u"mpris:trackid"_s); }
+  QVariantMap all(const QString& interface) {
+    return qdbus_cast<QVariantMap>(
+        answer(message(kPropertiesInterface, u"GetAll"_s, {interface})).arguments().value(0));
+  }
+  QString owner(const QString& of) {
+    return answer(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
+                                                 u"org.freedesktop.DBus"_s, u"GetNameOwner"_s)
+                  << of)
+        .arguments()
+        .value(0)
+        .toString();
+  }
+  /// Everything that was told so far has arrived.
+  void hear() {
+    settle();
+    get(u"CanControl"_s);
+    settle();
+  }
+
+  void see(EngineState state, std::int64_t time, std::int64_t length = 0) {
+    engine.now.state = state;
+    engine.now.decodedVideo = 1;
+    engine.now.time = time;
+    engine.now.length = length;
+    engine.now.seekable = length > 0;
+    clock.advance(250ms);
+  }
+  void playChannel(std::size_t row) {
+    app.play(item(row));
+    settle();
+    clock.advance(300ms);
+    see(EngineState::playing, 500);
+  }
+  void playMovieAt(std::int64_t time) {
+    playMovie(time);
+    see(EngineState::playing, time, 500'000);
+    hear();
+  }
+  /// Plays on for so long, as the engine would.
+  void playOn(std::chrono::milliseconds length, double speed = 1) {
+    for (auto passed = 0ms; passed < length; passed += 250ms) {
+      engine.now.time += std::llround(250 * speed);
+      ++engine.now.decoded;
+      clock.advance(250ms);
+    }
+  }
+  QString playing() const { return app.playback().itemID().value_or(QString()); }
+};
+
+TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
+  const std::pair<QString, QHash<QString, QByteArray>> interfaces[] = {
+      {kRoot,
+       {{u"CanQuit"_s, "b"},
+        {u"Fullscreen"_s, "b"},
+        {u"CanSetFullscreen"_s, "b"},
+        {u"CanRaise"_s, "b"},
+        {u"HasTrackList"_s, "b"},
+        {u"Identity"_s, "s"},
+        {u"DesktopEntry"_s, "s"},
+        {u"SupportedUriSchemes"_s, "as"},
+        {u"SupportedMimeTypes"_s, "as"}}},
+      {kPlayer,
+       {{u"PlaybackStatus"_s, "s"},
+        {u"Rate"_s, "d"},
+        {u"Metadata"_s, "a{sv}"},
+        {u"Volume"_s, "d"},
+        {u"Position"_s, "x"},
+        {u"MinimumRate"_s, "d"},
+        {u"MaximumRate"_s, "d"},
+        {u"CanGoNext"_s, "b"},
+        {u"CanGoPrevious"_s, "b"},
+        {u"CanPlay"_s, "b"},
+        {u"CanPause"_s, "b"},
+        {u"CanSeek"_s, "b"},
+        {u"CanControl"_s, "b"}}}};
+  const QStringList settable = {u"Fullscreen"_s, u"Rate"_s, u"Volume"_s};
+  for (const auto& [interface, properties] : interfaces) {
+    const QVariantMap values = all(interface);
+    EXPECT_EQ(QSet<QString>(values.keyBegin(), values.keyEnd()),
+              QSet<QString>(properties.keyBegin(), properties.keyEnd()));
+    for (const auto& [property, type] : properties.asKeyValueRange()) {
+      const QVariant value = values.value(property);
+      const QByteArray signature =
+          value.userType() == qMetaTypeId<QDBusArgument>()
+              ? value.value<QDBusArgument>().currentSignature().toLatin1()
+              : QByteArray(QDBusMetaType::typeToSignature(value.metaType()));
+      EXPECT_EQ(signature, type) << property.toStdString();
+      EXPECT_EQ(set(property, value, interface),
+                settable.contains(property) ? QString() : u"PropertyReadOnly"_s)
+          << property.toStdString();
+      // Of a type that nothing has.
+      EXPECT_NE(set(property, QVariant::fromValue(QDBusSignature(u"a{sv}"_s)), interface),
+                QString())
+          << property.toStdString();
+    }
+    EXPECT_NE(set(u"Nothing"_s, 1, interface), QString());
+  }
+  const QVariantMap root = all(kRoot);
+  for (const char* yes : {"CanQuit", "CanRaise"}) EXPECT_EQ(root[QLatin1String(yes)], true) << yes;
+  for (const char* no : {"HasTrackList", "Fullscreen", "CanSetFullscreen"})
+    EXPECT_EQ(root[QLatin1String(no)], false) << no;
+  EXPECT_EQ(root[u"DesktopEntry"_s], u"tv.vantor.player"_s);
+  EXPECT_EQ(root[u"SupportedUriSchemes"_s], QStringList{u"file"_s});
+  EXPECT_EQ(root[u"SupportedMimeTypes"_s], mediaTypes());
+}
+
+TEST_F(MprisTest, CanDoWhatItSays) {
+  const auto abilities = [this] {
+    QStringList able;
+    for (const char* ability :
+         {"CanGoNext", "CanGoPrevious", "CanPlay", "CanPause", "CanSeek", "CanControl"})
+      if (get(QLatin1String(ability)).toBool()) able.append(QLatin1String(ability).mid(3));
+    return able.join(u' ');
+  };
+  const auto stands = [&](const QString& status, const QString& able) {
+    hear();
+    EXPECT_EQ(get(u"PlaybackStatus"_s), status);
+    EXPECT_EQ(abilities(), able);
+    EXPECT_EQ(follower.player.value(u"PlaybackStatus"_s, status), status) << "it was told";
+  };
+  const QString none = u"Control"_s;
+  const QString channel = u"GoNext GoPrevious Play Pause Control"_s;
+  stands(u"Stopped"_s, none);
+  EXPECT_EQ(metadata(), QVariantMap());
+  for (const char* method : {"Next", "Previous", "Pause", "Play", "Stop"})
+    EXPECT_EQ(call(QLatin1String(method)), QString()) << method;
+  EXPECT_EQ(call(u"PlayPause"_s), u"NotSupported"_s);
+  EXPECT_EQ(call(u"Seek"_s, {1'000'000LL}), QString());
+  stands(u"Stopped"_s, none);
+
+  playChannel(0);
+  stands(u"Playing"_s, channel);
+  call(u"Pause"_s);
+  stands(u"Paused"_s, channel);
+  call(u"Pause"_s);
+  stands(u"Paused"_s, channel);
+  call(u"PlayPause"_s);
+  stands(u"Playing"_s, channel);
+  call(u"PlayPause"_s);
+  call(u"Play"_s);
+  stands(u"Playing"_s, channel);
+  call(u"Play"_s);
+  stands(u"Playing"_s, channel);
+  call(u"Stop"_s);
+  stands(u"Stopped"_s, none);
+  EXPECT_EQ(metadata(), QVariantMap());
+
+  playMovieAt(20'000);
+  stands(u"Playing"_s, u"Play Pause Seek Control"_s);
+  see(EngineState::error, 20'000, 500'000);
+  keeper.giveUp();
+  stands(u"Stopped"_s, u"Play Pause Control"_s);
+  call(u"Play"_s);
+  stands(u"Playing"_s, u"Play Pause Control"_s);
+  see(EngineState::playing, 0, 500'000);
+  see(EngineState::ended, 500'000, 500'000);
+  keeper.giveUp();
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Stopped"_s);
+  call(u"PlayPause"_s);
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
+}
+
+TEST_F(MprisTest, IsPlayingWhileAChannelIsOnItsWayBack) {
+  playChannel(0);
+  hear();
+  follower.changes.clear();
+  see(EngineState::error, 500);
+  clock.advance(1s);
+  hear();
+  ASSERT_TRUE(keeper.bringingBack());
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
+  EXPECT_EQ(follower.changes, QStringList());
+  call(u"Pause"_s);
+  EXPECT_FALSE(keeper.bringingBack());
+  EXPECT_NE(get(u"PlaybackStatus"_s), u"Playing"_s);
+}
+
+TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
+  playChannel(2);
+  const QVariant track = trackID();
+  EXPECT_EQ(track.userType(), qMetaTypeId<QDBusObjectPath>());
+  call(u"Next"_s);
+  clock.advance(250ms);
+  EXPECT_EQ(playing(), u"live:1"_s);
+  EXPECT_NE(trackID(), track);
+  call(u"Previous"_s);
+  clock.advance(250ms);
+  EXPECT_EQ(playing(), u"live:3"_s);
+  engine.now.recordable = true;
+  see(EngineState::playing, 1'000);
+  app.playback().startRecording();
+  EXPECT_EQ(get(u"CanGoNext"_s), false) << "a recording keeps the channel";
+  call(u"Next"_s);
+  clock.advance(250ms);
+  EXPECT_EQ(playing(), u"live:3"_s);
+  engine.onRecordingStopped({});
+  EXPECT_EQ(get(u"CanGoNext"_s), true);
+
+  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 1));
+  app.navigate(Section::shows);
+  ASSERT_TRUE(eventually([&] { return app.browsing().items().size() == 1; }));
+  app.select(item(0));
+  ASSERT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
+  transport.answer(u"get_series_info"_s,
+                   R"({"episodes":{"2":[{"id":"21","episode_num":7,"title":"Seventh"},
+                                        {"id":"22","episode_num":8,"title":"Eighth"}]}})");
+  ASSERT_TRUE(eventually([&] { return app.details().episodes().size() == 2; }));
+  app.play(app.details().episodes().first());
+  settle();
+  EXPECT_EQ(get(u"CanGoNext"_s), true);
+  EXPECT_EQ(get(u"CanGoPrevious"_s), false);
+  QVariantMap facts = metadata();
+  EXPECT_TRUE(facts.take(u"mpris:trackid"_s).isValid());
+  EXPECT_EQ(facts, (QVariantMap{{u"xesam:title"_s, u"Seventh"_s},
+                                {u"xesam:album"_s, u"Title 1"_s},
+                                {u"xesam:artist"_s, QStringList{u"Title 1"_s}},
+                                {u"xesam:discNumber"_s, 2},
+                                {u"xesam:trackNumber"_s, 7}}));
+  app.navigate(Section::live);
+  call(u"Next"_s);
+  settle();
+  EXPECT_EQ(metadata()[u"xesam:title"_s], u"Eighth"_s);
+  EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
+  EXPECT_EQ(get(u"CanGoNext"_s), false);
+  call(u"Next"_s);
+  EXPECT_EQ(playing(), u"episode:22"_s);
+  call(u"Previous"_s);
+  EXPECT_EQ(playing(), u"episode:21"_s);
+}
+
+TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
+  transport.onDemand(u"get_short_epg"_s);
+  playChannel(0);
+  EXPECT_EQ(metadata()[u"xesam:title"_s], u"Title 1"_s);
+  EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
+  EXPECT_FALSE(metadata().contains(u"mpris:length"_s));
+  const auto now = std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
+  const auto listing = [&](const char* title, int from, int to) {
+    return R"({"title":")" + QByteArray(title).toBase64() + R"(","start_timestamp":")" +
+           QByteArray::number(qint64(now.count() + from)) + R"(","stop_timestamp":")" +
+           QByteArray::number(qint64(now.count() + to)) + R"("})";
+  };
+  playOn(1min);
+  ASSERT_TRUE(eventually([&] { return transport.open(u"get_short_epg"_s) == 1; }));
+  follower.changes.clear();
+  transport.answer(u"get_short_epg"_s, R"({"epg_listings":[)" + listing("News", -60, 90) + ',' +
+                                           listing("Film", 90, 3600) + "]}");
+  EXPECT_TRUE(eventually([&] { return metadata().value(u"xesam:title"_s) == u"News"_s; }));
+  hear();
+  EXPECT_EQ(follower.changes, QStringList{u"Metadata"_s});
+  playOn(1min);
+  hear();
+  EXPECT_EQ(follower.changes.size(), 2);
+  EXPECT_EQ(metadata().value(u"xesam:title"_s), u"Film"_s);
+  playOn(10min);
+  hear();
+  EXPECT_EQ(follower.changes.size(), 2) << "nothing else has changed";
+}
+
+TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
+  QImage image(40, 60, QImage::Format_RGB32);
+  image.fill(Qt::green);
+  QBuffer png;
+  image.save(&png, "PNG");
+  transport.always(u"poster.png"_s, png.data());
+  MediaItem movie = entry(LibraryKind::movies, 7);
+  movie.artwork = QUrl(u"http://tv.example/secret/poster.png"_s);
+  app.play(movie);
+  ASSERT_TRUE(eventually([&] { return metadata().contains(u"mpris:artUrl"_s); }));
+  hear();
+  const QUrl picture(metadata()[u"mpris:artUrl"_s].toString());
+  ASSERT_TRUE(picture.isLocalFile());
+  EXPECT_EQ(QImage(picture.toLocalFile()).pixelColor(5, 5), QColor(Qt::green));
+  EXPECT_EQ(QFile::permissions(picture.toLocalFile()) & ~(QFile::ReadUser | QFile::WriteUser),
+            QFile::ReadOwner | QFile::WriteOwner);
+  for (const QString& interface : {kRoot, kPlayer}) {
+    const QVariantMap values = all(interface);
+    for (const auto& [property, value] : values.asKeyValueRange()) {
+      QString text;
+      QDebug(&text) << plain(value);
+      EXPECT_FALSE(text.contains(u"tv.example"_s) || text.contains(u"secret"_s))
+          << property.toStdString() << text.toStdString();
+    }
+  }
+  app.play(entry(LibraryKind::movies, 8));
+  hear();
+  EXPECT_FALSE(metadata().contains(u"mpris:artUrl"_s));
+  EXPECT_FALSE(QFile::exists(picture.toLocalFile()));
+}
+
+TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
+  playMovieAt(20'000);
+  EXPECT_EQ(metadata()[u"mpris:length"_s], 500'000'000LL);
+  EXPECT_EQ(get(u"Position"_s), 20'000'000LL);
+  const QDBusObjectPath track = trackID().value<QDBusObjectPath>();
+  const auto path = [](const QString& text) { return QVariant::fromValue(QDBusObjectPath(text)); };
+  const struct {
+    const char* method;
+    QVariantList arguments;
+    QString engine;
+  } rows[] = {
+      {"SetPosition", {path(track.path()), 100'000'000LL}, u"setTime 100000"_s},
+      {"SetPosition", {path(track.path()), 0LL}, u"setTime 0"_s},
+      {"SetPosition", {path(track.path()), 500'000'000LL}, u"setTime 500000"_s},
+      {"SetPosition", {path(track.path()), 500'000'001LL}, {}},
+      {"SetPosition", {path(track.path()), -1LL}, {}},
+      {"SetPosition", {path(track.path() + u"1"_s), 100'000'000LL}, {}},
+      {"SetPosition", {path(u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s), 1LL}, {}},
+      {"Seek", {10'000'000LL}, u"setTime 30000"_s},
+      {"Seek", {-10'000'000LL}, u"setTime 10000"_s},
+      {"Seek", {-30'000'000LL}, u"setTime 0"_s},
+      {"Seek", {std::numeric_limits<qlonglong>::min()}, u"setTime 0"_s},
+      {"Seek", {std::numeric_limits<qlonglong>::max()}, {}},
+  };
+  for (const auto& [method, arguments, expected] : rows) {
+    SCOPED_TRACE(testing::Message() << method << " " << (&expected - &rows[0].engine));
+    engine.now.time = engine.now.time == 20'000 ? 20'001 : 20'000;  // the engine has been there
+    clock.advance(250ms);
+    engine.now.time = 20'000;
+    clock.advance(250ms);
+    engine.takeCalls();
+    EXPECT_EQ(call(QString::fromLatin1(method), arguments), QString());
+    EXPECT_EQ(engine.takeCalls(), expected.isEmpty() ? QStringList() : QStringList{expected});
+  }
+  see(EngineState::playing, 20'001, 500'000);
+  call(u"Seek"_s, {10'000'000LL});
+  engine.takeCalls();
+  call(u"Seek"_s, {10'000'000LL});
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"setTime 40001"_s}) << "skips add up";
+}
+
+TEST_F(MprisTest, TellsOfJumpsAndOfNothingElseOfThePosition) {
+  playMovieAt(20'000);
+  follower.seeks.clear();
+  follower.changes.clear();
+  playOn(20s);
+  call(u"Pause"_s);
+  clock.advance(1min);
+  call(u"Play"_s);
+  engine.now.state = EngineState::playing;
+  playOn(2s);
+  hear();
+  EXPECT_EQ(follower.seeks, QList<qlonglong>());
+  EXPECT_EQ(follower.changes, (QStringList{u"PlaybackStatus"_s, u"PlaybackStatus"_s}));
+  engine.now.time = 300'000;
+  clock.advance(250ms);
+  playOn(10s);
+  hear();
+  EXPECT_EQ(follower.seeks, QList<qlonglong>{300'000'000});
+
+  set(u"Rate"_s, 2.0);
+  playOn(10s, 2);
+  hear();
+  EXPECT_EQ(follower.seeks.size(), 1) << "twice as fast is no jump";
+  follower.seeks.clear();
+
+  // It takes its time, and begins elsewhere.
+  app.play(entry(LibraryKind::movies, 3));
+  settle();
+  clock.advance(5s);
+  hear();
+  EXPECT_EQ(follower.seeks, QList<qlonglong>());
+  EXPECT_EQ(get(u"Position"_s), 0LL);
+  see(EngineState::playing, 100, 500'000);
+  hear();
+  EXPECT_EQ(follower.seeks, QList<qlonglong>{100'000});
+}
+
+TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
+  EXPECT_EQ(set(u"Fullscreen"_s, true, kRoot), QString());
+  EXPECT_EQ(get(kRoot, u"Fullscreen"_s), false) << "there is nothing to see";
+  set(u"Rate"_s, 2.0);
+  EXPECT_EQ(get(u"Rate"_s), 1.0);
+  playMovieAt(20'000);
+  const struct {
+    QString property;
+    QVariant value;
+    QVariant becomes;
+  } rows[] = {
+      {u"Volume"_s, 0.4, 0.4},
+      {u"Volume"_s, -3.0, 0.0},
+      {u"Volume"_s, 7.5, 1.0},
+      {u"Volume"_s, std::nan(""), 1.0},
+      {u"Volume"_s, -std::numeric_limits<double>::infinity(), 0.0},
+      {u"Rate"_s, 1.25, 1.25},
+      {u"Rate"_s, 0.001, 0.5},
+      {u"Rate"_s, -1.0, 0.5},
+      {u"Rate"_s, 1e300, 2.0},
+      {u"Rate"_s, std::nan(""), 2.0},
+  };
+  for (const auto& [property, value, becomes] : rows) {
+    follower.changes.clear();
+    const bool differs = get(property) != becomes;
+    EXPECT_EQ(set(property, value), QString());
+    hear();
+    EXPECT_EQ(get(property), becomes) << value.toDouble();
+    EXPECT_EQ(follower.changes, differs ? QStringList{property} : QStringList());
+  }
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
+  set(u"Rate"_s, 0.0);
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Paused"_s);
+  EXPECT_EQ(get(u"Rate"_s), 2.0);
+
+  EXPECT_EQ(get(kRoot, u"CanSetFullscreen"_s), true);
+  set(u"Fullscreen"_s, true, kRoot);
+  hear();
+  EXPECT_TRUE(app.playback().fullScreen());
+  EXPECT_EQ(follower.root[u"Fullscreen"_s], true);
+  EXPECT_EQ(follower.root[u"CanSetFullscreen"_s], true);
+  set(u"Fullscreen"_s, false, kRoot);
+  EXPECT_FALSE(app.playback().fullScreen());
+  call(u"Stop"_s);
+  EXPECT_EQ(get(kRoot, u"CanSetFullscreen"_s), false);
+}
+
+TEST_F(MprisTest, OpensFilesOnly) {
+  QFile file(home.filePath(u"a film.mkv"_s));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  const QString good = QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+  const std::pair<QString, QString> refused[] = {
+      {u"http://tv.example/live/1.ts"_s, u"NotSupported"_s},
+      {u"rtsp://x"_s, u"NotSupported"_s},
+      {file.fileName(), u"NotSupported"_s},
+      {QString(), u"NotSupported"_s},
+      {u"file:///nowhere/at/all.mkv"_s, u"InvalidArgs"_s},
+      {u"file://"_s + home.path(), u"InvalidArgs"_s},
+      {u"file:///dev/zero"_s, u"InvalidArgs"_s},
+      {u"file:///"_s + QString(1'000'000, u'a'), u"InvalidArgs"_s},
+      {u"file:///%00"_s, u"NotSupported"_s},
+  };
+  for (const auto& [uri, error] : refused) {
+    EXPECT_EQ(call(u"OpenUri"_s, {uri}), error) << uri.left(80).toStdString();
+    EXPECT_EQ(app.playback().source(), std::nullopt);
+  }
+  EXPECT_EQ(call(u"OpenUri"_s, {good}), QString());
+  EXPECT_EQ(metadata()[u"xesam:title"_s], u"a film"_s);
+  EXPECT_EQ(metadata()[u"xesam:url"_s], good);
+}
+
+TEST_F(MprisTest, BearsCallsOfAnyKind) {
+  playMovieAt(20'000);
+  const QVariantList values = {1,
+                               -1LL,
+                               2.5,
+                               true,
+                               u"text"_s,
+                               QString(100'000, u'x'),
+                               QStringList{u"a"_s, u"b"_s},
+                               QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
+                               QVariant::fromValue(QDBusVariant(3)),
+                               QVariantMap{{u"a"_s, 1}}};
+  const QStringList methods = {u"Next"_s,    u"Previous"_s, u"Pause"_s,       u"PlayPause"_s,
+                               u"Stop"_s,    u"Play"_s,     u"Seek"_s,        u"SetPosition"_s,
+                               u"OpenUri"_s, u"Raise"_s,    u"Quit"_s,        u"Get"_s,
+                               u"Set"_s,     u"GetAll"_s,   u"deleteLater"_s, u"tell"_s};
+  // In a fixed order that looks like none.
+  std::minstd_rand random(20);
+  const auto any = [&](const auto& list) { return list.at(qsizetype(random()) % list.size()); };
+  QList<QDBusPendingCall> calls;
+  for (int i = 0; i < 5'000; ++i) {
+    QVariantList arguments;
+    for (auto count = random() % 4; count > 0; --count) arguments.append(any(values));
+    calls.append(
+        client.asyncCall(message(any(QStringList{kRoot, kPlayer, kPropertiesInterface, QString()}),
+                                 any(methods), arguments)));
+  }
+  EXPECT_TRUE(eventually([&] {
+    return std::ranges::all_of(calls, [](const auto& call) { return call.isFinished(); });
+  }));
+  settle();
+  EXPECT_GT(quits, 0);
+  EXPECT_GT(raised, 0);
+  EXPECT_EQ(call(u"Stop"_s), QString());
+  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Stopped"_s);
+}
+
+TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {
+  EXPECT_TRUE(eventually([&] { return owner(kVantor) == address; }));
+  QDBusConnection::sessionBus().unregisterService(kVantor);
+  ASSERT_TRUE(client.registerService(kVantor));
+  service.reset();
+  appear();
+  const QString own = kOwnName + QString::number(QCoreApplication::applicationPid());
+  EXPECT_TRUE(eventually([&] { return owner(own) == address; }));
+  EXPECT_EQ(owner(kVantor), client.baseService());
+  QDBusConnection::sessionBus().unregisterService(own);
+  client.unregisterService(kVantor);
+}
+
+}  // namespace
+}  // namespace vantor
+
+#include "mpris_test.moc"
