@@ -49,6 +49,14 @@ Owned<SecretValue> secretValue(const QByteArray& bytes) {
       secret_value_new(bytes.constData(), bytes.size(), "application/octet-stream"));
 }
 
+/// The connection that libsecret uses while somebody holds it. As GLib makes it, it ends the
+/// program when the session bus ends.
+Owned<GDBusConnection> joinBus(GCancellable* cancellable) {
+  Owned<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
+  if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+  return bus;
+}
+
 struct Found {
   CredentialStatus status = CredentialStatus::failure;
   Owned<SecretItem> item;
@@ -56,6 +64,7 @@ struct Found {
 
 /// The first item that matches, unlocked, with its value.
 Found find(const CredentialKey& key, GCancellable* cancellable) {
+  const auto bus = joinBus(cancellable);
   GError* error = nullptr;
   const auto query = attributes(key);
   GList* items = secret_service_search_sync(
@@ -103,6 +112,7 @@ CredentialStatus SecretServiceStore::update(const CredentialKey& key, const QByt
 CredentialStatus SecretServiceStore::add(const CredentialKey& key, const QByteArray& value,
                                          std::stop_token token) {
   const Cancellation cancellation(token);
+  const auto bus = joinBus(cancellation.get());
   GError* error = nullptr;
   const auto query = attributes(key);
   const auto secret = secretValue(value);
