@@ -3,24 +3,30 @@
 #include <QQuickStyle>
 #include <clocale>
 #include <cstdio>
+#include <memory>
+#include <optional>
 
 #include "app/program.h"
 #include "app/quit_limit.h"
+#include "core/section.h"
+#include "desktop/application_object.h"
+#include "desktop/one_program.h"
 
 namespace {
 
 using vantor::LaunchArguments;
 
 LaunchArguments launchArguments(const QStringList& arguments) {
-  return LaunchArguments::read(arguments, vantor::ServiceValues::ofBuild().bundleIdentifier);
+  LaunchArguments launch =
+      LaunchArguments::read(arguments, vantor::ServiceValues::ofBuild().bundleIdentifier);
+  if (launch.mistake.isEmpty() && !launch.show.isEmpty() && !vantor::sectionNamed(launch.show))
+    launch.mistake = QStringLiteral("There is no section '%1'.").arg(launch.show);
+  return launch;
 }
 
-/// `--help` and `--version` need no display, and so no QGuiApplication, which takes Qt's arguments
-/// out. Whether they were asked for, and answered.
-bool isAnswered(int argc, char** argv) {
-  QStringList all;
-  for (int i = 0; i < argc; ++i) all.append(QString::fromLocal8Bit(argv[i]));
-  const LaunchArguments launch = launchArguments(all);
+/// `--help` and `--version` need no display, and so no QGuiApplication. Whether they were asked
+/// for, and answered.
+bool isAnswered(const LaunchArguments& launch, int argc, char** argv) {
   if (launch.task == LaunchArguments::Task::play) return false;
   const QCoreApplication application(argc, argv);
   const QString answer = launch.task == LaunchArguments::Task::tellHelp
@@ -30,6 +36,12 @@ bool isAnswered(int argc, char** argv) {
   return true;
 }
 
+/// The desktop's leave to come to the front, which Qt takes out of the environment.
+QByteArray activationToken() {
+  const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
+  return token.isEmpty() ? qgetenv("DESKTOP_STARTUP_ID") : token;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -37,13 +49,28 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
-  if (argc > 1 && isAnswered(argc, argv)) return 0;
+  QStringList typed;
+  for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
+  LaunchArguments launch = launchArguments(typed);
+  if (isAnswered(launch, argc, argv)) return 0;
+  const QByteArray token = activationToken();
+  const auto object = std::make_shared<vantor::ApplicationObject>();
+  std::optional<vantor::OneProgram> one;
+  const auto askForOthers = [&] {
+    if (!launch.isolated && launch.mistake.isEmpty() && !one)
+      one.emplace(QStringLiteral(VANTOR_BUNDLE_ID), object);
+  };
+  // The bus answers while the application finds its display.
+  askForOthers();
   const QGuiApplication application(argc, argv);
-  const LaunchArguments launch = launchArguments(QGuiApplication::arguments());
+  // Without what is Qt's, which could have been mistakes before.
+  launch = launchArguments(QGuiApplication::arguments());
   if (!launch.mistake.isEmpty()) {
     std::fprintf(stderr, "vantor: %s See --help.\n", qUtf8Printable(launch.mistake));
     return 1;
   }
+  askForOthers();
+  if (one && one->handOver(launch, token)) return 0;
   if (launch.verbose) QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
   // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
   std::setlocale(LC_NUMERIC, "C");
@@ -51,6 +78,10 @@ int main(int argc, char** argv) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QQuickStyle::setStyle(QStringLiteral("Basic"));
   vantor::Program program(launch);
+  program.obey(*object);
+  QObject::connect(&program, &vantor::Program::quitting, &program, [&] {
+    if (one) one->leave();
+  });
   program.open();
   const int status = QGuiApplication::exec();
   vantor::limitQuitting(status, std::chrono::seconds(4));

@@ -9,6 +9,7 @@
 
 #include "app/quit_limit.h"
 #include "app/writing_systems.h"
+#include "desktop/application_object.h"
 #include "playback/playback.h"
 
 namespace vantor {
@@ -63,7 +64,10 @@ Program::Program(const LaunchArguments& launch)
 Program::~Program() = default;
 
 void Program::quit() {
-  if (!std::exchange(quitting_, true)) limitQuitting(0, kLongestQuitting);
+  if (!std::exchange(quitting_, true)) {
+    limitQuitting(0, kLongestQuitting);
+    Q_EMIT quitting();
+  }
   delegate_.applicationShouldTerminate();
 }
 
@@ -75,6 +79,17 @@ void Program::open() {
   // The first window of a process looks for a graphics driver, which takes as long as QML takes to
   // read its files on the other thread.
   const QQuickWindow first;
+}
+
+void Program::obey(const ApplicationObject& object) {
+  connect(&object, &ApplicationObject::fileOpened, &model_, &AppModel::playFile);
+  connect(&object, &ApplicationObject::sectionChosen, this, &Program::show);
+  connect(&object, &ApplicationObject::activated, this, [this](const QByteArray& token) {
+    // Where Qt looks for it.
+    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
+    raiseWindow();
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+  });
 }
 
 void Program::makeWindow() {
@@ -104,6 +119,8 @@ void Program::startUp() {
   connect(&model_.browsing(), &Browsing::itemsChanged, this, &Program::showWindowWhenReady);
   QTimer::singleShot(kLongestWaitForLibrary, this, &Program::showWindow);
   showWindowWhenReady();
+  if (const std::optional<Section> section = sectionNamed(launch_.show)) show(*section);
+  if (!launch_.file.isEmpty()) model_.playFile(launch_.file);
   if (!launch_.smokeTest) return;
   PlayRequest request;
   request.url = QUrl::fromLocalFile(QDir::current().absoluteFilePath(*launch_.smokeTest));
@@ -145,6 +162,20 @@ void Program::raiseWindow() {
   window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
   window_->raise();
   window_->requestActivate();
+}
+
+void Program::show(Section section) {
+  if (model_.session().startingUp()) {
+    // Which ends in a section of its own.
+    connect(
+        &model_.session(), &Session::startingUpChanged, this, [this, section] { show(section); },
+        Qt::SingleShotConnection);
+    return;
+  }
+  views_.remote()->setFullScreen(false);
+  views_.remote()->setSmall(false);
+  model_.playback().setExpanded(false);
+  model_.navigate(section);
 }
 
 void Program::offerSignIn() {

@@ -32,6 +32,8 @@
 
 namespace vantor {
 
+class ApplicationObject;
+
 /// The composition root: every part of the program, made in the order in which they need each
 /// other.
 class Program final : public QObject {
@@ -43,6 +45,12 @@ class Program final : public QObject {
 
   /// Opens the window, soon; ends the event loop with status 1 when it cannot be made.
   void open();
+  /// Does what others ask of `object` from now on.
+  void obey(const ApplicationObject& object);
+
+ Q_SIGNALS:
+  /// It may still be saving a recording, but takes no more orders.
+  void quitting();
 
  private:
   void makeWindow();
@@ -50,6 +58,7 @@ class Program final : public QObject {
   void showWindowWhenReady();
   void showWindow();
   void raiseWindow();
+  void show(Section section);
   void offerSignIn();
   void quit();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringView>
 #include <array>
 #include <optional>
 
@@ -28,5 +29,8 @@ constexpr std::optional<LibraryKind> libraryOf(Section section) {
   }
   return std::nullopt;
 }
+
+/// "search", "live", "movies", "shows" and "list", as the command line and the desktop name them.
+std::optional<Section> sectionNamed(QStringView name);
 
 }  // namespace vantor

@@ -24,28 +24,27 @@ RecordingService::RecordingService(Playback& playback) : playback_(playback), no
           [this] { announce(u"Notice"_s, notice()); });
 }
 
-void RecordingService::offer(Worker& worker, const QString& name) {
+void RecordingService::offer(Worker& worker, const QString& application) {
   const QPointer<RecordingService> self(this);
-  offering_ = Job::start([self, worker = &worker, name](std::stop_token token) {
-    return connectToBus(self, worker, name, token);
+  offering_ = Job::start([self, worker = &worker, application](std::stop_token token) {
+    return connectToBus(self, worker, application, token);
   });
 }
 
 QCoro::Task<> RecordingService::connectToBus(QPointer<RecordingService> self, Worker* worker,
-                                             QString name, std::stop_token token) {
+                                             QString application, std::stop_token token) {
   const QCoro::Task<std::optional<QDBusConnection>> joining =
       joinBus(worker, QDBusConnection::SessionBus);
   const std::optional<QDBusConnection> bus = co_await joining;
-  if (self && !token.stop_requested() && bus) self->appear(*bus, name);
+  if (self && !token.stop_requested() && bus) self->appear(*bus, application);
 }
 
-void RecordingService::appear(const QDBusConnection& bus, const QString& name) {
+void RecordingService::appear(const QDBusConnection& bus, const QString& application) {
   bus_ = bus;
-  notifier_.useBus(bus, name);
+  notifier_.useBus(bus, application);
   bus_->registerObject(
       kPath, this,
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);
-  askForName(*bus_, name);
 }
 
 void RecordingService::Start() {

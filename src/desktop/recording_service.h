@@ -30,9 +30,10 @@ class RecordingService final : public QObject, protected QDBusContext {
   /// `playback` outlives the object.
   explicit RecordingService(Playback& playback);
 
-  /// Offers the object under the bus name `name`, from some time later on. Without a session bus,
-  /// or while another program has the name, nothing happens. `worker` waits for the bus.
-  void offer(Worker& worker, const QString& name);
+  /// Offers the object, under whatever names the program has on the session bus, from some time
+  /// later on; without a bus nothing happens. `worker` waits for the bus, `application` names the
+  /// desktop entry.
+  void offer(Worker& worker, const QString& application);
 
  public Q_SLOTS:
   // As D-Bus writes methods. What was not done is answered with an error that says why.
@@ -42,12 +43,12 @@ class RecordingService final : public QObject, protected QDBusContext {
   Q_SCRIPTABLE QStringList ListRecordings();
 
  private:
-  static QCoro::Task<> connectToBus(QPointer<RecordingService> self, Worker* worker, QString name,
-                                    std::stop_token token);
+  static QCoro::Task<> connectToBus(QPointer<RecordingService> self, Worker* worker,
+                                    QString application, std::stop_token token);
 
   QString state() const;
   QString notice() const;
-  void appear(const QDBusConnection& bus, const QString& name);
+  void appear(const QDBusConnection& bus, const QString& application);
   void announce(const QString& property, const QString& value);
   void refuse(const QString& reason);
 

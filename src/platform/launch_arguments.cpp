@@ -1,6 +1,7 @@
 #include "platform/launch_arguments.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 
 namespace vantor {
 namespace {
@@ -8,8 +9,13 @@ namespace {
 struct Parser : QCommandLineParser {
   const QCommandLineOption demo{QStringLiteral("demo"),
                                 QStringLiteral("Show a sample library, without an account.")};
-  const QCommandLineOption smokeTest{QStringLiteral("smoke-test"),
-                                     QStringLiteral("Play a media file."), QStringLiteral("FILE")};
+  const QCommandLineOption show{
+      QStringLiteral("show"),
+      QStringLiteral("Begin with live, movies, shows, search or list (yours)."),
+      QStringLiteral("SECTION")};
+  const QCommandLineOption smokeTest{
+      QStringLiteral("smoke-test"),
+      QStringLiteral("Play a media file, without account and settings."), QStringLiteral("FILE")};
   const QCommandLineOption verbose{QStringLiteral("verbose"),
                                    QStringLiteral("Tell on standard error what fails, and how.")};
   const QCommandLineOption version{QStringLiteral("version"),
@@ -19,9 +25,21 @@ struct Parser : QCommandLineParser {
   Parser() {
     setApplicationDescription(QStringLiteral("Watch Vantor TV: channels, movies and shows."));
     setSingleDashWordOptionMode(ParseAsLongOptions);
-    addOptions({demo, smokeTest, verbose, version, help});
+    addOptions({demo, show, smokeTest, verbose, version, help});
+    addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("A media file to play."),
+                          QStringLiteral("[FILE]"));
   }
 };
+
+/// Empty when it is the address of something else.
+QUrl fileOf(const QString& argument) {
+  const bool isURL = argument.startsWith(QLatin1String("file:"), Qt::CaseInsensitive);
+  const QUrl url(isURL ? argument : QString());
+  if (isURL ? !url.isLocalFile() : argument.contains(QLatin1String("://"))) return {};
+  const QString path = isURL ? url.toLocalFile() : argument;
+  if (path.contains(QChar::Null)) return {};
+  return QUrl::fromLocalFile(QDir::current().absoluteFilePath(path));
+}
 
 }  // namespace
 
@@ -30,7 +48,7 @@ LaunchArguments LaunchArguments::read(const QStringList& arguments,
   Parser parser;
   const bool understood = parser.parse(arguments);
   const bool smoke = parser.isSet(parser.smokeTest);
-  const QStringList files = parser.values(parser.smokeTest);
+  const QStringList tested = parser.values(parser.smokeTest);
   LaunchArguments launch;
   if (parser.isSet(parser.help)) {
     launch.task = Task::tellHelp;
@@ -40,10 +58,18 @@ LaunchArguments LaunchArguments::read(const QStringList& arguments,
   launch.demo = parser.isSet(parser.demo) || bundleIdentifier.endsWith(QLatin1String(".qa"));
   launch.isolated = launch.demo || smoke;
   launch.verbose = parser.isSet(parser.verbose);
-  if (!files.isEmpty()) launch.smokeTest = files.front();
+  if (!tested.isEmpty()) launch.smokeTest = tested.front();
   // Without its file it still asks for an isolated run.
-  const bool onlyFileIsMissing = smoke && files.isEmpty() && parser.unknownOptionNames().isEmpty();
-  if (!understood && !onlyFileIsMissing) launch.mistake = parser.errorText();
+  const bool onlyFileIsMissing = smoke && tested.isEmpty() && parser.unknownOptionNames().isEmpty();
+  launch.show = parser.value(parser.show);
+  const QStringList files = parser.positionalArguments();
+  if (!files.isEmpty()) launch.file = fileOf(files.front());
+  if (!understood && !onlyFileIsMissing)
+    launch.mistake = parser.errorText();
+  else if (files.size() > 1)
+    launch.mistake = QStringLiteral("One file can be played at a time.");
+  else if (!files.isEmpty() && launch.file.isEmpty())
+    launch.mistake = QStringLiteral("Only files of this machine can be played.");
   return launch;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 #include <optional>
 
 namespace vantor {
@@ -15,6 +16,8 @@ struct LaunchArguments {
   bool isolated = false;             // touch neither account nor saved state
   bool verbose = false;              // tell of failures on standard error
   std::optional<QString> smokeTest;  // path of a media file to play at start
+  QUrl file;                         // a media file to play, with an absolute path; or empty
+  QString show;                      // the section to begin with, as it was typed; or empty
   QString mistake;                   // what is wrong with the arguments, in a sentence; or empty
 
   /// `arguments` as typed, the program's own name first. The toolkit's own are taken for mistakes.

@@ -1,6 +1,6 @@
 #include "playback/playback.h"
 
-#include <QFile>
+#include <QFileInfo>
 #include <chrono>
 
 #include "platform/trace.h"
@@ -192,7 +192,7 @@ void Playback::load(const PlayRequest& request) {
   const Announcements::Scope scope(announcements_);
   playing_ = Attempt(playbackTrace, "playing a source");
   engine_.unload();
-  if (request.kind == SourceKind::file && !QFile::exists(request.url.toLocalFile())) {
+  if (request.kind == SourceKind::file && !QFileInfo(request.url.toLocalFile()).isFile()) {
     fail(u"This media file is no longer available."_s);
     return;
   }

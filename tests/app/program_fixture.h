@@ -75,6 +75,7 @@ class ProgramFixture : public ::testing::Test {
   }
   /// Ends it as the desktop does; how it ended.
   int quit() {
+    if (program.state() != QProcess::Running) return -3;
     ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
     if (!program.waitForFinished(20'000)) return -1;
     return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2;

@@ -25,7 +25,7 @@ class ProgramRecordingTest : public ProgramFixture {
   }
   /// Plays the file and starts to record it.
   testing::AssertionResult recordsFrom(const QString& file) {
-    if (!start({u"--smoke-test"_s, file})) return testing::AssertionFailure() << "no process";
+    if (!start({file})) return testing::AssertionFailure() << "no process";
     // It plays once it can be recorded.
     if (!eventually([] { return succeeds(u"Start"_s); }))
       return testing::AssertionFailure() << call(u"Start"_s).errorMessage().toStdString();

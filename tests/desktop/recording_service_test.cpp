@@ -3,7 +3,6 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingReply>
-#include <QUuid>
 
 #include "playback/playback_fixture.h"
 
@@ -47,21 +46,21 @@ class Notifications final : public QObject {
 
 class RecordingServiceTest : public PlaybackFixture {
  protected:
-  // Of each test its own: the bus knows the last one's until it is told otherwise.
-  const QString name = u"tv.vantor.player.test"_s + QUuid::createUuid().toString(QUuid::Id128);
-  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+  const QString connection = u"recording service test"_s;
+  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection);
+  QString address;  // of the service
   RecordingService service{playback};
   Changes changes;
 
-  ~RecordingServiceTest() override { QDBusConnection::disconnectFromBus(name); }
+  ~RecordingServiceTest() override { QDBusConnection::disconnectFromBus(connection); }
 
   void SetUp() override {
     PlaybackFixture::SetUp();
     ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
-    service.offer(worker, name);
-    ASSERT_TRUE(
-        eventually([this] { return owner() == QDBusConnection::sessionBus().baseService(); }));
-    client.connect(name, kPath, kProperties, u"PropertiesChanged"_s, &changes,
+    service.offer(worker, u"tv.vantor.player"_s);
+    address = QDBusConnection::sessionBus().baseService();
+    ASSERT_TRUE(eventually([this] { return !call(u"ListRecordings"_s).startsWith(u"Unknown"_s); }));
+    client.connect(address, kPath, kProperties, u"PropertiesChanged"_s, &changes,
                    SLOT(note(QString, QVariantMap, QStringList)));
   }
 
@@ -70,18 +69,10 @@ class RecordingServiceTest : public PlaybackFixture {
     EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
     return QDBusPendingReply<>(call).reply();
   }
-  QString owner() {
-    return answer(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
-                                                 u"org.freedesktop.DBus"_s, u"GetNameOwner"_s)
-                  << name)
-        .arguments()
-        .value(0)
-        .toString();
-  }
   /// What the call returned, or the error and its sentence.
   QString call(const QString& method) {
     const QDBusMessage reply =
-        answer(QDBusMessage::createMethodCall(name, kPath, kInterface, method));
+        answer(QDBusMessage::createMethodCall(address, kPath, kInterface, method));
     if (reply.type() == QDBusMessage::ErrorMessage)
       return reply.errorName().section(u'.', -1) + u": "_s + reply.errorMessage();
     return reply.arguments().value(0).toStringList().join(u' ');
@@ -116,7 +107,7 @@ TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
                          u"State: saving"_s, u"Notice: Saving recording…"_s, u"State: idle"_s,
                          u"Notice: Recording saved."_s}));
   const QVariantMap all = qdbus_cast<QVariantMap>(
-      answer(QDBusMessage::createMethodCall(name, kPath, kProperties, u"GetAll"_s) << kInterface)
+      answer(QDBusMessage::createMethodCall(address, kPath, kProperties, u"GetAll"_s) << kInterface)
           .arguments()
           .value(0));
   EXPECT_EQ(all, (QVariantMap{{u"State"_s, u"idle"_s}, {u"Notice"_s, u"Recording saved."_s}}));

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
+
 #include "platform/launch_arguments.h"
 
 namespace vantor {
@@ -21,6 +23,33 @@ TEST(LaunchArguments, AreReadAsDocumented) {
   const LaunchArguments twice = read({u"--smoke-test"_s, u"a b"_s, u"--smoke-test"_s, u"-c"_s});
   EXPECT_EQ(twice.smokeTest, u"a b"_s);
   EXPECT_EQ(twice.mistake, QString());
+}
+
+TEST(LaunchArguments, AFileIsAPathOrItsAddress) {
+  const QString here = QDir::currentPath();
+  const std::pair<QString, QString> cases[] = {
+      {u"/media/a film.mkv"_s, u"/media/a film.mkv"_s},
+      {u"film.mkv"_s, here + u"/film.mkv"_s},
+      {u"a%20b#c?d.mkv"_s, here + u"/a%20b#c?d.mkv"_s},
+      {u"file:///media/a%20film.mkv"_s, u"/media/a film.mkv"_s},
+      {u"FILE:///media/b.mkv"_s, u"/media/b.mkv"_s},
+      {u"file:film.mkv"_s, here + u"/film.mkv"_s},
+      {QString(100'000, u'x'), here + u'/' + QString(100'000, u'x')},
+      {QString::fromLocal8Bit("\xff\xfe.mkv"), here + u"/\ufffd\ufffd.mkv"_s},
+      {u"http://tv.example/1.ts"_s, {}},
+      {u"rtsp://tv.example"_s, {}},
+      {u"file:///media/%00"_s, {}},
+  };
+  for (const auto& [argument, path] : cases) {
+    const LaunchArguments launch = read({argument});
+    EXPECT_EQ(launch.file.toLocalFile(), path) << argument.left(80).toStdString();
+    EXPECT_EQ(launch.mistake.isEmpty(), !path.isEmpty()) << argument.left(80).toStdString();
+    EXPECT_FALSE(launch.isolated);
+  }
+  EXPECT_FALSE(read({u"a.mkv"_s, u"b.mkv"_s}).mistake.isEmpty());
+  EXPECT_EQ(read({u"--show"_s, u"movies"_s, u"--"_s, u"--demo"_s}).file.fileName(), u"--demo"_s);
+  EXPECT_EQ(read({u"--show"_s, u"movies"_s}).show, u"movies"_s);
+  EXPECT_FALSE(read({u"--show"_s}).mistake.isEmpty());
 }
 
 TEST(LaunchArguments, MistakesAreToldByName) {

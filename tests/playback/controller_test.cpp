@@ -182,6 +182,11 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
   playback.retry();
   settle();
   EXPECT_EQ(look(), gone);
+  ASSERT_TRUE(QDir().mkdir(path));
+  playback.retry();
+  settle();
+  EXPECT_EQ(look(), gone) << "a folder is no media file";
+  ASSERT_TRUE(QDir().rmdir(path));
 
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -1,0 +1,264 @@
+// Starts of the program in a session where it runs already, and where it cannot know.
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QElapsedTimer>
+#include <QUuid>
+
+#include "program_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+class OneProgramTest : public ProgramFixture {
+ protected:
+  const QString name = ServiceValues::ofBuild().bundleIdentifier;
+  const QString film = QString::fromStdString(server.mediaPath("movie.mkv"));
+
+  /// Starts it, and waits until it has the name.
+  bool startFirst(const QStringList& arguments = {}) {
+    return start(arguments) && eventually([this] { return owner() != 0; });
+  }
+  /// The process that has the name; 0: none.
+  uint owner() const {
+    const QDBusReply<uint> answer = QDBusConnection::sessionBus().call(
+        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
+                                       u"GetConnectionUnixProcessID"_s)
+        << name);
+    return answer.isValid() ? answer.value() : 0;
+  }
+  /// Starts it once more and waits for its end; what it said, and its status.
+  QString startAgain(const QStringList& arguments) {
+    QProcess second;
+    second.setProcessEnvironment(program.processEnvironment());
+    second.setProcessChannelMode(QProcess::MergedChannels);
+    second.start(QStringLiteral(VANTOR_PROGRAM), arguments);
+    if (!second.waitForFinished(20'000)) {
+      second.kill();
+      second.waitForFinished();
+      return u"does not end"_s;
+    }
+    return QString::fromUtf8(second.readAll()) + QString::number(second.exitCode());
+  }
+  static QDBusMessage call(const QString& service, const QString& path, const QString& interface,
+                           const QString& method, const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(message);
+  }
+  /// The first one's answer: an error's name, or nothing.
+  QString ask(const QString& method, const QVariantList& arguments) const {
+    return call(name, u"/tv/vantor/player"_s, u"org.freedesktop.Application"_s, method, arguments)
+        .errorName()
+        .section(u'.', -1);
+  }
+  /// What it plays, as it tells everyone.
+  QString title() const {
+    const QDBusMessage answer =
+        call(u"org.mpris.MediaPlayer2.vantor"_s, u"/org/mpris/MediaPlayer2"_s,
+             u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+             {u"org.mpris.MediaPlayer2.Player"_s, u"Metadata"_s});
+    return qdbus_cast<QVariantMap>(
+               answer.arguments().value(0).value<QDBusVariant>().variant())[u"xesam:title"_s]
+        .toString();
+  }
+};
+
+TEST_F(OneProgramTest, ALaterStartHandsOverWhatItWasAskedAndEnds) {
+  ASSERT_TRUE(startFirst());
+  const uint first = owner();
+  EXPECT_EQ(first, program.processId());
+  EXPECT_EQ(startAgain({}), u"0"_s);
+  EXPECT_EQ(startAgain({u"--show"_s, u"movies"_s}), u"0"_s);
+  EXPECT_EQ(startAgain({film}), u"0"_s);
+  EXPECT_TRUE(eventually([&] { return hasOpen(QFileInfo(film).canonicalFilePath()); }));
+  EXPECT_TRUE(eventually([&] { return title() == u"movie"_s; }));
+  EXPECT_EQ(startAgain({u"file:///nowhere/lost%20film.mkv"_s}), u"0"_s);
+  EXPECT_TRUE(eventually([&] { return title() == u"lost film"_s; }));
+  EXPECT_TRUE(startAgain({u"--show"_s, u"nothing"_s}).endsWith(u"1"_s));
+  EXPECT_TRUE(startAgain({u"http://tv.example/1.ts"_s}).endsWith(u"1"_s));
+  EXPECT_TRUE(startAgain({film, film}).endsWith(u"1"_s));
+  EXPECT_EQ(owner(), first);
+  EXPECT_EQ(quit(), 0);
+  EXPECT_EQ(program.readAll(), QByteArray());
+  EXPECT_EQ(owner(), 0U);
+}
+
+TEST_F(OneProgramTest, ManyStartsAtOnceLeaveOne) {
+  ASSERT_TRUE(start());
+  std::array<QProcess, 4> others;
+  for (QProcess& other : others) {
+    other.setProcessEnvironment(program.processEnvironment());
+    other.start(QStringLiteral(VANTOR_PROGRAM), QStringList());
+    ASSERT_TRUE(other.waitForStarted());
+  }
+  const auto running = [&] {
+    return (program.state() == QProcess::Running ? 1 : 0) +
+           std::ranges::count(others, QProcess::Running, &QProcess::state);
+  };
+  EXPECT_TRUE(eventually([&] { return running() == 1 && owner() != 0; }));
+  for (QProcess& other : others) {
+    if (other.state() != QProcess::Running) {
+      EXPECT_EQ(other.exitCode(), 0);
+      EXPECT_EQ(other.exitStatus(), QProcess::NormalExit);
+    }
+    other.kill();
+    other.waitForFinished();
+  }
+}
+
+TEST_F(OneProgramTest, IsolatedOnesStandAlone) {
+  ASSERT_TRUE(start({u"--smoke-test"_s, film}));
+  EXPECT_TRUE(eventually([&] { return title() == u"Local playback test"_s; }));
+  EXPECT_EQ(owner(), 0U);
+  QProcess proper;
+  proper.setProcessEnvironment(program.processEnvironment());
+  proper.start(QStringLiteral(VANTOR_PROGRAM), QStringList());
+  EXPECT_TRUE(eventually([&] { return owner() == proper.processId(); }));
+  EXPECT_EQ(startAgain({}), u"0"_s);
+  proper.kill();
+  proper.waitForFinished();
+  EXPECT_EQ(program.state(), QProcess::Running);
+}
+
+TEST_F(OneProgramTest, StartsBesideSomebodyElseWhoHasTheNameAndAnswersNothing) {
+  ASSERT_TRUE(QDBusConnection::sessionBus().registerService(name));
+  ASSERT_TRUE(start({film}));
+  EXPECT_TRUE(eventually([&] { return title() == u"movie"_s; }));
+  EXPECT_EQ(quit(), 0);
+  QDBusConnection::sessionBus().unregisterService(name);
+}
+
+TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
+  ASSERT_TRUE(startFirst());
+  const QVariantMap token{{u"activation-token"_s, QString(10'000, u't')}};
+  const QVariantMap strange{{u"activation-token"_s, QVariantMap{{u"a"_s, 1}}},
+                            {u"desktop-startup-id"_s, 7}};
+  const QVariant none = QVariant::fromValue(QVariantList());
+  const struct {
+    QString method;
+    QVariantList arguments;
+    QString error;
+  } rows[] = {
+      {u"Activate"_s, {token}, {}},
+      {u"Activate"_s, {strange}, {}},
+      {u"Activate"_s, {}, u"UnknownMethod"_s},
+      {u"Activate"_s, {7}, u"UnknownMethod"_s},
+      {u"Open"_s, {QStringList(), token}, u"InvalidArgs"_s},
+      {u"Open"_s, {QStringList{u"http://tv.example/"_s}, token}, u"InvalidArgs"_s},
+      {u"Open"_s, {QStringList{u"file:///%00"_s}, token}, u"InvalidArgs"_s},
+      {u"Open"_s, {QStringList{u"file:///"_s + QString(100'000, u'x')}, strange}, {}},
+      {u"Open"_s, {QStringList(10'000, u"file:///tmp"_s), strange}, {}},
+      {u"Open"_s, {u"file:///tmp"_s, token}, u"UnknownMethod"_s},
+      {u"ActivateAction"_s, {u"live"_s, none, token}, {}},
+      {u"ActivateAction"_s, {u"search"_s, none, strange}, {}},
+      {u"ActivateAction"_s, {u"quit"_s, none, token}, u"InvalidArgs"_s},
+      {u"ActivateAction"_s, {QString(), none, token}, u"InvalidArgs"_s},
+  };
+  for (const auto& [method, arguments, error] : rows)
+    EXPECT_EQ(ask(method, arguments), error) << method.toStdString() << " " << arguments.size();
+  for (int i = 0; i < 1000; ++i) {
+    const auto& row = rows[static_cast<std::size_t>(i) % std::size(rows)];
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        name, u"/tv/vantor/player"_s, u"org.freedesktop.Application"_s, row.method);
+    message.setArguments(row.arguments.size() > 1 ? QVariantList{u"search"_s, none, token}
+                                                  : row.arguments);
+    QDBusConnection::sessionBus().send(message);
+  }
+  EXPECT_EQ(ask(u"Activate"_s, {QVariantMap()}), QString());
+  EXPECT_EQ(quit(), 0);
+  EXPECT_EQ(program.readAll(), QByteArray());
+}
+
+TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
+  environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
+  environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
+  environment.insert(u"XDG_DATA_DIRS"_s, home.filePath(u"system"_s));
+  environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
+  ASSERT_TRUE(QDir(home.path()).mkpath(u"system/dbus-1/services"_s));
+  QFile service(home.filePath(u"system/dbus-1/services/%1.service"_s.arg(name)));
+  ASSERT_TRUE(service.open(QFile::WriteOnly));
+  service.write("[D-BUS Service]\nName=" + name.toUtf8() + "\nExec=" VANTOR_PROGRAM "\n");
+  service.close();
+  QProcess bus;
+  bus.setProcessEnvironment(environment);
+  bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+  ASSERT_TRUE(bus.waitForReadyRead(20'000));
+  QDBusConnection other = QDBusConnection::connectToBus(
+      QString::fromLatin1(bus.readAllStandardOutput().trimmed()), u"activation"_s);
+  const auto ask = [&](QDBusMessage message, const QVariantList& arguments) {
+    message.setArguments(arguments);
+    return other.call(message);
+  };
+  const QDBusMessage opened =
+      ask(QDBusMessage::createMethodCall(name, u"/tv/vantor/player"_s,
+                                         u"org.freedesktop.Application"_s, u"Open"_s),
+          {QStringList{QUrl::fromLocalFile(film).toString()}, QVariantMap()});
+  EXPECT_EQ(opened.errorMessage(), QString());
+  const QDBusMessage process = ask(
+      QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
+                                     u"GetConnectionUnixProcessID"_s),
+      {name});
+  const auto started = static_cast<pid_t>(process.arguments().value(0).toUInt());
+  QDBusConnection::disconnectFromBus(u"activation"_s);
+  ASSERT_GT(started, 0);
+  const QDir descriptors(u"/proc/%1/fd"_s.arg(started));
+  EXPECT_TRUE(eventually([&] {
+    return std::ranges::any_of(
+        descriptors.entryInfoList(QDir::Files | QDir::System), [&](const QFileInfo& entry) {
+          return entry.symLinkTarget() == QFileInfo(film).canonicalFilePath();
+        });
+  }));
+  ::kill(started, SIGTERM);
+  EXPECT_TRUE(eventually([&] { return !descriptors.exists(); }));
+  bus.kill();
+  bus.waitForFinished();
+}
+
+TEST_F(OneProgramTest, IsSeenByTheDesktopsControls) {
+  ASSERT_TRUE(start({film}));
+  const auto playerctl = [](const QStringList& arguments) {
+    QProcess control;
+    control.setProcessChannelMode(QProcess::MergedChannels);
+    control.start(u"playerctl"_s, QStringList{u"--player=vantor"_s} + arguments);
+    control.waitForFinished(20'000);
+    return QString::fromUtf8(control.readAll()).trimmed();
+  };
+  EXPECT_TRUE(eventually([&] { return playerctl({u"status"_s}) == u"Playing"_s; }));
+  // Which it has once it plays.
+  EXPECT_TRUE(eventually([&] {
+    return playerctl({u"metadata"_s, u"mpris:length"_s}).toLongLong() > 0;
+  }));
+  EXPECT_EQ(playerctl({u"metadata"_s, u"xesam:title"_s}), u"movie"_s);
+  EXPECT_EQ(playerctl({u"pause"_s}), QString());
+  EXPECT_EQ(playerctl({u"status"_s}), u"Paused"_s);
+  EXPECT_EQ(playerctl({u"position"_s, u"30"_s}), QString());
+  EXPECT_TRUE(eventually([&] { return playerctl({u"position"_s}).toDouble() > 25; }));
+  EXPECT_EQ(playerctl({u"play-pause"_s}), QString());
+  EXPECT_EQ(playerctl({u"status"_s}), u"Playing"_s);
+  EXPECT_EQ(playerctl({u"volume"_s, u"0.25"_s}), QString());
+  EXPECT_EQ(playerctl({u"volume"_s}).toDouble(), 0.25);
+  EXPECT_EQ(playerctl({u"stop"_s}), QString());
+  EXPECT_EQ(playerctl({u"status"_s}), u"Stopped"_s);
+  EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(OneProgramTest, GoesOnWhenTheBusEnds) {
+  QProcess bus;
+  bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+  ASSERT_TRUE(bus.waitForReadyRead(20'000));
+  environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s,
+                     QString::fromLatin1(bus.readAllStandardOutput().trimmed()));
+  ASSERT_TRUE(start({film}));
+  ASSERT_TRUE(eventually([&] { return hasOpen(QFileInfo(film).canonicalFilePath()); }));
+  bus.kill();
+  bus.waitForFinished();
+  EXPECT_FALSE(program.waitForFinished(1'500));
+  EXPECT_TRUE(hasOpen(QFileInfo(film).canonicalFilePath()));
+  EXPECT_EQ(quit(), 0);
+}
+
+}  // namespace
+}  // namespace vantor
