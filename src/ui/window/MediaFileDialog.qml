@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Dialogs
+import Vantor.Style
 import Vantor.Ui
 
 // The desktop's own panel where it has one.
@@ -7,6 +8,8 @@ FileDialog {
     id: dialog
 
     required property DialogFilePanel panel
+    // Everything in the window, also the toolkit's own panel.
+    required property Item root
 
     title: "Open a media file"
     fileMode: FileDialog.OpenFile
@@ -18,8 +21,18 @@ FileDialog {
     function show() {
         open();
         // Neither the desktop nor the toolkit has one.
-        if (!visible)
+        if (visible)
+            darkenPath(root);
+        else
             panel.cancel();
+    }
+
+    // The toolkit paints it white, whatever the palette is, with the palette's light text on it.
+    function darkenPath(item) {
+        if (item.upButton)
+            item.background.color = Style.canvas;
+        for (const child of item.children)
+            darkenPath(child);
     }
 
     readonly property Connections requests: Connections {

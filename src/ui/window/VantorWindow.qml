@@ -28,8 +28,9 @@ ApplicationWindow {
     palette.base: Style.panelColor
     palette.toolTipBase: Style.panelColor
     palette.toolTipText: Style.focusWhite
+    // What is chosen in the toolkit's own file dialog lies on a shade of the one, written in the other.
     palette.highlight: Style.mint
-    palette.highlightedText: Style.canvas
+    palette.highlightedText: Style.focusWhite
     // The toolkit's own file dialog paints with the rest of the palette.
     palette.light: Style.panelColor
     palette.midlight: Style.hairline
@@ -97,7 +98,10 @@ ApplicationWindow {
 
         function onRequested() {
             if (!fileDialog.item)
-                fileDialog.setSource("MediaFileDialog.qml", { panel: window.views.filePanel });
+                fileDialog.setSource("MediaFileDialog.qml", {
+                    panel: window.views.filePanel,
+                    root: window.contentItem.parent
+                });
             // Whoever asked for a file would wait for ever.
             if (fileDialog.status === Loader.Error)
                 window.views.filePanel.cancel();

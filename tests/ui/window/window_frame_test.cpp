@@ -134,6 +134,25 @@ TEST_F(WindowFrameTest, AFileIsAskedForAgainAfterADialogThatDoesNotLoad) {
   messages.clear();
 }
 
+TEST_F(WindowFrameTest, ThePathInTheToolkitsOwnDialogCanBeRead) {
+  open();
+  const Pending<std::optional<QUrl>> file = dialog.chooseMediaFile();
+  QQuickItem* path = nullptr;
+  const auto looksAt = [&](auto& self, QQuickItem* item) -> void {
+    if (item->property("upButton").isValid()) path = item;
+    for (QQuickItem* child : item->childItems()) self(self, child);
+  };
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    looksAt(looksAt, window->contentItem());
+    return path != nullptr;
+  }));
+  const auto* ground = path->property("background").value<QQuickItem*>();
+  ASSERT_TRUE(ground);
+  EXPECT_LT(ground->property("color").value<QColor>().lightnessF(), 0.3);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(test::awaited<std::optional<QUrl>>(file), std::nullopt);
+}
+
 TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
   const QStringList filters = DialogFilePanel::nameFilters();
   ASSERT_EQ(filters.size(), 1);
