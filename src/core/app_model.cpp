@@ -28,7 +28,9 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
     if (!playback_->isLocal()) record_.storeProgress(id, seconds, duration);
   };
   if (services_.launch.demo) explore();
-  if (!services_.launch.isolated) beginStartUp();
+  if (services_.launch.isolated) return;
+  habits_.emplace(services_.preferences, session_, *playback_);
+  beginStartUp();
 }
 
 AppModel::~AppModel() {
@@ -59,6 +61,11 @@ void AppModel::navigate(Section section) {
 
 void AppModel::selectRemembered() {
   if (const std::optional<MediaItem> item = browsing_.remembered()) select(*item);
+}
+
+void AppModel::takeUpRecord() {
+  const std::optional<QString> last = record_.begin();
+  if (last && habits_) habits_->takeOver(*last);
 }
 
 void AppModel::setCategory(const QString& id) {

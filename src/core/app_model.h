@@ -6,6 +6,7 @@
 #include "core/services.h"
 #include "core/session.h"
 #include "core/show_details.h"
+#include "core/viewing_habits.h"
 #include "core/watch_record.h"
 
 namespace vantor {
@@ -74,6 +75,8 @@ class AppModel final : public QObject {
   /// Goes where there is no account and nothing is loaded; every job of the world before is stale.
   void leaveWorld();
   void selectRemembered();
+  /// Goes on with what is kept of the user's last account.
+  void takeUpRecord();
 
   // start_up.cpp
   void beginStartUp();
@@ -102,6 +105,7 @@ class AppModel final : public QObject {
   Session session_;
   Libraries libraries_;
   WatchRecord record_;
+  std::optional<ViewingHabits> habits_;  // absent where saved state is not touched
   Browsing browsing_;
   ProgrammeGuide guide_;
   ShowDetails details_;

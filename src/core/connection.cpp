@@ -39,7 +39,7 @@ void AppModel::signedIn(ProviderAccount account, Session::SignedIn accepted) {
   session_.setSubscription(std::move(accepted.details));
   session_.setDisk(std::move(accepted.disk));
   session_.setAccount(std::move(account));
-  record_.begin();
+  takeUpRecord();
   notice_.set(std::nullopt);
   setShowingConnect(false);
   load(LibraryKind::live, LoadMode::copyFirst);

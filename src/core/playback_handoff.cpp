@@ -28,6 +28,7 @@ void AppModel::play(MediaItem item) {
   request.title = item.name;
   request.id = item.id;
   request.agent = session_.account()->userAgent;
+  if (habits_) request.shape = habits_->shapeFor(item.id);
   if (item.kind == LibraryKind::live)
     request.kind = SourceKind::broadcast;
   else

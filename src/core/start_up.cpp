@@ -86,7 +86,7 @@ void AppModel::applyRestored(Restored restored) {
   session_.setDisk(std::move(restored.disk));
   libraries_.keepLiveCopy(std::move(restored.liveCopy));
   record_.read();
-  if (session_.disk()) record_.begin();
+  if (session_.disk()) takeUpRecord();
 }
 
 }  // namespace vantor

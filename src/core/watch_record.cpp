@@ -47,7 +47,7 @@ void WatchRecord::read() {
   progress_ = preferences_.numberLists(progressKey(account));
 }
 
-void WatchRecord::begin() {
+std::optional<QString> WatchRecord::begin() {
   const QString account = session_.account()->idText();
   CatalogDiskStore& disk = *session_.disk();
   // Known by a digest, since preferences are no place for a user name.
@@ -56,12 +56,13 @@ void WatchRecord::begin() {
   const QString last = preferences_.text(userKey).value_or(account);
   preferences_.setText(userKey, account);
   disk.keepOnly(session_.account()->id);
-  if (last == account) return;
+  if (last == account) return {};
   preferences_.setTextList(favoritesKey(account), preferences_.textList(favoritesKey(last)));
   preferences_.setNumberLists(progressKey(account), preferences_.numberLists(progressKey(last)));
   preferences_.remove(favoritesKey(last));
   preferences_.remove(progressKey(last));
   read();
+  return last;
 }
 
 void WatchRecord::forget() {

@@ -28,8 +28,9 @@ class WatchRecord final : public QObject {
   void storeProgress(const QString& id, double seconds, double duration);
   /// Reads the account's record.
   void read();
-  /// Goes on with the record of the user's last account, and forgets other accounts' files.
-  void begin();
+  /// Goes on with the record of the user's last account, and forgets other accounts' files. The id
+  /// of that account if it is another one.
+  std::optional<QString> begin();
   void forget();
 
  Q_SIGNALS:

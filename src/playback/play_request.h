@@ -3,6 +3,8 @@
 #include <QString>
 #include <QUrl>
 
+#include "playback/picture_shape.h"
+
 namespace vantor {
 
 enum class SourceKind : unsigned char {
@@ -18,7 +20,8 @@ struct PlayRequest {
   QString id;     // key under which progress is reported
   QString agent;  // HTTP User-Agent
   SourceKind kind = SourceKind::onDemand;
-  double resume = 0;  // seconds
+  double resume = 0;                       // seconds
+  PictureShape shape = PictureShape::fit;  // to begin with
 
   bool operator==(const PlayRequest&) const = default;
 };

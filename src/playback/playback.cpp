@@ -17,6 +17,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kSavingWait = 100ms;
 constexpr int kMostSavingWaits = 50;
+// Volume that a sound comes back to whose own was 0.
+constexpr double usualVolume = 50;  // per cent
 
 }  // namespace
 
@@ -39,6 +41,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       expanded_(announcements_, *this, &Playback::expandedChanged),
       fullScreen_(announcements_, *this, &Playback::fullScreenChanged),
       pictureShape_(announcements_, *this, &Playback::pictureShapeChanged),
+      shapeChosen_(announcements_, *this, &Playback::pictureShapeChosen),
       transport_(announcements_),
       recording_(announcements_, engine, clock, folders) {
   if (output_ == Output::shown) recording_.refresh();
@@ -150,7 +153,7 @@ void Playback::start(const PlayRequest& request) {
   const Ticket ticket = ++generation_;
   pollTask_ = {};
   const bool takeStill = output_ == Output::shown && engine_.status().decodedVideo > 0;
-  if (itemID() != request.id) pictureShape_.set(PictureShape::fit);
+  if (itemID() != request.id) pictureShape_.set(request.shape);
   source_.set(request);
   message_.set(std::nullopt);
   go(PlaybackEvent::open);
@@ -233,8 +236,24 @@ void Playback::seek(double seconds) {
   if (transport_.seekable()) engine_.setTime(engineTime(seconds));
 }
 
+void Playback::setPictureShape(PictureShape shape) {
+  const Announcements::Scope scope(announcements_);
+  pictureShape_.set(shape);
+  shapeChosen_.note();
+}
+
+void Playback::toggleMuted() {
+  const Announcements::Scope scope(announcements_);
+  const double volume = transport_.volume();
+  const double before = transport_.mutedFrom() > 0 ? transport_.mutedFrom() : usualVolume;
+  setVolume(volume > 0 ? 0 : before);
+  transport_.setMutedFrom(volume);
+}
+
 void Playback::setVolume(double percent) {
+  const Announcements::Scope scope(announcements_);
   transport_.setVolume(percent);
+  transport_.setMutedFrom(0);
   engine_.setVolume(wholePercent(percent));
 }
 

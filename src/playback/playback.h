@@ -50,6 +50,8 @@ class Playback final : public QObject {
   void togglePause();
   void seek(double seconds);
   void setVolume(double percent);
+  /// Silences the sound, or gives it back the volume that it had.
+  void toggleMuted();
   void setAudioTrack(int id);
   void setSubtitleTrack(int id);  // -1: none
   void setRate(double rate);
@@ -78,8 +80,8 @@ class Playback final : public QObject {
   bool fullScreen() const { return fullScreen_.get(); }  // the picture fills the screen
   /// Only what has a source can.
   void setFullScreen(bool fullScreen) { fullScreen_.set(fullScreen && source()); }
-  PictureShape pictureShape() const { return pictureShape_.get(); }  // `fit` for another source
-  void setPictureShape(PictureShape shape) { pictureShape_.set(shape); }
+  PictureShape pictureShape() const { return pictureShape_.get(); }  // the request's at first
+  void setPictureShape(PictureShape shape);
 
   Recording& recording() { return recording_; }
   /// Each tells why it did not, as a sentence. The folder is `Recording::folder` if none is given.
@@ -99,6 +101,8 @@ class Playback final : public QObject {
   void expandedChanged();
   void fullScreenChanged();
   void pictureShapeChanged();
+  /// Somebody has said what it is to be; comes after what it changed.
+  void pictureShapeChosen();
 
  private:
   using Ticket = std::int64_t;
@@ -136,6 +140,7 @@ class Playback final : public QObject {
   Announced<bool> expanded_;
   Announced<bool> fullScreen_;
   Announced<PictureShape> pictureShape_;
+  Announcement shapeChosen_;
   TransportState transport_;
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};

@@ -8,6 +8,7 @@ TransportState::TransportState(Announcements& announcements)
       duration_(announcements, *this, &TransportState::durationChanged),
       seekable_(announcements, *this, &TransportState::seekableChanged),
       volume_(announcements, *this, &TransportState::volumeChanged, 100),
+      mutedFrom_(announcements, *this, &TransportState::mutedFromChanged),
       audio_(announcements, *this, &TransportState::audioChanged),
       subtitles_(announcements, *this, &TransportState::subtitlesChanged),
       audioTrack_(announcements, *this, &TransportState::audioTrackChanged, -1),

@@ -20,6 +20,7 @@ class TransportState final : public QObject {
   double duration() const { return duration_.get(); }  // seconds; 0 while unknown
   bool seekable() const { return seekable_.get(); }    // only ever with a known duration
   double volume() const { return volume_.get(); }      // 0 to 100; 100 is the engine's normal level
+  double mutedFrom() const { return mutedFrom_.get(); }  // volume before it was muted, else 0
   const QList<EngineTrack>& audio() const { return audio_.get(); }
   const QList<EngineTrack>& subtitles() const { return subtitles_.get(); }
 
@@ -32,6 +33,7 @@ class TransportState final : public QObject {
   void setDuration(double seconds) { duration_.set(seconds); }
   void setSeekable(bool seekable) { seekable_.set(seekable); }
   void setVolume(double percent) { volume_.set(percent); }
+  void setMutedFrom(double percent) { mutedFrom_.set(percent); }
   void setAudio(const QList<EngineTrack>& tracks) { audio_.set(tracks); }
   void setSubtitles(const QList<EngineTrack>& tracks) { subtitles_.set(tracks); }
 
@@ -47,6 +49,7 @@ class TransportState final : public QObject {
   void durationChanged();
   void seekableChanged();
   void volumeChanged();
+  void mutedFromChanged();
   void audioChanged();
   void subtitlesChanged();
   void audioTrackChanged();
@@ -59,6 +62,7 @@ class TransportState final : public QObject {
   Announced<double> duration_;
   Announced<bool> seekable_;
   Announced<double> volume_;
+  Announced<double> mutedFrom_;
   Announced<QList<EngineTrack>> audio_;
   Announced<QList<EngineTrack>> subtitles_;
   Announced<int> audioTrack_;

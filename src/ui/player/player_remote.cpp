@@ -24,8 +24,6 @@ constexpr auto skipRest = 300ms;
 constexpr double volumeStep = 5;  // per cent
 constexpr double shortSkip = 10;  // seconds
 constexpr double longSkip = 60;   // seconds
-// Volume that a sound comes back to whose own was 0.
-constexpr double usualVolume = 50;  // per cent
 // In the order of `PictureShape`.
 const std::array shapeNames{u"Whole picture"_s, u"Fill the screen"_s, u"Stretch"_s, u"4:3"_s,
                             u"16:9"_s};
@@ -253,13 +251,9 @@ void PlayerRemote::changeVolume(double percent) {
 }
 
 void PlayerRemote::toggleMuted() {
-  if (transport_.volume() > 0) {
-    audible_ = transport_.volume();
-    playback_.setVolume(0);
-    return say(u"Muted"_s);
-  }
-  playback_.setVolume(audible_ > 0 ? audible_ : usualVolume);
-  say(u"Volume %1 %"_s.arg(qRound(transport_.volume())));
+  playback_.toggleMuted();
+  const int volume = qRound(transport_.volume());
+  say(volume > 0 ? u"Volume %1 %"_s.arg(volume) : u"Muted"_s);
 }
 
 QVariantMap PlayerRemote::next(Round& round, int current, const QVariantList& choices) {

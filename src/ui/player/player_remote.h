@@ -139,7 +139,6 @@ class PlayerRemote final : public QObject {
   bool controlsShown_ = false;
   bool busy_ = false;
   bool pointed_ = false;  // a movement was not long ago
-  double audible_ = 0;    // the volume before it was muted, else 0
   Round audioRound_;
   Round subtitleRound_;
   QString note_;

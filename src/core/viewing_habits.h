@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+
+#include "playback/picture_shape.h"
+
+namespace vantor {
+
+class Playback;
+class Preferences;
+class Session;
+
+/// How the user likes to watch, kept in the preferences: the volume, and per account the shapes of
+/// pictures. Only what the user does is recorded. Main thread only.
+class ViewingHabits final : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Gives the playback the volume of the last run. What is passed outlives it.
+  ViewingHabits(Preferences& preferences, const Session& session, Playback& playback);
+
+  /// How the picture of the account's entry was laid last, `fit` unless otherwise; counts as a use
+  /// of it, since those that were not used for the longest are forgotten.
+  PictureShape shapeFor(const QString& id);
+  /// Goes on with what is kept for another account.
+  void takeOver(const QString& account);
+
+ private:
+  void restoreVolume();
+  void storeVolume();
+  void storeShape();
+
+  Preferences& preferences_;
+  const Session& session_;
+  Playback& playback_;
+};
+
+}  // namespace vantor
