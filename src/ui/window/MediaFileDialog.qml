@@ -31,8 +31,8 @@ FileDialog {
     function darkenPath(item) {
         if (item.upButton)
             item.background.color = Style.canvas;
-        for (const child of item.children)
-            darkenPath(child);
+        for (let i = 0; i < item.children.length; ++i)
+            darkenPath(item.children[i]);
     }
 
     readonly property Connections requests: Connections {
