@@ -14,24 +14,37 @@ QDBusConnection busOf(QDBusConnection::BusType type) {
                                             : QDBusConnection::sessionBus();
 }
 
-}  // namespace
-
-QCoro::Task<std::optional<QDBusConnection>> joinBus(Worker* worker, QDBusConnection::BusType type) {
+QCoro::Task<> join(Worker* worker, QDBusConnection::BusType type,
+                   std::function<void(QDBusConnection)> joined, std::stop_token token) {
   const Pending<Done> joining = worker->run([type] { busOf(type); });
   co_await joining;
+  if (token.stop_requested()) co_return;
   const QDBusConnection bus = busOf(type);
-  std::optional<QDBusConnection> joined;
-  if (bus.isConnected()) joined = bus;
-  co_return joined;
+  if (bus.isConnected()) joined(bus);
+}
+
+/// A call of the bus itself.
+QDBusMessage callOfBus(const QString& method) {
+  return QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                        u"org.freedesktop.DBus"_s, method);
+}
+
+}  // namespace
+
+Job joinBus(Worker& worker, QDBusConnection::BusType type,
+            std::function<void(QDBusConnection)> joined) {
+  return Job::start([worker = &worker, type, joined = std::move(joined)](std::stop_token token) {
+    return join(worker, type, joined, token);
+  });
 }
 
 QDBusPendingCall askForName(const QDBusConnection& bus, const QString& name) {
-  QDBusMessage request =
-      QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                     u"org.freedesktop.DBus"_s, u"RequestName"_s);
   constexpr uint doNotQueue = 4;
-  request << name << doNotQueue;
-  return bus.asyncCall(request);
+  return bus.asyncCall(callOfBus(u"RequestName"_s) << name << doNotQueue);
+}
+
+void releaseName(const QDBusConnection& bus, const QString& name) {
+  bus.send(callOfBus(u"ReleaseName"_s) << name);
 }
 
 bool hasName(const QDBusMessage& answer) {

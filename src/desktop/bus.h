@@ -1,21 +1,25 @@
 #pragma once
 
-#include <QCoroTask>
 #include <QDBusConnection>
 #include <QDBusPendingCall>
-#include <optional>
+#include <functional>
+
+#include "platform/job.h"
 
 namespace vantor {
 
 class Worker;
 
-/// The bus once it is joined, absent when there is none. Only its first use waits, which `worker`
-/// does.
-QCoro::Task<std::optional<QDBusConnection>> joinBus(Worker* worker, QDBusConnection::BusType type);
+/// Joins the bus, which `worker` waits for, as Qt's shared connection, then calls `joined` on the
+/// main thread; not without a bus, and not once the job was dropped.
+Job joinBus(Worker& worker, QDBusConnection::BusType type,
+            std::function<void(QDBusConnection)> joined);
 
 /// Asks for a name that nobody has; `QDBusConnection::registerService` waits for the answer.
 QDBusPendingCall askForName(const QDBusConnection& bus, const QString& name);
 /// Whether the answer to that says that the name is ours.
 bool hasName(const QDBusMessage& answer);
+/// Gives it back.
+void releaseName(const QDBusConnection& bus, const QString& name);
 
 }  // namespace vantor

@@ -67,18 +67,8 @@ QVariant inhibitionIn(const QDBusMessage& answer) {
 }  // namespace
 
 void IdleInhibitor::join(Worker& worker, const QString& application) {
-  joining_ =
-      Job::start([self = QPointer(this), worker = &worker, application](std::stop_token token) {
-        return joinSession(self, worker, application, token);
-      });
-}
-
-QCoro::Task<> IdleInhibitor::joinSession(QPointer<IdleInhibitor> self, Worker* worker,
-                                         QString application, std::stop_token token) {
-  const QCoro::Task<std::optional<QDBusConnection>> joining =
-      joinBus(worker, QDBusConnection::SessionBus);
-  const std::optional<QDBusConnection> bus = co_await joining;
-  if (self && !token.stop_requested() && bus) self->useBus(*bus, application);
+  joining_ = joinBus(worker, QDBusConnection::SessionBus,
+                     [this, application](const QDBusConnection& bus) { useBus(bus, application); });
 }
 
 void IdleInhibitor::useBus(const QDBusConnection& bus, const QString& application) {

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QCoroTask>
 #include <QDBusConnection>
 #include <QObject>
-#include <QPointer>
 #include <memory>
 #include <optional>
-#include <stop_token>
 
 #include "platform/clock.h"
 #include "platform/job.h"
@@ -44,8 +41,6 @@ class IdleInhibitor final : public QObject {
     refused,  // by all there are
   };
 
-  static QCoro::Task<> joinSession(QPointer<IdleInhibitor> self, Worker* worker,
-                                   QString application, std::stop_token token);
   void useBus(const QDBusConnection& bus, const QString& application);
   void pursue();
   void ask(std::size_t service);

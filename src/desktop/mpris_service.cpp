@@ -45,17 +45,8 @@ MprisService::MprisService(const Parts& parts, MprisRoot::Actions actions)
       picture_(parts.artwork, parts.worker, parts.temporary) {}
 
 void MprisService::offer(Worker& worker) {
-  offering_ = Job::start([self = QPointer(this), worker = &worker](std::stop_token token) {
-    return connectToBus(self, worker, token);
-  });
-}
-
-QCoro::Task<> MprisService::connectToBus(QPointer<MprisService> self, Worker* worker,
-                                         std::stop_token token) {
-  const QCoro::Task<std::optional<QDBusConnection>> joining =
-      joinBus(worker, QDBusConnection::SessionBus);
-  const std::optional<QDBusConnection> bus = co_await joining;
-  if (self && !token.stop_requested() && bus) self->appear(*bus);
+  offering_ = joinBus(worker, QDBusConnection::SessionBus,
+                      [this](const QDBusConnection& bus) { appear(bus); });
 }
 
 void MprisService::appear(const QDBusConnection& bus) {

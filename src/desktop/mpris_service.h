@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QCoroTask>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
-#include <QPointer>
 #include <memory>
 #include <optional>
-#include <stop_token>
 #include <vector>
 
 #include "desktop/mpris_player.h"
@@ -49,8 +46,6 @@ class MprisService final : public QObject, protected QDBusContext {
     QVariantMap told;
   };
 
-  static QCoro::Task<> connectToBus(QPointer<MprisService> self, Worker* worker,
-                                    std::stop_token token);
   void appear(const QDBusConnection& bus);
   void askForNames();
   void keepUp();

@@ -20,25 +20,19 @@ constexpr uint kFullConnectivity = 4;
 }  // namespace
 
 void NetworkWatch::listen(Worker& worker) {
-  joining_ = Job::start([self = QPointer(this), worker = &worker](std::stop_token token) {
-    return join(self, worker, token);
-  });
+  joining_ = joinBus(worker, QDBusConnection::SystemBus,
+                     [this](const QDBusConnection& bus) { useBus(bus); });
 }
 
-QCoro::Task<> NetworkWatch::join(QPointer<NetworkWatch> self, Worker* worker,
-                                 std::stop_token token) {
-  const QCoro::Task<std::optional<QDBusConnection>> joining =
-      joinBus(worker, QDBusConnection::SystemBus);
-  std::optional<QDBusConnection> bus = co_await joining;
-  if (!self || token.stop_requested() || !bus) co_return;
+void NetworkWatch::useBus(QDBusConnection bus) {
   // With a sender's name the connection would wait to hear who that is.
-  bus->connect(QString(), u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
-               u"PrepareForSleep"_s, self, SLOT(onPrepareForSleep(bool)));
-  bus->connect(QString(), kNetworkManagerPath, kNetworkManager, u"StateChanged"_s, self,
-               SLOT(onStateChanged(uint)));
-  bus->connect(QString(), kNetworkManagerPath, u"org.freedesktop.DBus.Properties"_s,
-               u"PropertiesChanged"_s, self,
-               SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
+  bus.connect(QString(), u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
+              u"PrepareForSleep"_s, this, SLOT(onPrepareForSleep(bool)));
+  bus.connect(QString(), kNetworkManagerPath, kNetworkManager, u"StateChanged"_s, this,
+              SLOT(onStateChanged(uint)));
+  bus.connect(QString(), kNetworkManagerPath, u"org.freedesktop.DBus.Properties"_s,
+              u"PropertiesChanged"_s, this,
+              SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
 }
 
 void NetworkWatch::onPrepareForSleep(bool asleep) {

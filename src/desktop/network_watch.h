@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QCoroTask>
+#include <QDBusConnection>
 #include <QObject>
-#include <QPointer>
 #include <QVariantMap>
-#include <stop_token>
 
 #include "platform/job.h"
 
@@ -32,7 +30,7 @@ class NetworkWatch final : public QObject {
                            const QStringList& invalidated);
 
  private:
-  static QCoro::Task<> join(QPointer<NetworkWatch> self, Worker* worker, std::stop_token token);
+  void useBus(QDBusConnection bus);
 
   Job joining_;
 };

@@ -83,11 +83,7 @@ bool OneProgram::handOver(const LaunchArguments& launch, const QByteArray& token
 void OneProgram::leave() {
   if (answer_.wait_for(0s) != std::future_status::ready) return;
   const Place found = answer_.get();
-  if (found.rank != Rank::first) return;
-  QDBusMessage release =
-      QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
-                                     u"org.freedesktop.DBus"_s, u"ReleaseName"_s);
-  found.bus->send(release << name_);
+  if (found.rank == Rank::first) releaseName(*found.bus, name_);
 }
 
 }  // namespace vantor

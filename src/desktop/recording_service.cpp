@@ -25,18 +25,9 @@ RecordingService::RecordingService(Playback& playback) : playback_(playback), no
 }
 
 void RecordingService::offer(Worker& worker, const QString& application) {
-  const QPointer<RecordingService> self(this);
-  offering_ = Job::start([self, worker = &worker, application](std::stop_token token) {
-    return connectToBus(self, worker, application, token);
-  });
-}
-
-QCoro::Task<> RecordingService::connectToBus(QPointer<RecordingService> self, Worker* worker,
-                                             QString application, std::stop_token token) {
-  const QCoro::Task<std::optional<QDBusConnection>> joining =
-      joinBus(worker, QDBusConnection::SessionBus);
-  const std::optional<QDBusConnection> bus = co_await joining;
-  if (self && !token.stop_requested() && bus) self->appear(*bus, application);
+  offering_ =
+      joinBus(worker, QDBusConnection::SessionBus,
+              [this, application](const QDBusConnection& bus) { appear(bus, application); });
 }
 
 void RecordingService::appear(const QDBusConnection& bus, const QString& application) {

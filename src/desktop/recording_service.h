@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QCoroTask>
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 #include <optional>
-#include <stop_token>
 
 #include "desktop/recording_notifier.h"
 #include "platform/job.h"
@@ -43,9 +40,6 @@ class RecordingService final : public QObject, protected QDBusContext {
   Q_SCRIPTABLE QStringList ListRecordings();
 
  private:
-  static QCoro::Task<> connectToBus(QPointer<RecordingService> self, Worker* worker,
-                                    QString application, std::stop_token token);
-
   QString state() const;
   QString notice() const;
   void appear(const QDBusConnection& bus, const QString& application);
