@@ -55,11 +55,10 @@ std::optional<MediaItem> Zapping::typedChannel() const {
 bool Zapping::enter() {
   if (!channel_ || typed_.isEmpty()) return false;
   const std::optional<std::size_t> place = typedPlace();
-  typed_.clear();
   if (place) {
-    choose({chosen_.list, *place});
-    open();
+    go({chosen_.list, *place});
   } else {
+    typed_.clear();
     rest_.reset();
     Q_EMIT changed();
   }
@@ -68,18 +67,20 @@ bool Zapping::enter() {
 
 bool Zapping::goBack() {
   if (!channel_ || !before_) return false;
-  typed_.clear();
-  choose(*before_);
-  open();
+  go(*before_);
   return true;
 }
 
 bool Zapping::open(std::shared_ptr<const ItemList> list, std::size_t index) {
   if (!channel_ || index >= list->count(LibraryKind::live)) return false;
-  typed_.clear();
-  choose({std::move(list), index});
-  open();
+  go({std::move(list), index});
   return true;
+}
+
+void Zapping::go(Station station) {
+  typed_.clear();
+  choose(std::move(station));
+  open();
 }
 
 void Zapping::choose(Station station) {

@@ -57,6 +57,8 @@ class Zapping final : public QObject {
   std::optional<std::size_t> typedPlace() const;
   void onSourceChanged();
   void choose(Station station);
+  /// Chooses and opens it at once.
+  void go(Station station);
   void open();
   void forget();
 
