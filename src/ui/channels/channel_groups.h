@@ -14,6 +14,7 @@ class ChannelGroups {
   explicit ChannelGroups(Catalog catalog) : catalog_(std::move(catalog)) {}
 
   QStringList names() const;
+  int count() const { return 1 + static_cast<int>(catalog_.categories().size()); }
   /// The place of the category with that id, empty for all; -1 when it is none of the groups.
   int place(const QString& category) const;
   /// The category at a place, absent where there is none.

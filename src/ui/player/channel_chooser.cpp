@@ -28,8 +28,11 @@ ChannelChooser::ChannelChooser(AppModel& model, Zapping& zapping, Clock& clock)
 }
 
 bool ChannelChooser::begin(const QString& category, const QString& search) {
-  browsing_.choose(category);
-  browsing_.setSearch(search);
+  {
+    const Announcements::Scope scope(announcements_);
+    browsing_.choose(category);
+    browsing_.setSearch(search);
+  }
   const int row = items_.rowOf(zapping_.channel() ? zapping_.channel()->id : QString());
   highlight(std::max(row, 0));
   return row >= 0;
@@ -56,9 +59,9 @@ QString ChannelChooser::group() const {
 
 void ChannelChooser::changeGroup(int by) {
   const ChannelGroups groups(browsing_.catalog());
-  const auto count = static_cast<int>(groups.names().size());
   const int place = std::max(groups.place(browsing_.category()), 0);
-  begin(groups.category((place + by + count) % count).value_or(QString()), QString());
+  const int next = (place + by + groups.count()) % groups.count();
+  begin(groups.category(next).value_or(QString()), QString());
 }
 
 bool ChannelChooser::press(int key) {

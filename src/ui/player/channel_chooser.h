@@ -53,7 +53,7 @@ class ChannelChooser final : public QObject {
   /// False when it does not have the channel that plays.
   bool begin(const QString& category, const QString& search);
   void highlight(int row);
-  void changeGroup(int groups);
+  void changeGroup(int by);
   void onCatalogsChanged();
 
   AppModel& model_;
