@@ -172,8 +172,7 @@ void Program::show(Section section) {
         Qt::SingleShotConnection);
     return;
   }
-  views_.remote()->setFullScreen(false);
-  views_.remote()->setSmall(false);
+  views_.remote()->leavePicture();
   model_.playback().setExpanded(false);
   model_.navigate(section);
 }

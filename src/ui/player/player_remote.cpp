@@ -60,13 +60,9 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
     if (!zapping()) putChooserAway();
   });
   connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
-  const auto leave = [this] {
-    setFullScreen(false);
-    setSmall(false);
-  };
-  connect(&model.browsing(), &Browsing::sectionChanged, this, leave);
-  connect(&model, &AppModel::showingConnectChanged, this, leave);
-  connect(&model, &AppModel::showingSettingsChanged, this, leave);
+  connect(&model.browsing(), &Browsing::sectionChanged, this, &PlayerRemote::leavePicture);
+  connect(&model, &AppModel::showingConnectChanged, this, &PlayerRemote::leavePicture);
+  connect(&model, &AppModel::showingSettingsChanged, this, &PlayerRemote::leavePicture);
 }
 
 bool PlayerRemote::fullScreen() const {
@@ -90,6 +86,11 @@ void PlayerRemote::setSmall(bool small) {
   Q_EMIT smallChanged();
   Q_EMIT pictureOnlyChanged();
   Q_EMIT watchingChanged();
+}
+
+void PlayerRemote::leavePicture() {
+  setFullScreen(false);
+  setSmall(false);
 }
 
 bool PlayerRemote::watching() const {

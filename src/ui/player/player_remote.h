@@ -61,6 +61,8 @@ class PlayerRemote final : public QObject {
   bool small() const { return small_; }
   void setSmall(bool small);
   Q_INVOKABLE void toggleSmall() { setSmall(!small()); }
+  /// Neither full screen nor small.
+  void leavePicture();
   bool pictureOnly() const { return fullScreen() || small(); }
 
   /// Somebody sits before the picture: it fills the screen, or the window.
