@@ -1,37 +1,21 @@
 import QtQuick
-import QtQuick.Controls.Basic
-import Vantor.Style
 import Vantor.Ui
 
-ListView {
+ChannelList {
     id: list
 
     required property Views views
     readonly property TVShell shell: views.shell
     readonly property ItemListModel items: views.items
-    readonly property int rowHeight: 44
-    readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
-    readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
 
     model: views.channels.rows
-    // Room for the focus ring, which is drawn around a row.
-    topMargin: 4
-    bottomMargin: 12
-    leftMargin: 4
-    rightMargin: 10
-    spacing: 6
-    clip: true
-    reuseItems: true
-    cacheBuffer: 400
-    boundsBehavior: Flickable.StopAtBounds
+    artwork: views.artwork
+    currentRow: items.currentRow
+    focused: activeFocus
     activeFocusOnTab: true
-    // The highlight is the model's, not the view's.
-    keyNavigationEnabled: false
-    currentIndex: -1
-    ScrollBar.vertical: ThinScrollBar {}
-
-    Accessible.role: Accessible.List
     Accessible.name: shell.headerTitle
+    onRowsShown: (first, last) => views.channels.showRows(first, last)
+    onOpened: row => shell.openRow(row)
 
     Keys.forwardTo: [keys]
 
@@ -41,19 +25,6 @@ ListView {
         rowsInView: Math.floor(list.height / (list.rowHeight + list.spacing))
         onMenuRequested: list.openSelectionMenu()
     }
-
-    function centerSelection() {
-        if (items.currentRow >= 0)
-            positionViewAtIndex(items.currentRow, ListView.Center);
-        tell();
-    }
-
-    function tell() {
-        if (activeFocus && items.currentRow >= 0)
-            Assistive.highlight(itemAtIndex(items.currentRow));
-    }
-
-    onActiveFocusChanged: tell()
 
     function openSelectionMenu() {
         const row = itemAtIndex(items.currentRow) as GuideRow;
@@ -68,29 +39,14 @@ ListView {
         opened.openAt(row.index, row, x, y);
     }
 
-    function reportRows() {
-        views.channels.showRows(firstRow, lastRow);
-    }
-
-    Component.onCompleted: {
-        centerSelection();
-        reportRows();
-    }
     Component.onDestruction: views.channels.showRows(0, -1)
-    onHeightChanged: centerSelection()
-    onFirstRowChanged: reportRows()
-    onLastRowChanged: reportRows()
 
     Connections {
         target: list.items
 
-        function onCurrentRowChanged() {
-            list.centerSelection();
-        }
-
         function onModelReset() {
             menu.active = false;
-            list.centerSelection();
+            list.centerCurrent();
         }
     }
 
@@ -126,13 +82,5 @@ ListView {
             playText: "Watch channel"
             playSymbol: "play.fill"
         }
-    }
-
-    delegate: GuideRow {
-        width: list.width - list.leftMargin - list.rightMargin
-        height: list.rowHeight
-        focused: list.activeFocus
-        artworkStore: list.views.artwork
-        onOpened: row => list.shell.openRow(row)
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Vantor.Style
 import Vantor.Ui
 
@@ -43,79 +42,31 @@ Rectangle {
             Accessible.name: panel.chooser.group
         }
 
-        ListView {
+        ChannelList {
             id: list
-
-            readonly property int rowHeight: 44
-            readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
-            readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
-
             anchors.top: heading.bottom
             anchors.topMargin: 8
             anchors.bottom: parent.bottom
             x: Style.inset - leftMargin
             width: parent.width - 2 * Style.inset + leftMargin + rightMargin
             model: panel.chooser.rows
-            topMargin: 4
-            bottomMargin: 12
-            leftMargin: 4
-            rightMargin: 10
-            spacing: 6
-            clip: true
-            reuseItems: true
-            boundsBehavior: Flickable.StopAtBounds
-            keyNavigationEnabled: false
-            currentIndex: -1
-            ScrollBar.vertical: ThinScrollBar {}
-
-            Accessible.role: Accessible.List
+            artwork: panel.artwork
+            currentRow: panel.chooser.currentRow
+            focused: true
             Accessible.name: panel.chooser.group
-
-            function centerSelection() {
-                if (panel.chooser.currentRow < 0)
-                    return;
-                positionViewAtIndex(panel.chooser.currentRow, ListView.Center);
-                Assistive.highlight(itemAtIndex(panel.chooser.currentRow));
-            }
-
-            function reportRows() {
-                panel.chooser.showRows(firstRow, lastRow);
-            }
-
-            Component.onCompleted: {
-                centerSelection();
-                reportRows();
-            }
-            onHeightChanged: centerSelection()
-            onFirstRowChanged: reportRows()
-            onLastRowChanged: reportRows()
-
-            Connections {
-                target: panel.chooser
-
-                function onCurrentRowChanged() {
-                    list.centerSelection();
-                }
-            }
+            onRowsShown: (first, last) => panel.chooser.showRows(first, last)
+            onOpened: row => panel.chooser.choose(row)
 
             Connections {
                 target: panel.chooser.rows
 
                 function onModelReset() {
-                    list.centerSelection();
+                    list.centerCurrent();
                 }
             }
 
             TapHandler {
                 onTapped: eventPoint => panel.chooser.choose(list.indexAt(eventPoint.position.x, eventPoint.position.y))
-            }
-
-            delegate: GuideRow {
-                width: list.width - list.leftMargin - list.rightMargin
-                height: list.rowHeight
-                focused: true
-                artworkStore: panel.artwork
-                onOpened: row => panel.chooser.choose(row)
             }
         }
 

@@ -47,15 +47,8 @@ FocusScope {
         widestCard: 560
     }
 
-    OnDemand {
-        width: parent.width
-        visible: wanted
-        wanted: screen.player.interruption !== ""
-
-        sourceComponent: InterruptionStrip {
-            text: screen.player.interruption
-            onEndChosen: screen.player.giveUp()
-        }
+    Interruption {
+        player: screen.player
     }
 
     Text {

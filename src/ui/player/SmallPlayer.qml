@@ -18,21 +18,12 @@ FocusScope {
         visible: !screen.player.surfaceVisible
     }
 
-    MouseArea {
-        property point start
-
+    WindowDrag {
         anchors.fill: parent
+        window: screen.window
+        maximizes: false
         hoverEnabled: true
-        onPressed: mouse => start = Qt.point(mouse.x, mouse.y)
-        onPositionChanged: mouse => {
-            screen.remote.moved();
-            if (!pressed || Math.hypot(mouse.x - start.x, mouse.y - start.y) < Application.styleHints.startDragDistance)
-                return;
-            // The window manager takes the pointer, and the button's release with it.
-            enabled = false;
-            enabled = true;
-            screen.window.move();
-        }
+        onPositionChanged: screen.remote.moved()
         onClicked: screen.player.togglePause()
         onDoubleClicked: {
             // The first of the two clicks was no order to pause.
@@ -47,16 +38,9 @@ FocusScope {
         player: screen.player
     }
 
-    OnDemand {
+    Interruption {
         anchors.bottom: parent.bottom
-        width: parent.width
-        visible: wanted
-        wanted: screen.player.interruption !== ""
-
-        sourceComponent: InterruptionStrip {
-            text: screen.player.interruption
-            onEndChosen: screen.player.giveUp()
-        }
+        player: screen.player
     }
 
     StyledText {

@@ -48,16 +48,10 @@ PersistentVideoOverlay {
         }
     }
 
-    OnDemand {
-        width: parent.width
+    Interruption {
         y: parent.height - height
-        visible: wanted
-        wanted: overlay.placed && !overlay.filling && overlay.player.interruption !== ""
-
-        sourceComponent: InterruptionStrip {
-            text: overlay.player.interruption
-            onEndChosen: overlay.player.giveUp()
-        }
+        player: overlay.player
+        placed: overlay.placed && !overlay.filling
     }
 
     OnDemand {

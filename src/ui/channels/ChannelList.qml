@@ -1,0 +1,72 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vantor.Style
+import Vantor.Ui
+
+// Channels with what they show now and next, around the highlighted one. The highlight is the
+// model's, not the view's.
+ListView {
+    id: list
+
+    required property ArtworkStore artwork
+    // The highlighted row, -1 without one.
+    required property int currentRow
+    // Whether the keys go to it.
+    required property bool focused
+    readonly property int rowHeight: 44
+    readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
+    readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
+
+    // The rows on screen, both included.
+    signal rowsShown(first: int, last: int)
+    signal opened(row: int)
+
+    // Room for the focus ring, which is drawn around a row.
+    topMargin: 4
+    bottomMargin: 12
+    leftMargin: 4
+    rightMargin: 10
+    spacing: 6
+    clip: true
+    reuseItems: true
+    cacheBuffer: 400
+    boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: false
+    currentIndex: -1
+    ScrollBar.vertical: ThinScrollBar {}
+
+    Accessible.role: Accessible.List
+
+    function centerCurrent() {
+        if (currentRow >= 0)
+            positionViewAtIndex(currentRow, ListView.Center);
+        tell();
+    }
+
+    function tell() {
+        if (focused && currentRow >= 0)
+            Assistive.highlight(itemAtIndex(currentRow));
+    }
+
+    function reportRows() {
+        rowsShown(firstRow, lastRow);
+    }
+
+    Component.onCompleted: {
+        centerCurrent();
+        reportRows();
+    }
+    onFocusedChanged: tell()
+    onHeightChanged: centerCurrent()
+    onFirstRowChanged: reportRows()
+    onLastRowChanged: reportRows()
+    onCurrentRowChanged: centerCurrent()
+
+    delegate: GuideRow {
+        width: list.width - list.leftMargin - list.rightMargin
+        height: list.rowHeight
+        focused: list.focused
+        artworkStore: list.artwork
+        onOpened: row => list.opened(row)
+    }
+}
