@@ -184,7 +184,7 @@ QCoro::Task<> Playback::openSource(QPointer<Playback> self, Ticket ticket, bool 
   const std::optional<Pending<Done>> other =
       self->beforeOpening ? self->beforeOpening() : std::nullopt;
   if (other) {
-    const Pending<Done> over = *other;
+    const Pending<Done>& over = *other;
     co_await over;
   }
   if (!self || token.stop_requested() || self->generation_ != ticket) co_return;
