@@ -15,7 +15,8 @@ inline httplib::Client clientOf(const Server& server) {
   httplib::Client client("127.0.0.1", server.port());
   // Addresses go out exactly as written here.
   client.set_url_encode(false);
-  client.set_read_timeout(5);
+  // Under a sanitizer the largest library takes its time.
+  client.set_read_timeout(30);
   return client;
 }
 
