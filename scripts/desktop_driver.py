@@ -9,16 +9,14 @@ import time
 import pyatspi
 from gi.repository import GLib
 
+from desktop_input import desktop, run
+
 TIMEOUT = 40  # seconds after which what was waited for counts as not coming
 PASSWORD = "p&ss+1"  # with characters that addresses need escaped, but that every keyboard has
 
 
 class Failed(Exception):
     pass
-
-
-def run(*command):
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
 def start_accessibility():
@@ -62,6 +60,7 @@ class Player:
 
     def __init__(self, build, output, config_url, *arguments):
         self.output = output
+        self.desktop = desktop()
         self.shots = 0
         self.told = []  # names of what assistive programs were told to look at
         pyatspi.Registry.registerEventListener(self.hear, "object:state-changed:focused")
@@ -70,8 +69,7 @@ class Player:
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", VANTOR_AUDIO="none")
         self.process = subprocess.Popen([f"{build}/src/app/vantor", *arguments], env=environment)
         self.wait("the window", lambda: self.application() is not None)
-        self.window = self.wait("the window's number", self.window_number)
-        run("xdotool", "windowfocus", "--sync", self.window)
+        self.wait("the window on screen", lambda: self.desktop.focus("Vantor Player"))
 
     def say(self, text):
         print(text, flush=True)
@@ -102,10 +100,6 @@ class Player:
             if application and application.get_process_id() == self.process.pid:
                 return application if application.childCount > 0 else None
         return None
-
-    def window_number(self):
-        found = run("xdotool", "search", "--onlyvisible", "--name", "Vantor Player").split()
-        return found[-1] if found else None
 
     def all(self):
         def walk(node):
@@ -167,7 +161,8 @@ class Player:
 
     def box(self, node):
         extents = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        return extents.x, extents.y, extents.width, extents.height
+        left, top = self.desktop.origin
+        return left + extents.x, top + extents.y, extents.width, extents.height
 
     def focused(self):
         for node in self.all():
@@ -184,12 +179,12 @@ class Player:
     # What a person does
 
     def type(self, text):
-        run("xdotool", "type", "--delay", "15", text)
+        self.desktop.type(text)
 
     def press(self, *keys):
         for key in keys:
             self.told.clear()
-            run("xdotool", "key", "--delay", "30", key)
+            self.desktop.press(key)
             time.sleep(0.08)
 
     def tab_to(self, name, role=""):
@@ -217,26 +212,26 @@ class Player:
     def point(self, node, clicks=1, button=1):
         """Clicks a thing; buttons 4 and 5 turn the wheel over it up and down."""
         x, y, width, height = self.box(node)
-        run("xdotool", "mousemove", "--sync", str(x + width // 2), str(y + height // 2))
-        run("xdotool", "click", "--repeat", str(clicks), "--delay", "60", str(button))
+        self.desktop.move(x + width // 2, y + height // 2)
+        self.desktop.click(button, clicks)
         # A pointer that rests on a list that drops down chooses from it.
-        run("xdotool", "mousemove", "--sync", "1590", "990")
+        self.desktop.move(1590, 990)
 
     def shot(self, name):
         self.shots += 1
         path = os.path.join(self.output, f"{self.shots:02}-{name}.png")
-        run("import", "-window", "root", path)
+        self.desktop.picture(path)
         return path
 
     def picture_moves(self, node):
         """Whether the screen under `node` shows something that moves, and is not one colour."""
         x, y, width, height = self.box(node)
         # Away from the edges, where other things may be drawn over the picture.
-        crop = f"{width * 8 // 10}x{height * 6 // 10}+{x + width // 10}+{y + height // 10}"
+        middle = (x + width // 10, y + height // 10, width * 8 // 10, height * 6 // 10)
 
         def frame(number):
             path = os.path.join(self.output, f".frame-{number}.png")
-            run("import", "-window", "root", "-crop", crop, "+repage", path)
+            self.desktop.picture(path, middle)
             return path
 
         first = frame(0)

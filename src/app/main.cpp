@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QPointingDevice>
 #include <QQuickStyle>
 #include <clocale>
 #include <cstdio>
@@ -62,6 +63,9 @@ int main(int argc, char** argv) {
   };
   // The bus answers while the application finds its display.
   askForOthers();
+  // A mouse that Qt knows before it meets a compositor: it takes a touchpad's gestures for the only
+  // pointer there otherwise, and each click for a finger's, which has all buttons.
+  QPointingDevice::primaryPointingDevice();
   const QGuiApplication application(argc, argv);
   // Without what is Qt's, which could have been mistakes before.
   launch = launchArguments(QGuiApplication::arguments());

@@ -63,12 +63,11 @@ ChannelList {
             list.shell.activateSelection()
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => {
-            const row = list.itemAt(eventPoint.position.x, eventPoint.position.y) as GuideRow;
+    MenuTap {
+        onAsked: place => {
+            const row = list.itemAt(place.x, place.y) as GuideRow;
             if (row)
-                list.openMenu(row, eventPoint.position.x - row.x, eventPoint.position.y - row.y);
+                list.openMenu(row, place.x - row.x, place.y - row.y);
         }
     }
 

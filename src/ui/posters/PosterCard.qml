@@ -100,8 +100,7 @@ Item {
         cornerRadius: Style.radius + card.border
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: point => card.menuRequested(card.index, point.position)
+    MenuTap {
+        onAsked: place => card.menuRequested(card.index, place)
     }
 }

@@ -4,6 +4,7 @@
 #include <QQuickItem>
 #include <QRawFont>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QTest>
 
 #include "ui/player/persistent_video_overlay.h"
@@ -278,6 +279,45 @@ TEST_F(WindowTest, TheListTakesKeysFromTheStartAndDoubleClicks) {
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
   doubleClick(row->height() / 2);
   EXPECT_EQ(app->playback().itemID(), u"live:3"_s) << "the row under the pointer";
+}
+
+TEST_F(WindowTest, AFingerChoosesAndOneThatStaysOpensTheMenu) {
+  open(3);
+  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 3));
+  QPointingDevice* screen = QTest::createTouchDevice();
+  const struct {
+    Section section;
+    const char* menuText;
+  } lists[] = {{Section::live, "Watch channel"}, {Section::movies, "Play"}};
+  for (const auto& list : lists) {
+    SCOPED_TRACE(list.menuText);
+    app->navigate(list.section);
+    const QQuickItem* row = appears("name", u"Title 2"_s);
+    const QPoint place = row->mapToScene(row->boundingRect().center()).toPoint();
+    const auto menu = [&] {
+      const QQuickItem* keys = window->activeFocusItem();
+      return keys && keys->inherits("QQuickMenuItem") &&
+             keys->property("text") == QLatin1String(list.menuText);
+    };
+    QTest::mouseClick(window, Qt::RightButton, Qt::NoModifier, place);
+    EXPECT_TRUE(QTest::qWaitFor(menu, 500));
+    press(Qt::Key_Escape);
+    QTest::touchEvent(window, screen).press(0, place);
+    QTest::touchEvent(window, screen).release(0, place);
+    QTest::qWait(0);
+    EXPECT_TRUE(selectedID().endsWith(u":2"_s)) << selectedID().toStdString();
+    EXPECT_FALSE(menu());
+    for (const int away : {0, 0, 100}) {
+      QTest::touchEvent(window, screen).press(0, place);
+      QTest::qWait(QGuiApplication::styleHints()->mousePressAndHoldInterval() + 50);
+      if (away > 0) QTest::touchEvent(window, screen).move(0, place + QPoint(0, away));
+      QTest::touchEvent(window, screen).release(0, place + QPoint(0, away));
+      QTest::qWait(50);
+      EXPECT_EQ(menu(), away == 0);
+      press(Qt::Key_Escape);
+    }
+    EXPECT_FALSE(menu());
+  }
 }
 
 TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
