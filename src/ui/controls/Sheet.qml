@@ -11,11 +11,14 @@ Popup {
     required property string name
     default property alias body: scope.data
     property Item firstFocus: null
+    // Of the window's edges at least.
+    readonly property int away: 12
 
     signal escaped
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
+    scale: parent ? Math.min(1, parent.width / (width + 2 * away), parent.height / (height + 2 * away)) : 1
     modal: true
     focus: true
     padding: 0

@@ -10,12 +10,14 @@ ApplicationWindow {
     required property Views views
     // Whether the first frame is on the screen; what it can do without comes after it.
     property bool appeared: false
+    // The content is never smaller than this; a desktop that makes the window smaller sees it reduced.
+    readonly property size smallest: Qt.size(1100, 720)
 
     title: "Vantor Player"
     width: 1320
     height: 820
-    minimumWidth: 1100
-    minimumHeight: 720
+    minimumWidth: smallest.width
+    minimumHeight: smallest.height
     visible: true
     // The window draws its own frame.
     flags: Qt.Window | Qt.FramelessWindowHint
@@ -59,7 +61,11 @@ ApplicationWindow {
 
     ShellScreen {
         objectName: "shell"
-        anchors.fill: parent
+        width: window.width / scale
+        height: window.height / scale
+        // The picture alone has room in the smallest window.
+        scale: window.views.remote.pictureOnly ? 1 : Math.min(1, window.width / window.smallest.width, window.height / window.smallest.height)
+        transformOrigin: Item.TopLeft
         focus: true
         views: window.views
         window: actions

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <chrono>
 
 #include "platform/preferences.h"
@@ -37,6 +38,24 @@ int area(const QRect& rectangle) {
 
 bool placesWindows() {
   return !QGuiApplication::platformName().startsWith("wayland"_L1);
+}
+
+/// Whether the desktop gives windows their sizes, and Qt's Wayland would not follow it below the
+/// smallest.
+bool laysOutWindows() {
+  static constexpr std::array tiling{"sway", "Hyprland", "river", "niri"};
+  const QList<QByteArray> desktops = qgetenv("XDG_CURRENT_DESKTOP").split(':');
+  return !placesWindows() && std::ranges::any_of(tiling, [&desktops](const char* name) {
+    return desktops.contains(QByteArray(name));
+  });
+}
+
+QSize smallestOn(const QScreen& screen, const QSize& usual) {
+  if (laysOutWindows()) return {};
+  QSize room = screen.availableSize();
+  // Wayland does not say how much of it the desktop's panels take.
+  if (!placesWindows()) room = room * 4 / 5;
+  return usual.boundedTo(room);
 }
 
 QStringList texts(const QRect& place) {
@@ -73,7 +92,8 @@ const QScreen* screenOf(const QRect& place) {
 }  // namespace
 
 WindowPlace::WindowPlace(QWindow& window, Preferences& preferences)
-    : window_(window), preferences_(preferences), smallest_(window.minimumSize()) {
+    : window_(window), preferences_(preferences), usuallySmallest_(window.minimumSize()) {
+  fitScreen();
   restore();
   settled_.setSingleShot(true);
   settled_.setInterval(settling);
@@ -83,10 +103,17 @@ WindowPlace::WindowPlace(QWindow& window, Preferences& preferences)
        {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
     connect(&window, signal, this, changed);
   connect(&window, &QWindow::windowStateChanged, this, changed);
+  connect(&window, &QWindow::screenChanged, this, &WindowPlace::fitScreen);
 }
 
 WindowPlace::~WindowPlace() {
   if (settled_.isActive()) store();
+}
+
+void WindowPlace::fitScreen() {
+  connect(window_.screen(), &QScreen::availableGeometryChanged, this, &WindowPlace::fitScreen,
+          Qt::UniqueConnection);
+  if (!small_) window_.setMinimumSize(smallestOn(*window_.screen(), usuallySmallest_));
 }
 
 void WindowPlace::restore() {
@@ -96,7 +123,7 @@ void WindowPlace::restore() {
   if (known) place = rectangle(stored);
   const QScreen* screen = known ? screenOf(place) : nullptr;
   const QRect room = (screen ? screen : window_.screen())->availableGeometry();
-  place.setSize(place.size().boundedTo(room.size()).expandedTo(smallest_));
+  place.setSize(place.size().boundedTo(room.size()).expandedTo(window_.minimumSize()));
   window_.resize(place.size());
   if (screen && placesWindows()) {
     place = within(room, place);
@@ -119,7 +146,7 @@ void WindowPlace::setSmall(bool small) {
   window_.setFlag(Qt::WindowStaysOnTopHint, small);
   if (!small) {
     window_.setGeometry(normal_);
-    window_.setMinimumSize(smallest_);
+    fitScreen();
     if (maximized_) window_.showMaximized();
     return;
   }

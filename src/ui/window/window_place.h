@@ -14,7 +14,8 @@ class Preferences;
 /// keeps them for the next one. Main thread only; window and preferences outlive it.
 ///
 /// A place without a screen moves to one that is there. Wayland tells no program where its windows
-/// are; there only the size comes back.
+/// are; there only the size comes back. The smallest size, which the window comes with, holds where
+/// the screen has room for it and the desktop does not lay windows out by itself.
 class WindowPlace final : public QObject {
   Q_OBJECT
 
@@ -27,13 +28,15 @@ class WindowPlace final : public QObject {
   void setSmall(bool small);
 
  private:
+  /// Sets what the window's smallest size is on its screen.
+  void fitScreen();
   void restore();
   void store();
   void storeUsual();
 
   QWindow& window_;
   Preferences& preferences_;
-  const QSize smallest_;
+  const QSize usuallySmallest_;
   QRect normal_;            // while the window is not maximized
   bool maximized_ = false;  // while it was not small
   bool small_ = false;

@@ -178,6 +178,30 @@ TEST_F(WindowFrameTest, TheSizeStaysWhenAScreenChanges) {
   EXPECT_EQ(window->size(), QSize(1200, 760));
 }
 
+TEST_F(WindowFrameTest, WhatTheDesktopMakesTooSmallStaysWithinReach) {
+  open(3);
+  for (const QSize size : {QSize(1100, 540), QSize(700, 720), QSize(550, 360), QSize(1400, 900)}) {
+    SCOPED_TRACE(testing::Message() << size.width() << " by " << size.height());
+    window->resize(size);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->size() == size; }));
+    QTest::qWait(50);
+    const auto reach = [&](const char* property, const QString& text) {
+      QQuickItem* item = appears(property, text);
+      const QRectF place = item->mapRectToScene(item->boundingRect());
+      EXPECT_TRUE(QRectF(QPointF(), size).contains(place)) << text.toStdString();
+      return item;
+    };
+    reach("text", u"Title 3"_s);
+    click(reach("text", u"Settings"_s));
+    click(reach("text", u"Done"_s));
+    EXPECT_FALSE(app->showingSettings());
+    press(Qt::Key_K, Qt::ControlModifier);
+    reach("text", u"Connect"_s);
+    click(reach("text", u"Close"_s));
+    EXPECT_FALSE(app->showingConnect());
+  }
+}
+
 TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   ASSERT_EQ(screen.size(), QSize(1600, 1000));
