@@ -1,5 +1,7 @@
 #include "core/app_model.h"
 
+#include <algorithm>
+
 #include "playback/playback.h"
 
 namespace vantor {
@@ -17,7 +19,8 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
                       },
                   .notice = [this](const QString& text) { notice_.set(text); }}),
       record_(services_.preferences, announcements_, session_,
-              [this] { browsing_.favoritesDiffer(); }),
+              {.favoritesDiffer = [this] { browsing_.favoritesDiffer(); },
+               .begunDiffer = [this] { browsing_.begunDiffer(); }}),
       browsing_(announcements_, libraries_, record_),
       guide_(services_, announcements_, session_, [this] { details_.clearError(); }),
       details_(services_, announcements_, session_, guide_),
@@ -60,7 +63,14 @@ void AppModel::navigate(Section section) {
 }
 
 void AppModel::selectRemembered() {
-  if (const std::optional<MediaItem> item = browsing_.remembered()) select(*item);
+  std::optional<MediaItem> item = browsing_.remembered();
+  if (!item && browsing_.section() == Section::live && habits_) item = lastChannel();
+  if (item) select(*item);
+}
+
+std::optional<MediaItem> AppModel::lastChannel() const {
+  const std::optional<std::size_t> place = browsing_.items().indexOf(habits_->lastChannel());
+  return place ? std::optional(browsing_.items().item(*place)) : std::nullopt;
 }
 
 void AppModel::takeUpRecord() {
@@ -82,6 +92,16 @@ void AppModel::select(MediaItem item) {
 
 void AppModel::favorite(MediaItem item) {
   record_.toggle(item.id);
+}
+
+void AppModel::stopContinuing(const QString& entryID) {
+  const Announcements::Scope scope(announcements_);
+  const bool isSelected = browsing_.selected() && browsing_.selected()->id == entryID;
+  const std::optional<std::size_t> place = browsing_.items().indexOf(entryID);
+  record_.removeBegun(entryID);
+  const ItemList& left = browsing_.items();
+  if (!isSelected || !place || left.empty() || left.indexOf(entryID)) return;
+  select(left.item(std::min(*place, left.size() - 1)));
 }
 
 void AppModel::refreshGuide() {

@@ -39,6 +39,8 @@ class AppModel final : public QObject {
   void setCategory(const QString& id);
   void select(MediaItem item);
   void favorite(MediaItem item);
+  /// Takes the entry out of "Continue watching"; where that is shown, the next one is highlighted.
+  void stopContinuing(const QString& entryID);
   void load(LibraryKind kind, LoadMode mode) { libraries_.load(kind, mode); }
   void refreshGuide();
 
@@ -74,7 +76,9 @@ class AppModel final : public QObject {
 
   /// Goes where there is no account and nothing is loaded; every job of the world before is stale.
   void leaveWorld();
+  /// Selects what was selected when the section was left; among the channels else the last one.
   void selectRemembered();
+  std::optional<MediaItem> lastChannel() const;  // while it is in the list
   /// Goes on with what is kept of the user's last account.
   void takeUpRecord();
 

@@ -1,8 +1,12 @@
 #include "core/browsing.h"
 
+#include <algorithm>
+
 #include "library/folded_text.h"
 
 namespace vantor {
+
+const QString Browsing::continueWatching(QChar(0xD800));
 
 Browsing::Browsing(Announcements& announcements, const Libraries& libraries,
                    const WatchRecord& record)
@@ -29,21 +33,49 @@ std::shared_ptr<const ItemList> Browsing::sharedItems() const {
 
 ItemList Browsing::makeItems() const {
   ItemList list;
-  const CatalogFilter filter{category(), folded(search().toStdString())};
-  for (const auto& [library, loaded] : libraries_.catalogs())
-    if (!kind() || library == kind()) list.append(library, loaded, filter);
-  if (section() == Section::favorites)
-    list.keepOnly(std::vector<QString>(record_.favorites().begin(), record_.favorites().end()));
+  const bool continues = category() == continueWatching;
+  const CatalogFilter filter{continues ? QString() : category(), folded(search().toStdString())};
+  for (const auto& [library, loaded] : libraries_.catalogs()) {
+    if (kind() && library != kind()) continue;
+    if (continues)
+      list.appendInOrder(library, loaded, filter, record_.begun());
+    else if (section() == Section::favorites)
+      list.append(library, loaded, filter, record_.favorites().values());
+    else
+      list.append(library, loaded, filter);
+  }
   return list;
 }
 
+bool Browsing::hasBegun(Section section) const {
+  const auto library = libraryOf(section);
+  if (!library || library == LibraryKind::live) return false;
+  const Catalog loaded = libraries_.catalog(*library);
+  return std::ranges::any_of(record_.begun(),
+                             [&](const QString& id) { return loaded.indexOf(id).has_value(); });
+}
+
+bool Browsing::continueWatchingOffered() const {
+  return hasBegun(section());
+}
+
+void Browsing::leaveEmptyCategory() {
+  if (category() == continueWatching && !continueWatchingOffered()) category_.set({});
+}
+
 void Browsing::itemsDiffer() {
+  const Announcements::Scope scope(announcements_);
+  leaveEmptyCategory();
   items_.reset();
   itemsDiffer_.note();
 }
 
 void Browsing::favoritesDiffer() {
   if (section() == Section::favorites) itemsDiffer();
+}
+
+void Browsing::begunDiffer() {
+  if (category() == continueWatching) itemsDiffer();
 }
 
 void Browsing::setFilter(Section section, const QString& category, const QString& search) {
@@ -61,7 +93,8 @@ void Browsing::setSearch(const QString& search) {
 
 void Browsing::choose(const QString& category) {
   browseAnchors_.erase(section());
-  setFilter(section(), category, search());
+  const bool isGone = category == continueWatching && !continueWatchingOffered();
+  setFilter(section(), isGone ? QString() : category, search());
 }
 
 void Browsing::setSelected(std::optional<MediaItem> item) {
@@ -88,7 +121,8 @@ void Browsing::enter(Section target) {
   positions_[section()] = left;
 
   const auto known = positions_.find(target);
-  const Position position = known == positions_.end() ? Position() : known->second;
+  Position position = known == positions_.end() ? Position() : known->second;
+  if (position.category == continueWatching && !hasBegun(target)) position.category.clear();
   setFilter(target, position.category, position.search);
   setSelected(std::nullopt);
   setShowingEpisodes(false);

@@ -15,6 +15,10 @@ class Browsing final : public QObject {
   Q_OBJECT
 
  public:
+  /// The category of the entries that were begun and not finished, newest first. Half of a pair of
+  /// code units is no text in Unicode, so no provider has a category of that id.
+  static const QString continueWatching;
+
   Browsing(Announcements& announcements, const Libraries& libraries, const WatchRecord& record);
 
   Section section() const { return section_.get(); }
@@ -24,7 +28,10 @@ class Browsing final : public QObject {
   const ItemList& items() const { return *sharedItems(); }  // valid until the list changes
   /// The same, to keep for as long as it is shown.
   std::shared_ptr<const ItemList> sharedItems() const;
-  const QString& category() const { return category_.get(); }  // an id, empty for all
+  /// An id of the provider, `continueWatching`, or empty for all.
+  const QString& category() const { return category_.get(); }
+  /// Whether entries of the section were begun and not finished, so that it has that category.
+  bool continueWatchingOffered() const;
   const QString& search() const { return search_.get(); }
   const std::optional<MediaItem>& selected() const { return selected_.get(); }
   /// The entry in the middle of a section's posters.
@@ -47,6 +54,7 @@ class Browsing final : public QObject {
   /// What the list is made of differs.
   void itemsDiffer();
   void favoritesDiffer();
+  void begunDiffer();
   /// Back to the live section, whole, with no section remembered.
   void reset();
 
@@ -68,6 +76,9 @@ class Browsing final : public QObject {
     std::optional<QString> anchor;
   };
   void setFilter(Section section, const QString& category, const QString& search);
+  bool hasBegun(Section section) const;
+  /// Leaves "Continue watching" for all entries when it has none any more.
+  void leaveEmptyCategory();
   ItemList makeItems() const;
 
   Announcements& announcements_;

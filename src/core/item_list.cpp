@@ -36,8 +36,10 @@ std::optional<std::size_t> ItemList::indexOf(const QString& id) const {
     if (!sources_[source]) continue;
     const auto row = sources_[source]->indexOf(id);
     if (!row) continue;
-    const auto found = std::lower_bound(entries_.begin(), entries_.end(), entry(source, *row));
-    if (found != entries_.end() && *found == entry(source, *row))
+    const std::uint32_t wanted = entry(source, *row);
+    const auto found = rowsRise_ ? std::lower_bound(entries_.begin(), entries_.end(), wanted)
+                                 : std::find(entries_.begin(), entries_.end(), wanted);
+    if (found != entries_.end() && *found == wanted)
       return static_cast<std::size_t>(found - entries_.begin());
   }
   return std::nullopt;
@@ -57,13 +59,24 @@ void ItemList::append(LibraryKind source, const Catalog& catalog, const CatalogF
   for (std::size_t i = begin; i < entries_.size(); ++i) entries_[i] |= entry(number, 0);
 }
 
-void ItemList::keepOnly(const std::vector<QString>& ids) {
-  std::vector<std::uint32_t> kept;
-  for (const QString& id : ids)
-    if (const auto index = indexOf(id)) kept.push_back(entries_[*index]);
-  std::sort(kept.begin(), kept.end());
-  kept.erase(std::unique(kept.begin(), kept.end()), kept.end());
-  entries_ = std::move(kept);
+void ItemList::append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter,
+                      const QStringList& ids) {
+  const auto begin = static_cast<std::ptrdiff_t>(entries_.size());
+  const bool didRise = rowsRise_;
+  appendInOrder(source, catalog, filter, ids);
+  std::sort(entries_.begin() + begin, entries_.end());
+  rowsRise_ = didRise;
+}
+
+void ItemList::appendInOrder(LibraryKind source, const Catalog& catalog,
+                             const CatalogFilter& filter, const QStringList& ids) {
+  const auto number = static_cast<std::size_t>(source);
+  sources_[number] = catalog;
+  rowsRise_ = false;
+  for (const QString& id : ids) {
+    const auto row = catalog.indexOf(id);
+    if (row && catalog.matches(*row, filter)) entries_.push_back(entry(number, *row));
+  }
 }
 
 }  // namespace vantor

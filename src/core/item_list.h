@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -8,7 +9,8 @@
 
 namespace vantor {
 
-/// Entries of one or more libraries, in library order: numbers into shared catalogues, not copies.
+/// Entries of one or more libraries: numbers into shared catalogues, not copies. In library order,
+/// unless they were appended in another.
 /// An index that the list does not have is a mistake of the caller: it ends a debug build, and is
 /// answered with nothing otherwise.
 class ItemList {
@@ -24,8 +26,12 @@ class ItemList {
 
   /// Appends the entries of `catalog`, the library `source`, that match. Sources come in order.
   void append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter);
-  /// Keeps the entries whose id is one of `ids`.
-  void keepOnly(const std::vector<QString>& ids);
+  /// The same of those entries only that have one of these ids.
+  void append(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter,
+              const QStringList& ids);
+  /// The same in the order of the ids, each of which comes once.
+  void appendInOrder(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter,
+                     const QStringList& ids);
 
  private:
   struct Place {
@@ -34,8 +40,9 @@ class ItemList {
   };
   std::optional<Place> place(std::size_t index) const;
 
-  // The library in the two upper bits, the row below; rises along the list.
+  // The library in the two upper bits, which never fall along the list, the row below.
   std::vector<std::uint32_t> entries_;
+  bool rowsRise_ = true;
   std::array<std::optional<Catalog>, allLibraryKinds.size()> sources_;
 };
 

@@ -36,7 +36,12 @@ void AppModel::play(MediaItem item) {
   const std::optional<MediaItem> before = std::exchange(handedOver_, item);
   playback_->play(request);
   // A recording keeps what plays.
-  if (playback_->itemID() != item.id) handedOver_ = before;
+  if (playback_->itemID() != item.id) {
+    handedOver_ = before;
+    return;
+  }
+  record_.watch(item);
+  if (habits_ && item.kind == LibraryKind::live) habits_->setLastChannel(item.id);
 }
 
 std::optional<MediaItem> AppModel::playing() const {

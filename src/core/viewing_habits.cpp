@@ -23,6 +23,10 @@ QString shapesKey(const QString& account) {
   return u"shapes-"_s + account;
 }
 
+QString channelKey(const QString& account) {
+  return u"channel-"_s + account;
+}
+
 /// Each row is a shape, a space and the entry's id; the one used last stands first. Rows of shapes
 /// that are not known here stay.
 qsizetype rowOf(const QStringList& rows, const QString& id) {
@@ -92,12 +96,22 @@ void ViewingHabits::storeShape() {
   preferences_.setTextList(key, rows.mid(0, shapeBound));
 }
 
+QString ViewingHabits::lastChannel() const {
+  if (!session_.account()) return {};
+  return preferences_.text(channelKey(session_.account()->idText())).value_or(QString());
+}
+
+void ViewingHabits::setLastChannel(const QString& id) {
+  if (session_.account()) preferences_.setText(channelKey(session_.account()->idText()), id);
+}
+
 void ViewingHabits::takeOver(const QString& account) {
-  const QString from = shapesKey(account);
-  const QStringList rows = preferences_.textList(from);
-  if (rows.isEmpty()) return;
-  preferences_.setTextList(shapesKey(session_.account()->idText()), rows);
-  preferences_.remove(from);
+  for (const auto& key : {shapesKey, channelKey}) {
+    const QStringList texts = preferences_.textList(key(account));
+    if (texts.isEmpty()) continue;
+    preferences_.setTextList(key(session_.account()->idText()), texts);
+    preferences_.remove(key(account));
+  }
 }
 
 }  // namespace vantor

@@ -10,8 +10,8 @@ class Playback;
 class Preferences;
 class Session;
 
-/// How the user likes to watch, kept in the preferences: the volume, and per account the shapes of
-/// pictures. Only what the user does is recorded. Main thread only.
+/// How the user likes to watch, kept in the preferences: the volume, and per account the last
+/// channel and the shapes of pictures. Only what the user does is recorded. Main thread only.
 class ViewingHabits final : public QObject {
   Q_OBJECT
 
@@ -22,6 +22,9 @@ class ViewingHabits final : public QObject {
   /// How the picture of the account's entry was laid last, `fit` unless otherwise; counts as a use
   /// of it, since those that were not used for the longest are forgotten.
   PictureShape shapeFor(const QString& id);
+  /// The entry id of the account's channel that was played last, empty while there is none.
+  QString lastChannel() const;
+  void setLastChannel(const QString& id);
   /// Goes on with what is kept for another account.
   void takeOver(const QString& account);
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "library/catalog_contents.h"
+#include "library/text_hash.h"
 
 namespace vantor {
 namespace {
@@ -37,9 +38,8 @@ std::size_t Catalog::size() const {
 }
 
 QString Catalog::id(std::size_t index) const {
-  const EntryRow& row = contents_->rows[index];
-  if (row.flags & hasOwnID) return qt(contents_->textOf(index, EntryText::id));
-  return entryID(row.kind, qt(contents_->textOf(index, EntryText::providerID)));
+  std::string buffer;
+  return qt(contents_->idOf(index, buffer));
 }
 
 QString Catalog::name(std::size_t index) const {
@@ -75,17 +75,10 @@ MediaItem Catalog::item(std::size_t index) const {
 
 std::optional<std::size_t> Catalog::indexOf(const QString& id) const {
   const std::string wanted = id.toStdString();
-  for (std::size_t row = 0; row < size(); ++row) {
-    const EntryRow& entry = contents_->rows[row];
-    if (entry.flags & hasOwnID) {
-      if (contents_->textOf(row, EntryText::id) == wanted) return row;
-      continue;
-    }
-    const std::string_view providerID = contents_->textOf(row, EntryText::providerID);
-    if (!std::string_view(wanted).ends_with(providerID)) continue;
-    if (this->id(row) == id) return row;
-  }
-  return std::nullopt;
+  std::string buffer;
+  return contents_->idIndex.find(TextHash()(wanted), [&](std::uint32_t row) {
+    return contents_->idOf(row, buffer) == wanted;
+  });
 }
 
 const std::vector<MediaCategory>& Catalog::categories() const {
@@ -133,12 +126,18 @@ void Catalog::match(const CatalogFilter& filter, std::vector<std::uint32_t>& ind
   }
 }
 
+bool Catalog::matches(std::size_t index, const CatalogFilter& filter) const {
+  const std::string& category = contents_->categoryIDs[contents_->rows[index].category];
+  return (filter.category.isEmpty() || category == filter.category.toStdString()) &&
+         contents_->foldedNameOf(index).find(filter.foldedName) != std::string_view::npos;
+}
+
 std::size_t Catalog::memory() const {
   const CatalogContents& contents = *contents_;
   return sizeof(CatalogContents) + contents.text.capacity() +
          contents.rows.capacity() * sizeof(EntryRow) + contents.foldedNames.capacity() +
          contents.foldedEnds.capacity() * sizeof(std::uint32_t) + contents.numbers.size() * 32 +
-         contents.categoryIDs.capacity() * sizeof(std::string) +
+         contents.categoryIDs.capacity() * sizeof(std::string) + contents.idIndex.memory() +
          contents.categories.capacity() * sizeof(MediaCategory);
 }
 

@@ -34,6 +34,7 @@ class Catalog {
   QString id(std::size_t index) const;
   QString name(std::size_t index) const;
   LibraryKind kind(std::size_t index) const;
+  /// The first entry with that id, at the same cost in any library.
   std::optional<std::size_t> indexOf(const QString& id) const;
 
   const std::vector<MediaCategory>& categories() const;
@@ -41,6 +42,7 @@ class Catalog {
 
   /// Appends the indexes of the entries that match, in order.
   void match(const CatalogFilter& filter, std::vector<std::uint32_t>& indexes) const;
+  bool matches(std::size_t index, const CatalogFilter& filter) const;
 
   /// Bytes that the contents hold in memory.
   std::size_t memory() const;

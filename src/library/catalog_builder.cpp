@@ -6,6 +6,17 @@
 #include "library/folded_text.h"
 
 namespace vantor {
+namespace {
+
+void indexIDs(CatalogContents& contents) {
+  const auto count = static_cast<std::uint32_t>(contents.rows.size());
+  contents.idIndex = EntryIndex(count);
+  std::string buffer;
+  for (std::uint32_t row = 0; row < count; ++row)
+    contents.idIndex.add(TextHash()(contents.idOf(row, buffer)), row);
+}
+
+}  // namespace
 
 CatalogBuilder::CatalogBuilder(std::size_t expectedText)
     : contents_(std::make_shared<CatalogContents>()) {
@@ -77,6 +88,7 @@ Catalog CatalogBuilder::build(Catalog::Time savedAt) {
   contents_->foldedEnds.shrink_to_fit();
   categories_.clear();
   extensions_.clear();
+  indexIDs(*contents_);
   return Catalog(std::exchange(contents_, std::make_shared<CatalogContents>()));
 }
 

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "library/catalog.h"
+#include "library/entry_index.h"
 
 namespace vantor {
 
@@ -46,6 +47,7 @@ struct CatalogContents {
   std::string foldedNames;                                  // each followed by the separator
   std::vector<std::uint32_t> foldedEnds;  // by row, the offset after its separator
   std::vector<MediaCategory> categories;
+  EntryIndex idIndex;  // by the hash of an id
   Catalog::Time savedAt;
 
   // Not a byte of UTF-8, so no name and no search text holds it.
@@ -57,6 +59,18 @@ struct CatalogContents {
                                 : row > 0 ? rows[row - 1].ends.back()
                                           : 0;
     return std::string_view(text).substr(begin, rows[row].ends[index] - begin);
+  }
+
+  /// May lie in `buffer`.
+  std::string_view idOf(std::size_t row, std::string& buffer) const {
+    if (rows[row].flags & hasOwnID) return textOf(row, EntryText::id);
+    buffer.assign(idPrefix(rows[row].kind)).append(textOf(row, EntryText::providerID));
+    return buffer;
+  }
+
+  std::string_view foldedNameOf(std::size_t row) const {
+    const std::uint32_t begin = row > 0 ? foldedEnds[row - 1] : 0;
+    return std::string_view(foldedNames).substr(begin, foldedEnds[row] - begin - 1);
   }
 };
 

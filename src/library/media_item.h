@@ -3,6 +3,7 @@
 #include <QString>
 #include <QUrl>
 #include <optional>
+#include <string_view>
 
 #include "library/library_kind.h"
 
@@ -28,7 +29,8 @@ struct MediaItem {
   std::optional<QString> year;
   std::optional<int> episode;
   std::optional<int> season;
-  std::optional<QString> show;  // name of the show that an episode belongs to
+  std::optional<QString> show;    // name of the show that an episode belongs to
+  std::optional<QString> showID;  // the id of its entry
   bool isExample = false;
 
   bool operator==(const MediaItem&) const = default;
@@ -36,5 +38,7 @@ struct MediaItem {
 
 /// "kind:providerID", the id of a catalogue entry.
 QString entryID(LibraryKind kind, QStringView providerID);
+/// "kind:", which such an id begins with.
+std::string_view idPrefix(LibraryKind kind);
 
 }  // namespace vantor

@@ -25,6 +25,8 @@ class Preferences {
   explicit Preferences(const QString& file);
   ~Preferences();
 
+  bool contains(const QString& key) const { return values_.contains(key); }
+
   std::optional<QString> text(const QString& key) const;
   void setText(const QString& key, const QString& value);
 

@@ -153,6 +153,7 @@ QList<MediaItem> parseEpisodes(QByteArray answer, const MediaItem& show,
       episode.episode = shownNumber(row.number);
       episode.season = shownNumber(season.number);
       episode.show = show.name;
+      episode.showID = show.id;
       episodes.push_back(std::move(episode));
     }
   }

@@ -26,7 +26,7 @@ QString state(const AppModel& app) {
                 << session.signingInOrOut() << session.demo() << session.startingUp()
                 << libraries.catalogs().size() << libraries.loading().size()
                 << libraries.errors().size() << app.record().favorites().size()
-                << details.episodes().size() << details.detailsLoading()
+                << app.record().begun() << details.episodes().size() << details.detailsLoading()
                 << details.detailsError().value_or(QString()) << app.guide().guide().size()
                 << app.notice().value_or(QString()) << app.showingConnect()
                 << app.showingSettings();
@@ -98,6 +98,11 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
     app.browsing().setShowingEpisodes(true);
     app.browsing().setEpisodeSeason(2);
     settle();
+    app.play(entry(LibraryKind::movies, 1));
+    settle();
+    app.playback().onProgress(u"movies:1"_s, 100, 1000);
+    app.setCategory(Browsing::continueWatching);
+    app.stopContinuing(u"movies:1"_s);
     app.setCategory(QString());
     app.refreshGuide();
     settle();

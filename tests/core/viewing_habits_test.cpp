@@ -106,6 +106,42 @@ TEST_F(ViewingHabitsTest, ThePictureOfAnEntryKeepsItsShape) {
   EXPECT_TRUE(preferences->textList(before).isEmpty());
 }
 
+TEST_F(ViewingHabitsTest, TheLastChannelIsSelectedAfterALaunch) {
+  const auto signInTo = [&](int channels) {
+    always(LibraryKind::live, rows(LibraryKind::live, 1, channels));
+    connectAccount(account);
+    acceptSignIn();
+    EXPECT_TRUE(idle());
+    return selectedID();
+  };
+  const auto launched = [&] {
+    launch();
+    transport.answer(u"vantor-config.json"_s,
+                     R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+    EXPECT_TRUE(eventually([&] { return !model->session().restoringLibrary(); }) && idle());
+    return selectedID();
+  };
+  launch();
+  EXPECT_EQ(signInTo(9), u""_s);
+  play(channel);
+  play(movie);
+  EXPECT_EQ(launched(), u"live:7"_s);
+  model->select(item(1));
+  model->navigate(Section::movies);
+  model->navigate(Section::live);
+  EXPECT_EQ(selectedID(), u"live:2"_s) << "later where the section was left";
+  const std::tuple<QString, int, QString> signIns[] = {
+      {account.username, 3, u""_s},  // the channel is gone
+      {account.username, 9, u"live:7"_s},
+      {u"other"_s, 9, u""_s},
+  };
+  for (const auto& [user, channels, selected] : signIns) {
+    signOut();
+    account = ProviderAccount::validated(account.name, account.serverText(), user, u"x"_s);
+    EXPECT_EQ(signInTo(channels), selected);
+  }
+}
+
 TEST_F(ViewingHabitsTest, ShapesAreBoundedAndUnknownOnesStay) {
   launch();
   signIn();

@@ -46,7 +46,8 @@ TEST(Episodes, TakeTheirFieldsFromTheRowAndTheShow) {
                                        .fileExtension = u"mp4"_s,
                                        .episode = 1,
                                        .season = 1,
-                                       .show = someShow.name}));
+                                       .show = someShow.name,
+                                       .showID = someShow.id}));
   EXPECT_EQ(episodes.at(1).name, QString());
   EXPECT_EQ(episodes.at(1).fileExtension, u"mkv"_s);
 }
