@@ -12,9 +12,11 @@ PopupMenu {
     property string playSymbol: ""
     property string favoriteSymbol: ""
     property int row: -1
+    property bool begun: false
 
     function openAt(index: int, item: Item, x: real, y: real) {
         row = index;
+        begun = shell.isBegunRow(index);
         popup(item, x, y);
     }
 
@@ -28,5 +30,13 @@ PopupMenu {
         text: "Add / remove from My list"
         symbol: menu.favoriteSymbol
         onTriggered: menu.shell.favoriteRow(menu.row)
+    }
+
+    SymbolItem {
+        visible: menu.begun
+        height: visible ? implicitHeight : 0
+        activeFocusOnTab: visible
+        text: "Remove from Continue watching"
+        onTriggered: menu.shell.stopContinuingRow(menu.row)
     }
 }

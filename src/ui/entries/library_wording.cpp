@@ -10,4 +10,8 @@ QString symbol(LibraryKind kind) {
   return textOf(kind, {u"play.tv", u"film", u"rectangle.stack"});
 }
 
+QString continueWatchingTitle() {
+  return QStringLiteral("Continue watching");
+}
+
 }  // namespace vantor

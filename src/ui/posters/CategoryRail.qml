@@ -46,6 +46,20 @@ Rectangle {
         }
         onKeyRowChanged: tell()
 
+        // The keys stay on the category that they stand on.
+        Connections {
+            target: list.activeFocus ? rail.categories : null
+
+            function onRowsInserted(parent: var, first: int, last: int) {
+                if (list.keyRow >= first)
+                    list.moveTo(list.keyRow + 1);
+            }
+            function onRowsRemoved(parent: var, first: int, last: int) {
+                if (list.keyRow >= first)
+                    list.moveTo(list.keyRow - 1);
+            }
+        }
+
         function tell() {
             if (activeFocus)
                 Assistive.highlight(itemAtIndex(keyRow));

@@ -158,6 +158,16 @@ FocusScope {
         width: 220
         shell: area.shell
         playText: "Play"
+
+        // Its row is another entry's afterwards.
+        Connections {
+            target: area.items
+
+            function onModelReset() {
+                menu.close();
+            }
+        }
+
         onClosed: grid.forceActiveFocus(Qt.PopupFocusReason)
     }
 }

@@ -10,7 +10,8 @@ namespace vantor {
 
 class AppModel;
 
-/// The categories of the current library, the choice of all of them first. Main thread only.
+/// The categories of the current library: the choice of all of them, "Continue watching" while
+/// something was begun, then the provider's. Main thread only.
 class CategoryListModel final : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -42,11 +43,16 @@ class CategoryListModel final : public QAbstractListModel {
 
  private:
   void update();
+  void updateContinued();
+  // The rows before the provider's categories, and the category of a row after them.
+  int ownRows() const { return continued_ ? 2 : 1; }
+  const MediaCategory& categoryOf(int row) const;
   QString idOf(int row) const;
 
   AppModel& model_;
   Section section_;
   Catalog catalog_;
+  bool continued_;
 };
 
 }  // namespace vantor

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/browsing.h"
+#include "ui/entries/library_wording.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {
@@ -21,6 +22,7 @@ StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QOb
 QString StatusView::label() const {
   const QString title = sectionTitle(browsing_.section());
   if (browsing_.category().isEmpty()) return u"All "_s + title.toLower();
+  if (browsing_.category() == Browsing::continueWatching) return continueWatchingTitle();
   const Catalog catalog = browsing_.catalog();
   const auto& categories = catalog.categories();
   const auto found = std::find_if(categories.begin(), categories.end(), [&](const auto& category) {

@@ -75,6 +75,9 @@ class TVShell final : public QObject {
   Q_INVOKABLE void openRow(int row);
   Q_INVOKABLE void playRow(int row);
   Q_INVOKABLE void favoriteRow(int row);
+  /// Whether "Continue watching" has the entry.
+  Q_INVOKABLE bool isBegunRow(int row) const;
+  Q_INVOKABLE void stopContinuingRow(int row);
 
  Q_SIGNALS:
   void sectionChanged();

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
+
 #include "support/model_fixture.h"
 #include "ui/episodes/episode_list_model.h"
+#include "ui/posters/category_list_model.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {
@@ -144,6 +147,37 @@ TEST_F(PosterViewTest, TheGridFollowsTheSelectionAndReturnsToWhereItWas) {
   model->browsing().setSearch(u"title 8"_s);
   settle();
   EXPECT_EQ(centered.last(), 0) << "without its anchor the list stands on the selection";
+}
+
+TEST_F(PosterViewTest, WhatWasBegunIsACategoryAfterTheOneForAll) {
+  open();
+  signIn();
+  CategoryListModel categories(*model);
+  const QAbstractItemModelTester tester(&categories);
+  model->navigate(Section::movies);
+  answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 5), R"([
+      {"category_id":"1","category_name":"First"},{"category_id":"2","category_name":"Second"}])");
+  const auto names = [&] {
+    QStringList texts;
+    for (int row = 0; row < categories.rowCount(); ++row)
+      texts.append(categories.data(categories.index(row), CategoryListModel::NameRole).toString());
+    return texts.join(u',');
+  };
+  categories.choose(2);
+  EXPECT_FALSE(shell->isBegunRow(0));
+  shell->playRow(0);
+  settle();
+  model->playback().onProgress(u"movies:2"_s, 100, 1000);
+  EXPECT_EQ(names(), u"All movies,Continue watching,First,Second"_s);
+  EXPECT_EQ(categories.currentRow(), 3) << "the one that was chosen";
+  categories.choose(1);
+  EXPECT_EQ(categories.currentRow(), 1);
+  EXPECT_EQ(view->keyRow(), 0);
+  EXPECT_TRUE(shell->isBegunRow(0));
+  shell->stopContinuingRow(0);
+  EXPECT_EQ(names(), u"All movies,First,Second"_s);
+  EXPECT_EQ(categories.currentRow(), 0);
+  EXPECT_EQ(view->keyRow(), 2) << "the same movie among all of them";
 }
 
 TEST_F(PosterViewTest, EpisodesAreListedBySeason) {
