@@ -33,6 +33,10 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
   if (services_.launch.demo) explore();
   if (services_.launch.isolated) return;
   habits_.emplace(services_.preferences, session_, *playback_);
+  trackMemory_.emplace(services_.preferences, session_, *playback_, [this] {
+    const std::optional<MediaItem> item = playing();
+    return item ? item->showID : QString();
+  });
   beginStartUp();
 }
 
@@ -75,7 +79,9 @@ std::optional<MediaItem> AppModel::lastChannel() const {
 
 void AppModel::takeUpRecord() {
   const std::optional<QString> last = record_.begin();
-  if (last && habits_) habits_->takeOver(*last);
+  if (!last) return;
+  if (habits_) habits_->takeOver(*last);
+  if (trackMemory_) trackMemory_->takeOver(*last);
 }
 
 void AppModel::setCategory(const QString& id) {

@@ -6,6 +6,7 @@
 #include "core/services.h"
 #include "core/session.h"
 #include "core/show_details.h"
+#include "core/track_memory.h"
 #include "core/viewing_habits.h"
 #include "core/watch_record.h"
 
@@ -109,7 +110,9 @@ class AppModel final : public QObject {
   Session session_;
   Libraries libraries_;
   WatchRecord record_;
-  std::optional<ViewingHabits> habits_;  // absent where saved state is not touched
+  // Absent where saved state is not touched.
+  std::optional<ViewingHabits> habits_;
+  std::optional<TrackMemory> trackMemory_;
   Browsing browsing_;
   ProgrammeGuide guide_;
   ShowDetails details_;

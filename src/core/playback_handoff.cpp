@@ -29,6 +29,7 @@ void AppModel::play(MediaItem item) {
   request.id = item.id;
   request.agent = session_.account()->userAgent;
   if (habits_) request.shape = habits_->shapeFor(item.id);
+  if (trackMemory_) request.tracks = trackMemory_->choicesFor(item.showID);
   if (item.kind == LibraryKind::live)
     request.kind = SourceKind::broadcast;
   else
@@ -68,6 +69,7 @@ void AppModel::playFile(const QUrl& file) {
   request.id = QStringLiteral("local");
   request.agent = defaultUserAgent;
   request.kind = SourceKind::file;
+  if (trackMemory_) request.tracks = trackMemory_->choicesFor({});
   playback_->play(request);
 }
 

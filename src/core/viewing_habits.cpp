@@ -106,12 +106,8 @@ void ViewingHabits::setLastChannel(const QString& id) {
 }
 
 void ViewingHabits::takeOver(const QString& account) {
-  for (const auto& key : {shapesKey, channelKey}) {
-    const QStringList texts = preferences_.textList(key(account));
-    if (texts.isEmpty()) continue;
-    preferences_.setTextList(key(session_.account()->idText()), texts);
-    preferences_.remove(key(account));
-  }
+  const QString current = session_.account()->idText();
+  for (const auto& key : {shapesKey, channelKey}) preferences_.rename(key(account), key(current));
 }
 
 }  // namespace vantor

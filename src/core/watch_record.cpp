@@ -99,11 +99,8 @@ std::optional<QString> WatchRecord::begin() {
   preferences_.setText(userKey, account);
   disk.keepOnly(session_.account()->id);
   if (last == account) return {};
-  preferences_.setTextList(favoritesKey(account), preferences_.textList(favoritesKey(last)));
-  preferences_.setNumberLists(progressKey(account), preferences_.numberLists(progressKey(last)));
-  if (preferences_.contains(watchedKey(last)))
-    preferences_.setTextList(watchedKey(account), preferences_.textList(watchedKey(last)));
-  for (const auto& key : {favoritesKey, progressKey, watchedKey}) preferences_.remove(key(last));
+  for (const auto& key : {favoritesKey, progressKey, watchedKey})
+    preferences_.rename(key(last), key(account));
   read();
   return last;
 }
@@ -127,7 +124,8 @@ void WatchRecord::toggle(const QString& id) {
 
 void WatchRecord::watch(const MediaItem& item) {
   watching_ = {};
-  if (item.kind != LibraryKind::live) watching_ = {item.id, item.showID.value_or(item.id)};
+  if (item.kind != LibraryKind::live)
+    watching_ = {item.id, item.showID.isEmpty() ? item.id : item.showID};
 }
 
 void WatchRecord::storeProgress(const QString& id, double seconds, double duration) {

@@ -29,8 +29,8 @@ struct MediaItem {
   std::optional<QString> year;
   std::optional<int> episode;
   std::optional<int> season;
-  std::optional<QString> show;    // name of the show that an episode belongs to
-  std::optional<QString> showID;  // the id of its entry
+  std::optional<QString> show;  // name of the show that an episode belongs to
+  QString showID;               // id of that show's entry; empty: not an episode
   bool isExample = false;
 
   bool operator==(const MediaItem&) const = default;

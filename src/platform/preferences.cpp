@@ -60,6 +60,13 @@ void Preferences::remove(const QString& key) {
   if (values_.remove(key)) writeLater(key, std::nullopt);
 }
 
+void Preferences::rename(const QString& from, const QString& to) {
+  const auto known = values_.constFind(from);
+  if (known == values_.constEnd() || from == to) return;
+  store(to, QByteArray(*known));
+  remove(from);
+}
+
 void Preferences::writeLater(const QString& key, const std::optional<QByteArray>& json) {
   {
     const QMutexLocker lock(&writer_->mutex);

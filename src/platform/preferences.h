@@ -37,6 +37,8 @@ class Preferences {
   void setNumberLists(const QString& key, const NumberLists& value);
 
   void remove(const QString& key);
+  /// The value goes on under another key, in place of what is there; without one nothing happens.
+  void rename(const QString& from, const QString& to);
 
  private:
   void store(const QString& key, const QByteArray& json);

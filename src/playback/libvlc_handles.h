@@ -15,6 +15,24 @@ struct LibVLCRelease {
   }
 };
 
+/// The tracks that a media has told of.
+class LibVLCTracks {
+ public:
+  explicit LibVLCTracks(libvlc_media_t* media) : count_(libvlc_media_tracks_get(media, &tracks_)) {}
+  ~LibVLCTracks() {
+    if (tracks_) libvlc_media_tracks_release(tracks_, count_);
+  }
+  LibVLCTracks(const LibVLCTracks&) = delete;
+  LibVLCTracks& operator=(const LibVLCTracks&) = delete;
+
+  libvlc_media_track_t** begin() const { return tracks_; }
+  libvlc_media_track_t** end() const { return tracks_ + count_; }
+
+ private:
+  libvlc_media_track_t** tracks_ = nullptr;
+  unsigned count_;
+};
+
 template <class T>
 using LibVLCHandle = std::unique_ptr<T, LibVLCRelease>;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -44,13 +45,39 @@ EngineState stateOf(libvlc_state_t state) {
   return EngineState::idle;
 }
 
+/// What the media has told of each of the listed tracks, in their order; fewer when it is unknown.
+std::vector<const libvlc_media_track_t*> toldOf(const QList<EngineTrack>& listed,
+                                                libvlc_track_type_t type,
+                                                const LibVLCTracks& told) {
+  std::vector<const libvlc_media_track_t*> ofType;
+  std::ranges::copy_if(told, std::back_inserter(ofType),
+                       [type](const auto* track) { return track->i_type == type; });
+  std::vector<const libvlc_media_track_t*> found;
+  for (const EngineTrack& track : listed) {
+    const auto same = std::ranges::find(ofType, track.id, &libvlc_media_track_t::i_id);
+    if (same != ofType.end()) found.push_back(*same);
+  }
+  const auto count = static_cast<std::size_t>(listed.size());
+  if (found.size() == count || ofType.size() < count) return found;
+  // Those of a transport stream are told of under other numbers, in the same order; what it has had
+  // before stays in front.
+  return {ofType.end() - listed.size(), ofType.end()};
+}
+
 /// The library lists "Disable" with the identifier -1 among the tracks.
-QList<EngineTrack> tracksOf(libvlc_track_description_t* first) {
+QList<EngineTrack> tracksOf(libvlc_track_description_t* first, libvlc_track_type_t type,
+                            const LibVLCTracks& told) {
   const LibVLCHandle<libvlc_track_description_t> list(first);
   QList<EngineTrack> tracks;
   for (const libvlc_track_description_t* track = first; track; track = track->p_next) {
     if (track->i_id >= 0 && track->psz_name)
-      tracks.append({track->i_id, QString::fromUtf8(track->psz_name)});
+      tracks.append({.id = track->i_id, .name = QString::fromUtf8(track->psz_name)});
+  }
+  const auto known = toldOf(tracks, type, told);
+  if (known.size() != static_cast<std::size_t>(tracks.size())) return tracks;
+  for (qsizetype i = 0; i < tracks.size(); ++i) {
+    tracks[i].language = QString::fromUtf8(known[i]->psz_language);
+    tracks[i].title = QString::fromUtf8(known[i]->psz_description);
   }
   return tracks;
 }
@@ -215,7 +242,8 @@ EngineStatus LibVLCPlayer::sample() {
   if (!media_ || !player_) return {};
   applyVolume();
   const PictureFacts facts = output_ ? output_->facts() : PictureFacts();
-  const std::optional<SourceVideo> video = sourceVideo(facts.size);
+  const LibVLCTracks told(media_.get());
+  const std::optional<SourceVideo> video = sourceVideo(told, facts.size);
   if (output_) output_->setPixelAspect(video ? std::optional(video->pixelAspect) : std::nullopt);
 
   libvlc_media_player_t* player = player_.get();
@@ -227,10 +255,13 @@ EngineStatus LibVLCPlayer::sample() {
   status.length = libvlc_media_player_get_length(player);
   status.seekable = libvlc_media_player_is_seekable(player);
   status.recordable = recorder_ && recorder_->canRecord();
-  for (const EngineTrack& track : tracksOf(libvlc_video_get_track_description(player)))
+  for (const EngineTrack& track :
+       tracksOf(libvlc_video_get_track_description(player), libvlc_track_video, told))
     status.videoTracks.append(track.id);
-  status.audioTracks = tracksOf(libvlc_audio_get_track_description(player));
-  status.subtitleTracks = tracksOf(libvlc_video_get_spu_description(player));
+  status.audioTracks =
+      tracksOf(libvlc_audio_get_track_description(player), libvlc_track_audio, told);
+  status.subtitleTracks =
+      tracksOf(libvlc_video_get_spu_description(player), libvlc_track_text, told);
   status.audioTrack = libvlc_audio_get_track(player);
   status.subtitleTrack = libvlc_video_get_spu(player);
   status.rate = double{libvlc_media_player_get_rate(player)};
@@ -262,14 +293,13 @@ EngineStatus LibVLCPlayer::sample() {
   return status;
 }
 
-std::optional<LibVLCPlayer::SourceVideo> LibVLCPlayer::sourceVideo(QSize pictures) const {
-  libvlc_media_track_t** tracks = nullptr;
-  const unsigned count = libvlc_media_tracks_get(media_.get(), &tracks);
+std::optional<LibVLCPlayer::SourceVideo> LibVLCPlayer::sourceVideo(const LibVLCTracks& told,
+                                                                   QSize pictures) {
   // Those of a codec that a broadcast has left behind stay in the list, under numbers of its own.
   std::optional<SourceVideo> found;
-  for (unsigned i = 0; i < count; ++i) {
-    if (tracks[i]->i_type != libvlc_track_video) continue;
-    const libvlc_video_track_t& video = *tracks[i]->video;
+  for (const libvlc_media_track_t* track : told) {
+    if (track->i_type != libvlc_track_video) continue;
+    const libvlc_video_track_t& video = *track->video;
     const QSize size(static_cast<int>(video.i_width), static_cast<int>(video.i_height));
     if (video.i_width == 0 || (found && size != pictures)) continue;
     found.emplace();
@@ -277,10 +307,9 @@ std::optional<LibVLCPlayer::SourceVideo> LibVLCPlayer::sourceVideo(QSize picture
       found->pixelAspect = static_cast<double>(video.i_sar_num) / video.i_sar_den;
     if (video.i_frame_rate_den > 0)
       found->rate = static_cast<double>(video.i_frame_rate_num) / video.i_frame_rate_den;
-    found->codec = QString::fromUtf8(
-        libvlc_media_get_codec_description(libvlc_track_video, tracks[i]->i_codec));
+    found->codec =
+        QString::fromUtf8(libvlc_media_get_codec_description(libvlc_track_video, track->i_codec));
   }
-  if (tracks) libvlc_media_tracks_release(tracks, count);
   return found;
 }
 

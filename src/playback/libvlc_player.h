@@ -60,7 +60,7 @@ class LibVLCPlayer {
     QString codec;
   };
   /// Of those that the media has told of, the last with pictures of this size, or the first.
-  std::optional<SourceVideo> sourceVideo(QSize pictures) const;
+  static std::optional<SourceVideo> sourceVideo(const LibVLCTracks& told, QSize pictures);
 
   const std::function<void()> onNews_;
   LibVLCHandle<libvlc_instance_t> instance_;

@@ -16,7 +16,9 @@ enum class EngineState { idle, opening, playing, paused, ended, error };
 
 struct EngineTrack {
   std::int32_t id = -1;
-  QString name;
+  QString name;      // as shown: what the source says of it, or a number
+  QString language;  // ISO 639, as the source writes it; empty: unknown
+  QString title;     // the source's own name for it; empty: none
   bool operator==(const EngineTrack&) const = default;
 };
 

@@ -4,6 +4,7 @@
 #include <QUrl>
 
 #include "playback/picture_shape.h"
+#include "playback/track_choice.h"
 
 namespace vantor {
 
@@ -22,6 +23,7 @@ struct PlayRequest {
   SourceKind kind = SourceKind::onDemand;
   double resume = 0;                       // seconds
   PictureShape shape = PictureShape::fit;  // to begin with
+  TrackChoices tracks;                     // to begin with, where the source has them
 
   bool operator==(const PlayRequest&) const = default;
 };

@@ -42,6 +42,8 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       fullScreen_(announcements_, *this, &Playback::fullScreenChanged),
       pictureShape_(announcements_, *this, &Playback::pictureShapeChanged),
       shapeChosen_(announcements_, *this, &Playback::pictureShapeChosen),
+      audioChosen_(announcements_, *this, &Playback::audioTrackChosen),
+      subtitlesChosen_(announcements_, *this, &Playback::subtitleTrackChosen),
       transport_(announcements_),
       recording_(announcements_, engine, clock, folders) {
   if (output_ == Output::shown) recording_.refresh();
@@ -153,7 +155,10 @@ void Playback::start(const PlayRequest& request) {
   const Ticket ticket = ++generation_;
   pollTask_ = {};
   const bool takeStill = output_ == Output::shown && engine_.status().decodedVideo > 0;
-  if (itemID() != request.id) pictureShape_.set(request.shape);
+  if (itemID() != request.id) {
+    pictureShape_.set(request.shape);
+    tracks_ = request.tracks;
+  }
   source_.set(request);
   message_.set(std::nullopt);
   go(PlaybackEvent::open);
@@ -203,6 +208,7 @@ void Playback::load(const PlayRequest& request) {
   engine_.setVolume(wholePercent(transport_.volume()));
   engine_.play();
   transport_.reset();
+  seeksAudio_ = seeksSubtitles_ = true;
   const QPointer<Playback> self(this);
   pollTask_ = Job::start([self, ticket = generation_, resume = request.resume](
                              std::stop_token token) { return watch(self, ticket, resume, token); });
@@ -258,11 +264,21 @@ void Playback::setVolume(double percent) {
 }
 
 void Playback::setAudioTrack(int id) {
+  seeksAudio_ = false;
   engine_.setAudioTrack(id);
+  const std::optional<TrackChoice> choice = choiceOf(id, transport_.audio());
+  if (!choice) return;
+  tracks_.audio = {*choice};
+  audioChosen_.note();
 }
 
 void Playback::setSubtitleTrack(int id) {
+  seeksSubtitles_ = false;
   engine_.setSubtitleTrack(id);
+  const std::optional<TrackChoice> choice = choiceOf(id, transport_.subtitles());
+  if (!choice) return;
+  tracks_.subtitles = {*choice};
+  subtitlesChosen_.note();
 }
 
 void Playback::setRate(double rate) {

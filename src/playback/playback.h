@@ -52,6 +52,7 @@ class Playback final : public QObject {
   void setVolume(double percent);
   /// Silences the sound, or gives it back the volume that it had.
   void toggleMuted();
+  // Somebody has chosen the track.
   void setAudioTrack(int id);
   void setSubtitleTrack(int id);  // -1: none
   void setRate(double rate);
@@ -82,6 +83,8 @@ class Playback final : public QObject {
   void setFullScreen(bool fullScreen) { fullScreen_.set(fullScreen && source()); }
   PictureShape pictureShape() const { return pictureShape_.get(); }  // the request's at first
   void setPictureShape(PictureShape shape);
+  /// What to look for in the source: the request's choices at first, then what somebody chose.
+  const TrackChoices& tracks() const { return tracks_; }
 
   Recording& recording() { return recording_; }
   /// Each tells why it did not, as a sentence. The folder is `Recording::folder` if none is given.
@@ -103,6 +106,9 @@ class Playback final : public QObject {
   void pictureShapeChanged();
   /// Somebody has said what it is to be; comes after what it changed.
   void pictureShapeChosen();
+  /// Likewise, of a track that other sources may have too.
+  void audioTrackChosen();
+  void subtitleTrackChosen();
 
  private:
   using Ticket = std::int64_t;
@@ -124,6 +130,7 @@ class Playback final : public QObject {
   // progress_loop.cpp
   Watch tick(Opening& opening);
   void applyResume(Opening& opening);
+  void applyTracks(const EngineStatus& status);
   void reportProgress();
 
   MediaEngine& engine_;
@@ -141,9 +148,15 @@ class Playback final : public QObject {
   Announced<bool> fullScreen_;
   Announced<PictureShape> pictureShape_;
   Announcement shapeChosen_;
+  Announcement audioChosen_;
+  Announcement subtitlesChosen_;
   TransportState transport_;
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};
+  TrackChoices tracks_;
+  // What was opened has yet to be looked through for them.
+  bool seeksAudio_ = false;
+  bool seeksSubtitles_ = false;
   Ticket generation_ = 0;  // openings and stops so far; a task's copy of it tells when it is stale
   std::stop_source tickWait_;  // ends the wait for the next tick early
   Job loadTask_;

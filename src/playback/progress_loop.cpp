@@ -71,6 +71,7 @@ Playback::Watch Playback::tick(Opening& opening) {
   transport_.setDuration(source()->kind == SourceKind::broadcast ? 0 : wholeTime(status.length));
   transport_.setSeekable(status.seekable && transport_.duration() > 0);
   applyResume(opening);
+  applyTracks(status);
   transport_.setAudio(status.audioTracks);
   transport_.setSubtitles(status.subtitleTracks);
   transport_.setAudioTrack(status.audioTrack);
@@ -93,6 +94,20 @@ void Playback::applyResume(Opening& opening) {
   const double resume = std::exchange(opening.resume, 0);
   if (resume > kShortestResume && transport_.duration() - kCreditsLength > resume)
     engine_.setTime(engineTime(resume));
+}
+
+void Playback::applyTracks(const EngineStatus& status) {
+  const auto audio = seeksAudio_ ? trackOf(tracks_.audio, status.audioTracks) : std::nullopt;
+  if (audio) {
+    seeksAudio_ = false;
+    if (*audio != status.audioTrack) engine_.setAudioTrack(*audio);
+  }
+  const auto subtitles =
+      seeksSubtitles_ ? trackOf(tracks_.subtitles, status.subtitleTracks) : std::nullopt;
+  if (subtitles) {
+    seeksSubtitles_ = false;
+    if (*subtitles != status.subtitleTrack) engine_.setSubtitleTrack(*subtitles);
+  }
 }
 
 void Playback::reportProgress() {

@@ -251,6 +251,52 @@ TEST_F(EngineTest, ListsAndChoosesTracks) {
   EXPECT_NE(transport.audio().at(0).id, transport.audio().at(1).id);
 }
 
+TEST_F(EngineTest, TracksChosenBeforeAreInForce) {
+  const QString words = write(u"words.srt"_s, "1\n00:00:00,000 --> 00:00:02,000\nWords\n");
+  const auto spoken = [&](const QString& name, const QStringList& options) {
+    return make(name, solidColor(u"red"_s, u"160x90"_s, 20) + tone(20) + tone(20) +
+                          QStringList{u"-i"_s, words, u"-i"_s, words, u"-map"_s, u"0"_s, u"-map"_s,
+                                      u"1"_s, u"-map"_s, u"2"_s} +
+                          options +
+                          QStringList{u"-metadata:s:a:0"_s, u"language=eng"_s, u"-metadata:s:a:1"_s,
+                                      u"language=deu"_s, u"-c:v"_s, u"libx264"_s});
+  };
+  const QStringList subtitles{u"-map"_s,
+                              u"3"_s,
+                              u"-map"_s,
+                              u"4"_s,
+                              u"-metadata:s:s:0"_s,
+                              u"language=eng"_s,
+                              u"-metadata:s:s:1"_s,
+                              u"language=deu"_s};
+  const QString film =
+      spoken(u"film.mkv"_s, subtitles + QStringList{u"-disposition:s:0"_s, u"default"_s});
+  const QString channel = spoken(u"channel.ts"_s, {});
+  const TransportState& transport = *playback.transport();
+  const auto language = [](const QList<EngineTrack>& tracks, int id) {
+    const auto choice = choiceOf(id, tracks);
+    return choice ? choice->language : u"(none)"_s;
+  };
+  const auto play = [&](const QString& file, const TrackChoices& choices) {
+    playback.stop();
+    playback.play({.url = QUrl::fromLocalFile(file), .id = file, .tracks = choices});
+    ASSERT_TRUE(starts());
+    ASSERT_TRUE(eventually([&] { return transport.seconds() > 1; }));
+  };
+  const TrackChoice german{.language = u"de"_s};
+  play(film, {});
+  EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"en"_s);
+  EXPECT_NE(transport.subtitleTrack(), -1) << "the film's own choice";
+  play(film, {.audio = {german}, .subtitles = {german}});
+  EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"de"_s);
+  EXPECT_EQ(language(transport.subtitles(), transport.subtitleTrack()), u"de"_s);
+  play(channel, {.audio = {german}, .subtitles = {german}});
+  EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"de"_s);
+  play(film, {.audio = {german}, .subtitles = {{.off = true}}});
+  EXPECT_EQ(transport.subtitleTrack(), -1);
+  EXPECT_EQ(transport.subtitles().size(), 2);
+}
+
 TEST_F(EngineTest, HoldsTheLastPictureOfThePreviousSource) {
   const QString first = movie(u"red.mkv"_s);
   const QString second = movie(u"blue.mkv"_s, u"blue"_s);
