@@ -94,7 +94,8 @@ std::string helpText() {
   text += R"(
 Actions: sign-in, get_live_streams, get_live_categories, get_vod_streams,
   get_vod_categories, get_series, get_series_categories, get_series_info,
-  get_short_epg, config, poster, live, segment, movie, series, or * for all.
+  get_short_epg, config, poster, live, segment, movie, series, or * for all;
+  get_vod_streams/101 and its like for the entries of one category.
 Faults:
 )";
   std::string line = " ";

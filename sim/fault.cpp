@@ -40,6 +40,7 @@ constexpr auto kNames = std::to_array<std::pair<Fault, std::string_view>>({
     {Fault::empty, "empty"},
     {Fault::wrongShape, "wrongShape"},
     {Fault::invalidUtf8, "invalidUtf8"},
+    {Fault::ignoresCategory, "ignoresCategory"},
     {Fault::hugeImage, "hugeImage"},
 });
 

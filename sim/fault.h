@@ -42,6 +42,7 @@ enum class Fault {
   empty,            // status 200 without a body
   wrongShape,       // an object where a list belongs, a list where an object belongs
   invalidUtf8,      // texts with bytes that are no UTF-8, and NUL escapes
+  ignoresCategory,  // all entries of a library, whatever category is asked for
   hugeImage,        // a small PNG of 30,000 by 30,000 pixels
 };
 

@@ -1,7 +1,10 @@
 #include "sim/library.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
+#include <vector>
 
 #include "sim/json_writer.h"
 #include "sim/names.h"
@@ -36,17 +39,30 @@ int categoryCount(Kind kind) {
   return static_cast<int>(kCounts[position(kind)]);
 }
 
-void putCategory(JsonWriter& json, Kind kind, int index, std::uint64_t number) {
-  const auto category =
-      kFirstCategory[position(kind)] + static_cast<int>(number % categoryCount(kind));
+std::uint64_t rowNumber(Kind kind, int index) {
+  return scatter(static_cast<unsigned>(index), 10 + position(kind));
+}
+
+// The categories that a row is in; the first is that which it names, most of the time.
+std::vector<int> categoriesOf(Kind kind, int index) {
+  if (index % 62 == 48) return {};
+  const auto number = rowNumber(kind, index) >> 40;
+  const auto count = static_cast<std::uint64_t>(categoryCount(kind));
+  const auto first = kFirstCategory[position(kind)];
+  const auto category = first + static_cast<int>(number % count);
+  if (index % 10 != 5) return {category};
+  return {category, first + static_cast<int>((number + 1) % count)};
+}
+
+void putCategory(JsonWriter& json, int index, const std::vector<int>& categories) {
   if (index % 31 == 17) {
-    put(json, "category_id", index % 2 == 0 ? "" : "999");
+    put(json, "category_id", categories.empty() ? "" : "999");
   } else {
-    put(json, "category_id", category, index % 4 == 1 ? Form::number : Form::text);
+    put(json, "category_id", categories.front(), index % 4 == 1 ? Form::number : Form::text);
   }
   json.Key("category_ids");
   json.StartArray();
-  json.Int(category);
+  for (const int category : categories) json.Int(category);
   json.EndArray();
 }
 
@@ -137,7 +153,7 @@ void putShow(JsonWriter& json, int index, std::uint64_t number, const std::strin
 
 void writeRow(JsonWriter& json, Kind kind, int index, int running, Form idForm,
               const std::string& base) {
-  const auto number = scatter(static_cast<unsigned>(index), 10 + position(kind));
+  const auto number = rowNumber(kind, index);
   json.StartObject();
   put(json, "num", running);
   put(json, kind == Kind::series ? "series_id" : "stream_id", entryId(kind, index), idForm);
@@ -152,7 +168,7 @@ void writeRow(JsonWriter& json, Kind kind, int index, int running, Form idForm,
       putShow(json, index, number, base);
       break;
   }
-  putCategory(json, kind, index, number >> 40);
+  putCategory(json, index, categoriesOf(kind, index));
   json.EndObject();
 }
 
@@ -266,23 +282,36 @@ std::string categoriesJson(Kind kind) {
 }
 
 std::string rowsJson(Kind kind, int count, const std::string& base) {
+  return rowsJson(kind, count, base, "");
+}
+
+std::string rowsJson(Kind kind, int count, const std::string& base, const std::string& category) {
+  const auto asked = number(category);
+  const auto isAsked = [&](int index) {
+    if (!asked) return true;
+    const auto categories = categoriesOf(kind, index);
+    return *asked == 0 ? categories.empty()
+                       : std::ranges::find(categories, *asked) != categories.end();
+  };
   const auto write = [&](JsonWriter& json) {
     json.StartArray();
     int running = 1;
     for (int i = 0; i < count; ++i) {
+      const bool repeated = i % (i < 100 ? 20 : 1000) == 10;
+      const int num = std::exchange(running, running + (repeated ? 3 : 1));
+      if (!isAsked(i)) continue;
       const auto form = i % 7 == 3 ? Form::text : Form::number;
-      writeRow(json, kind, i, running++, form, base);
-      if (i % (i < 100 ? 20 : 1000) == 10) {
-        writeRow(json, kind, i, running++, form == Form::text ? Form::number : Form::text, base);
-        json.StartObject();
-        put(json, "num", running++);
-        put(json, "name", "Without an id");
-        json.EndObject();
-      }
+      writeRow(json, kind, i, num, form, base);
+      if (!repeated) continue;
+      writeRow(json, kind, i, num + 1, form == Form::text ? Form::number : Form::text, base);
+      json.StartObject();
+      put(json, "num", num + 2);
+      put(json, "name", "Without an id");
+      json.EndObject();
     }
     json.EndArray();
   };
-  return writtenJson(write, static_cast<std::size_t>(count) * 420 + 1024);
+  return writtenJson(write, asked ? 1024 : static_cast<std::size_t>(count) * 420 + 1024);
 }
 
 std::string seriesInfoJson(int show, const std::string& base) {

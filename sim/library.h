@@ -23,6 +23,9 @@ std::string categoriesJson(Kind kind);
 // `count` distinct entries, plus some rows with a repeated id or none. Posters are at
 // `base`/poster/KIND/ID.png. 90,000 movies are about 33 MB.
 std::string rowsJson(Kind kind, int count, const std::string& base);
+// Those of them that are in the category of that id, with the same running numbers: "0" is that of
+// rows without one, and an empty id that of all.
+std::string rowsJson(Kind kind, int count, const std::string& base, const std::string& category);
 
 // Answer of "get_series_info". Some shows have no episodes, which is then a list, not an object.
 std::string seriesInfoJson(int show, const std::string& base);

@@ -77,9 +77,11 @@ Response Provider::apiAnswer(const Request& request, const std::string& action, 
   if (action == "get_series_categories") return jsonResponse(categoriesJson(Kind::series));
 
   auto response = jsonResponse("[]");
-  if (action == "get_live_streams") response.body = rows(Kind::live);
-  if (action == "get_vod_streams") response.body = rows(Kind::movie);
-  if (action == "get_series") response.body = rows(Kind::series);
+  const auto category =
+      fault == Fault::ignoresCategory ? std::string() : request.queryValue("category_id");
+  if (action == "get_live_streams") response.body = rows(Kind::live, category);
+  if (action == "get_vod_streams") response.body = rows(Kind::movie, category);
+  if (action == "get_series") response.body = rows(Kind::series, category);
 
   if (action == "get_series_info") {
     const auto show = entryIndex(Kind::series, request.queryValue("series_id"), options_.shows);
@@ -162,7 +164,11 @@ std::string Provider::signInJson(Fault fault, int streamsOpen) const {
   });
 }
 
-std::shared_ptr<const std::string> Provider::rows(Kind kind) {
+std::shared_ptr<const std::string> Provider::rows(Kind kind, const std::string& category) {
+  if (!category.empty()) {
+    return std::make_shared<const std::string>(
+        rowsJson(kind, count(kind), origin_ + options_.basePath, category));
+  }
   const std::lock_guard lock(rowsMutex_);
   auto& text = rows_[static_cast<std::size_t>(kind)];
   if (!text) {

@@ -20,7 +20,8 @@ class Provider {
 
   // The request's action as Counters names it, "unknown" outside the base path as well.
   std::string actionOf(const Request& request) const;
-  // Answers every action but those of streams. `fault` changes the account's state only.
+  // Answers every action but those of streams. `fault` changes the account's state, and
+  // whether a category is heeded.
   Response answer(const Request& request, const std::string& action, Fault fault, int streamsOpen);
 
   // What "/live/USER/PASSWORD/ID.EXTENSION" and its like ask for; nothing for the wrong log-in or
@@ -41,7 +42,7 @@ class Provider {
   int count(Kind kind) const;
   bool loginIsRight(const std::string& username, const std::string& password) const;
   std::string signInJson(Fault fault, int streamsOpen) const;
-  std::shared_ptr<const std::string> rows(Kind kind);
+  std::shared_ptr<const std::string> rows(Kind kind, const std::string& category);
   Response apiAnswer(const Request& request, const std::string& action, Fault fault,
                      int streamsOpen);
   Response posterAnswer(const Request& request) const;

@@ -39,10 +39,13 @@ void Script::reset() {
   bodies_.clear();
 }
 
-Fault Script::fault(const std::string& action) const {
+Fault Script::fault(const std::vector<std::string>& actions) const {
   const std::lock_guard lock(mutex_);
-  const auto found = findAction(faults_, action);
-  return found == faults_.end() ? Fault::none : found->second;
+  for (const auto& action : actions) {
+    const auto found = faults_.find(action);
+    if (found != faults_.end()) return found->second;
+  }
+  return Fault::none;
 }
 
 std::optional<Response> Script::body(const std::string& action) const {

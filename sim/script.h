@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "sim/fault.h"
 #include "sim/http.h"
@@ -20,7 +21,8 @@ class Script {
   void release(const std::string& action);
   void reset();
 
-  Fault fault(const std::string& action) const;
+  // The fault of the first of these that has one.
+  Fault fault(const std::vector<std::string>& actions) const;
   std::optional<Response> body(const std::string& action) const;
   bool isHeld(const std::string& action) const;
 

@@ -115,7 +115,7 @@ bool Server::Parts::respond(Connection& connection, const Request& request,
     deliver(connection, request, errorResponse(405), Fault::none, origins);
     return false;
   }
-  auto fault = script.fault(action);
+  auto fault = script.fault({action + "/" + request.queryValue("category_id"), action, "*"});
   if (fault == Fault::unsteady) fault = mishap(mishaps++);
   if (const auto body = script.body(action)) {
     return deliver(connection, request, *body, fault, origins);

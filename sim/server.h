@@ -54,7 +54,8 @@ struct Counters {
 };
 
 // A made-up provider on 127.0.0.1. All functions may be called from any thread. One that finds the
-// exact action set prefers it to "*", which stands for every action.
+// exact action set prefers it to "*", which stands for every action. A fault of a library's action
+// may be that for one category: "get_series/201".
 class Server {
  public:
   // Listens when it returns. Throws std::runtime_error when it cannot listen or make the media;

@@ -1,6 +1,9 @@
 #include <ctime>
 #include <set>
 
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
 #include "sim_fixture.h"
 
 namespace sim {
@@ -49,6 +52,39 @@ TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
     EXPECT_EQ(ids.size(), distinct) << action;
     EXPECT_EQ(rows.Size() > distinct, distinct > 10) << action;
   }
+}
+
+TEST(SimApi, ACategoryHoldsItsRowsAsTheWholeLibraryHasThem) {
+  Server server({.movies = 500, .streams = false});
+  const auto written = [](const rapidjson::Value& row) {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    row.Accept(writer);
+    return std::string(buffer.GetString());
+  };
+  const auto whole = getJson(server, apiTarget("get_vod_streams"));
+  std::set<std::string> missing;
+  for (const auto& row : whole.GetArray())
+    if (row.HasMember("stream_id")) missing.insert(written(row));
+  const auto all = missing;
+  std::size_t rows = 0;
+  for (int category = 100; category < 113; ++category) {
+    const auto id = std::to_string(category == 100 ? 0 : category);
+    const auto part = getJson(server, apiTarget("get_vod_streams&category_id=" + id));
+    for (const auto& row : part.GetArray()) {
+      if (!row.HasMember("stream_id")) continue;
+      EXPECT_TRUE(all.contains(written(row)));
+      missing.erase(written(row));
+      ++rows;
+    }
+  }
+  EXPECT_TRUE(missing.empty());
+  EXPECT_GT(rows, all.size()) << "some are in two";
+  server.setFault("get_vod_streams/102", Fault::status500);
+  EXPECT_EQ(clientOf(server).Get(apiTarget("get_vod_streams&category_id=102"))->status, 500);
+  EXPECT_EQ(clientOf(server).Get(apiTarget("get_vod_streams&category_id=103"))->status, 200);
+  server.setFault("get_vod_streams", Fault::ignoresCategory);
+  EXPECT_EQ(getJson(server, apiTarget("get_vod_streams&category_id=103")).Size(), whole.Size());
 }
 
 TEST(SimApi, NinetyThousandMoviesComeCloseToThirtyTwoMebibytesButFit) {
