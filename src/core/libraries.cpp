@@ -15,6 +15,7 @@ Libraries::Libraries(const AppServices& services, Announcements& announcements,
       listener_(std::move(listener)),
       loading_(announcements, *this, &Libraries::loadingChanged),
       errors_(announcements, *this, &Libraries::errorsChanged),
+      progress_(announcements, *this, &Libraries::progressChanged),
       catalogsDiffer_(announcements, *this, &Libraries::catalogsChanged) {}
 
 Catalog Libraries::catalog(LibraryKind kind) const {
@@ -34,7 +35,9 @@ void Libraries::forget() {
   const Announcements::Scope scope(announcements_);
   tasks_.clear();
   liveCopy_.reset();
+  incomplete_.clear();
   show({});
+  progress_.set({});
   loading_.set({});
   errors_.set({});
 }
@@ -58,15 +61,26 @@ Libraries::CatalogCopy Libraries::takeCopy(const QUuid& account, LibraryKind kin
   return session_.disk()->load(account, kind);
 }
 
+void Libraries::partArrived(LibraryKind kind, const CatalogPart& part) {
+  const Announcements::Scope scope(announcements_);
+  progress_.change([&](auto& progress) { progress[kind] = part.progress; });
+  if (!part.soFar || (catalogs_.contains(kind) && !incomplete_.contains(kind))) return;
+  arrived(kind, *part.soFar);
+  incomplete_.insert(kind);
+}
+
 void Libraries::arrived(LibraryKind kind, const Catalog& catalog) {
   const Announcements::Scope scope(announcements_);
   std::map<LibraryKind, Catalog> catalogs = catalogs_;
   catalogs.insert_or_assign(kind, catalog);
+  incomplete_.erase(kind);
   show(std::move(catalogs));
   listener_.arrived(kind);
 }
 
 void Libraries::ended(LibraryKind kind) {
+  const Announcements::Scope scope(announcements_);
+  progress_.change([kind](auto& progress) { progress.erase(kind); });
   loading_.change([kind](auto& loading) { loading.erase(kind); });
   tasks_.erase(kind);
 }
@@ -74,7 +88,21 @@ void Libraries::ended(LibraryKind kind) {
 void Libraries::failed(LibraryKind kind, std::exception_ptr failure) {
   const Announcements::Scope scope(announcements_);
   errors_.change([&](auto& errors) { errors[kind] = readableError(failure); });
+  if (incomplete_.erase(kind) > 0) {
+    std::map<LibraryKind, Catalog> catalogs = catalogs_;
+    catalogs.erase(kind);
+    show(std::move(catalogs));
+  }
   ended(kind);
+}
+
+QCoro::Task<Catalog> Libraries::fetch(QPointer<Libraries> self, LibraryKind kind,
+                                      ProviderAccount account, Session::Generation token,
+                                      std::stop_token stop) {
+  const ProviderClient client(account, self->services_.transport, self->services_.worker);
+  return client.catalog(kind, stop, [self, kind, token, stop](const CatalogPart& part) {
+    if (self && self->session_.isCurrent(token, stop)) self->partArrived(kind, part);
+  });
 }
 
 QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind, LoadMode mode,
@@ -99,8 +127,7 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
     std::exception_ptr failure;
     const Attempt loading(providerTrace, "loading a library");
     try {
-      const ProviderClient client(account, self->services_.transport, self->services_.worker);
-      const QCoro::Task<Catalog> answered = client.catalog(kind, stop);
+      const QCoro::Task<Catalog> answered = fetch(self, kind, account, token, stop);
       catalog = co_await answered;
     } catch (...) {
       loading.failed();

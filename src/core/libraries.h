@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "library/catalog.h"
 #include "platform/job.h"
+#include "provider/catalog_by_category.h"
 
 namespace vantor {
 
@@ -38,6 +39,9 @@ class Libraries final : public QObject {
   const std::set<LibraryKind>& loading() const { return loading_.get(); }
   /// What the last load of a library failed with, one of the system's sentences.
   const std::map<LibraryKind, QString>& errors() const { return errors_.get(); }
+  /// How far those libraries have come that are loaded in parts. What has come of one is its
+  /// catalogue meanwhile, unless it had one.
+  const std::map<LibraryKind, LoadProgress>& progress() const { return progress_.get(); }
 
   void load(LibraryKind kind, LoadMode mode);
   void show(std::map<LibraryKind, Catalog> catalogs);
@@ -49,13 +53,18 @@ class Libraries final : public QObject {
  Q_SIGNALS:
   void loadingChanged();
   void errorsChanged();
+  void progressChanged();
   void catalogsChanged();
 
  private:
+  static QCoro::Task<Catalog> fetch(QPointer<Libraries> self, LibraryKind kind,
+                                    ProviderAccount account, Session::Generation token,
+                                    std::stop_token stop);
   static QCoro::Task<> loadLibrary(QPointer<Libraries> self, LibraryKind kind, LoadMode mode,
                                    ProviderAccount account, Session::Generation token,
                                    std::stop_token stop);
   CatalogCopy takeCopy(const QUuid& account, LibraryKind kind);
+  void partArrived(LibraryKind kind, const CatalogPart& part);
   void arrived(LibraryKind kind, const Catalog& catalog);
   void failed(LibraryKind kind, std::exception_ptr failure);
   void ended(LibraryKind kind);
@@ -66,8 +75,10 @@ class Libraries final : public QObject {
   const Listener listener_;
   Announced<std::set<LibraryKind>> loading_;
   Announced<std::map<LibraryKind, QString>> errors_;
+  Announced<std::map<LibraryKind, LoadProgress>> progress_;
   Announcement catalogsDiffer_;
   std::map<LibraryKind, Catalog> catalogs_;
+  std::set<LibraryKind> incomplete_;  // of those
   std::optional<CatalogCopy> liveCopy_;
   std::map<LibraryKind, Job> tasks_;
 };

@@ -132,13 +132,15 @@ bool Catalog::matches(std::size_t index, const CatalogFilter& filter) const {
          contents_->foldedNameOf(index).find(filter.foldedName) != std::string_view::npos;
 }
 
+std::size_t CatalogContents::memory() const {
+  return sizeof(CatalogContents) + text.capacity() + rows.capacity() * sizeof(EntryRow) +
+         foldedNames.capacity() + foldedEnds.capacity() * sizeof(std::uint32_t) +
+         numbers.size() * 32 + categoryIDs.capacity() * sizeof(std::string) + idIndex.memory() +
+         categories.capacity() * sizeof(MediaCategory);
+}
+
 std::size_t Catalog::memory() const {
-  const CatalogContents& contents = *contents_;
-  return sizeof(CatalogContents) + contents.text.capacity() +
-         contents.rows.capacity() * sizeof(EntryRow) + contents.foldedNames.capacity() +
-         contents.foldedEnds.capacity() * sizeof(std::uint32_t) + contents.numbers.size() * 32 +
-         contents.categoryIDs.capacity() * sizeof(std::string) + contents.idIndex.memory() +
-         contents.categories.capacity() * sizeof(MediaCategory);
+  return contents_->memory();
 }
 
 }  // namespace vantor

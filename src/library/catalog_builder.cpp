@@ -80,6 +80,42 @@ void CatalogBuilder::add(MediaCategory category) {
   contents_->categories.push_back(std::move(category));
 }
 
+const std::vector<MediaCategory>& CatalogBuilder::categories() const {
+  return contents_->categories;
+}
+
+std::size_t CatalogBuilder::memory() const {
+  return contents_->memory();
+}
+
+Catalog CatalogBuilder::inOrder(const std::vector<std::uint32_t>& order,
+                                Catalog::Time savedAt) const {
+  const CatalogContents& from = *contents_;
+  auto ordered = std::make_shared<CatalogContents>();
+  ordered->text.reserve(from.text.size());
+  ordered->rows.reserve(from.rows.size());
+  ordered->foldedNames.reserve(from.foldedNames.size());
+  ordered->foldedEnds.reserve(from.foldedEnds.size());
+  ordered->categoryIDs = from.categoryIDs;
+  ordered->extensions = from.extensions;
+  ordered->categories = from.categories;
+  ordered->savedAt = savedAt;
+  for (const std::uint32_t number : order) {
+    EntryRow row = from.rows[number];
+    if (row.flags & hasNumbers)
+      ordered->numbers[static_cast<std::uint32_t>(ordered->rows.size())] = from.numbers.at(number);
+    const std::uint32_t text = number > 0 ? from.rows[number - 1].ends.back() : 0;
+    const auto moved = static_cast<std::uint32_t>(ordered->text.size());
+    ordered->text.append(from.text, text, row.ends.back() - text);
+    for (std::uint32_t& end : row.ends) end = end - text + moved;
+    ordered->rows.push_back(row);
+    const std::uint32_t name = number > 0 ? from.foldedEnds[number - 1] : 0;
+    ordered->foldedNames.append(from.foldedNames, name, from.foldedEnds[number] - name);
+    ordered->foldedEnds.push_back(static_cast<std::uint32_t>(ordered->foldedNames.size()));
+  }
+  return Catalog(std::move(ordered));
+}
+
 Catalog CatalogBuilder::build(Catalog::Time savedAt) {
   contents_->savedAt = savedAt;
   contents_->text.shrink_to_fit();

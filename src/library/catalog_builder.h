@@ -36,6 +36,12 @@ class CatalogBuilder {
 
   void add(const CatalogEntry& entry);
   void add(MediaCategory category);
+  const std::vector<MediaCategory>& categories() const;
+  /// Bytes that what was added holds in memory.
+  std::size_t memory() const;
+  /// A catalogue of what was added so far, with the entry that was added as number `order[i]` in
+  /// row i.
+  Catalog inOrder(const std::vector<std::uint32_t>& order, Catalog::Time savedAt) const;
   /// The builder is empty afterwards.
   Catalog build(Catalog::Time savedAt);
 

@@ -50,6 +50,8 @@ struct CatalogContents {
   EntryIndex idIndex;  // by the hash of an id
   Catalog::Time savedAt;
 
+  std::size_t memory() const;  // bytes
+
   // Not a byte of UTF-8, so no name and no search text holds it.
   static constexpr char separator = '\xFF';
 

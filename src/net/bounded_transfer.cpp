@@ -98,8 +98,7 @@ void BoundedTransfer::receiveHead() {
   const QVariant length = reply_->header(QNetworkRequest::ContentLengthHeader);
   if (!length.isValid()) return;
   if (length.toLongLong() > limit_) {
-    fail(std::make_exception_ptr(AppError(
-        QStringLiteral("The provider response is larger than this preview can safely load."))));
+    fail(std::make_exception_ptr(OversizedBody()));
     return;
   }
   bytes_.reserve(length.toLongLong() + padding);
@@ -137,7 +136,8 @@ qsizetype BoundedTransfer::append(const Write& write) {
   const qsizetype written = write(bytes_.data() + held, pieceSize);
   bytes_.resize(held + std::max<qsizetype>(written, 0));
   if (bytes_.size() > limit_)
-    fail(std::make_exception_ptr(AppError(QStringLiteral("The provider response is too large."))));
+    fail(std::make_exception_ptr(
+        OversizedBody(QStringLiteral("The provider response is too large."))));
   return finished_ ? 0 : written;
 }
 

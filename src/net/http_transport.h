@@ -8,6 +8,7 @@
 #include <exception>
 #include <stop_token>
 
+#include "platform/app_error.h"
 #include "platform/trace.h"
 
 namespace vantor {
@@ -34,6 +35,14 @@ struct URLError : std::exception, NumberedFailure {
   int number() const noexcept override { return static_cast<int>(code); }
   bool isCancellation() const noexcept override { return code == Code::cancelled; }
   Code code;
+};
+
+/// A body that is, or would become, larger than its limit.
+struct OversizedBody : AppError {
+  OversizedBody()
+      : AppError(
+            QStringLiteral("The provider response is larger than this preview can safely load.")) {}
+  using AppError::AppError;
 };
 
 inline constexpr std::int64_t defaultBodyLimit = 33'554'432;  // bytes

@@ -2,6 +2,7 @@
 
 #include "library/catalog_builder.h"
 #include "platform/cancelled.h"
+#include "platform/trace.h"
 #include "platform/worker.h"
 #include "provider/api_actions.h"
 #include "provider/catalog_parsing.h"
@@ -25,8 +26,9 @@ QCoro::Task<ProviderDetails> ProviderClient::authenticate(std::stop_token token)
   return signIn(*this, token);
 }
 
-QCoro::Task<Catalog> ProviderClient::catalog(LibraryKind kind, std::stop_token token) const {
-  return load(*this, kind, token);
+QCoro::Task<Catalog> ProviderClient::catalog(LibraryKind kind, std::stop_token token,
+                                             OnPart onPart) const {
+  return load(*this, kind, std::move(onPart), token);
 }
 
 QCoro::Task<QList<MediaItem>> ProviderClient::episodes(const MediaItem& show,
@@ -48,7 +50,7 @@ QCoro::Task<ProviderDetails> ProviderClient::signIn(ProviderClient client, std::
   co_return details;
 }
 
-QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kind,
+QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kind, OnPart onPart,
                                           std::stop_token token) {
   std::stop_source both;
   const std::stop_callback onStop(token, [both]() mutable { both.request_stop(); });
@@ -57,7 +59,22 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
   const QCoro::Task<QByteArray> categoriesAnswer =
       client.request(categoryAction(kind), {}, children);
   try {
-    QByteArray entries = co_await entriesAnswer;
+    QByteArray entries;
+    bool tooLarge = false;
+    const Attempt inOneAnswer(providerTrace, "loading a library in one answer");
+    try {
+      entries = co_await entriesAnswer;
+    } catch (const OversizedBody&) {
+      inOneAnswer.failed();
+      tooLarge = true;
+    }
+    if (tooLarge) {
+      QByteArray categories = co_await categoriesAnswer;
+      const QCoro::Task<Catalog> collected =
+          loadByCategory(client, kind, std::move(categories), std::move(onPart), children);
+      Catalog catalog = co_await collected;
+      co_return catalog;
+    }
     // Read at once: the categories may take long, and are for nothing if these are no entries.
     const auto read = client.worker_->run([entries = std::move(entries), kind, children]() mutable {
       return parseEntries(std::move(entries), kind, children);
@@ -77,6 +94,47 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
     both.request_stop();
     throw;
   }
+}
+
+QCoro::Task<Catalog> ProviderClient::loadByCategory(ProviderClient client, LibraryKind kind,
+                                                    QByteArray categories, OnPart onPart,
+                                                    std::stop_token token) {
+  throwIfStopped(token);
+  const auto library = std::make_shared<CatalogByCategory>(kind);
+  const auto listed =
+      client.worker_->run([library, token, answer = std::move(categories)]() mutable {
+        return library->readCategories(std::move(answer), token);
+      });
+  const std::vector<AskedCategory> categoriesToAsk = co_await listed;
+  CatalogPart part;
+  part.progress.categories = categoriesToAsk.size();
+  throwIfStopped(token);
+  if (onPart) onPart(part);
+  for (const AskedCategory& category : categoriesToAsk) {
+    throwIfStopped(token);
+    const QueryItems extra{std::pair(QStringLiteral("category_id"), category.id)};
+    const QCoro::Task<QByteArray> answered = client.request(action(kind), extra, token);
+    const Attempt attempt(providerTrace, "loading the entries without a category");
+    QByteArray answer = "[]";
+    try {
+      answer = co_await answered;
+    } catch (const OversizedBody&) {
+      // To some servers "0" means all of them.
+      if (category.named) throw;
+      attempt.failed();
+    }
+    throwIfStopped(token);
+    const auto read = client.worker_->run([library, token, answer = std::move(answer)]() mutable {
+      return library->readEntries(std::move(answer), token);
+    });
+    part = co_await read;
+    throwIfStopped(token);
+    if (onPart) onPart(part);
+  }
+  throwIfStopped(token);
+  const auto built = client.worker_->run([library] { return library->whole(); });
+  Catalog catalog = co_await built;
+  co_return catalog;
 }
 
 QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client, MediaItem show,

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QCoroTask>
+#include <functional>
 #include <stop_token>
 
 #include "library/catalog.h"
 #include "library/guide_entry.h"
 #include "net/http_transport.h"
+#include "provider/catalog_by_category.h"
 #include "provider/provider_account.h"
 #include "provider/provider_details.h"
 
@@ -18,11 +20,14 @@ class Worker;
 /// transport fails with, `JSONError` or `AppError`.
 class ProviderClient {
  public:
+  using OnPart = std::function<void(const CatalogPart&)>;
+
   /// Both references outlive every operation that is not cancelled.
   ProviderClient(ProviderAccount account, HTTPTransport& transport, Worker& worker);
 
   QCoro::Task<ProviderDetails> authenticate(std::stop_token token) const;
-  QCoro::Task<Catalog> catalog(LibraryKind kind, std::stop_token token) const;
+  /// `onPart` hears of each part of a library that is too large for one answer; not after a stop.
+  QCoro::Task<Catalog> catalog(LibraryKind kind, std::stop_token token, OnPart onPart = {}) const;
   /// In viewing order.
   QCoro::Task<QList<MediaItem>> episodes(const MediaItem& show, std::stop_token token) const;
   /// What is on now and next, in the provider's order; may contain programmes that are over.
@@ -31,7 +36,11 @@ class ProviderClient {
  private:
   // Static, and with a client of their own: a member coroutine would outlive the client it ran on.
   static QCoro::Task<ProviderDetails> signIn(ProviderClient client, std::stop_token token);
-  static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, std::stop_token token);
+  static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, OnPart onPart,
+                                   std::stop_token token);
+  static QCoro::Task<Catalog> loadByCategory(ProviderClient client, LibraryKind kind,
+                                             QByteArray categories, OnPart onPart,
+                                             std::stop_token token);
   static QCoro::Task<QList<MediaItem>> loadEpisodes(ProviderClient client, MediaItem show,
                                                     std::stop_token token);
   static QCoro::Task<GuideEntries> loadGuide(ProviderClient client, MediaItem channel,

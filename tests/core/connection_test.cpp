@@ -155,6 +155,54 @@ TEST_F(ConnectionTest, ALoadOrSaveThatFailsKeepsTheLibraryAndSaysSo) {
   EXPECT_EQ(app.libraries().catalogs().at(LibraryKind::movies).size(), 3u);
 }
 
+TEST_F(ConnectionTest, ALibraryInPartsIsShownAsItComesAndSavedWhole) {
+  signIn();
+  const QByteArray categories = R"([{"category_id":1},{"category_id":2}])";
+  const QString inAll = u"2 shown, 1 file"_s;
+  using Progress = std::map<LibraryKind, LoadProgress>;
+  const auto state = [&] {
+    const std::size_t shown = app.libraries().catalog(LibraryKind::movies).size();
+    return u"%1 shown, %2 file"_s.arg(shown).arg(savedFiles().filter(u"movies"_s).size());
+  };
+  const auto ask = [&](LoadMode mode) {
+    app.load(LibraryKind::movies, mode);
+    ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+    transport.answer(categoryAction(LibraryKind::movies), categories);
+    transport.fail(moviesRequest, OversizedBody());
+    ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+    transport.answer(moviesRequest, rows(LibraryKind::movies, 0, 1));
+    ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+    EXPECT_EQ(app.libraries().progress(), (Progress{{LibraryKind::movies, {1, 1, 3}}}));
+  };
+  const auto end = [&](bool well) {
+    if (well) {
+      transport.answer(moviesRequest, rows(LibraryKind::movies, 1, 1));
+      ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+      transport.answer(moviesRequest, "[]");
+    } else {
+      transport.fail(moviesRequest, HTTPFailure(500));
+    }
+    ASSERT_TRUE(idle());
+    EXPECT_EQ(app.libraries().errors().contains(LibraryKind::movies), !well);
+    EXPECT_EQ(app.libraries().progress(), Progress());
+  };
+  ask(LoadMode::copyFirst);
+  EXPECT_EQ(state(), u"1 shown, 0 file"_s);
+  end(false);
+  EXPECT_EQ(state(), u"0 shown, 0 file"_s);
+  EXPECT_FALSE(app.libraries().catalogs().contains(LibraryKind::movies));
+  ask(LoadMode::copyFirst);
+  end(true);
+  EXPECT_EQ(state(), inAll);
+  ask(LoadMode::refresh);
+  EXPECT_EQ(state(), inAll) << "what was shown already stays until the end";
+  end(false);
+  EXPECT_EQ(state(), inAll);
+  ask(LoadMode::refresh);
+  signOut();
+  EXPECT_EQ(app.libraries().progress(), Progress());
+}
+
 /// What can replace the world while a load is suspended.
 enum class Change { connect, disconnect, destroy };
 

@@ -13,7 +13,7 @@ Rectangle {
     StyledText {
         id: label
         x: Style.inset
-        width: Math.min(implicitWidth, strip.width - 2 * Style.inset - count.width - spinner.width - 2 * Style.gap)
+        width: Math.min(implicitWidth, strip.width - 2 * Style.inset - count.width - spinner.width - progress.width - 3 * Style.gap)
         anchors.verticalCenter: parent.verticalCenter
         text: strip.line.label
         font: Style.headline
@@ -29,6 +29,16 @@ Rectangle {
         Accessible.ignored: false
         Accessible.role: Accessible.Animation
         Accessible.name: qsTr("Loading")
+    }
+
+    StyledText {
+        id: progress
+        anchors.left: spinner.right
+        anchors.leftMargin: Style.gap
+        anchors.verticalCenter: parent.verticalCenter
+        text: strip.line.progress
+        font: Style.caption
+        color: Style.secondary
     }
 
     StyledText {

@@ -15,7 +15,8 @@ StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QOb
   for (const auto signal :
        {&Browsing::sectionChanged, &Browsing::categoryChanged, &Browsing::itemsChanged})
     connect(&browsing, signal, this, &StatusView::changed);
-  for (const auto signal : {&Libraries::loadingChanged, &Libraries::errorsChanged})
+  for (const auto signal :
+       {&Libraries::loadingChanged, &Libraries::progressChanged, &Libraries::errorsChanged})
     connect(&libraries, signal, this, &StatusView::changed);
 }
 
@@ -34,6 +35,16 @@ QString StatusView::label() const {
 bool StatusView::loading() const {
   const auto kind = browsing_.kind();
   return kind && libraries_.loading().contains(*kind);
+}
+
+QString StatusView::progress() const {
+  const auto kind = browsing_.kind();
+  const auto found = kind ? libraries_.progress().find(*kind) : libraries_.progress().end();
+  if (found == libraries_.progress().end()) return {};
+  const LoadProgress& progress = found->second;
+  return u"%1 loaded · %2 of %3 categories"_s.arg(progress.entries)
+      .arg(progress.answers)
+      .arg(progress.categories);
 }
 
 QString StatusView::count() const {

@@ -15,6 +15,7 @@ class StatusView final : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(QString label READ label NOTIFY changed)
   Q_PROPERTY(bool loading READ loading NOTIFY changed)
+  Q_PROPERTY(QString progress READ progress NOTIFY changed)
   Q_PROPERTY(QString count READ count NOTIFY changed)
   Q_PROPERTY(QString error READ error NOTIFY changed)
 
@@ -23,6 +24,8 @@ class StatusView final : public QObject {
 
   QString label() const;
   bool loading() const;
+  /// How far a library has come that is loaded in parts; empty otherwise.
+  QString progress() const;
   QString count() const;
   QString error() const;  // empty: none
 

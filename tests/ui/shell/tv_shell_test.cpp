@@ -74,6 +74,25 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
   EXPECT_EQ(empty->headline(), u"No matching titles"_s);
 }
 
+TEST_F(TVShellTest, TheStatusLineTellsHowFarALibraryInPartsHasCome) {
+  open();
+  signIn();
+  model->navigate(Section::movies);
+  ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+  EXPECT_EQ(status->progress(), QString());
+  transport.answer(categoryAction(LibraryKind::movies), R"([{"category_id":1}])");
+  transport.fail(action(LibraryKind::movies), OversizedBody());
+  ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+  EXPECT_EQ(status->progress(), u"0 loaded · 0 of 2 categories"_s);
+  QString told;
+  QObject::connect(status.get(), &StatusView::changed, [&] { told = status->progress(); });
+  transport.answer(action(LibraryKind::movies), rows(LibraryKind::movies, 0, 7));
+  ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+  EXPECT_EQ(told, u"7 loaded · 1 of 2 categories"_s);
+  model->navigate(Section::live);
+  EXPECT_EQ(status->progress(), QString());
+}
+
 TEST_F(TVShellTest, EscStepsBackOneThingAtATime) {
   open({u"--demo"_s});
   model->navigate(Section::shows);
