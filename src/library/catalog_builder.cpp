@@ -113,6 +113,7 @@ Catalog CatalogBuilder::inOrder(const std::vector<std::uint32_t>& order,
     ordered->foldedNames.append(from.foldedNames, name, from.foldedEnds[number] - name);
     ordered->foldedEnds.push_back(static_cast<std::uint32_t>(ordered->foldedNames.size()));
   }
+  indexIDs(*ordered);
   return Catalog(std::move(ordered));
 }
 

@@ -29,7 +29,10 @@ QString idsOrSentence(QCoro::Task<Catalog> loading) {
   try {
     const Catalog catalog = awaited<Catalog>(std::move(loading));
     QStringList ids;
-    for (std::size_t i = 0; i < catalog.size(); ++i) ids.append(catalog.item(i).providerID);
+    for (std::size_t i = 0; i < catalog.size(); ++i) {
+      ids.append(catalog.item(i).providerID);
+      EXPECT_EQ(catalog.indexOf(catalog.id(i)), i);
+    }
     return ids.join(u' ');
   } catch (...) {
     return readableError(std::current_exception());
