@@ -102,6 +102,13 @@ void player(Album& album) {
   stage.click(u"Playback speed"_s);
   stage.shot(u"speeds"_s, u"The choice of a speed"_s);
   stage.press(Qt::Key_Escape);
+  stage.click(u"Sound output"_s);
+  stage.shot(u"outputs"_s, u"The choice of a device for the sound"_s);
+  stage.press(Qt::Key_Escape);
+  stage.views().transport()->chooseDelay(150);
+  stage.click(u"Sound and picture"_s);
+  stage.shot(u"delays"_s, u"The choice of how far the sound is behind the picture"_s);
+  stage.press(Qt::Key_Escape);
   shell.backToBrowsing();
 
   stage.show(Section::shows);

@@ -33,6 +33,7 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
   if (services_.launch.demo) explore();
   if (services_.launch.isolated) return;
   habits_.emplace(services_.preferences, session_, *playback_);
+  soundSetup_.emplace(services_.preferences, *playback_);
   trackMemory_.emplace(services_.preferences, session_, *playback_, [this] {
     const std::optional<MediaItem> item = playing();
     return item ? item->showID : QString();

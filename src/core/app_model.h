@@ -6,6 +6,7 @@
 #include "core/services.h"
 #include "core/session.h"
 #include "core/show_details.h"
+#include "core/sound_setup.h"
 #include "core/track_memory.h"
 #include "core/viewing_habits.h"
 #include "core/watch_record.h"
@@ -113,6 +114,7 @@ class AppModel final : public QObject {
   // Absent where saved state is not touched.
   std::optional<ViewingHabits> habits_;
   std::optional<TrackMemory> trackMemory_;
+  std::optional<SoundSetup> soundSetup_;
   Browsing browsing_;
   ProgrammeGuide guide_;
   ShowDetails details_;

@@ -86,6 +86,11 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     return status_;
   }
 
+  AudioDevices audioDevices() const {
+    const std::lock_guard lock(mutex_);
+    return devices_;
+  }
+
   void markOpening() {
     const std::lock_guard lock(mutex_);
     if (isOver(status_)) status_.state = EngineState::opening;
@@ -119,6 +124,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
       while (const Command command = next(interval(player))) {
         command(player);
         publish(player.source(), player.sample());
+        noteDevices(player.audioDevices());
         if (const auto file = player.takeRecording()) report(*file);
         noteRecording(player.isRecording());
       }
@@ -171,6 +177,11 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
       Mailbox::postToMain([self = shared_from_this(), source] { self->announce(source); });
   }
 
+  void noteDevices(const AudioDevices& devices) {
+    const std::lock_guard lock(mutex_);
+    devices_ = devices;
+  }
+
   void noteRecording(bool recording) {
     const std::lock_guard lock(mutex_);
     recording_ = recording;
@@ -210,6 +221,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
   bool recording_ = false;  // a recording is not finished
   SourceNumber source_ = 0;
   EngineStatus status_;
+  AudioDevices devices_;
 };
 
 LibVLCEngine::LibVLCEngine(std::shared_ptr<VideoFrameQueue> frames, Output output,
@@ -268,6 +280,18 @@ void LibVLCEngine::setRate(float rate) {
 
 EngineStatus LibVLCEngine::status() const {
   return core_->status();
+}
+
+void LibVLCEngine::setAudioDevice(const QString& id) {
+  core_->post([id](LibVLCPlayer& player) { player.setAudioDevice(id); });
+}
+
+void LibVLCEngine::setAudioDelay(int milliseconds) {
+  core_->post([milliseconds](LibVLCPlayer& player) { player.setAudioDelay(milliseconds); });
+}
+
+AudioDevices LibVLCEngine::audioDevices() const {
+  return core_->audioDevices();
 }
 
 void LibVLCEngine::saveSnapshot(const QString& file, int width) {

@@ -30,6 +30,9 @@ class LibVLCEngine final : public MediaEngine {
   void setSubtitleTrack(std::int32_t id) override;
   void setRate(float rate) override;
   EngineStatus status() const override;
+  void setAudioDevice(const QString& id) override;
+  void setAudioDelay(int milliseconds) override;
+  AudioDevices audioDevices() const override;
   void saveSnapshot(const QString& file, int width) override;
   bool startRecording(const QString& folder) override;
   bool stopRecording() override;

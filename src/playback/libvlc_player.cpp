@@ -164,6 +164,8 @@ void LibVLCPlayer::stop() {
   failed_ = false;
   givenUp_ = false;
   volumeApplied_ = false;
+  deviceApplied_ = false;
+  delayApplied_ = 0;
 }
 
 void LibVLCPlayer::play() {
@@ -175,6 +177,7 @@ void LibVLCPlayer::play() {
   }
   givenUp_ = false;
   refused_ = libvlc_media_player_play(player_.get()) != 0;
+  applyDelay();
 }
 
 void LibVLCPlayer::pause() {
@@ -206,6 +209,51 @@ void LibVLCPlayer::applyVolume() {
   // There is nothing to set before the media's sound has an output.
   if (volumeApplied_ || !player_ || libvlc_audio_get_volume(player_.get()) < 0) return;
   volumeApplied_ = libvlc_audio_set_volume(player_.get(), volume_) == 0;
+}
+
+void LibVLCPlayer::setAudioDevice(const QString& id) {
+  if (id.isEmpty() && !device_.isEmpty() && player_ && !devices_.present.isEmpty())
+    libvlc_audio_output_device_set(player_.get(), nullptr,
+                                   audio_ == AudioOutput::server ? "@DEFAULT_SINK@" : "default");
+  device_ = id;
+  deviceApplied_ = false;
+}
+
+void LibVLCPlayer::lookAtDevices() {
+  if (!output_ || audio_ == AudioOutput::none) return;
+  const LibVLCHandle<libvlc_audio_output_device_t> first(
+      libvlc_audio_output_device_enum(player_.get()));
+  AudioDevices now;
+  bool isPresent = false;
+  bool wasPresent = false;
+  for (const auto* device = first.get(); device; device = device->p_next) {
+    const QString id = QString::fromUtf8(device->psz_device);
+    now.present.append({.id = id, .name = QString::fromUtf8(device->psz_description)});
+    isPresent = isPresent || id == device_;
+    wasPresent = wasPresent || id == devices_.inForce;
+  }
+  const LibVLCHandle<char> inForce(libvlc_audio_output_device_get(player_.get()));
+  // Between two media there is none.
+  if (inForce || !wasPresent)
+    now.inForce = QString::fromUtf8(inForce.get());
+  else
+    now.inForce = devices_.inForce;
+  devices_ = now;
+  // The sound of one that went goes elsewhere by itself, and is fetched back once.
+  if (isPresent && !deviceApplied_ && !device_.isEmpty())
+    libvlc_audio_output_device_set(player_.get(), nullptr, device_.toUtf8().constData());
+  deviceApplied_ = isPresent;
+}
+
+void LibVLCPlayer::setAudioDelay(int milliseconds) {
+  delay_ = std::int64_t{milliseconds} * 1000;
+  applyDelay();
+}
+
+void LibVLCPlayer::applyDelay() {
+  // The library forgets it with each input.
+  if (!player_ || delay_ == delayApplied_) return;
+  if (libvlc_audio_set_delay(player_.get(), delay_) == 0) delayApplied_ = delay_;
 }
 
 void LibVLCPlayer::setAudioTrack(std::int32_t id) {
@@ -241,6 +289,8 @@ EngineStatus LibVLCPlayer::sample() {
   if (refused_) return {.state = EngineState::error, .hasMedia = true};
   if (!media_ || !player_) return {};
   applyVolume();
+  applyDelay();
+  lookAtDevices();
   const PictureFacts facts = output_ ? output_->facts() : PictureFacts();
   const LibVLCTracks told(media_.get());
   const std::optional<SourceVideo> video = sourceVideo(told, facts.size);

@@ -33,6 +33,10 @@ class LibVLCPlayer {
   void setAudioTrack(std::int32_t id);
   void setSubtitleTrack(std::int32_t id);
   void setRate(float rate);
+  void setAudioDevice(const QString& id);
+  void setAudioDelay(int milliseconds);
+  /// As they were at the last sample of a media.
+  const AudioDevices& audioDevices() const { return devices_; }
   /// A recording was started whose file is not complete.
   bool isRecording() const { return recorder_ && recorder_->isRecording(); }
   void startRecording(const QString& folder);
@@ -52,6 +56,8 @@ class LibVLCPlayer {
   void stop();
   void replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber number);
   void applyVolume();
+  void applyDelay();
+  void lookAtDevices();
   /// For what is loaded next; a device may be plugged in while the program runs.
   void followAudio();
   struct SourceVideo {
@@ -76,6 +82,11 @@ class LibVLCPlayer {
   std::optional<AudioOutput> audio_;  // absent before the first look
   int volume_ = 100;
   bool volumeApplied_ = false;
+  AudioDevices devices_;
+  QString device_;                 // wanted; empty: the system's choice
+  bool deviceApplied_ = false;     // since it is there, and since the media's sound has an output
+  std::int64_t delay_ = 0;         // microseconds, wanted
+  std::int64_t delayApplied_ = 0;  // microseconds, of the present input
 };
 
 }  // namespace vantor

@@ -22,6 +22,19 @@ struct EngineTrack {
   bool operator==(const EngineTrack&) const = default;
 };
 
+/// Somewhere that sound can go.
+struct AudioDevice {
+  QString id;
+  QString name;
+  bool operator==(const AudioDevice&) const = default;
+};
+
+struct AudioDevices {
+  QList<AudioDevice> present;
+  QString inForce;  // the id of the one that sound goes to; empty: unknown
+  bool operator==(const AudioDevices&) const = default;
+};
+
 enum class PictureDecoder : unsigned char { unknown, software, vaapi, vdpau };
 
 /// What is known of the current media's pictures, for people who want to know.
@@ -86,6 +99,14 @@ class MediaEngine {
   virtual void setSubtitleTrack(std::int32_t id) = 0;  // -1: none
   virtual void setRate(float rate) = 0;
   virtual EngineStatus status() const = 0;
+
+  // Of every media, also of those to come.
+  /// Empty: the system's choice, as at first. A device that is not there is taken when it comes.
+  virtual void setAudioDevice(const QString& id) = 0;
+  /// How far the sound is behind the picture; negative: before it.
+  virtual void setAudioDelay(int milliseconds) = 0;
+  /// As the last media that played found them.
+  virtual AudioDevices audioDevices() const = 0;
 
   /// Writes the current picture to `file` as PNG, `width` pixels wide with its aspect ratio kept;
   /// the file appears some time later, or never.

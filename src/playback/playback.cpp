@@ -1,6 +1,7 @@
 #include "playback/playback.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <chrono>
 
 #include "platform/trace.h"
@@ -206,6 +207,10 @@ void Playback::load(const PlayRequest& request) {
   }
   engine_.load({.address = request.url, .userAgent = request.agent});
   engine_.setVolume(wholePercent(transport_.volume()));
+  // What was there before the first source the engine has not been told, so as not to begin its
+  // work.
+  if (!transport_.audioDevice().isEmpty()) engine_.setAudioDevice(transport_.audioDevice());
+  if (transport_.audioDelay() != 0) engine_.setAudioDelay(transport_.audioDelay());
   engine_.play();
   transport_.reset();
   seeksAudio_ = seeksSubtitles_ = true;
@@ -283,6 +288,17 @@ void Playback::setSubtitleTrack(int id) {
 
 void Playback::setRate(double rate) {
   engine_.setRate(static_cast<float>(rate));
+}
+
+void Playback::setAudioDevice(const QString& id) {
+  transport_.setAudioDevice(id);
+  engine_.setAudioDevice(id);
+}
+
+void Playback::setAudioDelay(int milliseconds) {
+  const int delay = std::clamp(milliseconds, -longestAudioDelay, longestAudioDelay);
+  transport_.setAudioDelay(delay);
+  engine_.setAudioDelay(delay);
 }
 
 }  // namespace vantor

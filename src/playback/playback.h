@@ -56,6 +56,11 @@ class Playback final : public QObject {
   void setAudioTrack(int id);
   void setSubtitleTrack(int id);  // -1: none
   void setRate(double rate);
+  /// Where sound goes from now on; empty: the system's choice.
+  void setAudioDevice(const QString& id);
+  /// Milliseconds of the sound behind the picture, at most `longestAudioDelay` either way.
+  void setAudioDelay(int milliseconds);
+  static constexpr int longestAudioDelay = 2000;
 
   // For what looks after a source that has stopped by itself; nobody has asked for these.
   /// Opens the current source again, at `resume` seconds.

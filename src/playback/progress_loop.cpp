@@ -77,6 +77,7 @@ Playback::Watch Playback::tick(Opening& opening) {
   transport_.setAudioTrack(status.audioTrack);
   transport_.setSubtitleTrack(status.subtitleTrack);
   transport_.setRate(status.rate);
+  transport_.setAudioDevices(engine_.audioDevices());
   reportProgress();
   if (generation_ != opening.ticket) return Watch::over;
   if (status.state != EngineState::ended) return Watch::goOn;

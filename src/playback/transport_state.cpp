@@ -13,7 +13,10 @@ TransportState::TransportState(Announcements& announcements)
       subtitles_(announcements, *this, &TransportState::subtitlesChanged),
       audioTrack_(announcements, *this, &TransportState::audioTrackChanged, -1),
       subtitleTrack_(announcements, *this, &TransportState::subtitleTrackChanged, -1),
-      rate_(announcements, *this, &TransportState::rateChanged, 1) {}
+      rate_(announcements, *this, &TransportState::rateChanged, 1),
+      audioDevices_(announcements, *this, &TransportState::audioDevicesChanged),
+      audioDevice_(announcements, *this, &TransportState::audioDeviceChanged),
+      audioDelay_(announcements, *this, &TransportState::audioDelayChanged) {}
 
 void TransportState::reset() {
   const Announcements::Scope scope(announcements_);

@@ -28,6 +28,12 @@ class TransportState final : public QObject {
   int audioTrack() const { return audioTrack_.get(); }
   int subtitleTrack() const { return subtitleTrack_.get(); }
   double rate() const { return rate_.get(); }
+  const AudioDevices& audioDevices() const { return audioDevices_.get(); }
+
+  /// The id of the device that is wanted; empty: the system's choice.
+  const QString& audioDevice() const { return audioDevice_.get(); }
+  /// Milliseconds of the sound behind the picture; negative: before it.
+  int audioDelay() const { return audioDelay_.get(); }
 
   void setSeconds(double seconds) { seconds_.set(seconds); }
   void setDuration(double seconds) { duration_.set(seconds); }
@@ -40,8 +46,11 @@ class TransportState final : public QObject {
   void setAudioTrack(int id) { audioTrack_.set(id); }
   void setSubtitleTrack(int id) { subtitleTrack_.set(id); }
   void setRate(double rate) { rate_.set(rate); }
+  void setAudioDevices(const AudioDevices& devices) { audioDevices_.set(devices); }
+  void setAudioDevice(const QString& id) { audioDevice_.set(id); }
+  void setAudioDelay(int milliseconds) { audioDelay_.set(milliseconds); }
 
-  /// Back to the initial values, for a new media; the volume stays.
+  /// Back to the initial values, for a new media; the volume and where the sound goes stay.
   void reset();
 
  Q_SIGNALS:
@@ -55,6 +64,9 @@ class TransportState final : public QObject {
   void audioTrackChanged();
   void subtitleTrackChanged();
   void rateChanged();
+  void audioDevicesChanged();
+  void audioDeviceChanged();
+  void audioDelayChanged();
 
  private:
   Announcements& announcements_;
@@ -68,6 +80,9 @@ class TransportState final : public QObject {
   Announced<int> audioTrack_;
   Announced<int> subtitleTrack_;
   Announced<double> rate_;
+  Announced<AudioDevices> audioDevices_;
+  Announced<QString> audioDevice_;
+  Announced<int> audioDelay_;
 };
 
 }  // namespace vantor

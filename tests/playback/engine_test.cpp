@@ -316,27 +316,80 @@ TEST_F(EngineTest, HoldsTheLastPictureOfThePreviousSource) {
   EXPECT_TRUE(QDir(folder.path()).entryList({u"quillet-frame-*"_s}, QDir::Dirs).isEmpty());
 }
 
+/// A sound card whose devices write what they are given into files of their names.
+class Card {
+ public:
+  Card(const QString& folder, const QByteArrayList& devices) : folder_(folder) {
+    QByteArray file = "ctl.default { type hw card 0 }\n";
+    for (const QByteArray& name : devices)
+      file += "pcm." + name + " { type file slave.pcm { type null } format raw file " +
+              pathOf(name).toUtf8() + " hint { show on description " + name + " } }\n";
+    write(u"asound.conf"_s, file);
+    qputenv("ALSA_CONFIG_PATH", QFile::encodeName(folder + u"/asound.conf"_s));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder));
+  }
+  ~Card() {
+    qputenv("VANTOR_AUDIO", "none");
+    runtime_.isEmpty() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", runtime_);
+    qunsetenv("ALSA_CONFIG_PATH");
+  }
+  void plugIn() {
+    qunsetenv("VANTOR_AUDIO");
+    qunsetenv("PULSE_SERVER");
+    write(u"pipewire-0"_s, {});
+  }
+  qint64 heard(const QByteArray& device) const { return QFile(pathOf(device)).size(); }
+
+ private:
+  QString pathOf(const QByteArray& device) const {
+    return folder_ + u'/' + QString::fromUtf8(device) + u".raw"_s;
+  }
+  void write(const QString& name, const QByteArray& content) const {
+    QFile file(folder_ + u'/' + name);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  const QString folder_;
+  const QByteArray runtime_ = qgetenv("XDG_RUNTIME_DIR");
+};
+
 TEST_F(EngineTest, DevicePluggedInLaterIsHeardFromTheNextSourceOn) {
-  const QString heard = path(u"heard.raw"_s);
-  const QString card =
-      write(u"asound.conf"_s, "pcm.default { type file slave.pcm { type null } format raw file " +
-                                  heard.toUtf8() + " }\nctl.default { type hw card 0 }\n");
-  qputenv("ALSA_CONFIG_PATH", QFile::encodeName(card));
-  const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
-  qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path()));
+  Card card(folder.path(), {"default"});
   const QString file = movie(u"a.mkv"_s);
   EXPECT_TRUE(starts(file));
-  EXPECT_FALSE(QFile::exists(heard));
+  EXPECT_EQ(card.heard("default"), 0);
 
-  qunsetenv("VANTOR_AUDIO");
-  qunsetenv("PULSE_SERVER");
-  write(u"pipewire-0"_s, {});
+  card.plugIn();
   EXPECT_TRUE(starts(file));
-  EXPECT_TRUE(eventually([&] { return QFile(heard).size() > 0; }));
+  EXPECT_TRUE(eventually([&] { return card.heard("default") > 0; }));
   playback.stop();
-  qputenv("VANTOR_AUDIO", "none");
-  runtime.isEmpty() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", runtime);
-  qunsetenv("ALSA_CONFIG_PATH");
+}
+
+TEST_F(EngineTest, SoundGoesToTheDeviceThatIsChosenWithoutABreak) {
+  Card card(folder.path(), {"default", "bar"});
+  card.plugIn();
+  const QString film = make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60) + tone(60));
+  EXPECT_TRUE(starts(film));
+  EXPECT_TRUE(eventually([&] { return card.heard("default") > 0; }));
+  EXPECT_TRUE(eventually([&] {
+    return std::ranges::count(engine.audioDevices().present, u"bar"_s, &AudioDevice::id) == 1;
+  }));
+  EXPECT_EQ(card.heard("bar"), 0);
+  playback.setAudioDevice(u"bar"_s);
+  const std::int64_t pictures = engine.status().picture.shown;
+  EXPECT_TRUE(eventually([&] { return card.heard("bar") > 0; }));
+  EXPECT_TRUE(eventually([&] { return engine.status().picture.shown > pictures + 25; }));
+  EXPECT_EQ(playback.state(), PlaybackState::playing);
+  playback.stop();
+  const qint64 before = card.heard("bar");
+  EXPECT_TRUE(starts(film));
+  EXPECT_TRUE(eventually([&] { return card.heard("bar") > 0 && card.heard("bar") != before; }))
+      << "the next source too";
+  const qint64 usual = card.heard("default");
+  playback.setAudioDevice({});
+  EXPECT_TRUE(eventually([&] { return card.heard("default") != usual; }));
+  playback.stop();
 }
 
 TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {

@@ -47,6 +47,14 @@ void FakeEngine::setRate(float rate) {
   calls.append(u"setRate %1"_s.arg(rate));
 }
 
+void FakeEngine::setAudioDevice(const QString& id) {
+  calls.append(u"setAudioDevice "_s + id);
+}
+
+void FakeEngine::setAudioDelay(int milliseconds) {
+  calls.append(u"setAudioDelay %1"_s.arg(milliseconds));
+}
+
 void FakeEngine::saveSnapshot(const QString& file, int width) {
   calls.append(u"saveSnapshot %1"_s.arg(width));
   snapshot = file;

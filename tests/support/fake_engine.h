@@ -16,6 +16,7 @@ class FakeEngine final : public MediaEngine {
   QImage picture;              // written by `saveSnapshot`; nothing is written while it is null
   bool recordingStops = true;  // what `stopRecording` answers
   QString snapshot;            // path of the last snapshot asked for
+  AudioDevices devices;        // what `audioDevices` answers
   bool releasesLate = false;   // what is unloaded has not let go of its connection by itself
 
   void load(const MediaSource& source) override;
@@ -28,6 +29,9 @@ class FakeEngine final : public MediaEngine {
   void setSubtitleTrack(std::int32_t id) override;
   void setRate(float rate) override;
   EngineStatus status() const override { return now; }
+  void setAudioDevice(const QString& id) override;
+  void setAudioDelay(int milliseconds) override;
+  AudioDevices audioDevices() const override { return devices; }
   void saveSnapshot(const QString& file, int width) override;
 
   /// Succeeds when `now` is recordable.

@@ -11,9 +11,11 @@ IconButton {
     required property var choices
     // The index of the one that is in force; -1: none of them.
     property int current: -1
+    property int menuWidth: 200
 
     signal chosen(var choice)
 
+    implicitWidth: 32
     implicitHeight: 28
     size: 18
     Accessible.role: Accessible.ButtonMenu
@@ -27,7 +29,7 @@ IconButton {
 
             y: -height - 4
             x: button.width - width
-            width: 200
+            width: button.menuWidth
             first: Math.max(0, button.current)
 
             Instantiator {

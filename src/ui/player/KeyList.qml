@@ -22,6 +22,7 @@ Sheet {
             { keys: "Shift ←  Shift →", does: "60 seconds back and on" },
             { keys: "N", does: "Next episode" },
             { keys: "M   +   −", does: "Mute, volume" },
+            { keys: "Ctrl +   Ctrl −", does: "Sound later, earlier" },
             { keys: "A   S", does: "Sound, subtitles" },
             { keys: "Z", does: "Shape of the picture" }
         ],

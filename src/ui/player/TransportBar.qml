@@ -59,6 +59,7 @@ ColumnLayout {
 
         ThinSlider {
             Layout.preferredWidth: 80
+            Layout.minimumWidth: 40
             from: 0
             to: 100
             stepSize: 5
@@ -72,29 +73,49 @@ ColumnLayout {
             Layout.fillWidth: true
         }
 
-        ChoiceButton {
-            symbol: "waveform"
-            help: "Audio tracks"
-            enabled: bar.transport.audioEnabled
-            choices: bar.transport.audio
-            current: bar.transport.audioChoice
-            onChosen: choice => bar.transport.chooseAudio(choice.id)
-        }
+        Row {
+            ChoiceButton {
+                symbol: "waveform"
+                help: "Audio tracks"
+                enabled: bar.transport.audioEnabled
+                choices: bar.transport.audio
+                current: bar.transport.audioChoice
+                onChosen: choice => bar.transport.chooseAudio(choice.id)
+            }
 
-        ChoiceButton {
-            symbol: "captions.bubble"
-            help: "Subtitles"
-            choices: bar.transport.subtitles
-            current: bar.transport.subtitleChoice
-            onChosen: choice => bar.transport.chooseSubtitle(choice.id)
-        }
+            ChoiceButton {
+                symbol: "captions.bubble"
+                help: "Subtitles"
+                choices: bar.transport.subtitles
+                current: bar.transport.subtitleChoice
+                onChosen: choice => bar.transport.chooseSubtitle(choice.id)
+            }
 
-        ChoiceButton {
-            symbol: "speedometer"
-            help: "Playback speed"
-            choices: bar.transport.speeds
-            current: bar.transport.speedChoice
-            onChosen: choice => bar.transport.chooseSpeed(choice.rate)
+            ChoiceButton {
+                symbol: "speedometer"
+                help: "Playback speed"
+                choices: bar.transport.speeds
+                current: bar.transport.speedChoice
+                onChosen: choice => bar.transport.chooseSpeed(choice.rate)
+            }
+
+            ChoiceButton {
+                symbol: "hifispeaker"
+                help: "Sound output"
+                menuWidth: 280
+                choices: bar.transport.outputs
+                current: bar.transport.outputChoice
+                onChosen: choice => bar.transport.chooseOutput(choice.id)
+            }
+
+            ChoiceButton {
+                symbol: "timer"
+                help: "Sound and picture"
+                menuWidth: 240
+                choices: bar.transport.delays
+                current: bar.transport.delayChoice
+                onChosen: choice => bar.transport.chooseDelay(choice.delay)
+            }
         }
     }
 }

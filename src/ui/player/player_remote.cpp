@@ -145,10 +145,11 @@ void PlayerRemote::putChooserAway() {
 
 bool PlayerRemote::press(int key, int modifiers) {
   const auto held = Qt::KeyboardModifiers(modifiers) & ~Qt::KeypadModifier;
-  if (held == Qt::ControlModifier && key == Qt::Key_I) return statistics_.toggle();
-  const bool shift = held == Qt::ShiftModifier;
+  const bool shift = held & Qt::ShiftModifier;
+  const auto others = held & ~Qt::ShiftModifier;
   // The layout decides whether + and ? need Shift.
-  if (held && !shift) return false;
+  if (others == Qt::ControlModifier) return pressWithControl(key, shift);
+  if (others) return false;
   if ((key == Qt::Key_F || key == Qt::Key_P) && !shift && playback_.source()) {
     if (key == Qt::Key_F)
       toggleFullScreen();
@@ -190,6 +191,22 @@ bool PlayerRemote::press(int key, int modifiers) {
     case Qt::Key_VolumeMute:
       toggleMuted();
       return true;
+    default:
+      return false;
+  }
+}
+
+bool PlayerRemote::pressWithControl(int key, bool shift) {
+  switch (key) {
+    case Qt::Key_I:
+      return !shift && statistics_.toggle();
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      if (watching()) changeDelay(TransportControls::delayStep);
+      return watching();
+    case Qt::Key_Minus:
+      if (watching()) changeDelay(-TransportControls::delayStep);
+      return watching();
     default:
       return false;
   }
@@ -255,6 +272,12 @@ void PlayerRemote::toggleMuted() {
   playback_.toggleMuted();
   const int volume = qRound(transport_.volume());
   say(volume > 0 ? u"Volume %1 %"_s.arg(volume) : u"Muted"_s);
+}
+
+void PlayerRemote::changeDelay(int milliseconds) {
+  const int present = playback_.transport()->audioDelay();
+  playback_.setAudioDelay(present + milliseconds);
+  say(TransportControls::delayText(playback_.transport()->audioDelay()));
 }
 
 QVariantMap PlayerRemote::next(Round& round, int current, const QVariantList& choices) {

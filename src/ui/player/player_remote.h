@@ -111,7 +111,9 @@ class PlayerRemote final : public QObject {
 
  private:
   bool zap(int key);
+  bool pressWithControl(int key, bool shift);
   void toggleMuted();
+  void changeDelay(int milliseconds);
   /// Going round choices by a key, which may be pressed again before the engine says what is in
   /// force.
   struct Round {

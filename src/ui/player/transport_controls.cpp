@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 
 #include "playback/playback.h"
 
@@ -27,6 +28,18 @@ int indexOf(const QList<EngineTrack>& tracks, int id) {
   return found == tracks.end() ? -1 : static_cast<int>(found - tracks.begin());
 }
 
+/// Delays that are offered: the present one, some steps to each side, and none.
+QList<int> delaysAround(int present) {
+  constexpr int steps = 4;
+  QList<int> delays;
+  for (int step = -steps; step <= steps; ++step) {
+    const int delay = present + step * TransportControls::delayStep;
+    if (std::abs(delay) <= Playback::longestAudioDelay) delays.append(delay);
+  }
+  if (!delays.contains(0)) delays.insert(present > 0 ? 0 : delays.size(), 0);
+  return delays;
+}
+
 constexpr std::array rates{0.5, 1.0, 1.25, 1.5, 2.0};
 
 }  // namespace
@@ -47,6 +60,11 @@ TransportControls::TransportControls(Playback& playback, QObject* parent)
        {&TransportState::subtitlesChanged, &TransportState::subtitleTrackChanged})
     connect(&state_, signal, this, &TransportControls::subtitleChoiceChanged);
   connect(&state_, &TransportState::rateChanged, this, &TransportControls::speedChoiceChanged);
+  connect(&state_, &TransportState::audioDevicesChanged, this, &TransportControls::outputsChanged);
+  for (const auto signal :
+       {&TransportState::audioDevicesChanged, &TransportState::audioDeviceChanged})
+    connect(&state_, signal, this, &TransportControls::outputChoiceChanged);
+  connect(&state_, &TransportState::audioDelayChanged, this, &TransportControls::delayChanged);
 }
 
 QString TransportControls::clock(double seconds) {
@@ -57,6 +75,13 @@ QString TransportControls::clock(double seconds) {
   const QString end = padded(whole % 60);
   if (whole < 3600) return QString::number(whole / 60) + u':' + end;
   return QString::number(whole / 3600) + u':' + padded(whole / 60 % 60) + u':' + end;
+}
+
+QString TransportControls::delayText(int milliseconds) {
+  if (milliseconds == 0) return u"Sound with the picture"_s;
+  return (milliseconds > 0 ? u"Sound %1 ms after the picture"_s
+                           : u"Sound %1 ms before the picture"_s)
+      .arg(std::abs(milliseconds));
 }
 
 double TransportControls::shownPosition() const {
@@ -110,6 +135,20 @@ QVariantList TransportControls::speeds() const {
   return list;
 }
 
+QVariantList TransportControls::outputs() const {
+  QVariantList list{QVariantMap{{u"id"_s, QString()}, {u"name"_s, u"The system's choice"_s}}};
+  for (const AudioDevice& device : state_.audioDevices().present)
+    list.append(QVariantMap{{u"id"_s, device.id}, {u"name"_s, device.name}});
+  return list;
+}
+
+QVariantList TransportControls::delays() const {
+  QVariantList list;
+  for (const int delay : delaysAround(state_.audioDelay()))
+    list.append(QVariantMap{{u"delay"_s, delay}, {u"name"_s, delayText(delay)}});
+  return list;
+}
+
 int TransportControls::audioChoice() const {
   return indexOf(state_.audio(), state_.audioTrack());
 }
@@ -124,6 +163,19 @@ int TransportControls::speedChoice() const {
     return std::abs(rate - state_.rate()) < 0.01;
   });
   return found == rates.end() ? -1 : static_cast<int>(found - rates.begin());
+}
+
+int TransportControls::outputChoice() const {
+  // The system's choice stands first.
+  if (state_.audioDevice().isEmpty()) return 0;
+  const AudioDevices& devices = state_.audioDevices();
+  const auto found = std::ranges::find(devices.present, devices.inForce, &AudioDevice::id);
+  return found == devices.present.end() ? -1
+                                        : static_cast<int>(found - devices.present.begin()) + 1;
+}
+
+int TransportControls::delayChoice() const {
+  return static_cast<int>(delaysAround(state_.audioDelay()).indexOf(state_.audioDelay()));
 }
 
 void TransportControls::beginSeek() {
@@ -157,6 +209,14 @@ void TransportControls::chooseAudio(int id) {
 
 void TransportControls::chooseSubtitle(int id) {
   playback_.setSubtitleTrack(id);
+}
+
+void TransportControls::chooseOutput(const QString& id) {
+  playback_.setAudioDevice(id);
+}
+
+void TransportControls::chooseDelay(int milliseconds) {
+  playback_.setAudioDelay(milliseconds);
 }
 
 void TransportControls::chooseSpeed(double rate) {

@@ -9,7 +9,8 @@ namespace vantor {
 class Playback;
 class TransportState;
 
-/// The control bar of the player: position, volume, tracks and speed. Main thread only.
+/// The control bar of the player: position, volume, tracks, speed and where the sound goes. Main
+/// thread only.
 class TransportControls final : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -26,12 +27,19 @@ class TransportControls final : public QObject {
   Q_PROPERTY(int audioChoice READ audioChoice NOTIFY audioChoiceChanged)
   Q_PROPERTY(int subtitleChoice READ subtitleChoice NOTIFY subtitleChoiceChanged)
   Q_PROPERTY(int speedChoice READ speedChoice NOTIFY speedChoiceChanged)
+  Q_PROPERTY(QVariantList outputs READ outputs NOTIFY outputsChanged)
+  Q_PROPERTY(int outputChoice READ outputChoice NOTIFY outputChoiceChanged)
+  Q_PROPERTY(QVariantList delays READ delays NOTIFY delayChanged)
+  Q_PROPERTY(int delayChoice READ delayChoice NOTIFY delayChanged)
 
  public:
   explicit TransportControls(Playback& playback, QObject* parent = nullptr);
 
   /// "9:05", "1:00:00"; negative times are 0:00.
   static QString clock(double seconds);
+  /// "Sound 25 ms after the picture".
+  static QString delayText(int milliseconds);
+  static constexpr int delayStep = 25;  // milliseconds
 
   QString positionText() const;
   QString durationText() const;
@@ -43,11 +51,15 @@ class TransportControls final : public QObject {
   bool audioEnabled() const;
   QVariantList subtitles() const;  // likewise, "Off" first
   QVariantList speeds() const;     // maps of "rate" and "name"
+  QVariantList outputs() const;    // maps of "id" and "name", the system's choice first
+  QVariantList delays() const;     // maps of "delay" and "name", around the present one
 
   // The index in each of them of what is in force, -1 if it is none of them.
   int audioChoice() const;
   int subtitleChoice() const;
   int speedChoice() const;
+  int outputChoice() const;
+  int delayChoice() const;
 
   /// A drag of the position: only its end moves the playback.
   Q_INVOKABLE void beginSeek();
@@ -59,6 +71,8 @@ class TransportControls final : public QObject {
   Q_INVOKABLE void chooseAudio(int id);
   Q_INVOKABLE void chooseSubtitle(int id);
   Q_INVOKABLE void chooseSpeed(double rate);
+  Q_INVOKABLE void chooseOutput(const QString& id);
+  Q_INVOKABLE void chooseDelay(int milliseconds);
 
  Q_SIGNALS:
   void positionChanged();
@@ -69,6 +83,9 @@ class TransportControls final : public QObject {
   void audioChoiceChanged();
   void subtitleChoiceChanged();
   void speedChoiceChanged();
+  void outputsChanged();
+  void outputChoiceChanged();
+  void delayChanged();
 
  private:
   double shownPosition() const;

@@ -276,8 +276,27 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
   clock.advance(250ms);
   EXPECT_EQ(notes({Qt::Key_A}), QStringList{u"Sound: English"_s});
 
+  const auto delay = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    press(key, modifiers);
+    return views->remote()->note();
+  };
+  EXPECT_EQ((QStringList{delay(Qt::Key_Minus, Qt::ControlModifier),
+                         delay(Qt::Key_Equal, Qt::ControlModifier),
+                         delay(Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier),
+                         delay(Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier)}),
+            (QStringList{u"Sound 25 ms before the picture"_s, u"Sound with the picture"_s,
+                         u"Sound 25 ms after the picture"_s, u"Sound 50 ms after the picture"_s}));
+  engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}}, .inForce = u"bar"_s};
+  app->playback().setAudioDevice(u"bar"_s);
+  clock.advance(2s);
+  app->playback().setAudioDelay(50);
+
   const std::pair<const char*, const char*> menus[] = {
-      {"Audio tracks", "Français"}, {"Subtitles", "Off"}, {"Playback speed", "1.5×"}};
+      {"Audio tracks", "Français"},
+      {"Subtitles", "Off"},
+      {"Playback speed", "1.5×"},
+      {"Sound output", "Bar"},
+      {"Sound and picture", "Sound 50 ms after the picture"}};
   for (const auto& [button, inForce] : menus) {
     views->remote()->moved();
     click(appears("help", QString::fromLatin1(button)));

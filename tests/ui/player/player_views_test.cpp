@@ -141,5 +141,37 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
   EXPECT_EQ(controls.speeds().size(), 5);
 }
 
+TEST_F(PlayerViewsTest, OutputsAndDelaysOfTheSoundAreOffered) {
+  EXPECT_EQ(controls.outputs().size(), 1);
+  open(channel(u"1"_s));
+  const struct {
+    QString wanted, inForce;
+    int choice;
+  } cases[] = {{u""_s, u"bar"_s, 0},
+               {u"bar"_s, u"bar"_s, 2},
+               {u"gone"_s, u"tv"_s, 1},
+               {u"bar"_s, u""_s, -1}};
+  for (const auto& row : cases) {
+    controls.chooseOutput(row.wanted);
+    engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}},
+                      .inForce = row.inForce};
+    advance(movie());
+    EXPECT_EQ(controls.outputs().size(), 3);
+    EXPECT_EQ(controls.outputChoice(), row.choice);
+  }
+  const std::pair<int, QStringList> delays[] = {{0, {u"-100"_s, u"100"_s, u"9"_s}},
+                                                {-250, {u"-350"_s, u"0"_s, u"10"_s}},
+                                                {2000, {u"0"_s, u"2000"_s, u"6"_s}}};
+  for (const auto& [delay, expected] : delays) {
+    controls.chooseDelay(delay);
+    const QVariantList list = controls.delays();
+    EXPECT_EQ(
+        (QStringList{list.first().toMap()[u"delay"_s].toString(),
+                     list.last().toMap()[u"delay"_s].toString(), QString::number(list.size())}),
+        expected);
+    EXPECT_EQ(list.value(controls.delayChoice()).toMap()[u"delay"_s].toInt(), delay);
+  }
+}
+
 }  // namespace
 }  // namespace vantor
