@@ -5,7 +5,7 @@ _vantor() {
   if [ "$before" = --show ]; then
     mapfile -t COMPREPLY < <(compgen -W 'live movies shows search list' -- "$word")
   elif [[ $word == -* ]]; then
-    mapfile -t COMPREPLY < <(compgen -W '--demo --help --show --smoke-test --verbose --version' -- "$word")
+    mapfile -t COMPREPLY < <(compgen -W '--demo --diagnose --help --show --smoke-test --verbose --version' -- "$word")
   fi
 }
 # Files where nothing else fits.

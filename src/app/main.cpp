@@ -12,6 +12,11 @@
 #include "core/section.h"
 #include "desktop/application_object.h"
 #include "desktop/one_program.h"
+#include "diagnosis/crash_handler.h"
+#include "diagnosis/crash_reports.h"
+#include "diagnosis/diagnosis.h"
+#include "diagnosis/report.h"
+#include "diagnosis/versions.h"
 
 namespace {
 
@@ -25,16 +30,27 @@ LaunchArguments launchArguments(const QStringList& arguments) {
   return launch;
 }
 
-/// `--help` and `--version` need no display, and so no QGuiApplication. Whether they were asked
-/// for, and answered.
+/// `--help`, `--version` and `--diagnose` need no display, and so no QGuiApplication. Whether they
+/// were asked for, and answered.
 bool isAnswered(const LaunchArguments& launch, int argc, char** argv) {
   if (launch.task == LaunchArguments::Task::play) return false;
+  if (launch.task == LaunchArguments::Task::diagnose) {
+    vantor::diagnose(argc, argv, std::chrono::seconds(5));
+    return true;
+  }
   const QCoreApplication application(argc, argv);
   const QString answer = launch.task == LaunchArguments::Task::tellHelp
                              ? LaunchArguments::help()
                              : QStringLiteral("vantor " VANTOR_VERSION "\n");
   std::fputs(qUtf8Printable(answer), stdout);
   return true;
+}
+
+QByteArray aboutThisRun() {
+  QString about = QStringLiteral("Vantor Player ended unexpectedly\n");
+  for (const auto& [name, value] : vantor::versions())
+    about += name + QStringLiteral(": ") + vantor::withoutHome(value) + QLatin1Char('\n');
+  return about.toUtf8();
 }
 
 /// The desktop's leave to come to the front, which Qt takes out of the environment.
@@ -54,6 +70,9 @@ int main(int argc, char** argv) {
   for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
   LaunchArguments launch = launchArguments(typed);
   if (isAnswered(launch, argc, argv)) return 0;
+  if (!launch.isolated)
+    vantor::reportCrashes(vantor::crash_reports::ofThisRun(vantor::Folders::ofUser().notes()),
+                          aboutThisRun());
   const QByteArray token = activationToken();
   const auto object = std::make_shared<vantor::ApplicationObject>();
   std::optional<vantor::OneProgram> one;

@@ -22,10 +22,6 @@ constexpr auto kLongestWaitForLibrary = 150ms;
 // A recording that is being saved gets five seconds, and then playback has to stop.
 constexpr auto kLongestQuitting = 9s;
 
-QString preferencesFile(const Folders& folders) {
-  return folders.configuration + QStringLiteral("/Vantor Player/preferences.ini");
-}
-
 /// Where the program's own files are, installed as in its build; empty when it has none.
 QString resourceFolder() {
   const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vantor"));
@@ -36,7 +32,8 @@ QString resourceFolder() {
 
 Program::Program(const LaunchArguments& launch)
     : launch_(launch),
-      preferences_(preferencesFile(folders_)),
+      log_(launch.isolated ? std::nullopt : std::optional<RunLog>(std::in_place, folders_.notes())),
+      preferences_(folders_.preferencesFile()),
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
       artwork_(transport_, clock_, artworkWorker_),
@@ -115,6 +112,8 @@ void Program::startUp() {
     connect(&model_.session(), &Session::startingUpChanged, this, &Program::offerSignIn);
   else
     offerSignIn();
+  // After the sheet, which it waits for.
+  if (!launch_.isolated) crashNotice_.emplace(model_, worker_, folders_.notes());
   connect(&model_.session(), &Session::startingUpChanged, this, &Program::showWindowWhenReady);
   connect(&model_.browsing(), &Browsing::itemsChanged, this, &Program::showWindowWhenReady);
   QTimer::singleShot(kLongestWaitForLibrary, this, &Program::showWindow);

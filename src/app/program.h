@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/app_delegate.h"
+#include "app/crash_notice.h"
 #include "app/termination_signals.h"
 #include "artwork/artwork_store.h"
 #include "core/app_model.h"
@@ -15,6 +16,7 @@
 #include "desktop/network_watch.h"
 #include "desktop/recording_service.h"
 #include "desktop/screen_awake.h"
+#include "diagnosis/run_log.h"
 #include "net/http_client.h"
 #include "platform/clock.h"
 #include "platform/opener.h"
@@ -65,6 +67,8 @@ class Program final : public QObject {
   const LaunchArguments launch_;
   const ServiceValues values_ = ServiceValues::ofBuild();
   const Folders folders_ = Folders::ofUser();
+  // First, since everything may fail.
+  std::optional<RunLog> log_;  // absent where saved state is not touched
   SystemClock clock_;
   Preferences preferences_;
   HTTPClient transport_;
@@ -91,6 +95,7 @@ class Program final : public QObject {
   Views views_;
   NowPlaying nowPlaying_;
   MprisService mpris_;
+  std::optional<CrashNotice> crashNotice_;
   AppDelegate delegate_;
   TerminationSignals signals_;
   QQmlEngine qml_;

@@ -60,6 +60,7 @@ class AppModel final : public QObject {
 
   // Set by the interface.
   const std::optional<QString>& notice() const { return notice_.get(); }
+  void tell(const QString& notice) { notice_.set(notice); }
   void clearNotice() { notice_.set(std::nullopt); }
   bool showingConnect() const { return showingConnect_.get(); }
   void setShowingConnect(bool showing) { showingConnect_.set(showing); }

@@ -17,7 +17,7 @@ std::shared_ptr<QTemporaryFile> written(const QImage& image, const QString& fold
   auto file = std::make_shared<QTemporaryFile>(folder + u"/vantor-picture-XXXXXX.png"_s);
   if (file->open() && image.save(file.get(), "PNG") && file->flush() && !file->fileName().isEmpty())
     return file;
-  attempt.failed(file->errorString());
+  attempt.failed(u"file error %1"_s.arg(file->error()));
   return {};
 }
 

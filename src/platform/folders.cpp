@@ -8,11 +8,31 @@
 #include <sys/stat.h>
 
 namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// QStandardPaths knows it from Qt 6.7 on.
+QString stateFolder() {
+  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+  return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
+                                     : QDir::homePath() + u"/.local/state"_s;
+}
+
+}  // namespace
 
 Folders Folders::ofUser() {
   return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
-          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-          QDir::tempPath()};
+          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation), QDir::tempPath(),
+          stateFolder()};
+}
+
+QString Folders::preferencesFile() const {
+  return configuration + u"/Vantor Player/preferences.ini"_s;
+}
+
+QString Folders::notes() const {
+  return state + u"/Vantor Player"_s;
 }
 
 bool makePrivateFolder(const QString& path) {

@@ -9,6 +9,9 @@ namespace {
 struct Parser : QCommandLineParser {
   const QCommandLineOption demo{QStringLiteral("demo"),
                                 QStringLiteral("Show a sample library, without an account.")};
+  const QCommandLineOption diagnose{
+      QStringLiteral("diagnose"),
+      QStringLiteral("Tell what a report of a fault needs, without names and addresses.")};
   const QCommandLineOption show{
       QStringLiteral("show"),
       QStringLiteral("Begin with live, movies, shows, search or list (yours)."),
@@ -25,7 +28,7 @@ struct Parser : QCommandLineParser {
   Parser() {
     setApplicationDescription(QStringLiteral("Watch Vantor TV: channels, movies and shows."));
     setSingleDashWordOptionMode(ParseAsLongOptions);
-    addOptions({demo, show, smokeTest, verbose, version, help});
+    addOptions({demo, diagnose, show, smokeTest, verbose, version, help});
     addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("A media file to play."),
                           QStringLiteral("[FILE]"));
   }
@@ -54,6 +57,8 @@ LaunchArguments LaunchArguments::read(const QStringList& arguments,
     launch.task = Task::tellHelp;
   } else if (parser.isSet(parser.version)) {
     launch.task = Task::tellVersion;
+  } else if (parser.isSet(parser.diagnose)) {
+    launch.task = Task::diagnose;
   }
   launch.demo = parser.isSet(parser.demo) || bundleIdentifier.endsWith(QLatin1String(".qa"));
   launch.isolated = launch.demo || smoke;

@@ -9,7 +9,7 @@ namespace vantor {
 
 /// What the command line and the bundle identifier ask of this run.
 struct LaunchArguments {
-  enum class Task { play, tellHelp, tellVersion };
+  enum class Task { play, tellHelp, tellVersion, diagnose };
 
   Task task = Task::play;
   bool demo = false;                 // open the preview library

@@ -22,6 +22,16 @@ Q_LOGGING_CATEGORY(artworkTrace, "vantor.artwork", QtWarningMsg)
 
 namespace {
 
+struct Keeping {
+  std::mutex mutex;
+  std::function<void(const QString&)> keep;
+};
+
+Keeping& keeping() {
+  static Keeping instance;
+  return instance;
+}
+
 int countOf(const char* tried) {
   static std::mutex mutex;
   static QHash<QByteArray, int> counts;
@@ -49,6 +59,11 @@ bool isCancellation(const std::exception& failure) {
 
 }  // namespace
 
+void keepTraces(std::function<void(const QString& line)> keep) {
+  const std::lock_guard lock(keeping().mutex);
+  keeping().keep = std::move(keep);
+}
+
 void Attempt::failed(const std::exception_ptr& failure) const {
   try {
     std::rethrow_exception(failure);
@@ -60,8 +75,14 @@ void Attempt::failed(const std::exception_ptr& failure) const {
 }
 
 void Attempt::failed(const QString& kind) const {
-  qCInfo(category_).noquote().nospace() << tried_ << ": " << kind << ", failure " << countOf(tried_)
-                                        << ", after " << sinceStart_.elapsed() << " ms";
+  const QString line = QStringLiteral("%1: %2, failure %3, after %4 ms")
+                           .arg(QLatin1String(tried_), kind)
+                           .arg(countOf(tried_))
+                           .arg(sinceStart_.elapsed());
+  qCInfo(category_).noquote() << line;
+  const std::lock_guard lock(keeping().mutex);
+  if (keeping().keep)
+    keeping().keep(QLatin1String(category_().categoryName()) + QLatin1Char(' ') + line);
 }
 
 }  // namespace vantor

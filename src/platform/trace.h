@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <QString>
 #include <exception>
+#include <functional>
 
 namespace vantor {
 
@@ -14,6 +15,10 @@ Q_DECLARE_LOGGING_CATEGORY(storageTrace)    // vantor.storage
 Q_DECLARE_LOGGING_CATEGORY(playbackTrace)   // vantor.playback
 Q_DECLARE_LOGGING_CATEGORY(recordingTrace)  // vantor.recording
 Q_DECLARE_LOGGING_CATEGORY(artworkTrace)    // vantor.artwork
+
+/// Where failures' lines go besides the log, from any thread; nowhere with an empty function. When
+/// the call returns nobody is in the function before it.
+void keepTraces(std::function<void(const QString& line)> keep);
 
 /// A failure that has a number: a status, an error code.
 class NumberedFailure {

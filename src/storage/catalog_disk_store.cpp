@@ -89,6 +89,16 @@ void CatalogDiskStore::removeAll(const Folders& folders) {
   removeOthers(catalogFolder(folders), QString());
 }
 
+QList<CatalogDiskStore::Copy> CatalogDiskStore::copies(const Folders& folders) {
+  QList<Copy> found;
+  const QDir folder(catalogFolder(folders));
+  for (const LibraryKind kind : allLibraryKinds)
+    for (const QFileInfo& file :
+         folder.entryInfoList({QStringLiteral("*-%1.bin").arg(rawValue(kind))}, QDir::Files))
+      found.append({kind, file.size(), file.lastModified()});
+  return found;
+}
+
 QString CatalogDiskStore::keyedDigest(const QString& text) const {
   return QString::fromLatin1(
       QMessageAuthenticationCode::hash(text.toUtf8(), key_, QCryptographicHash::Sha256).toHex());

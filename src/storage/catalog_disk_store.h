@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
+#include <QList>
 #include <QString>
 #include <QUuid>
 #include <memory>
@@ -33,6 +35,14 @@ class CatalogDiskStore {
   void keepOnly(const QUuid& account);
   /// Removes the files of all accounts, likewise, without a key. Blocks: worker threads only.
   static void removeAll(const Folders& folders);
+
+  struct Copy {
+    LibraryKind kind;
+    qint64 bytes;
+    QDateTime written;
+  };
+  /// What is on the disk, of all accounts, without a key.
+  static QList<Copy> copies(const Folders& folders);
 
   /// HMAC-SHA256 (RFC 2104) of `text` under the store's key, as hexadecimal digits: tells whether
   /// two texts are the same to whoever has the key, and nothing else to others.

@@ -90,6 +90,17 @@ void replace(const QString& path, const QByteArray& content) {
   }
 }
 
+void append(const QString& path, const QByteArray& content) {
+  const Descriptor file(QFile::encodeName(path), O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK);
+  struct stat status = {};
+  if (::fstat(file.get(), &status) != 0) fail("stat");
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
+    fail("not a file of ours");
+  }
+  writeAll(file.get(), content);
+}
+
 void remove(const QString& path) {
   ::unlink(unfinished(path).constData());
   if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT) fail("remove");

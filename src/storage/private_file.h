@@ -15,6 +15,9 @@ QByteArray read(const QString& path);
 /// full disk, finds the old bytes or the new, never a part.
 void replace(const QString& path, const QByteArray& content);
 
+/// Adds to the end of the file, made with the mode 0600 when there is none.
+void append(const QString& path, const QByteArray& content);
+
 /// Removes the file and what an interrupted `replace` of it left behind; an absent file is no
 /// error.
 void remove(const QString& path);

@@ -52,6 +52,7 @@ class ProgramFixture : public ::testing::Test {
     environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
     environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
     environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
+    environment.insert(u"XDG_STATE_HOME"_s, home.filePath(u"state"_s));
     environment.insert(u"VANTOR_AUDIO"_s, u"none"_s);
     program.setProcessEnvironment(environment);
     program.setProcessChannelMode(QProcess::MergedChannels);

@@ -29,7 +29,8 @@ QCoro::Task<> leave(std::stop_token token, QPointer<AppModel> model) {
 }  // namespace
 
 ModelFixture::ModelFixture()
-    : folders{home.filePath(u"data"_s), home.filePath(u"config"_s), home.path()} {}
+    : folders{home.filePath(u"data"_s), home.filePath(u"config"_s), home.path(),
+              home.filePath(u"state"_s)} {}
 
 ModelFixture::~ModelFixture() {
   quit();

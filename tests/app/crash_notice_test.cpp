@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <atomic>
+
+#include "app/crash_notice.h"
+#include "support/model_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+
+TEST(CrashNotice, WaitsForTheSignInSheetAndOtherNoticesAndComesOnce) {
+  ModelFixture fixture;
+  const QString folder = fixture.home.filePath(u"notes"_s);
+  QDir().mkpath(folder);
+  QFile report(folder + u"/crash-1.new"_s);
+  ASSERT_TRUE(report.open(QFile::WriteOnly));
+  AppModel& model = fixture.launch();
+  model.setShowingConnect(true);
+  const CrashNotice notice(model, fixture.worker, folder);
+  std::atomic<bool> looked = false;
+  fixture.worker.post([&] { looked = true; });
+  ASSERT_TRUE(eventually([&] { return looked.load(); }));
+  settle();
+  EXPECT_EQ(model.notice(), std::nullopt);
+  model.tell(u"Something else."_s);
+  model.setShowingConnect(false);
+  EXPECT_EQ(model.notice(), u"Something else."_s);
+  model.clearNotice();
+  EXPECT_TRUE(model.notice().value_or(QString()).endsWith(u"/crash-1.txt."_s));
+  EXPECT_TRUE(eventually([&] { return QFile::exists(folder + u"/crash-1.txt"_s); }));
+  model.clearNotice();
+  EXPECT_EQ(model.notice(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace vantor
