@@ -27,36 +27,8 @@ void FakeEngine::pause() {
   if (now.hasMedia) now.state = EngineState::paused;
 }
 
-void FakeEngine::setTime(std::int64_t milliseconds) {
-  calls.append(u"setTime %1"_s.arg(milliseconds));
-}
-
-void FakeEngine::setVolume(int percent) {
-  calls.append(u"setVolume %1"_s.arg(percent));
-}
-
-void FakeEngine::setAudioTrack(std::int32_t id) {
-  calls.append(u"setAudioTrack %1"_s.arg(id));
-}
-
-void FakeEngine::setSubtitleTrack(std::int32_t id) {
-  calls.append(u"setSubtitleTrack %1"_s.arg(id));
-}
-
-void FakeEngine::setRate(float rate) {
-  calls.append(u"setRate %1"_s.arg(rate));
-}
-
-void FakeEngine::setAudioDevice(const QString& id) {
-  calls.append(u"setAudioDevice "_s + id);
-}
-
-void FakeEngine::setAudioDelay(int milliseconds) {
-  calls.append(u"setAudioDelay %1"_s.arg(milliseconds));
-}
-
 void FakeEngine::saveSnapshot(const QString& file, int width) {
-  calls.append(u"saveSnapshot %1"_s.arg(width));
+  note("saveSnapshot", width);
   snapshot = file;
   if (!picture.isNull()) picture.scaledToWidth(width).save(file, "PNG");
 }

@@ -23,14 +23,14 @@ class FakeEngine final : public MediaEngine {
   void unload() override;
   void play() override;
   void pause() override;
-  void setTime(std::int64_t milliseconds) override;
-  void setVolume(int percent) override;
-  void setAudioTrack(std::int32_t id) override;
-  void setSubtitleTrack(std::int32_t id) override;
-  void setRate(float rate) override;
+  void setTime(std::int64_t milliseconds) override { note("setTime", milliseconds); }
+  void setVolume(int percent) override { note("setVolume", percent); }
+  void setAudioTrack(std::int32_t id) override { note("setAudioTrack", id); }
+  void setSubtitleTrack(std::int32_t id) override { note("setSubtitleTrack", id); }
+  void setRate(float rate) override { note("setRate", rate); }
   EngineStatus status() const override { return now; }
-  void setAudioDevice(const QString& id) override;
-  void setAudioDelay(int milliseconds) override;
+  void setAudioDevice(const QString& id) override { note("setAudioDevice", id); }
+  void setAudioDelay(int milliseconds) override { note("setAudioDelay", milliseconds); }
   AudioDevices audioDevices() const override { return devices; }
   void saveSnapshot(const QString& file, int width) override;
 
@@ -44,6 +44,12 @@ class FakeEngine final : public MediaEngine {
   }
   /// The calls since the last take.
   QStringList takeCalls() { return std::exchange(calls, {}); }
+
+ private:
+  template <class Value>
+  void note(const char* command, Value value) {
+    calls.append(QStringLiteral("%1 %2").arg(QLatin1String(command)).arg(value));
+  }
 };
 
 }  // namespace vantor::test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <list>
+#include <map>
 
 #include "platform/clock.h"
 
@@ -23,11 +23,12 @@ class ManualClock final : public Clock {
   std::size_t waiting() const { return calls_->size(); }
 
  private:
-  struct Call {
-    SteadyTime due;
-    std::function<void()> call;
-  };
-  using Calls = std::list<Call>;
+  // By the time that each is due at, and in the order in which they were asked for.
+  using Calls = std::map<std::pair<SteadyTime, int>, std::function<void()>>;
+
+  void goOnTo(SteadyTime time);
+
+  int made_ = 0;
   std::shared_ptr<Calls> calls_ = std::make_shared<Calls>();
   WallTime wall_ = WallTime(std::chrono::seconds(1'800'000'000));
   SteadyTime steady_ = SteadyTime(std::chrono::hours(1));
