@@ -54,20 +54,14 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
   if (libVLCInternals() == LibVLCInternals::left) GTEST_SKIP() << "with this version of libVLC";
   const struct {
     Shape shape;
-    QString filters;
-    QStringList format;
+    QString format;
   } parts[] = {
-      {{{320, 180}}, u"setsar=1"_s, {u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, u"yuv420p"_s}},
-      {{{640, 480}, 4.0 / 3},
-       u"setsar=4/3"_s,
-       {u"-c:v"_s, u"libx264"_s, u"-pix_fmt"_s, u"yuv420p"_s}},
+      {{{320, 180}}, u"setsar=1 -c:v libx264 -pix_fmt yuv420p"_s},
+      {{{640, 480}, 4.0 / 3}, u"setsar=4/3 -c:v libx264 -pix_fmt yuv420p"_s},
       {{{720, 576}, 64.0 / 45},
-       u"setsar=64/45,fps=50,interlace=scan=tff:lowpass=off"_s,
-       {u"-c:v"_s, u"mpeg2video"_s, u"-flags"_s, u"+ildct+ilme"_s}},
+       u"setsar=64/45,fps=50,interlace=scan=tff:lowpass=off -c:v mpeg2video -flags +ildct+ilme"_s},
       {{{320, 180}, 1, true},
-       u"setsar=1"_s,
-       {u"-c:v"_s, u"libx265"_s, u"-x265-params"_s, u"log-level=none"_s, u"-pix_fmt"_s,
-        u"yuv420p10le"_s}},
+       u"setsar=1 -c:v libx265 -x265-params log-level=none -pix_fmt yuv420p10le"_s},
   };
   constexpr int kPartSeconds = 3;
   QFile whole(path(u"whole.ts"_s));
@@ -75,12 +69,11 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
   int number = 0;
   for (const auto& part : parts) {
     const QSize size = part.shape.size;
-    whole.write(bytes(
-        make(u"part.ts"_s,
-             solidColor(u"gray"_s, u"%1x%2"_s.arg(size.width()).arg(size.height()), kPartSeconds) +
-                 QStringList{u"-vf"_s, part.filters} + part.format +
-                 QStringList{u"-output_ts_offset"_s, QString::number(number * kPartSeconds),
-                             u"-tables_version"_s, QString::number(number)})));
+    const QString pixels = u"%1x%2"_s.arg(size.width()).arg(size.height());
+    whole.write(bytes(make(
+        u"part.ts"_s,
+        solidColor(u"gray"_s, pixels, kPartSeconds) + u" -vf "_s + part.format +
+            u" -output_ts_offset %1 -tables_version %2"_s.arg(number * kPartSeconds).arg(number))));
     ++number;
   }
   whole.close();
@@ -103,10 +96,9 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
 
 TEST_F(BroadcastTest, LatePicturesAreDroppedAndCounted) {
   // Each picture is brighter than the last one.
-  const QString file =
-      make(u"brighter.mkv"_s, {u"-f"_s, u"lavfi"_s, u"-i"_s,
-                               u"nullsrc=s=320x180:r=50:d=4,geq=lum=16+N:cb=128:cr=128"_s,
-                               u"-pix_fmt"_s, u"yuv420p"_s, u"-c:v"_s, u"libx264"_s});
+  const QString file = make(u"brighter.mkv"_s,
+                            u"-f lavfi -i nullsrc=s=320x180:r=50:d=4,geq=lum=16+N:cb=128:cr=128 "
+                            "-pix_fmt yuv420p -c:v libx264"_s);
   // Whoever takes them needs five times as long for one as there is.
   struct Taken {
     std::atomic<int> pictures = 0;
@@ -132,8 +124,9 @@ TEST_F(BroadcastTest, LatePicturesAreDroppedAndCounted) {
 
 TEST_F(BroadcastTest, TellsFactsOfItsPictures) {
   const QString file =
-      make(u"a.ts"_s, {u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc2=s=638x358:r=25:d=4"_s,
-                       u"-pix_fmt"_s, u"yuv420p"_s, u"-c:v"_s, u"libx264"_s, u"-qp"_s, u"10"_s});
+      make(u"a.ts"_s,
+           u"-f lavfi -i testsrc2=s=638x358:r=25:d=4 -pix_fmt yuv420p -c:v libx264 "
+           "-qp 10"_s);
   const double bitsPerSecond = static_cast<double>(QFileInfo(file).size()) * 8 / 4;
   EXPECT_EQ(engine.status().picture, PictureFacts());
   playFile(file);

@@ -35,10 +35,6 @@ TEST_F(ControllerTest, OpensASourceInOrderAndWithItsValues) {
 /// Each way into a state, and what each operation and event makes of it.
 TEST_F(ControllerTest, GoesFromStateToState) {
   using enum PlaybackState;
-  const auto see = [&](EngineState state) {
-    engine.now.state = state;
-    clock.advance(250ms);
-  };
   const auto begin = [&] { open(channel(u"7"_s)); };
   const auto start = [&] {
     engine.now.decodedVideo = 1;
@@ -96,8 +92,7 @@ TEST_F(ControllerTest, OfTwoPlaysInARowOnlyTheSecondReachesTheEngine) {
 
 TEST_F(ControllerTest, RetryOpensTheSameSourceFromItsBeginning) {
   open(channel(u"7"_s, 15));
-  engine.now.state = EngineState::error;
-  clock.advance(250ms);
+  see(EngineState::error);
   ASSERT_TRUE(playback.message());
   engine.takeCalls();
   playback.retry();
@@ -121,16 +116,6 @@ TEST_F(ControllerTest, RetryOpensTheSameSourceFromItsBeginning) {
   EXPECT_EQ(look(), Look{});
 }
 
-TEST_F(ControllerTest, RestartPlaysTheSameSourceFromZero) {
-  openPlaying(channel(u"7"_s));
-  playback.togglePause();
-  ASSERT_TRUE(playback.paused());
-  engine.takeCalls();
-  playback.restart();
-  EXPECT_EQ(engine.calls, (QStringList{u"setTime 0"_s, u"play"_s}));
-  EXPECT_EQ(look(), (Look{u"7"_s, false, {}, false}));
-}
-
 TEST_F(ControllerTest, StopReportsTheLastPositionOnceAndReturnsToIdle) {
   openPlaying(channel(u"7"_s));
   engine.now.time = 12'500;
@@ -149,24 +134,6 @@ TEST_F(ControllerTest, StopReportsTheLastPositionOnceAndReturnsToIdle) {
   clock.advance(1s);
   EXPECT_EQ(progress.size(), 1);
   EXPECT_EQ(clock.waiting(), 0u) << "the progress loop goes on after a stop";
-}
-
-TEST_F(ControllerTest, StopBeforeTheOpeningBeginsKeepsTheEngineEmpty) {
-  playback.play(channel(u"7"_s));
-  playback.stop();
-  settle();
-  EXPECT_EQ(engine.calls, QStringList{u"unload"_s});
-  EXPECT_TRUE(progress.isEmpty());
-}
-
-TEST_F(ControllerTest, ShutdownStops) {
-  openPlaying(channel(u"7"_s));
-  const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
-  settle();
-  EXPECT_FALSE(job.running());
-  EXPECT_TRUE(progress.isEmpty()) << "nothing is known of its length";
-  EXPECT_EQ(look(), Look{});
-  EXPECT_EQ(engine.calls.last(), u"unload"_s);
 }
 
 TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {

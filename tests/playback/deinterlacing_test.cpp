@@ -28,17 +28,14 @@ class Witness {
         Qt::DirectConnection);
   }
 
-  int pictures() const {
+  struct Seen {
+    int pictures = 0;
+    int combed = 0;
+    int edges = 0;
+  };
+  Seen seen() const {
     const std::lock_guard lock(mutex_);
-    return pictures_;
-  }
-  int combed() const {
-    const std::lock_guard lock(mutex_);
-    return combed_;
-  }
-  int edges() const {
-    const std::lock_guard lock(mutex_);
-    return edges_;
+    return seen_;
   }
 
  private:
@@ -62,16 +59,14 @@ class Witness {
     const std::uint8_t* line = luma.data + std::ptrdiff_t{luma.size.height() / 2} * luma.stride;
     const int combs = Witness::combs(luma);
     const std::lock_guard lock(mutex_);
-    ++pictures_;
+    ++seen_.pictures;
     for (int x = 1; x < luma.size.width(); ++x)
-      if (std::abs(line[x] - line[x - 1]) > 60) ++edges_;
-    if (pictures_ > kFirst && combs > 0) ++combed_;
+      if (std::abs(line[x] - line[x - 1]) > 60) ++seen_.edges;
+    if (seen_.pictures > kFirst && combs > 0) ++seen_.combed;
   }
 
   mutable std::mutex mutex_;
-  int pictures_ = 0;
-  int combed_ = 0;
-  int edges_ = 0;
+  Seen seen_;
 };
 
 TEST(Deinterlacing, ShowsEachFieldOfAMovingEdgeWithoutCombs) {
@@ -80,11 +75,9 @@ TEST(Deinterlacing, ShowsEachFieldOfAMovingEdgeWithoutCombs) {
   const QString file = folder.filePath(u"channel.ts"_s);
   // A bar that moves by ten pixels from field to field.
   ASSERT_TRUE(
-      makeMedia({u"-f"_s, u"lavfi"_s, u"-i"_s, u"color=black:s=1920x1080:r=50:d=12"_s, u"-vf"_s,
-                 u"drawbox=x=400:w=300:h=1080:color=white:t=fill,scroll=h=0.0052,format=yuv420p,"
-                 "interlace=scan=tff:lowpass=off"_s,
-                 u"-c:v"_s, u"mpeg2video"_s, u"-q:v"_s, u"3"_s, u"-flags"_s, u"+ildct+ilme"_s,
-                 u"-top"_s, u"1"_s},
+      makeMedia(u"-f lavfi -i color=black:s=1920x1080:r=50:d=12 -vf "
+                "drawbox=x=400:w=300:h=1080:color=white:t=fill,scroll=h=0.0052,format=yuv420p,"
+                "interlace=scan=tff:lowpass=off -c:v mpeg2video -q:v 3 -flags +ildct+ilme -top 1"_s,
                 file));
   for (const unsigned processors : {2U, 8U}) {
     SCOPED_TRACE(testing::Message() << "on " << processors << " processors");
@@ -107,7 +100,7 @@ TEST(Deinterlacing, ShowsEachFieldOfAMovingEdgeWithoutCombs) {
       if (std::exchange(last, status.time) == status.time) return false;
       const double passed = static_cast<double>(status.time - begin) / 1000;
       if (begin > 0 && passed < 3) return false;
-      const int pictures = witness.pictures();
+      const int pictures = witness.seen().pictures;
       if (begin > 0) best = std::max(best, (pictures - before) / passed);
       begin = status.time;
       before = pictures;
@@ -115,9 +108,10 @@ TEST(Deinterlacing, ShowsEachFieldOfAMovingEdgeWithoutCombs) {
     }));
     EXPECT_GT(best, 44) << "pictures a second of the source's time";
     EXPECT_LT(best, 56);
-    EXPECT_GT(witness.edges(), witness.pictures()) << "there is something to see";
+    const Witness::Seen seen = witness.seen();
+    EXPECT_GT(seen.edges, seen.pictures) << "there is something to see";
     // Under load one may lack the neighbour that it is made from.
-    EXPECT_LE(witness.combed() * 100, witness.pictures());
+    EXPECT_LE(seen.combed * 100, seen.pictures);
   }
 }
 

@@ -34,15 +34,14 @@ class EngineFixture : public ::testing::Test {
 
   QString path(const QString& name) const { return folder.filePath(name); }
 
-  QString make(const QString& name, QStringList arguments) {
+  QString make(const QString& name, const QString& arguments) {
     EXPECT_TRUE(makeMedia(arguments, path(name)));
     return path(name);
   }
 
-  QString movie(const QString& name, const QString& color = u"red"_s,
-                const QStringList& format = {}) {
-    return make(name, solidColor(color, u"320x180"_s, 3) + tone(3) +
-                          QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-c:a"_s, u"aac"_s} + format);
+  QString movie(const QString& name, const QString& color = u"red"_s) {
+    return make(name,
+                solidColor(color, u"320x180"_s, 3) + tone(3) + u" -pix_fmt yuv420p -c:a aac"_s);
   }
 
   QString write(const QString& name, const QByteArray& content) const {

@@ -45,15 +45,13 @@ TEST_F(EngineTest, PlaysEveryContainer) {
 TEST_F(EngineTest, PicturesKeepTheirShapeWithoutTheDecodersPadding) {
   if (libVLCInternals() == LibVLCInternals::left) GTEST_SKIP() << "with this version of libVLC";
   // The lower half is white from line 360 on; a stretched picture has that edge lower.
-  const QStringList half =
+  const QString half =
       solidColor(u"black"_s, u"1280x720"_s, 2) +
-      QStringList{u"-vf"_s,  u"drawbox=y=360:h=360:color=white:t=fill,setsar=4/3"_s,
-                  u"-qp"_s,  u"4"_s,
-                  u"-c:v"_s, u"libx264"_s};
+      u" -vf drawbox=y=360:h=360:color=white:t=fill,setsar=4/3 -qp 4 -c:v libx264 -pix_fmt "_s;
   for (const QString& format : {u"yuv420p"_s, u"yuv420p10le"_s}) {
     for (const QString& name : {u"half.mkv"_s, u"half.ts"_s}) {
       SCOPED_TRACE((format + u' ' + name).toStdString());
-      ASSERT_TRUE(starts(make(name, half + QStringList{u"-pix_fmt"_s, format})));
+      ASSERT_TRUE(starts(make(name, half + format)));
       const SharedFrame frame = frames->latest();
       ASSERT_TRUE(frame);
       EXPECT_EQ(frame->size(), QSize(1280, 720));
@@ -68,33 +66,33 @@ TEST_F(EngineTest, PicturesKeepTheirShapeWithoutTheDecodersPadding) {
 
 TEST_F(EngineTest, ColorsAreTheSourcesHoweverItStoresThem) {
   if (libVLCInternals() == LibVLCInternals::left) GTEST_SKIP() << "with this version of libVLC";
-  const QStringList full{u"-vf"_s, u"scale=out_range=pc"_s, u"-color_range"_s, u"pc"_s};
   const struct {
     QString encoder;
-    QStringList formats;
+    QString formats;
     bool isFull = false;
     QString size = u"320x180"_s;  // low enough for BT.601, which these do not name
   } cases[] = {
-      {u"libx264"_s, {u"yuv420p"_s, u"yuvj420p"_s, u"yuv422p"_s, u"yuvj422p"_s, u"yuvj444p"_s}},
-      {u"mjpeg"_s, {u"yuvj422p"_s, u"yuvj444p"_s}},
-      {u"libx264"_s, {u"yuv420p10le"_s, u"yuv422p10le"_s}, true},
-      {u"libvpx-vp9"_s, {u"yuv420p"_s, u"yuv422p"_s, u"yuv444p"_s}, true},
-      {u"ffv1"_s, {u"yuv444p"_s}, true},
-      {u"ffv1"_s, {u"gray"_s, u"bgr0"_s}},
-      {u"png"_s, {u"rgb24"_s}, false, u"1280x720"_s},
-      {u"libx264rgb"_s, {u"rgb24"_s}, false, u"1280x720"_s},
-      {u"rawvideo"_s, {u"nv12"_s}},
+      {u"libx264"_s, u"yuv420p yuvj420p yuv422p yuvj422p yuvj444p"_s},
+      {u"mjpeg"_s, u"yuvj422p yuvj444p"_s},
+      {u"libx264"_s, u"yuv420p10le yuv422p10le"_s, true},
+      {u"libvpx-vp9"_s, u"yuv420p yuv422p yuv444p"_s, true},
+      {u"ffv1"_s, u"yuv444p"_s, true},
+      {u"ffv1"_s, u"gray bgr0"_s},
+      {u"png"_s, u"rgb24"_s, false, u"1280x720"_s},
+      {u"libx264rgb"_s, u"rgb24"_s, false, u"1280x720"_s},
+      {u"rawvideo"_s, u"nv12"_s},
   };
   frames->setShowsDeepSamples(true);
   for (const auto& row : cases)
-    for (const QString& format : row.formats)
+    for (const QString& format : row.formats.split(u' '))
       for (const QString& color : {u"#ffffff"_s, u"#b03050"_s}) {
         if (format == u"gray"_s && color != u"#ffffff"_s) continue;
         SCOPED_TRACE((row.encoder + u' ' + format + u' ' + color).toStdString());
-        ASSERT_TRUE(starts(
-            make(u"color.mkv"_s, solidColor(u"0x"_s + color.mid(1), row.size, 2) +
-                                     QStringList{u"-c:v"_s, row.encoder, u"-pix_fmt"_s, format} +
-                                     (row.isFull ? full : QStringList()))));
+        const QString full = u" -vf scale=out_range=pc -color_range pc"_s;
+        ASSERT_TRUE(
+            starts(make(u"color.mkv"_s, solidColor(u"0x"_s + color.mid(1), row.size, 2) +
+                                            u" -c:v %1 -pix_fmt %2"_s.arg(row.encoder, format) +
+                                            (row.isFull ? full : QString()))));
         const SharedFrame frame = frames->latest();
         ASSERT_TRUE(frame);
         EXPECT_EQ(isDeep(frame->layout), format == u"yuv420p10le"_s) << "is taken as it comes";
@@ -234,14 +232,12 @@ TEST_F(EngineTest, ResumesPausesAndSeeks) {
 
 TEST_F(EngineTest, ListsAndChoosesTracks) {
   const QString words = write(u"words.srt"_s, "1\n00:00:00,000 --> 00:00:02,000\nWords\n");
-  const QString file =
-      make(u"tracks.mkv"_s,
-           solidColor(u"red"_s, u"160x90"_s, 5) + tone(5) + tone(5) +
-               QStringList{u"-i"_s, words, u"-i"_s, words} +
-               QStringList{u"-map"_s, u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-map"_s,
-                           u"3"_s, u"-map"_s, u"4"_s, u"-metadata:s:a:0"_s, u"title=One"_s,
-                           u"-metadata:s:a:1"_s, u"title=Two"_s, u"-metadata:s:s:0"_s,
-                           u"title=Three"_s, u"-metadata:s:s:1"_s, u"title=Four"_s});
+  const QString file = make(
+      u"tracks.mkv"_s,
+      solidColor(u"red"_s, u"160x90"_s, 5) + tone(5) + tone(5) +
+          u" -i %1 -i %1 -map 0 -map 1 -map 2 -map 3 -map 4 -metadata:s:a:0 title=One "
+          "-metadata:s:a:1 title=Two -metadata:s:s:0 title=Three -metadata:s:s:1 title=Four"_s.arg(
+              words));
   ASSERT_TRUE(starts(file));
   const TransportState& transport = *playback.transport();
   ASSERT_TRUE(eventually(

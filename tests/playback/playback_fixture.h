@@ -73,8 +73,13 @@ class PlaybackFixture : public ::testing::Test {
   /// Opens a source whose first picture is there.
   void openPlaying(const PlayRequest& request) {
     open(request);
-    engine.now.state = EngineState::playing;
     engine.now.decodedVideo = 1;
+    see(EngineState::playing);
+  }
+
+  /// The engine has come into a state, and is looked at.
+  void see(EngineState state) {
+    engine.now.state = state;
     clock.advance(250ms);
   }
 

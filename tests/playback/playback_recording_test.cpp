@@ -180,8 +180,7 @@ TEST_F(EngineRecordingTest, RecordsEveryKindOfSourceWhileItPlaysOn) {
 TEST_F(EngineRecordingTest, FileIsWholeHoweverTheSourceEnds) {
   const QUrl film =
       QUrl::fromLocalFile(make(u"film.mkv"_s, solidColor(u"red"_s, u"320x180"_s, 5) + tone(5) +
-                                                  QStringList{u"-pix_fmt"_s, u"yuv420p"_s, u"-g"_s,
-                                                              u"12"_s, u"-c:a"_s, u"aac"_s}));
+                                                  u" -pix_fmt yuv420p -g 12 -c:a aac"_s));
   server.setFault("live", sim::Fault::cutOff);
   for (const bool stopped : {false, true}) {
     for (const QUrl& source : {address(sim::Kind::live, u"ts"_s), film}) {
@@ -227,9 +226,9 @@ TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
 
 TEST_F(EngineRecordingTest, QuittingWaitsForASourceThatStallsButNotForEver) {
   // The engine cannot end this recording while it waits for more of the film.
-  const QByteArray whole = bytes(make(
-      u"film.mkv"_s, QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc2=s=1280x720:r=25:d=10"_s} +
-                         tone(10) + QStringList{u"-g"_s, u"12"_s, u"-c:a"_s, u"aac"_s}));
+  const QByteArray whole =
+      bytes(make(u"film.mkv"_s,
+                 u"-f lavfi -i testsrc2=s=1280x720:r=25:d=10"_s + tone(10) + u" -g 12 -c:a aac"_s));
   StreamServer stalling(whole.first(whole.size() / 2));
   stalling.type = "video/x-matroska";
   stalling.promised = static_cast<int>(whole.size());

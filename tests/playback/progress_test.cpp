@@ -79,8 +79,7 @@ TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
   openPlaying(channel(u"2"_s));
   clock.advance(60s);
   EXPECT_EQ(look(), (Look{u"2"_s, false, {}, false}));
-  engine.now.state = EngineState::error;
-  clock.advance(250ms);
+  see(EngineState::error);
   EXPECT_EQ(look(), (Look{u"2"_s, false, kNotOpened, true})) << "it fails later as well";
 }
 
@@ -148,8 +147,7 @@ TEST_F(ProgressTest, TogglePausesAndResumesAndPlaysAgainFromTheEnd) {
     EXPECT_EQ(playback.paused(), paused);
   }
   EXPECT_EQ(engine.calls, (QStringList{u"pause"_s, u"play"_s}));
-  engine.now.state = EngineState::ended;
-  clock.advance(250ms);
+  see(EngineState::ended);
   EXPECT_EQ(look(), (Look{u"m"_s, false, {}, true}));
   EXPECT_EQ(clock.waiting(), 0u);
   engine.takeCalls();
@@ -168,8 +166,7 @@ TEST_F(ProgressTest, ProgressReportThatStopsTheSourceEndsTheTick) {
     playback.stop();
   };
   engine.now.length = 60'000;
-  engine.now.state = EngineState::ended;
-  clock.advance(250ms);
+  see(EngineState::ended);
   EXPECT_EQ(look(), Look{});
 }
 

@@ -9,7 +9,6 @@ namespace {
 
 using namespace test;
 
-const QString kStarted = u"Recording the current video. Stop recording before changing sources."_s;
 const QString kRefused = u"Stop recording before changing sources."_s;
 const QString kNoFile = u"No recording file was produced. This source may not support recording."_s;
 
@@ -46,19 +45,12 @@ class RecordingTest : public PlaybackFixture {
 };
 
 TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
-  playback.startRecording();
-  EXPECT_EQ(playback.recording().stage(), Recording::Stage::running);
-  EXPECT_EQ(playback.recording().notice(), kStarted);
+  begin();
   EXPECT_EQ(engine.calls, QStringList{u"startRecording "_s + folder});
   EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther),
             QFile::Permissions());
   playback.finishRecording();
-  EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
-  EXPECT_NE(playback.recording().stage(), Recording::Stage::running);
-  EXPECT_EQ(playback.recording().notice(), u"Saving recording…"_s);
   engine.onRecordingStopped(write(folder + u"/vlc-record-1.TS"_s, "x"));
-  EXPECT_EQ(playback.recording().stage(), Recording::Stage::idle);
-  EXPECT_EQ(playback.recording().notice(), u"Recording saved."_s);
   ASSERT_EQ(names().size(), 1);
   EXPECT_THAT(names().first().toStdString(),
               testing::MatchesRegex("Vantor-1800000000-[0-9A-F]{8}\\.TS"));
@@ -71,28 +63,9 @@ TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
   EXPECT_TRUE(names().first().startsWith(u"Vantor-1800000001-"_s));
 }
 
-TEST_F(RecordingTest, StartsOnlyOnASourceThatPlays) {
-  const QString unused = u"unused"_s;
-  playback.togglePause();
-  playback.startRecording(unused);
-  playback.stop();
-  playback.startRecording(unused);
-  open(channel(u"2"_s));
-  engine.now.recordable = true;
-  playback.startRecording(unused);
-  engine.now.state = EngineState::error;
-  clock.advance(250ms);
-  playback.startRecording(unused);
-  EXPECT_TRUE(engine.calls.filter(u"startRecording"_s).isEmpty());
-  EXPECT_FALSE(playback.recording().notice());
-
-  openPlaying(channel(u"3"_s));
-  playback.startRecording();
-  EXPECT_EQ(playback.recording().notice(), u"This source does not support recording."_s);
-  EXPECT_NE(playback.recording().stage(), Recording::Stage::running);
+TEST_F(RecordingTest, StartsOnceAndOnlyInAFolder) {
   playback.startRecording(write(temporary.filePath(u"file"_s), "") + u"/below"_s);
   EXPECT_EQ(playback.recording().notice(), u"The recording folder could not be created."_s);
-  engine.now.recordable = true;
   begin();
   engine.takeCalls();
   playback.startRecording();
@@ -124,8 +97,7 @@ TEST_F(RecordingTest, StopAndFailureFinishIt) {
     begin();
     engine.takeCalls();
     if (failing) {
-      engine.now.state = EngineState::error;
-      clock.advance(250ms);
+      see(EngineState::error);
     } else {
       playback.stop();
     }
@@ -184,23 +156,6 @@ TEST_F(RecordingTest, ListShowsRecordingsOnly) {
   EXPECT_EQ(again.recording().files().size(), 3);
   Playback headless(engine, clock, worker, folders(), Output::discarded);
   EXPECT_TRUE(headless.recording().files().isEmpty());
-}
-
-TEST_F(RecordingTest, ShutdownWaitsForTheFileButNotForEver) {
-  for (const bool saved : {true, false}) {
-    SCOPED_TRACE(saved);
-    playback.stop();
-    begin();
-    const Job job = Job::start([this](std::stop_token) { return playback.shutdown(); });
-    clock.advance(4900ms);
-    EXPECT_EQ(playback.itemID(), u"1"_s);
-    EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
-    if (saved) engine.onRecordingStopped({});
-    clock.advance(100ms);
-    EXPECT_FALSE(job.running());
-    EXPECT_EQ(look(), Look{});
-    if (!saved) engine.onRecordingStopped({});
-  }
 }
 
 }  // namespace

@@ -86,6 +86,12 @@ class ReturningStreamTest : public ::testing::TestWithParam<const char*> {
     return eventually(
         [&] { return playback.state() == PlaybackState::playing && !keeper.bringingBack(); });
   }
+  bool breaksOff() {
+    server.setFault("live", sim::Fault::cutOff);
+    server.setFault("segment", sim::Fault::status503);
+    if (isTransportStream()) playback.retry();
+    return eventually([&] { return keeper.bringingBack(); });
+  }
   int requests(const char* action) const { return server.counters().requests[action]; }
   /// Times the engine began with the channel's address; a playlist is also read while it plays.
   int asked() const { return requests("live"); }
@@ -143,10 +149,7 @@ TEST_P(ReturningStreamTest, StaysAwayFromAServerThatRefuses) {
   playChannel();
   ASSERT_TRUE(playsAgain());
   const int toOpen = asked();
-  server.setFault("live", sim::Fault::cutOff);
-  server.setFault("segment", sim::Fault::status503);
-  if (isTransportStream()) playback.retry();
-  ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
+  ASSERT_TRUE(breaksOff());
   server.setFault("live", sim::Fault::status403);
   openings = failures = 0;
   server.resetCounters();
@@ -169,10 +172,7 @@ TEST_P(ReturningStreamTest, StaysAwayFromAServerThatRefuses) {
 TEST_P(ReturningStreamTest, CommandBetweenAttemptAndAnswerLeavesOneConnection) {
   playChannel();
   const int connections = usual();
-  server.setFault("live", sim::Fault::cutOff);
-  server.setFault("segment", sim::Fault::status503);
-  if (isTransportStream()) playback.retry();
-  ASSERT_TRUE(eventually([&] { return keeper.bringingBack(); }));
+  ASSERT_TRUE(breaksOff());
   server.setFault("live", sim::Fault::status503);
   failures = 0;
   ASSERT_TRUE(eventually([&] { return failures > 0; }));

@@ -86,11 +86,10 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
   for (const auto& row : cases) {
     SCOPED_TRACE((row.name + u' ' + row.pixels).toStdString());
     const QString subtitles = write(row.name, row.content);
-    ASSERT_TRUE(
-        starts(make(row.name + u".mkv"_s,
-                    solidColor(u"black"_s, u"%1x%2"_s.arg(kWidth).arg(kHeight), kSeconds) +
-                        QStringList{u"-i"_s, subtitles, u"-map"_s, u"0"_s, u"-map"_s, u"1"_s,
-                                    u"-pix_fmt"_s, row.pixels, u"-c:s"_s, row.codec})));
+    ASSERT_TRUE(starts(make(
+        row.name + u".mkv"_s,
+        solidColor(u"black"_s, u"%1x%2"_s.arg(kWidth).arg(kHeight), kSeconds) +
+            u" -i %1 -map 0 -map 1 -pix_fmt %2 -c:s %3"_s.arg(subtitles, row.pixels, row.codec))));
     const TransportState& transport = *playback.transport();
     ASSERT_TRUE(eventually([&] { return transport.subtitles().size() == 1; }));
     for (int round = 0; round < 2; ++round) {

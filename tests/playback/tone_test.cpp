@@ -21,23 +21,13 @@ constexpr QSize kSize(320, 180);
 constexpr double kTolerance = 1.5;
 
 /// Smooth changes of everything, and below them all grays.
-QStringList ramps(const QStringList& light) {
-  return QStringList{u"-f"_s,
-                     u"lavfi"_s,
-                     u"-i"_s,
-                     u"nullsrc=s=%1x%2:r=25:d=2,format=gbrp10le,"
-                     "geq=r='1023*X/W':g='if(lt(Y,135),1023*Y/135,1023*X/W)'"
-                     ":b='if(lt(Y,135),1023*abs(1-2*X/W),1023*X/W)',"
-                     "scale=out_color_matrix=bt2020:out_range=tv"_s.arg(kSize.width())
-                         .arg(kSize.height()),
-                     u"-pix_fmt"_s,
-                     u"yuv420p10le"_s,
-                     u"-c:v"_s,
-                     u"libx264"_s,
-                     u"-qp"_s,
-                     u"0"_s,
-                     u"-colorspace"_s,
-                     u"bt2020nc"_s} +
+QString ramps(const QString& light) {
+  return u"-f lavfi -i nullsrc=s=%1x%2:r=25:d=2,format=gbrp10le,"
+         "geq=r='1023*X/W':g='if(lt(Y,135),1023*Y/135,1023*X/W)'"
+         ":b='if(lt(Y,135),1023*abs(1-2*X/W),1023*X/W)',scale=out_color_matrix=bt2020:out_range=tv "
+         "-pix_fmt yuv420p10le -c:v libx264 -qp 0 -colorspace bt2020nc -color_primaries bt2020 "
+         "-color_trc "_s.arg(kSize.width())
+             .arg(kSize.height()) +
          light;
 }
 
@@ -110,10 +100,8 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
       SCOPED_TRACE(row.transfer.toStdString() + (deep ? " in 10 bits" : " in 8 bits"));
       const QString file = folder.filePath(row.transfer + u".mkv"_s);
       const QString reference = folder.filePath(row.transfer + u".png"_s);
-      ASSERT_TRUE(makeMedia(
-          ramps({u"-color_primaries"_s, u"bt2020"_s, u"-color_trc"_s, row.transfer}), file));
-      ASSERT_TRUE(
-          makeMedia({u"-i"_s, file, u"-frames:v"_s, u"1"_s, u"-vf"_s, row.filters}, reference));
+      ASSERT_TRUE(makeMedia(ramps(row.transfer), file));
+      ASSERT_TRUE(makeMedia(u"-i %1 -frames:v 1 -vf "_s.arg(file) + row.filters, reference));
       const QImage expected(reference);
       ASSERT_EQ(expected.size(), kSize);
       engine.load({.address = QUrl::fromLocalFile(file)});

@@ -9,9 +9,9 @@ namespace vantor::test {
 
 using namespace Qt::StringLiterals;
 
-bool makeMedia(const QStringList& ffmpegArguments, const QString& file) {
+bool makeMedia(const QString& ffmpegArguments, const QString& file) {
   QStringList arguments{u"-nostdin"_s, u"-v"_s, u"error"_s, u"-y"_s};
-  arguments += ffmpegArguments;
+  arguments += ffmpegArguments.split(u' ', Qt::SkipEmptyParts);
   arguments += file;
   QProcess process;
   process.setProcessChannelMode(QProcess::ForwardedChannels);
@@ -20,13 +20,12 @@ bool makeMedia(const QStringList& ffmpegArguments, const QString& file) {
          process.exitCode() == 0;
 }
 
-QStringList solidColor(const QString& color, const QString& size, double seconds) {
-  return {u"-f"_s, u"lavfi"_s, u"-i"_s,
-          u"color=c=%1:s=%2:r=25:d=%3"_s.arg(color, size).arg(seconds)};
+QString solidColor(const QString& color, const QString& size, double seconds) {
+  return u" -f lavfi -i color=c=%1:s=%2:r=25:d=%3"_s.arg(color, size).arg(seconds);
 }
 
-QStringList tone(double seconds) {
-  return {u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=frequency=440:duration=%1"_s.arg(seconds)};
+QString tone(double seconds) {
+  return u" -f lavfi -i sine=frequency=440:duration=%1"_s.arg(seconds);
 }
 
 Probed probe(const QString& file) {

@@ -5,13 +5,14 @@
 
 namespace vantor::test {
 
-/// Makes a media file with the ffmpeg program; false when that failed.
-[[nodiscard]] bool makeMedia(const QStringList& ffmpegArguments, const QString& file);
+/// Makes a media file with the ffmpeg program, whose arguments are set apart by spaces; false when
+/// that failed.
+[[nodiscard]] bool makeMedia(const QString& ffmpegArguments, const QString& file);
 
 /// Arguments for pictures of one colour, as ffmpeg names it.
-QStringList solidColor(const QString& color, const QString& size, double seconds);
+QString solidColor(const QString& color, const QString& size, double seconds);
 /// Arguments for a tone.
-QStringList tone(double seconds);
+QString tone(double seconds);
 
 /// What the ffprobe program finds in a media file.
 struct Probed {
