@@ -1,10 +1,12 @@
 // Over the session bus that the tests run in, with the desktop's side of it made up.
 #include "desktop/idle_inhibitor.h"
 
-#include <QDBusContext>
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
+#include <QDBusVirtualObject>
+#include <map>
 
 #include "desktop/screen_awake.h"
 #include "playback/playback_fixture.h"
@@ -17,124 +19,61 @@ namespace {
 
 using namespace test;
 
-const QString kPortal = u"org.freedesktop.portal.Desktop"_s;
-const QString kSaver = u"org.freedesktop.ScreenSaver"_s;
-const QString kManager = u"org.gnome.SessionManager"_s;
-
 enum class Manner { absent, answers, refuses, silent, talksNonsense };
 
-/// What a service does with a call, and what it was asked.
-class Service : public QObject, protected QDBusContext {
-  Q_OBJECT
+const QString kPortal = u"/org/freedesktop/portal/desktop"_s;
+const QString kSaver = u"/org/freedesktop/ScreenSaver"_s;
+const QString kManager = u"/org/gnome/SessionManager"_s;
+
+/// What the services of a desktop do with a call, and what they were asked.
+class Services final : public QDBusVirtualObject {
  public:
-  explicit Service(QStringList& log) : log_(log) {}
-  Manner manner = Manner::answers;
-  QList<QDBusMessage> unanswered;
-  QVariant inhibition;
+  std::map<QString, Manner> manners;  // by path
+  QStringList log;
+  QList<QDBusMessage> late;  // the answers of the silent ones
 
-  void answerLate() {
-    for (const QDBusMessage& call : std::exchange(unanswered, {}))
-      bus_.send(call.createReply(inhibition));
-  }
-
- protected:
-  template <class Inhibition>
-  Inhibition take(const QString& call, const Inhibition& number) {
-    log_.append(call);
-    inhibition = QVariant::fromValue(number);
-    if (manner == Manner::silent) {
-      setDelayedReply(true);
-      unanswered.append(message());
-      bus_ = connection();
-    }
-    if (manner == Manner::refuses) sendErrorReply(QDBusError::AccessDenied, u"no"_s);
-    if (manner == Manner::talksNonsense) {
-      setDelayedReply(true);
-      connection().send(message().createReply(u"nonsense"_s));
-      connection().send(message().createReply(inhibition));
-    }
-    return number;
-  }
-  void note(const QString& call) { log_.append(call); }
-
- private:
-  QStringList& log_;
-  QDBusConnection bus_{QString()};
-};
-
-class Portal final : public Service {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
- public:
-  using Service::Service;
- public Q_SLOTS:
-  Q_SCRIPTABLE QDBusObjectPath Inhibit(const QString& window, uint flags, const QVariantMap& more) {
-    return take(u"portal %1 %2 %3"_s.arg(window).arg(flags).arg(more[u"reason"_s].toString()),
-                QDBusObjectPath(u"/org/freedesktop/portal/desktop/request/me/1"_s));
+  QString introspect(const QString&) const override { return {}; }
+  bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
+    QStringList line{call.path().section(u'/', -1), call.interface().section(u'.', -1),
+                     call.member(), call.signature()};
+    for (const QVariant& argument : call.arguments())
+      line.append(argument.userType() == qMetaTypeId<QDBusArgument>()
+                      ? qdbus_cast<QVariantMap>(argument)[u"reason"_s].toString()
+                      : argument.toString());
+    log.append(line.join(u' '));
+    if (call.member() != u"Inhibit"_s) return true;
+    const QVariant inhibition = call.path() == kPortal
+                                    ? QVariant::fromValue(QDBusObjectPath(kPortal + u"/request"_s))
+                                    : QVariant(7U);
+    const QDBusMessage answer = call.createReply(inhibition);
+    const Manner manner = manners[call.path()];
+    if (manner == Manner::refuses)
+      bus.send(call.createErrorReply(QDBusError::AccessDenied, u"no"_s));
+    if (manner == Manner::talksNonsense) bus.send(call.createReply(u"nonsense"_s));
+    if (manner == Manner::silent) late.append(answer);
+    if (manner == Manner::answers || manner == Manner::talksNonsense) bus.send(answer);
+    return true;
   }
 };
 
-class PortalRequest final : public Service {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
- public:
-  using Service::Service;
- public Q_SLOTS:
-  Q_SCRIPTABLE void Close() { note(u"portal released"_s); }
-};
-
-class Saver final : public Service {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
- public:
-  using Service::Service;
- public Q_SLOTS:
-  Q_SCRIPTABLE uint Inhibit(const QString& application, const QString& reason) {
-    return take(u"saver %1 %2"_s.arg(application, reason), 7u);
-  }
-  Q_SCRIPTABLE void UnInhibit(uint cookie) { note(u"saver released %1"_s.arg(cookie)); }
-};
-
-class Manager final : public Service {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.gnome.SessionManager")
- public:
-  using Service::Service;
- public Q_SLOTS:
-  Q_SCRIPTABLE uint Inhibit(const QString& application, uint window, const QString& reason,
-                            uint flags) {
-    return take(u"manager %1 %2 %3 %4"_s.arg(application).arg(window).arg(reason).arg(flags), 9u);
-  }
-  Q_SCRIPTABLE void Uninhibit(uint cookie) { note(u"manager released %1"_s.arg(cookie)); }
-};
-
-const QString kByPortal = u"portal  8 A picture is playing"_s;
-const QString kBySaver = u"saver Vantor Player A picture is playing"_s;
-const QString kByManager = u"manager tv.vantor.test 0 A picture is playing 8"_s;
-const QString kPortalReleased = u"portal released"_s;
-const QString kSaverReleased = u"saver released 7"_s;
-const QString kManagerReleased = u"manager released 9"_s;
+const QString kByPortal = u"desktop Inhibit Inhibit sua{sv}  8 A picture is playing"_s;
+const QString kBySaver = u"ScreenSaver ScreenSaver Inhibit ss Vantor Player A picture is playing"_s;
+const QString kByManager =
+    u"SessionManager SessionManager Inhibit susu tv.vantor.test 0 A picture is playing 8"_s;
+const QString kPortalReleased = u"request Request Close "_s;
+const QString kSaverReleased = u"ScreenSaver ScreenSaver UnInhibit u 7"_s;
+const QString kManagerReleased = u"SessionManager SessionManager Uninhibit u 7"_s;
 
 class IdleInhibitorTest : public PlaybackFixture {
  protected:
   const QString name = u"idle inhibitor test"_s;
   QDBusConnection desktop = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-  QStringList log;
-  Portal portal{log};
-  PortalRequest request{log};
-  Saver saver{log};
-  Manager manager{log};
+  Services services;
   std::unique_ptr<IdleInhibitor> inhibitor = std::make_unique<IdleInhibitor>(clock);
 
   void SetUp() override {
     ASSERT_TRUE(desktop.isConnected()) << "needs a session bus: run with scripts/private-desktop";
-    const auto offer = [this](const QString& path, QObject& object) {
-      desktop.registerObject(path, &object, QDBusConnection::ExportScriptableSlots);
-    };
-    offer(u"/org/freedesktop/portal/desktop"_s, portal);
-    offer(u"/org/freedesktop/portal/desktop/request/me/1"_s, request);
-    offer(u"/org/freedesktop/ScreenSaver"_s, saver);
-    offer(u"/org/gnome/SessionManager"_s, manager);
+    desktop.registerVirtualObject(u"/"_s, &services, QDBusConnection::SubPath);
   }
   ~IdleInhibitorTest() override {
     inhibitor.reset();
@@ -142,15 +81,18 @@ class IdleInhibitorTest : public PlaybackFixture {
   }
 
   void offer(Manner byPortal, Manner bySaver, Manner byManager) {
-    const std::tuple<Service&, QString, Manner> all[] = {
-        {portal, kPortal, byPortal}, {saver, kSaver, bySaver}, {manager, kManager, byManager}};
-    for (const auto& [service, known, manner] : all) {
-      service.manner = manner;
+    services.manners = {{kPortal, byPortal}, {kSaver, bySaver}, {kManager, byManager}};
+    for (const auto& [path, manner] : services.manners) {
+      const QString known =
+          path == kPortal ? u"org.freedesktop.portal.Desktop"_s : path.mid(1).replace(u'/', u'.');
       if (manner == Manner::absent)
         desktop.unregisterService(known);
       else
         ASSERT_TRUE(desktop.registerService(known)) << known.toStdString();
     }
+  }
+  void answerLate() {
+    for (const QDBusMessage& answer : std::exchange(services.late, {})) desktop.send(answer);
   }
   void join() { inhibitor->join(worker, u"tv.vantor.test"_s); }
 
@@ -164,10 +106,23 @@ class IdleInhibitorTest : public PlaybackFixture {
       EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
       settle();
     }
-    return std::exchange(log, {});
+    return std::exchange(services.log, {});
+  }
+  struct Step {
+    const char* name;
+    std::function<void()> happens;
+    QStringList asked;
+  };
+  void follow(const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+      SCOPED_TRACE(testing::Message() << "step " << &step - steps.data() << ": " << step.name);
+      step.happens();
+      EXPECT_TRUE(step.asked.isEmpty() || waitsFor(step.asked.last()));
+      EXPECT_EQ(asked(), step.asked);
+    }
   }
   bool waitsFor(const QString& line) {
-    return eventually([&] { return log.contains(line); });
+    return eventually([&] { return services.log.contains(line); });
   }
 };
 
@@ -209,69 +164,52 @@ TEST_F(IdleInhibitorTest, AnswerThatComesLateIsReleased) {
   using enum Manner;
   offer(silent, answers, answers);
   join();
-  inhibitor->setWanted(true);
-  ASSERT_TRUE(waitsFor(kByPortal));
-  clock.advance(4'999ms);
-  EXPECT_EQ(asked(), QStringList{kByPortal});
-  clock.advance(1ms);
-  EXPECT_EQ(asked(), QStringList{kBySaver}) << "somebody else is asked";
-  portal.answerLate();
-  EXPECT_EQ(asked(), QStringList{kPortalReleased});
-  inhibitor->setWanted(false);
-  EXPECT_EQ(asked(), QStringList{kSaverReleased});
-
-  // It is no longer wanted when the answer comes.
-  inhibitor->setWanted(true);
-  EXPECT_EQ(asked(), QStringList{kByPortal});
-  inhibitor->setWanted(false);
-  EXPECT_EQ(asked(), QStringList());
-  portal.answerLate();
-  EXPECT_EQ(asked(), QStringList{kPortalReleased});
-
-  // It is wanted again by then.
-  inhibitor->setWanted(true);
-  EXPECT_EQ(asked(), QStringList{kByPortal});
-  inhibitor->setWanted(false);
-  inhibitor->setWanted(true);
-  portal.answerLate();
-  EXPECT_EQ(asked(), QStringList());
-  inhibitor->setWanted(false);
-  EXPECT_EQ(asked(), QStringList{kPortalReleased});
-
-  // Nobody ever answers.
-  saver.manner = manager.manner = silent;
-  inhibitor->setWanted(true);
-  for (const QString& service : {kByPortal, kBySaver, kByManager}) {
-    EXPECT_EQ(asked(), QStringList{service});
-    clock.advance(5s);
-  }
-  EXPECT_EQ(asked(), QStringList());
-  inhibitor->setWanted(false);
-  clock.advance(1h);
-  EXPECT_EQ(asked(), QStringList());
+  const auto want = [this] { inhibitor->setWanted(true); };
+  const auto release = [this] { inhibitor->setWanted(false); };
+  const auto answer = [this] { answerLate(); };
+  const auto waits = [this] { clock.advance(5s); };
+  follow({
+      {"wanted", want, {kByPortal}},
+      {"not yet given up", [this] { clock.advance(4'999ms); }, {}},
+      {"somebody else is asked", [this] { clock.advance(1ms); }, {kBySaver}},
+      {"late", answer, {kPortalReleased}},
+      {"released", release, {kSaverReleased}},
+      {"wanted", want, {kByPortal}},
+      {"no longer", release, {}},
+      {"late", answer, {kPortalReleased}},
+      {"wanted", want, {kByPortal}},
+      {"wanted again", [&] { release(), want(); }, {}},
+      {"late", answer, {}},
+      {"released", release, {kPortalReleased}},
+      {"nobody answers",
+       [&] { services.manners[kSaver] = services.manners[kManager] = silent; },
+       {}},
+      {"wanted", want, {kByPortal}},
+      {"waits", waits, {kBySaver}},
+      {"waits", waits, {kByManager}},
+      {"waits", waits, {}},
+      {"released", [&] { release(), clock.advance(1h); }, {}},
+  });
 }
 
 TEST_F(IdleInhibitorTest, FollowsServicesThatComeAndGo) {
   using enum Manner;
+  const QStringList all{kByPortal, kBySaver, kByManager};
+  const auto offers = [this](Manner byPortal, Manner bySaver, Manner byManager) {
+    return [=, this] { offer(byPortal, bySaver, byManager); };
+  };
   offer(refuses, refuses, answers);
   join();
-  inhibitor->setWanted(true);
-  ASSERT_TRUE(waitsFor(kByManager));
-  EXPECT_EQ(asked(), (QStringList{kByPortal, kBySaver, kByManager}));
-  offer(refuses, refuses, absent);
-  EXPECT_TRUE(waitsFor(kBySaver)) << "what held it has gone";
-  EXPECT_EQ(asked(), (QStringList{kByPortal, kBySaver}));
-  offer(refuses, refuses, answers);
-  EXPECT_TRUE(waitsFor(kByManager)) << "somebody has come";
-  EXPECT_EQ(asked(), (QStringList{kByPortal, kBySaver, kByManager}));
-  offer(refuses, absent, answers);
-  offer(refuses, answers, answers);
-  EXPECT_EQ(asked(), QStringList()) << "it is held";
-  inhibitor->setWanted(false);
-  EXPECT_EQ(asked(), QStringList{kManagerReleased});
-  offer(absent, absent, absent);
-  offer(answers, answers, answers);
-  EXPECT_EQ(asked(), QStringList()) << "it is not wanted";
+  follow({
+      {"wanted", [this] { inhibitor->setWanted(true); }, all},
+      {"what held it has gone", offers(refuses, refuses, absent), {kByPortal, kBySaver}},
+      {"somebody has come", offers(refuses, refuses, answers), all},
+      {"another goes", offers(refuses, absent, answers), {}},
+      {"another comes", offers(refuses, answers, answers), {}},
+      {"released", [this] { inhibitor->setWanted(false); }, {kManagerReleased}},
+      {"all go", offers(absent, absent, absent), {}},
+      {"all come", offers(answers, answers, answers), {}},
+  });
 }
 
 TEST_F(IdleInhibitorTest, IsReleasedAtTheEnd) {
@@ -295,7 +233,7 @@ TEST_F(IdleInhibitorTest, MayGoWhileItJoinsOrAsks) {
   inhibitor->setWanted(true);
   ASSERT_TRUE(waitsFor(kByPortal));
   inhibitor.reset();
-  portal.answerLate();
+  answerLate();
   clock.advance(1h);
   EXPECT_EQ(asked(), QStringList{kByPortal});
 }
@@ -310,32 +248,26 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
   join();
   const QStringList held{kByPortal, kBySaver};
   const QStringList released{kSaverReleased};
-  const auto see = [this](EngineState state, std::int64_t pictures) {
-    engine.now.state = state;
+  const auto shows = [this](EngineState state, std::int64_t pictures) {
     engine.now.decodedVideo = pictures;
-    clock.advance(250ms);
+    see(state);
   };
   const auto starts = [&](const PlayRequest& opened) {
     open(opened);
     clock.advance(200ms);  // in which a still of the last picture may be taken
-    see(EngineState::playing, 1);
+    shows(EngineState::playing, 1);
   };
   PlayRequest broadcast = channel(u"1"_s);
   broadcast.kind = SourceKind::broadcast;
-  using Step = std::function<void()>;
-  const struct {
-    const char* name;
-    Step step;
-    QStringList asked;
-  } rows[] = {
+  follow({
       {"opens", [&] { open(broadcast); }, {}},
-      {"plays", [&] { see(EngineState::playing, 1); }, held},
+      {"plays", [&] { shows(EngineState::playing, 1); }, held},
       {"pauses", [&] { playback.togglePause(); }, released},
       {"goes on", [&] { playback.togglePause(); }, held},
       {"another channel", [&] { starts(channel(u"2"_s)); }, {}},
-      {"ends", [&] { see(EngineState::ended, 1); }, released},
+      {"ends", [&] { shows(EngineState::ended, 1); }, released},
       {"plays again", [&] { starts(broadcast); }, held},
-      {"is interrupted", [&] { see(EngineState::error, 1); }, {}},
+      {"is interrupted", [&] { shows(EngineState::error, 1); }, {}},
       {"is not to come back", [&] { keeper.giveUp(); }, released},
       {"plays again", [&] { starts(broadcast); }, held},
       {"stops", [&] { playback.stop(); }, released},
@@ -345,34 +277,24 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
          clock.advance(200ms);
          engine.now.decodedAudio = 50;
          engine.now.time = 2'000;
-         see(EngineState::playing, 0);
+         shows(EngineState::playing, 0);
        },
        {}},
       {"a picture joins it",
        [&] {
          engine.now.time = 9'000;
-         see(EngineState::playing, 1);
+         shows(EngineState::playing, 1);
        },
        held},
       {"the next one does not start",
        [&] {
          open(channel(u"4"_s));
          clock.advance(200ms);
-         see(EngineState::error, 0);
+         shows(EngineState::error, 0);
        },
        released},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    row.step();
-    if (!row.asked.isEmpty()) {
-      EXPECT_TRUE(waitsFor(row.asked.last()));
-    }
-    EXPECT_EQ(asked(), row.asked);
-  }
+  });
 }
 
 }  // namespace
 }  // namespace vantor
-
-#include "idle_inhibitor_test.moc"

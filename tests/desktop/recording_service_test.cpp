@@ -121,9 +121,12 @@ TEST_F(RecordingServiceTest, RefusesWithTheReason) {
   EXPECT_EQ(call(u"Start"_s), u"Refused: This source does not support recording."_s);
   playback.togglePause();
   EXPECT_EQ(call(u"Start"_s), notPlaying);
-  engine.now.state = EngineState::error;
-  clock.advance(250ms);
+  see(EngineState::error);
   EXPECT_EQ(call(u"Start"_s), u"Refused: "_s + playback.message().value_or(QString()));
+  open(channel(u"2"_s));
+  engine.now.recordable = true;
+  EXPECT_EQ(call(u"Start"_s), notPlaying) << "it opens";
+  EXPECT_EQ(engine.calls.filter(u"startRecording"_s).size(), 1) << "which the engine refused";
 
   openPlaying(channel(u"2"_s));
   engine.now.recordable = true;
