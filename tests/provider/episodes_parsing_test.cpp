@@ -80,23 +80,6 @@ TEST(Episodes, OnlyTheShapeOfAnAnswerFailsIt) {
         << shape;
 }
 
-TEST(Episodes, ManyAndLongOnesAreRead) {
-  QByteArray seasons = "{";
-  for (int season = 200; season > 0; --season) {
-    seasons += '"' + QByteArray::number(season) + "\":[";
-    for (int episode = 50; episode > 0; --episode)
-      seasons += "{\"id\":" + QByteArray::number(season * 1000 + episode) +
-                 ",\"episode_num\":" + QByteArray::number(episode) + ",\"title\":\"" +
-                 QByteArray(episode == 1 ? 10'000 : 3, 'x') + "\"}" + (episode > 1 ? "," : "]");
-    seasons += season > 1 ? "," : "}";
-  }
-  const auto episodes = parseEpisodes("{\"episodes\":" + seasons + "}", someShow);
-  ASSERT_EQ(episodes.size(), 10'000);
-  EXPECT_EQ(episodes.first().providerID, u"1001"_s);
-  EXPECT_EQ(episodes.first().name.size(), 10'000);
-  EXPECT_EQ(episodes.last().providerID, u"200050"_s);
-}
-
 QByteArray answerOf(QByteArray row, int rows, const char* before = "{\"episodes\":{\"1\":[",
                     const char* after = "]}}") {
   row += ',';

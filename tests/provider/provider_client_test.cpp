@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "json/json_reading.h"
 #include "platform/cancelled.h"
 #include "platform/preferences.h"
 #include "platform/worker.h"
@@ -221,18 +220,6 @@ TEST(ConfigurationDocument, IsCheckedStrictly) {
   EXPECT_EQ(
       VantorConfiguration::decode(R"({"serverUrl":"https://a.example/base/","schemaVersion":1})"),
       u"https://a.example/base"_s);
-}
-
-TEST(ReadableError, IsOneSentenceForEveryFailure) {
-  const QString cancelled = u"Canceled."_s;
-  const auto read = [](auto error) { return readableError(std::make_exception_ptr(error)); };
-  EXPECT_EQ(read(AppError(QString())), QString());
-  EXPECT_EQ(read(URLError(URLError::Code::cancelled)), cancelled);
-  EXPECT_EQ(read(Cancelled()), cancelled);
-  EXPECT_EQ(read(URLError(URLError::Code::timedOut)), unreachable);
-  EXPECT_EQ(read(HTTPFailure(401)), unreachable);
-  EXPECT_EQ(read(JSONError()), unreachable);
-  EXPECT_EQ(read(7), unreachable);
 }
 
 }  // namespace
