@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
 
 #include "engine_fixture.h"
 #include "playback/still.h"
@@ -386,6 +388,53 @@ TEST_F(EngineTest, SoundGoesToTheDeviceThatIsChosenWithoutABreak) {
   playback.setAudioDevice({});
   EXPECT_TRUE(eventually([&] { return card.heard("default") != usual; }));
   playback.stop();
+}
+
+TEST_F(EngineTest, SoundFollowsDevicesThatComeAndGo) {
+  if (QStandardPaths::findExecutable(u"pulseaudio"_s).isEmpty())
+    GTEST_SKIP() << "without a sound server of its own";
+  const QString socket = path(u"native"_s);
+  const QByteArray address = "unix:" + QFile::encodeName(socket);
+  const auto sink = [](const QString& name) { return u"module-null-sink sink_name="_s + name; };
+  QProcess server;
+  server.setProcessEnvironment([&] {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : {u"HOME"_s, u"XDG_RUNTIME_DIR"_s})
+      environment.insert(name, folder.path());
+    return environment;
+  }());
+  server.start(
+      u"pulseaudio"_s,
+      {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s, u"-L"_s,
+       u"module-native-protocol-unix socket="_s + socket, u"-L"_s, sink(u"tv"_s)});
+  ASSERT_TRUE(eventually([&] { return QFile::exists(socket); }));
+  const auto control = [&](QStringList arguments) {
+    arguments = QStringList{u"--server"_s, QString::fromUtf8(address)} + arguments;
+    EXPECT_EQ(QProcess::execute(u"pactl"_s, arguments), 0);
+  };
+  const auto goesTo = [&](const QString& device) {
+    return eventually([&] { return playback.transport()->audioDevices().inForce == device; });
+  };
+  qputenv("PULSE_SERVER", address);
+  qunsetenv("VANTOR_AUDIO");
+
+  playback.setAudioDevice(u"bar"_s);
+  EXPECT_TRUE(starts(make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60) + tone(60))));
+  EXPECT_TRUE(goesTo(u"tv"_s));
+  for (int round = 0; round < 2; ++round) {
+    control({u"load-module"_s, u"module-null-sink"_s, u"sink_name=bar"_s});
+    EXPECT_TRUE(goesTo(u"bar"_s));
+    // Modules are numbered as they come.
+    control({u"unload-module"_s, QString::number(round + 2)});
+    EXPECT_TRUE(goesTo(u"tv"_s));
+    const std::int64_t pictures = engine.status().picture.shown;
+    EXPECT_TRUE(eventually([&] { return engine.status().picture.shown > pictures + 25; }));
+  }
+  playback.stop();
+  qputenv("VANTOR_AUDIO", "none");
+  qunsetenv("PULSE_SERVER");
+  server.terminate();
+  EXPECT_TRUE(server.waitForFinished());
 }
 
 TEST_F(EngineTest, StatusIsNeverThatOfAnEarlierMedia) {
