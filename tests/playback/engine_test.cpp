@@ -251,24 +251,15 @@ TEST_F(EngineTest, ListsAndChoosesTracks) {
 
 TEST_F(EngineTest, TracksChosenBeforeAreInForce) {
   const QString words = write(u"words.srt"_s, "1\n00:00:00,000 --> 00:00:02,000\nWords\n");
-  const auto spoken = [&](const QString& name, const QStringList& options) {
-    return make(name, solidColor(u"red"_s, u"160x90"_s, 20) + tone(20) + tone(20) +
-                          QStringList{u"-i"_s, words, u"-i"_s, words, u"-map"_s, u"0"_s, u"-map"_s,
-                                      u"1"_s, u"-map"_s, u"2"_s} +
-                          options +
-                          QStringList{u"-metadata:s:a:0"_s, u"language=eng"_s, u"-metadata:s:a:1"_s,
-                                      u"language=deu"_s, u"-c:v"_s, u"libx264"_s});
+  const auto spoken = [&](const QString& name, const QString& options) {
+    return make(name,
+                solidColor(u"red"_s, u"160x90"_s, 20) + tone(20) + tone(20) +
+                    u" -i %1 -i %1 -map 0 -map 1 -map 2 "_s.arg(words) + options +
+                    u" -metadata:s:a:0 language=eng -metadata:s:a:1 language=deu -c:v libx264"_s);
   };
-  const QStringList subtitles{u"-map"_s,
-                              u"3"_s,
-                              u"-map"_s,
-                              u"4"_s,
-                              u"-metadata:s:s:0"_s,
-                              u"language=eng"_s,
-                              u"-metadata:s:s:1"_s,
-                              u"language=deu"_s};
-  const QString film =
-      spoken(u"film.mkv"_s, subtitles + QStringList{u"-disposition:s:0"_s, u"default"_s});
+  const QString film = spoken(u"film.mkv"_s,
+                              u"-map 3 -map 4 -metadata:s:s:0 language=eng "
+                              "-metadata:s:s:1 language=deu -disposition:s:0 default"_s);
   const QString channel = spoken(u"channel.ts"_s, {});
   const TransportState& transport = *playback.transport();
   const auto language = [](const QList<EngineTrack>& tracks, int id) {
