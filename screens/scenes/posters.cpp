@@ -5,7 +5,45 @@ namespace vantor::screens {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Plays the movie of a row until it is one to be gone on with.
+void begin(Stage& stage, int row) {
+  TransportControls& transport = *stage.views().transport();
+  const PlayerPane& pane = *stage.views().player();
+  stage.views().shell()->playRow(row);
+  stage.until("the picture", [&] { return pane.surfaceVisible() && !pane.loading(); });
+  stage.until("its length", [&] { return transport.sliderEnd() > 50; });
+  transport.beginSeek();
+  transport.dragTo(25);
+  transport.endSeek();
+  stage.until("its entry", [&] { return stage.views().shell()->isBegunRow(row); });
+}
+
+void continueWatching(Album& album) {
+  Stage stage(album);
+  stage.signIn();
+  stage.show(Section::movies);
+  for (const int row : {5, 2, 9}) begin(stage, row);
+  stage.settle();
+  stage.shot(u"movies-begun"_s, u"A movie plays; what was begun is a category of its own"_s);
+  stage.views().categories()->choose(1);
+  stage.settle();
+  stage.shot(u"movies-continue"_s, u"What was begun, the newest first"_s);
+  stage.press(Qt::Key_Down);
+  stage.press(Qt::Key_Menu);
+  stage.settle();
+  stage.shot(u"movies-continue-menu"_s, u"A movie can be taken out of them"_s);
+  stage.press(Qt::Key_Escape);
+  for (int left = 3; left > 0; --left) stage.views().shell()->stopContinuingRow(0);
+  stage.settle();
+  stage.shot(u"movies-continue-over"_s, u"All movies again, once nothing is left"_s);
+}
+
+}  // namespace
+
 void posters(Album& album) {
+  continueWatching(album);
   {
     Stage stage(album, {.movies = 80'000, .streams = false});
     stage.signIn();

@@ -59,13 +59,9 @@ bool Browsing::continueWatchingOffered() const {
   return hasBegun(section());
 }
 
-void Browsing::leaveEmptyCategory() {
-  if (category() == continueWatching && !continueWatchingOffered()) category_.set({});
-}
-
 void Browsing::itemsDiffer() {
   const Announcements::Scope scope(announcements_);
-  leaveEmptyCategory();
+  if (category() == continueWatching && !continueWatchingOffered()) category_.set({});
   items_.reset();
   itemsDiffer_.note();
 }
@@ -78,7 +74,8 @@ void Browsing::begunDiffer() {
   if (category() == continueWatching) itemsDiffer();
 }
 
-void Browsing::setFilter(Section section, const QString& category, const QString& search) {
+void Browsing::setFilter(Section section, const QString& wanted, const QString& search) {
+  const QString category = wanted == continueWatching && !hasBegun(section) ? QString() : wanted;
   if (section_.get() == section && category_.get() == category && search_.get() == search) return;
   const Announcements::Scope scope(announcements_);
   section_.set(section);
@@ -93,8 +90,7 @@ void Browsing::setSearch(const QString& search) {
 
 void Browsing::choose(const QString& category) {
   browseAnchors_.erase(section());
-  const bool isGone = category == continueWatching && !continueWatchingOffered();
-  setFilter(section(), isGone ? QString() : category, search());
+  setFilter(section(), category, search());
 }
 
 void Browsing::setSelected(std::optional<MediaItem> item) {
@@ -121,8 +117,7 @@ void Browsing::enter(Section target) {
   positions_[section()] = left;
 
   const auto known = positions_.find(target);
-  Position position = known == positions_.end() ? Position() : known->second;
-  if (position.category == continueWatching && !hasBegun(target)) position.category.clear();
+  const Position position = known == positions_.end() ? Position() : known->second;
   setFilter(target, position.category, position.search);
   setSelected(std::nullopt);
   setShowingEpisodes(false);

@@ -75,10 +75,9 @@ class Browsing final : public QObject {
     std::optional<QString> selectedID;
     std::optional<QString> anchor;
   };
-  void setFilter(Section section, const QString& category, const QString& search);
+  /// Shows all entries instead of "Continue watching" when that has none.
+  void setFilter(Section section, const QString& wanted, const QString& search);
   bool hasBegun(Section section) const;
-  /// Leaves "Continue watching" for all entries when it has none any more.
-  void leaveEmptyCategory();
   ItemList makeItems() const;
 
   Announcements& announcements_;

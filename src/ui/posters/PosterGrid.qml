@@ -155,7 +155,7 @@ FocusScope {
     EntryMenu {
         id: menu
 
-        width: 220
+        width: begun ? 250 : 220
         shell: area.shell
         playText: "Play"
 

@@ -420,6 +420,42 @@ TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
   EXPECT_EQ(app->browsing().category(), u"2"_s);
 }
 
+TEST_F(WindowTest, WhatWasBegunComesAndGoesByKeys) {
+  open(1);
+  const auto begin = [&](int movie) {
+    app->play(entry(LibraryKind::movies, movie));
+    settle();
+    app->playback().onProgress(entry(LibraryKind::movies, movie).id, 100, 1000);
+    QTest::qWait(0);
+  };
+  app->navigate(Section::movies);
+  answer(
+      LibraryKind::movies, rows(LibraryKind::movies, 1, 9),
+      R"([{"category_id":"1","category_name":"One"},{"category_id":"2","category_name":"Two"}])");
+  const QQuickItem* rail = appears("text", u"One"_s)->parentItem()->parentItem();
+  for (int i = 0; i < 10 && !focusIsIn(rail); ++i) press(Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(focusIsIn(rail));
+  press(Qt::Key_Down);
+  begin(3);
+  begin(4);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->browsing().category(), u"1"_s) << "the keys stay where they stood";
+  press(Qt::Key_Up);
+  press(Qt::Key_Return);
+  EXPECT_EQ(app->browsing().items().size(), 2u);
+
+  const auto inGrid = [&] { return window->activeFocusItem()->property("cellWidth").isValid(); };
+  for (int i = 0; i < 20 && !inGrid(); ++i) press(Qt::Key_Tab);
+  press(Qt::Key_Menu);
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) press(key);
+  EXPECT_EQ(app->record().begun(), QStringList{u"movies:3"_s});
+  EXPECT_EQ(selectedID(), u"movies:3"_s);
+  app->setCategory({});
+  press(Qt::Key_Menu);
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) press(key);
+  EXPECT_EQ(app->record().favorites(), QSet{u"movies:1"_s}) << "the last thing to do with others";
+}
+
 TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   open({u"--demo"_s});
   const QQuickItem* before = window->activeFocusItem();
