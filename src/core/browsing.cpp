@@ -32,14 +32,19 @@ std::shared_ptr<const ItemList> Browsing::sharedItems() const {
 }
 
 ItemList Browsing::makeItems() const {
-  ItemList list;
   const bool continues = category() == continueWatching;
+  const bool listsIDs = continues || section() == Section::favorites;
   const CatalogFilter filter{continues ? QString() : category(), folded(search().toStdString())};
+  // The text has grown, so the entries are some of those that it found before.
+  if (!listsIDs && searched_ && !filter.foldedName.empty() &&
+      filter.foldedName.find(searched_->foldedName) != std::string::npos)
+    return searched_->items->narrowed(filter.foldedName);
+  ItemList list;
   for (const auto& [library, loaded] : libraries_.catalogs()) {
     if (kind() && library != kind()) continue;
     if (continues)
       list.appendInOrder(library, loaded, filter, record_.begun());
-    else if (section() == Section::favorites)
+    else if (listsIDs)
       list.append(library, loaded, filter, record_.favorites().values());
     else
       list.append(library, loaded, filter);
@@ -62,6 +67,7 @@ bool Browsing::continueWatchingOffered() const {
 void Browsing::itemsDiffer() {
   const Announcements::Scope scope(announcements_);
   if (category() == continueWatching && !continueWatchingOffered()) category_.set({});
+  searched_.reset();
   items_.reset();
   itemsDiffer_.note();
 }
@@ -78,10 +84,17 @@ void Browsing::setFilter(Section section, const QString& wanted, const QString& 
   const QString category = wanted == continueWatching && !hasBegun(section) ? QString() : wanted;
   if (section_.get() == section && category_.get() == category && search_.get() == search) return;
   const Announcements::Scope scope(announcements_);
+  std::optional<Searched> before;
+  if (section_.get() == section && category_.get() == category) {
+    before = searched_;
+    if (items_ && !search_.get().isEmpty())
+      before = Searched{items_, folded(search_.get().toStdString())};
+  }
   section_.set(section);
   category_.set(category);
   search_.set(search);
   itemsDiffer();
+  searched_ = std::move(before);
 }
 
 void Browsing::setSearch(const QString& search) {

@@ -75,6 +75,11 @@ class Browsing final : public QObject {
     std::optional<QString> selectedID;
     std::optional<QString> anchor;
   };
+  /// A list whose search alone has changed since.
+  struct Searched {
+    std::shared_ptr<const ItemList> items;
+    std::string foldedName;
+  };
   /// Shows all entries instead of "Continue watching" when that has none.
   void setFilter(Section section, const QString& wanted, const QString& search);
   bool hasBegun(Section section) const;
@@ -93,6 +98,7 @@ class Browsing final : public QObject {
   std::map<Section, QString> browseAnchors_;
   std::map<Section, Position> positions_;
   mutable std::shared_ptr<const ItemList> items_;  // made when first read
+  std::optional<Searched> searched_;
 };
 
 }  // namespace vantor

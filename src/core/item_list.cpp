@@ -79,4 +79,17 @@ void ItemList::appendInOrder(LibraryKind source, const Catalog& catalog,
   }
 }
 
+ItemList ItemList::narrowed(const std::string& foldedName) const {
+  ItemList list;
+  list.sources_ = sources_;
+  auto begin = entries_.begin();
+  for (std::size_t source = 0; source < sources_.size(); ++source) {
+    const auto end = std::lower_bound(begin, entries_.end(), entry(source + 1, 0));
+    if (begin != end)
+      sources_[source]->narrow({begin, end}, entry(source, 0), foldedName, list.entries_);
+    begin = end;
+  }
+  return list;
+}
+
 }  // namespace vantor

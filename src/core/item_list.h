@@ -32,6 +32,8 @@ class ItemList {
   /// The same in the order of the ids, each of which comes once.
   void appendInOrder(LibraryKind source, const Catalog& catalog, const CatalogFilter& filter,
                      const QStringList& ids);
+  /// Those of its entries whose names contain `foldedName`, which is not empty.
+  ItemList narrowed(const std::string& foldedName) const;
 
  private:
   struct Place {

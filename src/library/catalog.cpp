@@ -1,9 +1,9 @@
 #include "library/catalog.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "library/catalog_contents.h"
+#include "library/name_search.h"
 #include "library/text_hash.h"
 
 namespace vantor {
@@ -109,19 +109,16 @@ void Catalog::match(const CatalogFilter& filter, std::vector<std::uint32_t>& ind
     return;
   }
   // One scan over all names; a hit skips to the next name, the separator keeps it inside one.
-  const char* const begin = contents.foldedNames.data();
-  const char* const end = begin + contents.foldedNames.size();
-  const char* position = begin;
+  const std::string_view names = contents.foldedNames;
+  const NameSearch search(filter.foldedName);
+  std::size_t position = 0;
   std::uint32_t row = 0;
-  while (position < end) {
-    const auto* hit =
-        static_cast<const char*>(memmem(position, static_cast<std::size_t>(end - position),
-                                        filter.foldedName.data(), filter.foldedName.size()));
-    if (!hit) return;
-    const auto offset = static_cast<std::uint32_t>(hit - begin);
-    while (contents.foldedEnds[row] <= offset) ++row;
+  while (position < names.size()) {
+    const std::size_t hit = search.find(names, position);
+    if (hit == std::string_view::npos) return;
+    while (contents.foldedEnds[row] <= hit) ++row;
     if (inCategory(row)) indexes.push_back(row);
-    position = begin + contents.foldedEnds[row];
+    position = contents.foldedEnds[row];
     ++row;
   }
 }
@@ -130,6 +127,22 @@ bool Catalog::matches(std::size_t index, const CatalogFilter& filter) const {
   const std::string& category = contents_->categoryIDs[contents_->rows[index].category];
   return (filter.category.isEmpty() || category == filter.category.toStdString()) &&
          contents_->foldedNameOf(index).find(filter.foldedName) != std::string_view::npos;
+}
+
+void Catalog::narrow(std::span<const std::uint32_t> rows, std::uint32_t base,
+                     const std::string& foldedName, std::vector<std::uint32_t>& kept) const {
+  const std::vector<std::uint32_t>& ends = contents_->foldedEnds;
+  const std::string_view names = contents_->foldedNames;
+  const NameSearch search(foldedName);
+  std::size_t count = kept.size();
+  kept.resize(count + rows.size());
+  for (const std::uint32_t number : rows) {
+    const std::uint32_t row = number - base;
+    const std::size_t begin = row > 0 ? ends[row - 1] : 0;
+    kept[count] = number;
+    count += search.isIn(names, begin, ends[row] - 1) ? 1 : 0;
+  }
+  kept.resize(count);
 }
 
 std::size_t CatalogContents::memory() const {

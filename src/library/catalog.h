@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -43,6 +44,11 @@ class Catalog {
   /// Appends the indexes of the entries that match, in order.
   void match(const CatalogFilter& filter, std::vector<std::uint32_t>& indexes) const;
   bool matches(std::size_t index, const CatalogFilter& filter) const;
+
+  /// Appends those of `rows`, indexes of entries plus `base` each, whose names contain `foldedName`,
+  /// which is not empty.
+  void narrow(std::span<const std::uint32_t> rows, std::uint32_t base,
+              const std::string& foldedName, std::vector<std::uint32_t>& kept) const;
 
   /// Bytes that the contents hold in memory.
   std::size_t memory() const;

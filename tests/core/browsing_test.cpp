@@ -47,6 +47,38 @@ TEST_F(PreviewTest, HoldsThreeLibrariesThatAreFilteredByCategoryAndSearch) {
   }
 }
 
+/// Whatever was searched before, the list is that of the text, the section and the libraries.
+TEST_F(PreviewTest, ASearchThatGoesOnFindsWhatOneFromTheStartFinds) {
+  const auto type = [&](const QString& text) {
+    app.browsing().setSearch(text);
+    return names(app);
+  };
+  const auto fromTheStart = [&](const QString& text) {
+    app.browsing().setSearch(QString());
+    app.browsing().itemsDiffer();
+    app.browsing().setSearch(text);
+    return names(app);
+  };
+  for (const Section section : {Section::search, Section::movies, Section::favorites}) {
+    app.navigate(section);
+    QStringList typed;
+    const QStringList texts{u"t"_s,  u"TH"_s, u"the"_s, u"the "_s, u"the q"_s, u"the"_s, u"e"_s,
+                            u"he"_s, u"he"_s, u"x"_s,   u"xy"_s,   QString(),  u"o"_s,   u"fo"_s};
+    for (const QString& text : texts) typed.append(type(text));
+    for (const QString& text : texts)
+      EXPECT_EQ(typed.takeFirst(), fromTheStart(text)) << qPrintable(text);
+  }
+  app.navigate(Section::search);
+  type(u"t"_s);
+  app.navigate(Section::movies);
+  EXPECT_EQ(type(u"the"_s), fromTheStart(u"the"_s));
+  app.navigate(Section::favorites);
+  EXPECT_EQ(type(u"o"_s), QString());
+  const MediaItem horizons = app.libraries().catalog(LibraryKind::movies).item(5);
+  app.favorite(horizons);
+  EXPECT_EQ(type(u"on"_s), horizons.name + u',') << "not what was there before it was added";
+}
+
 TEST_F(PreviewTest, ComesBackToWhereASectionWasLeft) {
   app.navigate(Section::movies);
   app.setCategory(u"1"_s);
