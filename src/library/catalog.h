@@ -45,8 +45,8 @@ class Catalog {
   void match(const CatalogFilter& filter, std::vector<std::uint32_t>& indexes) const;
   bool matches(std::size_t index, const CatalogFilter& filter) const;
 
-  /// Appends those of `rows`, indexes of entries plus `base` each, whose names contain `foldedName`,
-  /// which is not empty.
+  /// Appends those of `rows`, indexes of entries plus `base` each, whose names contain
+  /// `foldedName`, which is not empty.
   void narrow(std::span<const std::uint32_t> rows, std::uint32_t base,
               const std::string& foldedName, std::vector<std::uint32_t>& kept) const;
 
