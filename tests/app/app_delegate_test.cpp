@@ -30,15 +30,23 @@ TEST_F(AppDelegateTest, EndsAfterPlaybackHasStopped) {
 
 TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
   delegate.setPlayback(&playback);
-  openPlaying(channel(u"1"_s));
-  engine.now.recordable = true;
-  playback.startRecording(temporary.filePath(u"recordings"_s));
-  ASSERT_EQ(playback.recording().stage(), Recording::Stage::running);
-  delegate.applicationShouldTerminate();
-  clock.advance(4900ms);
-  EXPECT_EQ(ends, 0) << "the file is still being written";
-  clock.advance(200ms);
-  EXPECT_EQ(ends, 1);
+  for (const bool saved : {true, false}) {
+    SCOPED_TRACE(saved);
+    ends = 0;
+    openPlaying(channel(u"1"_s));
+    engine.now.recordable = true;
+    ASSERT_FALSE(playback.startRecording(temporary.filePath(u"recordings"_s)));
+    delegate.applicationShouldTerminate();
+    clock.advance(4900ms);
+    EXPECT_EQ(ends, 0) << "the file is still being written";
+    EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
+    EXPECT_EQ(playback.itemID(), u"1"_s);
+    if (saved) engine.onRecordingStopped({});
+    clock.advance(100ms);
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(look(), Look{});
+    if (!saved) engine.onRecordingStopped({});
+  }
 }
 
 TEST_F(AppDelegateTest, EndsAtOnceWithoutPlayback) {

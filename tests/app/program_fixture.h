@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <csignal>
 
 #include "platform/secret_service_store.h"
@@ -38,8 +39,7 @@ class ProgramFixture : public ::testing::Test {
   SecureStore secrets{credentials, ServiceValues::ofBuild().bundleIdentifier};
 
   void TearDown() override {
-    program.kill();
-    program.waitForFinished();
+    kill(program);
     secrets.remove(providerItem, {});
   }
   void saveAccount() {
@@ -59,12 +59,23 @@ class ProgramFixture : public ::testing::Test {
     program.start(QStringLiteral(VANTOR_PROGRAM), arguments);
     return program.waitForStarted();
   }
-  /// Whether the process has the file open.
-  bool hasOpen(const QString& path) {
-    const QDir descriptors(u"/proc/%1/fd"_s.arg(program.processId()));
-    for (const QFileInfo& entry : descriptors.entryInfoList(QDir::Files | QDir::System))
-      if (entry.symLinkTarget() == path) return true;
-    return false;
+  /// Starts one more beside it.
+  void startToo(QProcess& other, const QStringList& arguments = {}) const {
+    other.setProcessEnvironment(program.processEnvironment());
+    other.setProcessChannelMode(QProcess::MergedChannels);
+    other.start(QStringLiteral(VANTOR_PROGRAM), arguments);
+  }
+  static void kill(QProcess& process) {
+    process.kill();
+    process.waitForFinished();
+  }
+  /// Whether the process, or the first one, has the file open.
+  bool hasOpen(const QString& path, qint64 process = 0) const {
+    const QDir descriptors(u"/proc/%1/fd"_s.arg(process > 0 ? process : program.processId()));
+    const QFileInfoList open = descriptors.entryInfoList(QDir::Files | QDir::System);
+    return std::ranges::any_of(open, [file = QFileInfo(path).canonicalFilePath()](auto& entry) {
+      return entry.symLinkTarget() == file;
+    });
   }
   /// Whether SIGTERM is the program's own to answer, and not yet that of the system.
   bool answersSignals() {

@@ -17,7 +17,7 @@ using ProgramTest = ProgramFixture;
 TEST_F(ProgramTest, QuitsWithAPlayingFile) {
   const QString file = QString::fromStdString(server.mediaPath("movie.mkv"));
   ASSERT_TRUE(start({u"--smoke-test"_s, file}));
-  EXPECT_TRUE(eventually([&] { return hasOpen(QFileInfo(file).canonicalFilePath()); }));
+  EXPECT_TRUE(eventually([&] { return hasOpen(file); }));
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(server.counters().connectionsAccepted, 0) << "an isolated run asks nobody";
   EXPECT_FALSE(QFile::exists(home.filePath(u"data/Vantor Player Mac Preview"_s)));
