@@ -33,39 +33,32 @@ QCoro::Task<QByteArray> FakeTransport::wait(std::shared_ptr<Exchange> exchange,
   co_return body;
 }
 
-std::shared_ptr<FakeTransport::Exchange> FakeTransport::oldestOpen(const QString& action) const {
+std::shared_ptr<FakeTransport::Exchange> FakeTransport::end(const QString& action) {
   const auto found = std::find_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
     return exchange->action == action && !exchange->over;
   });
-  return found == exchanges_.end() ? nullptr : *found;
+  if (found == exchanges_.end()) return nullptr;
+  (*found)->over = true;
+  return *found;
 }
 
 bool FakeTransport::answer(const QString& action, const QByteArray& body) {
-  const auto exchange = oldestOpen(action);
-  if (!exchange) return false;
-  exchange->over = true;
-  exchange->answer.resolve(body);
-  return true;
+  const auto exchange = end(action);
+  if (exchange) exchange->answer.resolve(body);
+  return exchange != nullptr;
 }
 
 bool FakeTransport::fail(const QString& action, std::exception_ptr error) {
-  const auto exchange = oldestOpen(action);
-  if (!exchange) return false;
-  exchange->over = true;
-  exchange->answer.fail(std::move(error));
-  return true;
+  const auto exchange = end(action);
+  if (exchange) exchange->answer.fail(std::move(error));
+  return exchange != nullptr;
 }
 
-int FakeTransport::requests(const QString& action) const {
+int FakeTransport::count(const QString& action, bool onlyOpen) const {
   return static_cast<int>(
-      std::count_if(exchanges_.begin(), exchanges_.end(),
-                    [&](const auto& exchange) { return exchange->action == action; }));
-}
-
-int FakeTransport::open(const QString& action) const {
-  return static_cast<int>(std::count_if(
-      exchanges_.begin(), exchanges_.end(),
-      [&](const auto& exchange) { return exchange->action == action && !exchange->over; }));
+      std::count_if(exchanges_.begin(), exchanges_.end(), [&](const auto& exchange) {
+        return exchange->action == action && !(onlyOpen && exchange->over);
+      }));
 }
 
 }  // namespace vantor::test

@@ -35,14 +35,16 @@ class FakeTransport final : public HTTPTransport {
     return fail(action, std::make_exception_ptr(std::move(error)));
   }
 
-  int requests(const QString& action) const;
-  int open(const QString& action) const;
+  int requests(const QString& action) const { return count(action, false); }
+  int open(const QString& action) const { return count(action, true); }
   const std::vector<std::shared_ptr<Exchange>>& exchanges() const { return exchanges_; }
 
  private:
   QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
                                    std::stop_token token) override;
-  std::shared_ptr<Exchange> oldestOpen(const QString& action) const;
+  int count(const QString& action, bool onlyOpen) const;
+  /// Takes the oldest open one; null when there is none.
+  std::shared_ptr<Exchange> end(const QString& action);
   static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, std::stop_token token);
 
   std::vector<std::shared_ptr<Exchange>> exchanges_;
