@@ -70,9 +70,6 @@ int main(int argc, char** argv) {
   for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
   LaunchArguments launch = launchArguments(typed);
   if (isAnswered(launch, argc, argv)) return 0;
-  if (!launch.isolated)
-    vantor::reportCrashes(vantor::crash_reports::ofThisRun(vantor::Folders::ofUser().notes()),
-                          aboutThisRun());
   const QByteArray token = activationToken();
   const auto object = std::make_shared<vantor::ApplicationObject>();
   std::optional<vantor::OneProgram> one;
@@ -94,6 +91,10 @@ int main(int argc, char** argv) {
   }
   askForOthers();
   if (one && one->handOver(launch, token)) return 0;
+  // From here on: without a display Qt aborts, which it says itself.
+  if (!launch.isolated)
+    vantor::reportCrashes(vantor::crash_reports::ofThisRun(vantor::Folders::ofUser().notes()),
+                          aboutThisRun());
   if (launch.verbose) QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
   // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
   std::setlocale(LC_NUMERIC, "C");
