@@ -41,6 +41,10 @@ struct Fault {
   const char* told;
 };
 
+void PrintTo(const Fault& fault, std::ostream* out) {
+  *out << fault.name;
+}
+
 /// The child of a death test begins anew, and finds here where its parent looks.
 QString reportOfParent(const QTemporaryDir& home) {
   if (qEnvironmentVariableIsEmpty("VANTOR_TEST_CRASH"))
