@@ -379,6 +379,7 @@ TEST_F(EngineTest, SoundGoesToTheDeviceThatIsChosenWithoutABreak) {
   playback.setAudioDevice({});
   EXPECT_TRUE(eventually([&] { return card.heard("default") != usual; }));
   playback.stop();
+  EXPECT_TRUE(eventually([&] { return !engine.status().releasing; }));
 }
 
 TEST_F(EngineTest, SoundFollowsDevicesThatComeAndGo) {
