@@ -94,6 +94,13 @@ TEST_F(TrackMemoryTest, AChoiceOfTheSourceStandsHoweverItsTracksCome) {
   engine.now.audioTrack = 2;
   clock.advance(250ms);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"setAudioTrack 1"_s}) << "comes back with it";
+
+  const EngineTrack same = {8, u"Deutsch"_s, u"deu"_s};
+  asked(movie, {{7, same.name, same.language}, same});
+  playback().setAudioTrack(8);
+  engine.now.audioTrack = 8;
+  clock.advance(250ms);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"setAudioTrack 8"_s}) << "not one that is like it";
 }
 
 TEST_F(TrackMemoryTest, IsBoundedAndKeepsNoAddress) {
