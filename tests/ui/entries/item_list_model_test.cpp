@@ -29,6 +29,15 @@ TEST_F(ItemListModelTest, ListsTheEntriesUpToItsLimit) {
   app.browsing().setSearch(u"title 25"_s);
   EXPECT_EQ(list.rowCount(), 12);
   EXPECT_EQ(read(0, ItemListModel::NameRole), u"Title 25"_s);
+  int told = 0;
+  QObject::connect(&app.browsing(), &Browsing::searchChanged, &list, [&] {
+    ++told;
+    ASSERT_EQ(list.rowCount(), 12) << "the list is told of after the search";
+    EXPECT_TRUE(read(11, ItemListModel::NameRole).toString().startsWith(u"Title 25"_s));
+  });
+  app.browsing().setSearch(u"none"_s);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(list.rowCount(), 0);
 }
 
 TEST_F(ItemListModelTest, FollowsSelectionPlayingAndFavourites) {
