@@ -1,5 +1,6 @@
 #include "library/catalog_builder.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "library/catalog_contents.h"
@@ -8,12 +9,21 @@
 namespace vantor {
 namespace {
 
-void indexIDs(CatalogContents& contents) {
-  const auto count = static_cast<std::uint32_t>(contents.rows.size());
-  contents.idIndex = EntryIndex(count);
-  std::string buffer;
-  for (std::uint32_t row = 0; row < count; ++row)
-    contents.idIndex.add(TextHash()(contents.idOf(row, buffer)), row);
+constexpr std::size_t smallestIndex = 1'000;  // rows
+
+/// With room for so many rows.
+EntryIndex tableOf(const std::vector<std::uint64_t>& hashes, std::size_t rows) {
+  EntryIndex index(rows);
+  for (std::size_t row = 0; row < hashes.size(); ++row)
+    index.add(hashes[row], static_cast<std::uint32_t>(row));
+  return index;
+}
+
+/// May lie in `buffer`.
+std::string_view idOf(const CatalogEntry& entry, std::string& buffer) {
+  if (entry.id) return *entry.id;
+  buffer.assign(idPrefix(entry.kind)).append(entry.providerID);
+  return buffer;
 }
 
 }  // namespace
@@ -34,6 +44,20 @@ std::uint32_t CatalogBuilder::indexOf(std::string_view text, Indexes& indexes,
 }
 
 void CatalogBuilder::add(const CatalogEntry& entry) {
+  add(entry, TextHash()(idOf(entry, id_)));
+}
+
+bool CatalogBuilder::addNew(const CatalogEntry& entry) {
+  const std::string_view id = idOf(entry, id_);
+  const std::uint64_t hash = TextHash()(id);
+  std::string buffer;
+  const auto known = contents_->idIndex.find(
+      hash, [&](std::uint32_t row) { return contents_->idOf(row, buffer) == id; });
+  if (!known) add(entry, hash);
+  return !known;
+}
+
+void CatalogBuilder::add(const CatalogEntry& entry, std::uint64_t hash) {
   CatalogContents& contents = *contents_;
   EntryRow row;
   row.kind = entry.kind;
@@ -74,6 +98,13 @@ void CatalogBuilder::add(const CatalogEntry& entry) {
   appendFolded(entry.name, contents.foldedNames);
   contents.foldedNames.push_back(CatalogContents::separator);
   contents.foldedEnds.push_back(static_cast<std::uint32_t>(contents.foldedNames.size()));
+  hashes_.push_back(hash);
+  if (hashes_.size() > indexed_) {
+    indexed_ = std::max(smallestIndex, 2 * hashes_.size());
+    contents.idIndex = tableOf(hashes_, indexed_);
+  } else {
+    contents.idIndex.add(hash, static_cast<std::uint32_t>(hashes_.size() - 1));
+  }
 }
 
 void CatalogBuilder::add(MediaCategory category) {
@@ -85,7 +116,7 @@ const std::vector<MediaCategory>& CatalogBuilder::categories() const {
 }
 
 std::size_t CatalogBuilder::memory() const {
-  return contents_->memory();
+  return contents_->memory() + hashes_.capacity() * sizeof(std::uint64_t);
 }
 
 Catalog CatalogBuilder::inOrder(const std::vector<std::uint32_t>& order,
@@ -100,6 +131,7 @@ Catalog CatalogBuilder::inOrder(const std::vector<std::uint32_t>& order,
   ordered->extensions = from.extensions;
   ordered->categories = from.categories;
   ordered->savedAt = savedAt;
+  ordered->idIndex = EntryIndex(order.size());
   for (const std::uint32_t number : order) {
     EntryRow row = from.rows[number];
     if (row.flags & hasNumbers)
@@ -108,12 +140,12 @@ Catalog CatalogBuilder::inOrder(const std::vector<std::uint32_t>& order,
     const auto moved = static_cast<std::uint32_t>(ordered->text.size());
     ordered->text.append(from.text, text, row.ends.back() - text);
     for (std::uint32_t& end : row.ends) end = end - text + moved;
+    ordered->idIndex.add(hashes_[number], static_cast<std::uint32_t>(ordered->rows.size()));
     ordered->rows.push_back(row);
     const std::uint32_t name = number > 0 ? from.foldedEnds[number - 1] : 0;
     ordered->foldedNames.append(from.foldedNames, name, from.foldedEnds[number] - name);
     ordered->foldedEnds.push_back(static_cast<std::uint32_t>(ordered->foldedNames.size()));
   }
-  indexIDs(*ordered);
   return Catalog(std::move(ordered));
 }
 
@@ -125,7 +157,9 @@ Catalog CatalogBuilder::build(Catalog::Time savedAt) {
   contents_->foldedEnds.shrink_to_fit();
   categories_.clear();
   extensions_.clear();
-  indexIDs(*contents_);
+  contents_->idIndex = tableOf(hashes_, hashes_.size());
+  hashes_ = {};
+  indexed_ = 0;
   return Catalog(std::exchange(contents_, std::make_shared<CatalogContents>()));
 }
 

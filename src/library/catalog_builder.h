@@ -35,6 +35,9 @@ class CatalogBuilder {
   ~CatalogBuilder();
 
   void add(const CatalogEntry& entry);
+  /// The same unless an entry with its id was added; whether it was not.
+  bool addNew(const CatalogEntry& entry);
+  std::size_t size() const { return hashes_.size(); }  // entries
   void add(MediaCategory category);
   const std::vector<MediaCategory>& categories() const;
   /// Bytes that what was added holds in memory.
@@ -50,7 +53,12 @@ class CatalogBuilder {
   static std::uint32_t indexOf(std::string_view text, Indexes& indexes,
                                std::vector<std::string>& texts);
 
+  void add(const CatalogEntry& entry, std::uint64_t hash);
+
   std::shared_ptr<CatalogContents> contents_;
+  std::vector<std::uint64_t> hashes_;  // of the ids, by row
+  std::size_t indexed_ = 0;            // rows that the table of ids has room for
+  std::string id_;                     // room for one
   Indexes categories_;
   Indexes extensions_;
 };

@@ -74,7 +74,7 @@ void EntryCollector::read(QByteArray answer, const std::stop_token& stop) {
   const RowReader reader(kind_, numbers_);
   forEachRow(std::move(answer), stop, [&](simdjson::ondemand::object object) {
     reader.read(object, row);
-    if (row.providerID.empty() || !seen_.insert(row.providerID).second) return;
+    if (row.providerID.empty()) return;
     const auto artwork = safeArtwork(row.artwork);
     CatalogEntry entry;
     entry.providerID = row.providerID;
@@ -88,7 +88,7 @@ void EntryCollector::read(QByteArray answer, const std::stop_token& stop) {
     if (row.hasPlot) entry.plot = row.plot;
     entry.rating = row.rating;
     entry.year = row.year;
-    builder_.add(entry);
+    if (!builder_.addNew(entry)) return;
     if (numbers_ == RowNumbers::kept) rowNumbers_.push_back(wholeNumber(row.number));
   });
 }

@@ -4,8 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <stop_token>
-#include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "library/catalog_builder.h"
@@ -25,7 +23,7 @@ class EntryCollector {
   /// Fails as `forEachRow` does; what was read until then stays.
   void read(QByteArray answer, const std::stop_token& stop);
 
-  std::size_t size() const { return seen_.size(); }
+  std::size_t size() const { return builder_.size(); }
   /// The entries as the whole library has them: by their rows' numbers, one without a number behind
   /// the one it came after. As they came when two have the same number: each answer has its own
   /// then.
@@ -37,7 +35,6 @@ class EntryCollector {
   CatalogBuilder builder_;
   const LibraryKind kind_;
   const RowNumbers numbers_;
-  std::unordered_set<std::string, TextHash> seen_;
   std::vector<std::optional<std::int64_t>> rowNumbers_;
 };
 
