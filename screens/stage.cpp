@@ -20,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 20'000;  // ms
-constexpr int kSettling = 450;     // ms
+constexpr int patience = 20'000;  // ms
+constexpr int settling = 450;     // ms
 
 sim::Options withMedia(sim::Options options) {
   options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
@@ -52,7 +52,7 @@ Stage::Stage(Album& album, sim::Options options, const LaunchArguments& launch)
   program_->open();
   until("the window", [&] { return (window_ = openWindow()) != nullptr; });
   views_ = window_->property("views").value<Views*>();
-  if (!QTest::qWaitForWindowExposed(window_, kPatience))
+  if (!QTest::qWaitForWindowExposed(window_, patience))
     throw std::runtime_error("the window does not appear");
 }
 
@@ -82,7 +82,7 @@ void Stage::show(Section section) {
 }
 
 void Stage::until(const char* what, const std::function<bool()>& condition) {
-  if (!QTest::qWaitFor(condition, kPatience))
+  if (!QTest::qWaitFor(condition, patience))
     throw std::runtime_error(std::string("waited in vain for ") + what);
 }
 
@@ -122,7 +122,7 @@ void Stage::click(const QString& accessibleName) {
 }
 
 void Stage::settle() {
-  QTest::qWait(kSettling);
+  QTest::qWait(settling);
 }
 
 void Stage::shot(const QString& name, const QString& what) {

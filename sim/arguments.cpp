@@ -9,10 +9,10 @@
 namespace sim {
 namespace {
 
-constexpr auto kSignIn = "sign-in";
-constexpr int kMostRows = 1'000'000;
+constexpr auto signIn = "sign-in";
+constexpr int mostRows = 1'000'000;
 
-int number(const std::string& text, int most = kMostRows) {
+int number(const std::string& text, int most = mostRows) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || value < 0 || value > most) {
@@ -27,7 +27,7 @@ std::pair<std::string, Fault> faultArgument(const std::string& text) {
       equals == std::string::npos ? std::nullopt : faultNamed(text.substr(equals + 1));
   if (!fault) throw std::runtime_error("\"" + text + "\" is not ACTION=FAULT; see --help");
   const auto action = text.substr(0, equals);
-  return {action == kSignIn ? std::string() : action, *fault};
+  return {action == signIn ? std::string() : action, *fault};
 }
 
 std::string basePath(const std::string& text) {
@@ -48,7 +48,7 @@ struct Option {
   void (*apply)(Arguments& arguments, const std::string& value);
 };
 
-constexpr Option kOptions[] = {
+constexpr Option optionTable[] = {
     {"--port", "NUMBER", "listen here instead of on any free port",
      [](auto& arguments, auto& value) { arguments.options.port = number(value, 65535); }},
     {"--size", "NUMBER", "so many channels, movies and shows each",
@@ -85,7 +85,7 @@ std::string helpText() {
   std::string text =
       "Usage: vantor-sim [OPTION]...\n"
       "A made-up television provider on this machine, to try the player with.\n\n";
-  for (const auto& option : kOptions) {
+  for (const auto& option : optionTable) {
     std::string line = "  " + std::string(option.name);
     if (!option.value.empty()) line += " " + std::string(option.value);
     line.resize(24, ' ');
@@ -116,8 +116,8 @@ Arguments parseArguments(const std::vector<std::string>& words) {
   for (auto word = words.begin(); word != words.end(); ++word) {
     const auto equals = word->find('=');
     const auto name = word->substr(0, equals);
-    const auto* const option = std::ranges::find(kOptions, name, &Option::name);
-    if (option == std::end(kOptions)) {
+    const auto* const option = std::ranges::find(optionTable, name, &Option::name);
+    if (option == std::end(optionTable)) {
       throw std::runtime_error("unknown option " + *word + "; see --help");
     }
     std::string value;

@@ -12,14 +12,14 @@ namespace sim {
 // from loop to loop as if it were one endless recording. Immutable, so safe from any thread.
 class Broadcast {
  public:
-  static constexpr int kPicturesPerSecond = 25;
-  static constexpr int kPicturesPerSegment = 2 * kPicturesPerSecond;
+  static constexpr int picturesPerSecond = 25;
+  static constexpr int picturesPerSegment = 2 * picturesPerSecond;
 
   // Throws std::runtime_error when the file is not one of the channel files of media.h.
   explicit Broadcast(const std::string& file);
 
   // The bytes of one picture with the sound around it; numbers go on without an end, and every
-  // kPicturesPerSecond-th is a key picture.
+  // picturesPerSecond-th is a key picture.
   std::string picture(std::int64_t number) const;
   // Two seconds, beginning with a key picture.
   std::string segment(std::int64_t number) const;

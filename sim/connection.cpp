@@ -12,8 +12,8 @@
 namespace sim {
 namespace {
 
-constexpr std::size_t kLargestHead = 64 * 1024;
-constexpr std::chrono::milliseconds kLongestQuiet{60'000};
+constexpr std::size_t largestHead = 64 * 1024;
+constexpr std::chrono::milliseconds longestQuiet{60'000};
 
 }  // namespace
 
@@ -31,7 +31,7 @@ Connection::~Connection() {
 
 std::optional<std::string> Connection::readHead() {
   if (tls_ && !handshakeDone_) {
-    if (!waitFor(POLLIN, kLongestQuiet) || SSL_accept(tls_.get()) != 1) return std::nullopt;
+    if (!waitFor(POLLIN, longestQuiet) || SSL_accept(tls_.get()) != 1) return std::nullopt;
     handshakeDone_ = true;
   }
   std::size_t searched = 0;
@@ -43,12 +43,12 @@ std::optional<std::string> Connection::readHead() {
       return head;
     }
     searched = received_.size() < 3 ? 0 : received_.size() - 3;
-    if (received_.size() > kLargestHead || !fill()) return std::nullopt;
+    if (received_.size() > largestHead || !fill()) return std::nullopt;
   }
 }
 
 bool Connection::fill() {
-  if (!(tls_ && SSL_pending(tls_.get()) > 0) && !waitFor(POLLIN, kLongestQuiet)) return false;
+  if (!(tls_ && SSL_pending(tls_.get()) > 0) && !waitFor(POLLIN, longestQuiet)) return false;
   std::array<char, 16 * 1024> buffer;
   const auto count = tls_ ? SSL_read(tls_.get(), buffer.data(), buffer.size())
                           : ::recv(socket_, buffer.data(), buffer.size(), 0);

@@ -14,15 +14,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kMark = "redirected=";
-constexpr std::size_t kFillerPiece = 1024 * 1024;
+constexpr auto redirectMark = "redirected=";
+constexpr std::size_t fillerPiece = 1024 * 1024;
 
 std::string redirectTarget(const Request& request, int hop) {
   auto target = request.target;
-  const auto mark = target.find(kMark);
+  const auto mark = target.find(redirectMark);
   if (mark != std::string::npos) target.resize(mark - 1);
   target += target.find('?') == std::string::npos ? '?' : '&';
-  return target + kMark + std::to_string(hop);
+  return target + redirectMark + std::to_string(hop);
 }
 
 Response redirect(const Request& request, const std::string& origin) {
@@ -147,7 +147,7 @@ Range requestedRange(const Request& request, std::size_t size) {
 bool sendFiller(Connection& connection, const Response& response,
                 std::optional<unsigned long long> announced, unsigned long long size) {
   if (!connection.write(responseHead(response, announced, false))) return false;
-  const std::string filler(kFillerPiece, ' ');
+  const std::string filler(fillerPiece, ' ');
   for (unsigned long long sent = 0; sent < size; sent += filler.size()) {
     if (!connection.write(filler)) return false;
   }
@@ -210,7 +210,7 @@ bool deliver(Connection& connection, const Request& request, const Response& res
     case Fault::oversizeAnnounced:
       return sendFiller(connection, response, 1ULL << 35, 1ULL << 35);
     case Fault::oversizeUnannounced:
-      return sendFiller(connection, response, std::nullopt, 256ULL * kFillerPiece);
+      return sendFiller(connection, response, std::nullopt, 256ULL * fillerPiece);
     default:
       return send(connection, request, sent, fault);
   }

@@ -7,7 +7,7 @@
 namespace sim {
 namespace {
 
-constexpr auto kNames = std::to_array<std::pair<Fault, std::string_view>>({
+constexpr auto nameTable = std::to_array<std::pair<Fault, std::string_view>>({
     {Fault::none, "none"},
     {Fault::slow, "slow"},
     {Fault::silent, "silent"},
@@ -47,19 +47,21 @@ constexpr auto kNames = std::to_array<std::pair<Fault, std::string_view>>({
 }  // namespace
 
 std::string_view faultName(Fault fault) {
-  const auto found = std::ranges::find(kNames, fault, &std::pair<Fault, std::string_view>::first);
-  return found == kNames.end() ? std::string_view() : found->second;
+  const auto found =
+      std::ranges::find(nameTable, fault, &std::pair<Fault, std::string_view>::first);
+  return found == nameTable.end() ? std::string_view() : found->second;
 }
 
 std::optional<Fault> faultNamed(std::string_view name) {
-  const auto found = std::ranges::find(kNames, name, &std::pair<Fault, std::string_view>::second);
-  if (found == kNames.end()) return std::nullopt;
+  const auto found =
+      std::ranges::find(nameTable, name, &std::pair<Fault, std::string_view>::second);
+  if (found == nameTable.end()) return std::nullopt;
   return found->first;
 }
 
 std::vector<std::string_view> faultNames() {
   std::vector<std::string_view> names;
-  for (const auto& [fault, name] : kNames) names.push_back(name);
+  for (const auto& [fault, name] : nameTable) names.push_back(name);
   return names;
 }
 

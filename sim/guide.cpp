@@ -49,8 +49,8 @@ void writeProgramme(JsonWriter& json, int channel, long long start, long long en
 
 std::string shortGuideJson(int channel, int limit, long long now) {
   // A slot shorter than the others makes the channels' programmes change at different times.
-  constexpr long long kMinutes[] = {30, 45, 60, 20, 5};
-  const long long length = kMinutes[channel % 5] * 60;
+  constexpr long long minutes[] = {30, 45, 60, 20, 5};
+  const long long length = minutes[channel % 5] * 60;
   return writtenJson([&](JsonWriter& json) {
     json.StartObject();
     json.Key("epg_listings");

@@ -151,13 +151,13 @@ std::string percentDecode(std::string_view text, bool plusIsSpace) {
 }
 
 std::string percentEncode(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  constexpr std::string_view hexDigits = "0123456789ABCDEF";
   std::string encoded;
   for (const unsigned char byte : text) {
     if (std::isalnum(byte) || byte == '-' || byte == '.' || byte == '_' || byte == '~') {
       encoded += static_cast<char>(byte);
     } else {
-      encoded += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
+      encoded += {'%', hexDigits[byte >> 4], hexDigits[byte & 15]};
     }
   }
   return encoded;

@@ -14,29 +14,29 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array kLiveCategories = {"General"sv, "News"sv,  "Sport"sv,       "Kids"sv,
-                                        "Films"sv,   "Music"sv, "Documentary"sv, "Regional"sv,
-                                        "العربية"sv, "Radio"sv};
-constexpr std::array kMovieCategories = {"New"sv,     "Drama"sv,   "Comedy"sv,     "Thriller"sv,
-                                         "Family"sv,  "Science"sv, "History"sv,    "Documentary"sv,
-                                         "Classic"sv, "Crime"sv,   "Für Kinder"sv, "🎄 Seasonal"sv};
-constexpr std::array kShowCategories = {"New"sv,    "Drama"sv,       "Comedy"sv,  "Crime"sv,
-                                        "Family"sv, "Documentary"sv, "Reality"sv, "Miniseries"sv};
+constexpr std::array liveCategories = {"General"sv, "News"sv,  "Sport"sv,       "Kids"sv,
+                                       "Films"sv,   "Music"sv, "Documentary"sv, "Regional"sv,
+                                       "العربية"sv, "Radio"sv};
+constexpr std::array movieCategories = {"New"sv,     "Drama"sv,   "Comedy"sv,     "Thriller"sv,
+                                        "Family"sv,  "Science"sv, "History"sv,    "Documentary"sv,
+                                        "Classic"sv, "Crime"sv,   "Für Kinder"sv, "🎄 Seasonal"sv};
+constexpr std::array showCategories = {"New"sv,    "Drama"sv,       "Comedy"sv,  "Crime"sv,
+                                       "Family"sv, "Documentary"sv, "Reality"sv, "Miniseries"sv};
 
-constexpr long long kFirstId[] = {1001, 200001, 5001};
-constexpr int kFirstCategory[] = {1, 101, 201};
+constexpr long long firstId[] = {1001, 200001, 5001};
+constexpr int firstCategory[] = {1, 101, 201};
 // Episode ids are this many apart from show to show.
-constexpr long long kEpisodesPerShow = 1000;
-constexpr long long kFirstEpisode = 10'000'000;
+constexpr long long episodesPerShow = 1000;
+constexpr long long firstEpisode = 10'000'000;
 
 int position(Kind kind) {
   return static_cast<int>(kind);
 }
 
 int categoryCount(Kind kind) {
-  constexpr std::array kCounts = {kLiveCategories.size(), kMovieCategories.size(),
-                                  kShowCategories.size()};
-  return static_cast<int>(kCounts[position(kind)]);
+  constexpr std::array counts = {liveCategories.size(), movieCategories.size(),
+                                 showCategories.size()};
+  return static_cast<int>(counts[position(kind)]);
 }
 
 std::uint64_t rowNumber(Kind kind, int index) {
@@ -48,7 +48,7 @@ std::vector<int> categoriesOf(Kind kind, int index) {
   if (index % 62 == 48) return {};
   const auto number = rowNumber(kind, index) >> 40;
   const auto count = static_cast<std::uint64_t>(categoryCount(kind));
-  const auto first = kFirstCategory[position(kind)];
+  const auto first = firstCategory[position(kind)];
   const auto category = first + static_cast<int>(number % count);
   if (index % 10 != 5) return {category};
   return {category, first + static_cast<int>((number + 1) % count)};
@@ -174,7 +174,7 @@ void writeRow(JsonWriter& json, Kind kind, int index, int running, Form idForm,
 
 void writeEpisode(JsonWriter& json, int show, int season, int episode, const std::string& base) {
   const auto number = scatter(static_cast<unsigned>(show * 1000 + season * 100 + episode), 20);
-  const auto id = kFirstEpisode + show * kEpisodesPerShow + season * 100 + episode;
+  const auto id = firstEpisode + show * episodesPerShow + season * 100 + episode;
   json.StartObject();
   put(json, "id", id, number % 3 == 0 ? Form::number : Form::text);
   put(json, "episode_num", episode, number % 4 == 0 ? Form::text : Form::number);
@@ -233,20 +233,20 @@ std::optional<long long> number(std::string_view text) {
 }  // namespace
 
 std::string_view kindName(Kind kind) {
-  constexpr std::array kNames = {"live"sv, "movie"sv, "series"sv};
-  return kNames[position(kind)];
+  constexpr std::array nameTable = {"live"sv, "movie"sv, "series"sv};
+  return nameTable[position(kind)];
 }
 
 long long entryId(Kind kind, int index) {
-  return kFirstId[position(kind)] + index;
+  return firstId[position(kind)] + index;
 }
 
 std::optional<int> entryIndex(Kind kind, std::string_view id, int count) {
   const auto value = number(id);
-  if (!value || *value < kFirstId[position(kind)] || *value >= kFirstId[position(kind)] + count) {
+  if (!value || *value < firstId[position(kind)] || *value >= firstId[position(kind)] + count) {
     return std::nullopt;
   }
-  return static_cast<int>(*value - kFirstId[position(kind)]);
+  return static_cast<int>(*value - firstId[position(kind)]);
 }
 
 std::string_view movieExtension(int index) {
@@ -265,15 +265,15 @@ std::string categoriesJson(Kind kind) {
     json.StartArray();
     const int count = categoryCount(kind);
     for (int i = 0; i < count; ++i) {
-      begin(kind == Kind::live    ? kLiveCategories[i]
-            : kind == Kind::movie ? kMovieCategories[i]
-                                  : kShowCategories[i]);
-      put(json, "category_id", kFirstCategory[position(kind)] + i,
+      begin(kind == Kind::live    ? liveCategories[i]
+            : kind == Kind::movie ? movieCategories[i]
+                                  : showCategories[i]);
+      put(json, "category_id", firstCategory[position(kind)] + i,
           i % 4 == 2 ? Form::number : Form::text);
       json.EndObject();
     }
     begin("Repeated");
-    put(json, "category_id", kFirstCategory[position(kind)], Form::text);
+    put(json, "category_id", firstCategory[position(kind)], Form::text);
     json.EndObject();
     begin("Without an id");
     json.EndObject();
@@ -339,8 +339,8 @@ std::string seriesInfoJson(int show, const std::string& base) {
 
 std::optional<int> episodeShow(std::string_view id, int shows) {
   const auto value = number(id);
-  if (!value || *value < kFirstEpisode) return std::nullopt;
-  const auto show = (*value - kFirstEpisode) / kEpisodesPerShow;
+  if (!value || *value < firstEpisode) return std::nullopt;
+  const auto show = (*value - firstEpisode) / episodesPerShow;
   if (show >= shows) return std::nullopt;
   return static_cast<int>(show);
 }

@@ -23,10 +23,10 @@ namespace fs = std::filesystem;
 using Arguments = std::vector<std::string>;
 
 // Changes whenever the files' content does.
-constexpr auto kVersion = "media-1";
-constexpr std::array kFiles = {"channel0.ts", "channel1.ts", "channel2.ts",
-                               "channel3.ts", "movie.mkv",   "movie.mp4",
-                               "episode.mkv", "episode.mp4", "audio.m4a"};
+constexpr auto version = "media-1";
+constexpr std::array mediaFiles = {"channel0.ts", "channel1.ts", "channel2.ts",
+                                   "channel3.ts", "movie.mkv",   "movie.mp4",
+                                   "episode.mkv", "episode.mp4", "audio.m4a"};
 
 // Only one process makes media at a time; the lock goes with the process, however it ends.
 class FolderLock {
@@ -46,7 +46,7 @@ class FolderLock {
 };
 
 bool isComplete(const fs::path& folder) {
-  return std::ranges::all_of(kFiles, [&](const char* file) {
+  return std::ranges::all_of(mediaFiles, [&](const char* file) {
     std::error_code error;
     const auto size = fs::file_size(folder / file, error);
     return !error && size > 0;
@@ -170,13 +170,13 @@ std::string defaultMediaFolder() {
 }
 
 std::string prepareMedia(const std::string& folder) {
-  const auto kept = fs::path(folder) / kVersion;
+  const auto kept = fs::path(folder) / version;
   if (isComplete(kept)) return kept;
   fs::create_directories(folder);
   const FolderLock lock(folder);
   if (isComplete(kept)) return kept;
 
-  const auto making = fs::path(folder) / (std::string(kVersion) + ".making");
+  const auto making = fs::path(folder) / (std::string(version) + ".making");
   fs::remove_all(making);
   fs::create_directory(making);
   makeAll(making);

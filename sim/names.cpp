@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array kAdjectives = {
+constexpr std::array adjectives = {
     "Silent"sv,   "Crimson"sv,   "Hidden"sv,   "Broken"sv,    "Endless"sv, "Golden"sv,
     "Frozen"sv,   "Last"sv,      "Distant"sv,  "Burning"sv,   "Paper"sv,   "Borrowed"sv,
     "Electric"sv, "Hollow"sv,    "Northern"sv, "Forgotten"sv, "Velvet"sv,  "Restless"sv,
@@ -16,7 +16,7 @@ constexpr std::array kAdjectives = {
     "Iron"sv,     "Midnight"sv,  "Gentle"sv,   "Second"sv,    "Copper"sv,  "Invisible"sv,
     "Quiet"sv,    "Reluctant"sv, "Amber"sv,    "Drifting"sv,  "Painted"sv, "Unlikely"sv,
     "Stolen"sv,   "Lower"sv,     "Patient"sv,  "Wild"sv,      "Early"sv,   "Tall"sv};
-constexpr std::array kNouns = {
+constexpr std::array nouns = {
     "Harbour"sv, "Orchard"sv,     "Lantern"sv,    "Machine"sv,   "Garden"sv,     "Border"sv,
     "Witness"sv, "Carnival"sv,    "River"sv,      "Letter"sv,    "Kingdom"sv,    "Violin"sv,
     "Station"sv, "Summer"sv,      "Detective"sv,  "Island"sv,    "Promise"sv,    "Mirror"sv,
@@ -25,24 +25,24 @@ constexpr std::array kNouns = {
     "Theatre"sv, "Bridge"sv,      "Meadow"sv,     "Alibi"sv,     "Comet"sv,      "Tailor"sv,
     "Glacier"sv, "Inheritance"sv, "Ferry"sv,      "Museum"sv,    "Baker"sv,      "Telescope"sv,
     "Wedding"sv, "Desert"sv,      "Avalanche"sv,  "Choir"sv};
-constexpr std::array kPlaces = {"Lisbon"sv, "Tromsø"sv,    "Kraków"sv,  "Galway"sv,  "Valparaíso"sv,
-                                "Osaka"sv,  "Zürich"sv,    "Tbilisi"sv, "Halifax"sv, "Marseille"sv,
-                                "Dakar"sv,  "Reykjavík"sv, "Porto"sv,   "Antwerp"sv};
-constexpr std::array kFirstNames = {"Marta"sv, "Elias"sv, "Noor"sv,    "Ingrid"sv, "Tomás"sv,
-                                    "Yuki"sv,  "Fiona"sv, "Abel"sv,    "Zofia"sv,  "Kwame"sv,
-                                    "Leila"sv, "Anton"sv, "Beatriz"sv, "Søren"sv,  "Hana"sv};
-constexpr std::array kLastNames = {"Okafor"sv,    "Lindqvist"sv, "Moreau"sv,    "Castellano"sv,
-                                   "Brandt"sv,    "Nakamura"sv,  "O’Dwyer"sv,   "Kowalczyk"sv,
-                                   "Vasile"sv,    "Haddad"sv,    "Ferreira"sv,  "Whitlock"sv,
-                                   "Jørgensen"sv, "Petrov"sv,    "Achterberg"sv};
-constexpr std::array kGenres = {"Drama"sv,   "Comedy"sv,  "Thriller"sv,    "Family"sv,
-                                "Science"sv, "History"sv, "Documentary"sv, "Adventure"sv};
-constexpr std::array kPrefixes = {"UK | "sv, "DE: "sv, ""sv, "FR - "sv, ""sv, "|ES| "sv, ""sv};
-constexpr std::array kTopics = {"News"sv, "Sport"sv,    "Cinema"sv,  "Music"sv,
-                                "Kids"sv, "History"sv,  "Nature"sv,  "Travel"sv,
-                                "Food"sv, "Classics"sv, "Science"sv, "Regional"sv};
-constexpr std::array kQualities = {""sv, " HD"sv, " FHD"sv, " 4K"sv, ""sv, " SD"sv, " HD"sv};
-constexpr std::array kUnusual = {
+constexpr std::array places = {"Lisbon"sv, "Tromsø"sv,    "Kraków"sv,  "Galway"sv,  "Valparaíso"sv,
+                               "Osaka"sv,  "Zürich"sv,    "Tbilisi"sv, "Halifax"sv, "Marseille"sv,
+                               "Dakar"sv,  "Reykjavík"sv, "Porto"sv,   "Antwerp"sv};
+constexpr std::array firstNames = {"Marta"sv, "Elias"sv, "Noor"sv,    "Ingrid"sv, "Tomás"sv,
+                                   "Yuki"sv,  "Fiona"sv, "Abel"sv,    "Zofia"sv,  "Kwame"sv,
+                                   "Leila"sv, "Anton"sv, "Beatriz"sv, "Søren"sv,  "Hana"sv};
+constexpr std::array lastNames = {"Okafor"sv,    "Lindqvist"sv, "Moreau"sv,    "Castellano"sv,
+                                  "Brandt"sv,    "Nakamura"sv,  "O’Dwyer"sv,   "Kowalczyk"sv,
+                                  "Vasile"sv,    "Haddad"sv,    "Ferreira"sv,  "Whitlock"sv,
+                                  "Jørgensen"sv, "Petrov"sv,    "Achterberg"sv};
+constexpr std::array genres = {"Drama"sv,   "Comedy"sv,  "Thriller"sv,    "Family"sv,
+                               "Science"sv, "History"sv, "Documentary"sv, "Adventure"sv};
+constexpr std::array prefixes = {"UK | "sv, "DE: "sv, ""sv, "FR - "sv, ""sv, "|ES| "sv, ""sv};
+constexpr std::array topics = {"News"sv, "Sport"sv,    "Cinema"sv,  "Music"sv,
+                               "Kids"sv, "History"sv,  "Nature"sv,  "Travel"sv,
+                               "Food"sv, "Classics"sv, "Science"sv, "Regional"sv};
+constexpr std::array qualities = {""sv, " HD"sv, " FHD"sv, " 4K"sv, ""sv, " SD"sv, " HD"sv};
+constexpr std::array unusual = {
     "Größe der Stille"sv,
     "حكايات من المدينة القديمة"sv,
     "An Exceedingly Long and Carefully Detailed Account of the Clockmaker, the Ferry, the Two "
@@ -71,10 +71,10 @@ std::string join(std::initializer_list<std::string_view> pieces) {
 }
 
 std::string title(std::uint64_t number) {
-  const auto adjective = pick(kAdjectives, number >> 8);
-  const auto noun = pick(kNouns, number >> 20);
-  const auto other = pick(kNouns, number >> 32);
-  const auto place = pick(kPlaces, number >> 44);
+  const auto adjective = pick(adjectives, number >> 8);
+  const auto noun = pick(nouns, number >> 20);
+  const auto other = pick(nouns, number >> 32);
+  const auto place = pick(places, number >> 44);
   switch (number % 8) {
     case 0:
       return join({"The ", noun});
@@ -83,11 +83,11 @@ std::string title(std::uint64_t number) {
     case 2:
       return join({"The ", adjective, " ", noun, " of ", place});
     case 3:
-      return join({adjective, " ", noun, ", ", pick(kAdjectives, number >> 50), " ", other});
+      return join({adjective, " ", noun, ", ", pick(adjectives, number >> 50), " ", other});
     case 4:
       return join({noun, " in ", place});
     case 5:
-      return join({pick(kFirstNames, number >> 52), " and the ", adjective, " ", noun});
+      return join({pick(firstNames, number >> 52), " and the ", adjective, " ", noun});
     default:
       return join({"The ", adjective, " ", noun});
   }
@@ -100,7 +100,7 @@ std::optional<std::string> unusualName(int index) {
                      : index % 29 == 4            ? 7 + index / 29
                                                   : -1;
   if (place < 0) return std::nullopt;
-  return std::string(pick(kUnusual, static_cast<std::uint64_t>(place)));
+  return std::string(pick(unusual, static_cast<std::uint64_t>(place)));
 }
 
 }  // namespace
@@ -115,9 +115,9 @@ std::uint64_t scatter(std::uint64_t number, std::uint64_t salt) {
 std::string channelName(int index) {
   const auto number = scatter(static_cast<unsigned>(index), 1);
   if (auto name = unusualName(index)) return *name;
-  if (index % 40 == 39) return join({"##### ", pick(kTopics, number), " #####"});
-  std::string name = join({pick(kPrefixes, number), pick(kPlaces, number >> 8), " ",
-                           pick(kTopics, number >> 16), pick(kQualities, number >> 24)});
+  if (index % 40 == 39) return join({"##### ", pick(topics, number), " #####"});
+  std::string name = join({pick(prefixes, number), pick(places, number >> 8), " ",
+                           pick(topics, number >> 16), pick(qualities, number >> 24)});
   if (index >= 200) name += " " + std::to_string(index / 200 + 1);
   return name;
 }
@@ -143,22 +143,22 @@ std::string episodeName(int show, int season, int episode) {
 }
 
 std::string programmeName(std::uint64_t number) {
-  if (number % 6 == 0) return join({pick(kPlaces, number >> 8), " at Seven: Das große Gespräch"});
-  if (number % 6 == 1) return join({"The ", pick(kTopics, number >> 8), " Hour"});
+  if (number % 6 == 0) return join({pick(places, number >> 8), " at Seven: Das große Gespräch"});
+  if (number % 6 == 1) return join({"The ", pick(topics, number >> 8), " Hour"});
   return title(number);
 }
 
 std::string personName(std::uint64_t number) {
-  return join({pick(kFirstNames, number), " ", pick(kLastNames, number >> 8)});
+  return join({pick(firstNames, number), " ", pick(lastNames, number >> 8)});
 }
 
 std::string_view genreName(std::uint64_t number) {
-  return pick(kGenres, number);
+  return pick(genres, number);
 }
 
 std::string plotText(std::uint64_t number) {
-  return join({personName(number), " returns to ", pick(kPlaces, number >> 16), " to find the ",
-               pick(kAdjectives, number >> 24), " ", pick(kNouns, number >> 32),
+  return join({personName(number), " returns to ", pick(places, number >> 16), " to find the ",
+               pick(adjectives, number >> 24), " ", pick(nouns, number >> 32),
                " gone, and a stranger who remembers everything."});
 }
 

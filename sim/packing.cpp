@@ -83,8 +83,8 @@ class ZstdPacker final : public Packer {
 };
 
 std::unique_ptr<Packer> packer(const std::string& encoding) {
-  constexpr int kGzip = 16;
-  if (encoding == "gzip") return std::make_unique<ZlibPacker>(MAX_WBITS + kGzip);
+  constexpr int gzipWindow = 16;
+  if (encoding == "gzip") return std::make_unique<ZlibPacker>(MAX_WBITS + gzipWindow);
   if (encoding == "deflate") return std::make_unique<ZlibPacker>(MAX_WBITS);
   if (encoding == "br") return std::make_unique<BrotliPacker>();
   if (encoding == "zstd") return std::make_unique<ZstdPacker>();
@@ -98,12 +98,12 @@ std::string packed(const std::string& encoding, std::string_view text) {
 }
 
 std::string bomb(const std::string& encoding) {
-  constexpr int kPieces = 240;
+  constexpr int pieceCount = 240;
   const std::string piece(16 * 1024 * 1024, ' ');
   const auto packing = packer(encoding);
   auto bytes = packing->add(piece, false);
   const auto again = packing->add(piece, false);
-  for (int i = 1; i < kPieces; ++i) bytes += again;
+  for (int i = 1; i < pieceCount; ++i) bytes += again;
   return bytes;
 }
 

@@ -98,9 +98,9 @@ std::string posterPng(Kind kind, std::uint64_t id) {
 }
 
 std::string hugePng() {
-  constexpr std::uint32_t kSide = 30'000;
-  return png(kSide, kSide, 1, PNG_COLOR_TYPE_GRAY,
-             [](std::uint32_t) { return std::string(kSide / 8 + 1, '\0'); });
+  constexpr std::uint32_t side = 30'000;
+  return png(side, side, 1, PNG_COLOR_TYPE_GRAY,
+             [](std::uint32_t) { return std::string(side / 8 + 1, '\0'); });
 }
 
 }  // namespace sim

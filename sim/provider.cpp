@@ -11,8 +11,8 @@
 namespace sim {
 namespace {
 
-constexpr auto kRejection = R"({"user_info":{"auth":0}})";
-constexpr int kMaximumConnections = 2;
+constexpr auto rejection = R"({"user_info":{"auth":0}})";
+constexpr int maximumConnections = 2;
 
 std::optional<Kind> kindNamed(std::string_view name) {
   for (const auto kind : {Kind::live, Kind::movie, Kind::series}) {
@@ -67,10 +67,10 @@ Response Provider::answer(const Request& request, const std::string& action, Fau
 Response Provider::apiAnswer(const Request& request, const std::string& action, Fault fault,
                              int streamsOpen) {
   if (!loginIsRight(request.queryValue("username"), request.queryValue("password"))) {
-    return jsonResponse(kRejection);
+    return jsonResponse(rejection);
   }
   if (action.empty()) return jsonResponse(signInJson(fault, streamsOpen));
-  if (fault == Fault::expiredAccount) return jsonResponse(kRejection);
+  if (fault == Fault::expiredAccount) return jsonResponse(rejection);
 
   if (action == "get_live_categories") return jsonResponse(categoriesJson(Kind::live));
   if (action == "get_vod_categories") return jsonResponse(categoriesJson(Kind::movie));
@@ -128,7 +128,7 @@ bool Provider::loginIsRight(const std::string& username, const std::string& pass
 std::string Provider::signInJson(Fault fault, int streamsOpen) const {
   const auto now = static_cast<long long>(std::time(nullptr));
   const bool expired = fault == Fault::expiredAccount;
-  const int active = fault == Fault::connectionLimit ? kMaximumConnections : streamsOpen;
+  const int active = fault == Fault::connectionLimit ? maximumConnections : streamsOpen;
   const auto scheme = origin_.substr(0, origin_.find(':'));
   const auto port = origin_.substr(origin_.rfind(':') + 1);
   return writtenJson([&](JsonWriter& json) {
@@ -144,7 +144,7 @@ std::string Provider::signInJson(Fault fault, int streamsOpen) const {
     put(json, "is_trial", "0");
     put(json, "active_cons", active, Form::text);
     put(json, "created_at", "1600000000");
-    put(json, "max_connections", kMaximumConnections, Form::text);
+    put(json, "max_connections", maximumConnections, Form::text);
     json.Key("allowed_output_formats");
     json.StartArray();
     json.String("m3u8");

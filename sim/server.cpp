@@ -30,9 +30,10 @@ bool isStream(const std::string& action) {
 
 // What happens to the request of that number.
 Fault mishap(unsigned number) {
-  constexpr std::array kMishaps{Fault::status503, Fault::status503, Fault::empty,  Fault::notHttp,
-                                Fault::cutOff,    Fault::cutOff,    Fault::cutOff, Fault::cutOff};
-  return kMishaps.at(scatter(number, 90) % kMishaps.size());
+  constexpr std::array mishapFaults{Fault::status503, Fault::status503, Fault::empty,
+                                    Fault::notHttp,   Fault::cutOff,    Fault::cutOff,
+                                    Fault::cutOff,    Fault::cutOff};
+  return mishapFaults.at(scatter(number, 90) % mishapFaults.size());
 }
 
 std::string origin(bool tls, const std::string& host, int port) {

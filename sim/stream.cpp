@@ -10,13 +10,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kBroadcasts = 4;
+constexpr int broadcasts = 4;
 // Time on the air before the server started, so that playlists are full at once.
-constexpr auto kLead = 64s;
-constexpr int kListedSegments = 6;
+constexpr auto lead = 64s;
+constexpr int listedSegments = 6;
 // How long a segment can still be had after it has left the list.
-constexpr int kSpareSegments = 4;
-constexpr auto kPicture = 1000ms / Broadcast::kPicturesPerSecond;
+constexpr int spareSegments = 4;
+constexpr auto picture = 1000ms / Broadcast::picturesPerSecond;
 
 std::string_view filmType(const std::string& extension) {
   if (extension == "mkv") return "video/x-matroska";
@@ -34,23 +34,23 @@ std::shared_ptr<const std::string> readFile(const std::filesystem::path& file) {
 }  // namespace
 
 Streams::Streams(std::string folder)
-    : folder_(std::move(folder)), began_(std::chrono::steady_clock::now() - kLead) {
-  for (int i = 0; i < kBroadcasts; ++i) {
+    : folder_(std::move(folder)), began_(std::chrono::steady_clock::now() - lead) {
+  for (int i = 0; i < broadcasts; ++i) {
     broadcasts_.emplace_back(folder_ + "/channel" + std::to_string(i) + ".ts");
   }
 }
 
 void Streams::sendChannel(Connection& connection, int channel, Fault fault) const {
-  constexpr int kSecond = Broadcast::kPicturesPerSecond;
+  constexpr int second = Broadcast::picturesPerSecond;
   const Response head{.contentType = "video/mp2t"};
   if (!connection.write(responseHead(head, std::nullopt, false))) return;
 
-  const auto first = (currentPicture() / kSecond - 2) * kSecond;
-  const auto pace = fault == Fault::slow ? 4 * kPicture : kPicture;
+  const auto first = (currentPicture() / second - 2) * second;
+  const auto pace = fault == Fault::slow ? 4 * picture : picture;
   const auto reference =
-      fault == Fault::slow ? std::chrono::steady_clock::now() : began_ + first * kPicture;
+      fault == Fault::slow ? std::chrono::steady_clock::now() : began_ + first * picture;
   for (auto number = first; connection.write(broadcast(channel).picture(number)); ++number) {
-    if (fault == Fault::cutOff && number == first + 3 * kSecond) return;
+    if (fault == Fault::cutOff && number == first + 3 * second) return;
     const auto due = reference + (number - first) * pace;
     const auto early =
         std::chrono::ceil<std::chrono::milliseconds>(due - std::chrono::steady_clock::now());
@@ -59,8 +59,8 @@ void Streams::sendChannel(Connection& connection, int channel, Fault fault) cons
 }
 
 Response Streams::playlist(const std::string& id, const std::string& base) const {
-  const auto end = currentPicture() / Broadcast::kPicturesPerSegment;
-  const auto first = end - kListedSegments;
+  const auto end = currentPicture() / Broadcast::picturesPerSegment;
+  const auto first = end - listedSegments;
   std::string list = "#EXTM3U\n#EXT-X-VERSION:3\n#EXT-X-TARGETDURATION:2\n#EXT-X-MEDIA-SEQUENCE:" +
                      std::to_string(first) + "\n";
   for (auto number = first; number < end; ++number) {
@@ -74,9 +74,9 @@ Response Streams::playlist(const std::string& id, const std::string& base) const
 Response Streams::segment(int channel, const std::string& file) const {
   std::int64_t number = -1;
   const auto parsed = std::from_chars(file.data(), file.data() + file.size(), number);
-  const auto end = currentPicture() / Broadcast::kPicturesPerSegment;
+  const auto end = currentPicture() / Broadcast::picturesPerSegment;
   if (parsed.ec != std::errc() || std::string_view(parsed.ptr) != ".ts" || number >= end ||
-      number < end - kListedSegments - kSpareSegments) {
+      number < end - listedSegments - spareSegments) {
     return errorResponse(404);
   }
   return textResponse(200, broadcast(channel).segment(number), "video/mp2t");
@@ -95,7 +95,7 @@ Response Streams::film(const Provider::Item& item) {
 }
 
 std::int64_t Streams::currentPicture() const {
-  return (std::chrono::steady_clock::now() - began_) / kPicture;
+  return (std::chrono::steady_clock::now() - began_) / picture;
 }
 
 const Broadcast& Streams::broadcast(int channel) const {

@@ -18,9 +18,9 @@ namespace {
 using namespace std::chrono_literals;
 
 // The window comes up with the first library in it, unless that takes long enough to be noticed.
-constexpr auto kLongestWaitForLibrary = 150ms;
+constexpr auto longestWaitForLibrary = 150ms;
 // A recording that is being saved gets five seconds, and then playback has to stop.
-constexpr auto kLongestQuitting = 9s;
+constexpr auto longestQuitting = 9s;
 
 /// Where the program's own files are, installed as in its build; empty when it has none.
 QString resourceFolder() {
@@ -62,7 +62,7 @@ Program::~Program() = default;
 
 void Program::quit() {
   if (!std::exchange(quitting_, true)) {
-    limitQuitting(0, kLongestQuitting);
+    limitQuitting(0, longestQuitting);
     Q_EMIT quitting();
   }
   delegate_.applicationShouldTerminate();
@@ -116,7 +116,7 @@ void Program::startUp() {
   if (!launch_.isolated) crashNotice_.emplace(model_, worker_, folders_.notes());
   connect(&model_.session(), &Session::startingUpChanged, this, &Program::showWindowWhenReady);
   connect(&model_.browsing(), &Browsing::itemsChanged, this, &Program::showWindowWhenReady);
-  QTimer::singleShot(kLongestWaitForLibrary, this, &Program::showWindow);
+  QTimer::singleShot(longestWaitForLibrary, this, &Program::showWindow);
   showWindowWhenReady();
   if (const std::optional<Section> section = sectionNamed(launch_.show)) show(*section);
   if (!launch_.file.isEmpty()) model_.playFile(launch_.file);

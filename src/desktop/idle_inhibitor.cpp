@@ -17,13 +17,13 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-constexpr uint kIdle = 8;  // flag of the portal and of the session manager
-constexpr auto kPatience = 5s;
+constexpr uint idle = 8;  // flag of the portal and of the session manager
+constexpr auto patience = 5s;
 // A late answer has to be released, so it is waited for.
-constexpr int kWithoutLimit = std::numeric_limits<int>::max();
+constexpr int withoutLimit = std::numeric_limits<int>::max();
 
-const QString kProgram = u"Vantor Player"_s;
-const QString kReason = u"A picture is playing"_s;
+const QString program = u"Vantor Player"_s;
+const QString inhibitReason = u"A picture is playing"_s;
 
 /// Who can be asked, in this order.
 struct Inhibiting {
@@ -39,18 +39,18 @@ const std::array<Inhibiting, 3>& inhibiting() {
       {u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
        u"org.freedesktop.portal.Inhibit"_s, QString(),
        [](const QString&) {
-         return QVariantList{QString(), kIdle, QVariantMap{{u"reason"_s, kReason}}};
+         return QVariantList{QString(), idle, QVariantMap{{u"reason"_s, inhibitReason}}};
        }},
       {u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
        u"org.freedesktop.ScreenSaver"_s, u"UnInhibit"_s,
        [](const QString&) {
-         return QVariantList{kProgram, kReason};
+         return QVariantList{program, inhibitReason};
        }},
       {u"org.gnome.SessionManager"_s, u"/org/gnome/SessionManager"_s, u"org.gnome.SessionManager"_s,
        u"Uninhibit"_s,
        [](const QString& application) {
-         constexpr uint kNoWindow = 0;
-         return QVariantList{application, kNoWindow, kReason, kIdle};
+         constexpr uint noWindow = 0;
+         return QVariantList{application, noWindow, inhibitReason, idle};
        }},
   }};
   return services;
@@ -106,13 +106,13 @@ void IdleInhibitor::ask(std::size_t service) {
   QDBusMessage message =
       QDBusMessage::createMethodCall(asked.name, asked.path, asked.interface, u"Inhibit"_s);
   message.setArguments(asked.arguments(application_));
-  auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message, kWithoutLimit), this);
+  auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message, withoutLimit), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this,
           [this, answer, question = ++question_, service] {
             answer->deleteLater();
             answered(question, service, QDBusPendingReply<>(*answer).reply());
           });
-  patience_ = clock_.callAfter(kPatience, [this] { askNext(); });
+  patience_ = clock_.callAfter(patience, [this] { askNext(); });
 }
 
 void IdleInhibitor::askNext() {

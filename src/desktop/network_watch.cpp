@@ -10,12 +10,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kNetworkManager = u"org.freedesktop.NetworkManager"_s;
-const QString kNetworkManagerPath = u"/org/freedesktop/NetworkManager"_s;
+const QString networkManager = u"org.freedesktop.NetworkManager"_s;
+const QString networkManagerPath = u"/org/freedesktop/NetworkManager"_s;
 
 // As NetworkManager numbers them.
-constexpr uint kConnectedLocally = 50;
-constexpr uint kFullConnectivity = 4;
+constexpr uint connectedLocally = 50;
+constexpr uint fullConnectivity = 4;
 
 }  // namespace
 
@@ -28,9 +28,9 @@ void NetworkWatch::useBus(QDBusConnection bus) {
   // With a sender's name the connection would wait to hear who that is.
   bus.connect(QString(), u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
               u"PrepareForSleep"_s, this, SLOT(onPrepareForSleep(bool)));
-  bus.connect(QString(), kNetworkManagerPath, kNetworkManager, u"StateChanged"_s, this,
+  bus.connect(QString(), networkManagerPath, networkManager, u"StateChanged"_s, this,
               SLOT(onStateChanged(uint)));
-  bus.connect(QString(), kNetworkManagerPath, u"org.freedesktop.DBus.Properties"_s,
+  bus.connect(QString(), networkManagerPath, u"org.freedesktop.DBus.Properties"_s,
               u"PropertiesChanged"_s, this,
               SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
 }
@@ -40,15 +40,15 @@ void NetworkWatch::onPrepareForSleep(bool asleep) {
 }
 
 void NetworkWatch::onStateChanged(uint state) {
-  if (state >= kConnectedLocally) Q_EMIT changed();
+  if (state >= connectedLocally) Q_EMIT changed();
 }
 
 void NetworkWatch::onPropertiesChanged(const QString& interface, const QVariantMap& values,
                                        const QStringList&) {
-  if (interface != kNetworkManager) return;
+  if (interface != networkManager) return;
   const QString primary = values.value(u"PrimaryConnection"_s).value<QDBusObjectPath>().path();
   const bool another = !primary.isEmpty() && primary != u"/"_s;
-  if (another || values.value(u"Connectivity"_s).toUInt() == kFullConnectivity) Q_EMIT changed();
+  if (another || values.value(u"Connectivity"_s).toUInt() == fullConnectivity) Q_EMIT changed();
 }
 
 }  // namespace vantor

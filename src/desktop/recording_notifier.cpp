@@ -13,9 +13,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kNotifications = u"org.freedesktop.Notifications"_s;
-const QString kNotificationsPath = u"/org/freedesktop/Notifications"_s;
-const QString kFinish = u"finish"_s;
+const QString notifications = u"org.freedesktop.Notifications"_s;
+const QString notificationsPath = u"/org/freedesktop/Notifications"_s;
+const QString finishAction = u"finish"_s;
 
 }  // namespace
 
@@ -27,7 +27,7 @@ void RecordingNotifier::useBus(const QDBusConnection& bus, const QString& applic
   bus_ = bus;
   application_ = application;
   // With a sender's name the connection would wait to hear who that is.
-  bus_->connect(QString(), kNotificationsPath, kNotifications, u"ActionInvoked"_s, this,
+  bus_->connect(QString(), notificationsPath, notifications, u"ActionInvoked"_s, this,
                 SLOT(onAction(uint, QString)));
 }
 
@@ -37,13 +37,13 @@ void RecordingNotifier::notify() {
   if (std::exchange(asking_, true)) return;
   QStringList actions;
   if (playback_.recording().stage() == Recording::Stage::running)
-    actions = {kFinish, u"Stop Recording"_s};
-  constexpr int kAsLongAsUsual = -1;
-  QDBusMessage message = QDBusMessage::createMethodCall(kNotifications, kNotificationsPath,
-                                                        kNotifications, u"Notify"_s);
+    actions = {finishAction, u"Stop Recording"_s};
+  constexpr int asLongAsUsual = -1;
+  QDBusMessage message =
+      QDBusMessage::createMethodCall(notifications, notificationsPath, notifications, u"Notify"_s);
   message << u"Vantor Player"_s << shown_ << application_ << u"Recording"_s
           << playback_.recording().notice().value_or(QString()) << actions
-          << QVariantMap{{u"desktop-entry"_s, application_}} << kAsLongAsUsual;
+          << QVariantMap{{u"desktop-entry"_s, application_}} << asLongAsUsual;
   auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
     answer->deleteLater();
@@ -55,7 +55,7 @@ void RecordingNotifier::notify() {
 }
 
 void RecordingNotifier::onAction(uint id, const QString& action) {
-  if (id == shown_ && action == kFinish) playback_.finishRecording();
+  if (id == shown_ && action == finishAction) playback_.finishRecording();
 }
 
 }  // namespace vantor

@@ -11,9 +11,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kPath = u"/tv/vantor/player/Recording"_s;
-const QString kInterface = u"tv.vantor.player.Recording"_s;
-const QString kRefused = u"tv.vantor.player.Recording.Refused"_s;
+const QString path = u"/tv/vantor/player/Recording"_s;
+const QString interfaceName = u"tv.vantor.player.Recording"_s;
+const QString refused = u"tv.vantor.player.Recording.Refused"_s;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void RecordingService::appear(const QDBusConnection& bus, const QString& applica
   bus_ = bus;
   notifier_.useBus(bus, application);
   bus_->registerObject(
-      kPath, this,
+      path, this,
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableProperties);
 }
 
@@ -71,14 +71,14 @@ QString RecordingService::notice() const {
 
 void RecordingService::announce(const QString& property, const QString& value) {
   if (!bus_) return;
-  QDBusMessage change = QDBusMessage::createSignal(kPath, u"org.freedesktop.DBus.Properties"_s,
+  QDBusMessage change = QDBusMessage::createSignal(path, u"org.freedesktop.DBus.Properties"_s,
                                                    u"PropertiesChanged"_s);
-  change << kInterface << QVariantMap{{property, value}} << QStringList();
+  change << interfaceName << QVariantMap{{property, value}} << QStringList();
   bus_->send(change);
 }
 
 void RecordingService::refuse(const QString& reason) {
-  if (calledFromDBus()) sendErrorReply(kRefused, reason);
+  if (calledFromDBus()) sendErrorReply(refused, reason);
 }
 
 }  // namespace vantor

@@ -19,9 +19,9 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-constexpr int kWidth = 640;
-constexpr int kTries = 6;
-constexpr auto kBetweenTries = 30ms;
+constexpr int width = 640;
+constexpr int tries = 6;
+constexpr auto betweenTries = 30ms;
 
 class PrivateFolder {
  public:
@@ -59,16 +59,16 @@ QCoro::Task<QImage> captureStill(StillSource source, std::stop_token token) {
   const auto reading = std::make_shared<Reading>();
   const std::stop_callback cancel(token, [reading] { reading->wait.request_stop(); });
   const std::stop_token wait = reading->wait.get_token();
-  source.engine->saveSnapshot(file, kWidth);
+  source.engine->saveSnapshot(file, width);
   Job job;
-  for (int attempt = 0; attempt < kTries && !wait.stop_requested(); ++attempt) {
+  for (int attempt = 0; attempt < tries && !wait.stop_requested(); ++attempt) {
     // The worker may be busy for longer than anyone wants to wait for the next source.
     if (!job.running() && QFile::exists(file)) {
       job = Job::start([reading, worker = source.worker, file](std::stop_token) {
         return read(reading, worker, file);
       });
     }
-    const QCoro::Task<> nap = source.clock->sleep(kBetweenTries, wait);
+    const QCoro::Task<> nap = source.clock->sleep(betweenTries, wait);
     co_await nap;
   }
   if (token.stop_requested()) co_return QImage();

@@ -18,11 +18,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kSampleInterval = 100ms;
-constexpr auto kHurriedInterval = 5ms;
+constexpr auto sampleInterval = 100ms;
+constexpr auto hurriedInterval = 5ms;
 // A film with subtitles cannot be stopped while the library looks through the system's fonts.
-constexpr auto kLongestGoodbye = 500ms;
-constexpr auto kLongestSaving = 3s;
+constexpr auto longestGoodbye = 500ms;
+constexpr auto longestSaving = 3s;
 
 bool isOver(const EngineStatus& status) {
   return status.state == EngineState::ended || status.state == EngineState::error;
@@ -103,7 +103,7 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
     quitting_ = true;
     commands_.clear();
     wake_.notify_one();
-    const auto longest = recording_ ? kLongestSaving : kLongestGoodbye;
+    const auto longest = recording_ ? longestSaving : longestGoodbye;
     const bool ended = ended_.wait_for(lock, longest, [this] { return over_; });
     lock.unlock();
     if (ended)
@@ -136,8 +136,8 @@ class LibVLCEngine::Core : public std::enable_shared_from_this<Core> {
 
   /// How long to wait for a command before looking at the player; absent when nothing can change.
   std::optional<std::chrono::milliseconds> interval(const LibVLCPlayer& player) const {
-    if (player.isHurried()) return kHurriedInterval;
-    if (seen_.hasMedia && !isOver(seen_)) return kSampleInterval;
+    if (player.isHurried()) return hurriedInterval;
+    if (seen_.hasMedia && !isOver(seen_)) return sampleInterval;
     return {};
   }
 

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 // Yadif keeps every line of what stands still, where bob shows half of them in turns, for half as
 // much again of a processor. Where there are two, the drawing needs that.
-constexpr unsigned kProcessorsForYadif = 4;
+constexpr unsigned processorsForYadif = 4;
 
 bool hasControlCharacter(const QString& text) {
   return std::any_of(text.begin(), text.end(),
@@ -35,7 +35,7 @@ AudioOutput availableAudio() {
 
 QList<QByteArray> libraryOptions(Output output, unsigned processors) {
   // Its own choice, "x", shows one picture of the two fields.
-  const bool plenty = processors >= kProcessorsForYadif;
+  const bool plenty = processors >= processorsForYadif;
   QList<QByteArray> options{"--quiet",
                             "--no-video-title-show",
                             "--no-osd",

@@ -11,17 +11,17 @@ namespace vantor {
 
 namespace {
 
-constexpr unsigned kMostPadding = 256;     // pixels that decoders add to a side, and some more
-constexpr double kMasteringUnit = 0.0001;  // cd/m²
-constexpr unsigned kStandardLines = 576;   // more lines are coded by BT.709 when nothing is said
+constexpr unsigned mostPadding = 256;     // pixels that decoders add to a side, and some more
+constexpr double masteringUnit = 0.0001;  // cd/m²
+constexpr unsigned standardLines = 576;   // more lines are coded by BT.709 when nothing is said
 
 bool pads(unsigned padded, unsigned offset, unsigned visible) {
   return visible > 0 && offset <= padded && visible <= padded - offset &&
-         padded - visible < kMostPadding;
+         padded - visible < mostPadding;
 }
 
 ColorMatrix usualMatrix(unsigned lines) {
-  return lines > kStandardLines ? ColorMatrix::bt709 : ColorMatrix::bt601;
+  return lines > standardLines ? ColorMatrix::bt709 : ColorMatrix::bt601;
 }
 
 /// Or gray, which is neutral by any matrix.
@@ -68,7 +68,7 @@ PictureLight lightOf(const video_format_t& format) {
                        (light.transfer != Transfer::standard || format.space == COLOR_SPACE_BT2020);
   if (format.primaries == COLOR_PRIMARIES_BT2020 || unnamed) light.primaries = Primaries::bt2020;
   if (format.mastering.max_luminance > 0)
-    light.peak = format.mastering.max_luminance * kMasteringUnit;
+    light.peak = format.mastering.max_luminance * masteringUnit;
   return light;
 }
 

@@ -12,15 +12,15 @@ namespace vantor {
 
 namespace {
 
-constexpr std::array kNewsEvents{libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
-                                 libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESSelected,
-                                 libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerAudioVolume};
+constexpr std::array newsEvents{libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
+                                libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESSelected,
+                                libvlc_MediaPlayerAudioDevice,      libvlc_MediaPlayerAudioVolume};
 
 // Pictures decoded after which a source has started although none was in time to be shown.
-constexpr std::int64_t kUnseenPictures = 250;
+constexpr std::int64_t unseenPictures = 250;
 
 // Bits a second, for the bytes a microsecond that the library counts.
-constexpr double kBitRateUnit = 8'000'000;
+constexpr double bitRateUnit = 8'000'000;
 
 // The library's own messages carry addresses, and those carry passwords.
 void discard(void*, int, const libvlc_log_t*, const char*, va_list) {}
@@ -106,7 +106,7 @@ LibVLCPlayer::LibVLCPlayer(const QList<QByteArray>& libraryOptions, LibVLCIntern
   if (internals == LibVLCInternals::used)
     recorder_ = std::make_unique<LibVLCRecorder>(player_.get(), onNews_);
   libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
-  for (const auto event : kNewsEvents) {
+  for (const auto event : newsEvents) {
     libvlc_event_attach(events, event, onEvent, this);
   }
 }
@@ -120,7 +120,7 @@ void LibVLCPlayer::onEvent(const libvlc_event_t* event, void* opaque) {
 LibVLCPlayer::~LibVLCPlayer() {
   if (!player_) return;
   libvlc_event_manager_t* events = libvlc_media_player_event_manager(player_.get());
-  for (const auto event : kNewsEvents) {
+  for (const auto event : newsEvents) {
     libvlc_event_detach(events, event, onEvent, this);
   }
   libvlc_media_player_stop(player_.get());
@@ -335,10 +335,10 @@ EngineStatus LibVLCPlayer::sample() {
     status.picture.lost = counts.i_lost_pictures;
     // Some demultiplexers do not count.
     status.picture.bitsPerSecond =
-        kBitRateUnit * std::max(double{counts.f_demux_bitrate}, double{counts.f_input_bitrate});
+        bitRateUnit * std::max(double{counts.f_demux_bitrate}, double{counts.f_input_bitrate});
   }
   // Decoded is not yet seen, and the library counts a few times a second only.
-  if (output_ && status.decodedVideo < kUnseenPictures) status.decodedVideo = output_->pictures();
+  if (output_ && status.decodedVideo < unseenPictures) status.decodedVideo = output_->pictures();
   last_ = status;
   return status;
 }

@@ -25,24 +25,24 @@ namespace {
 using namespace std::chrono_literals;
 
 // After a stop, how long an input that waits for its source keeps a file that has a name already.
-constexpr auto kPatience = 3s;
+constexpr auto patience = 3s;
 
 // After a stop, how long an input that waits for its source keeps any file.
-constexpr auto kLongestPatience = 10s;
+constexpr auto longestPatience = 10s;
 
 // What libVLC holds in memory at most before it writes anything but a transport stream.
-constexpr std::int64_t kMostHeld = 20 << 20;
+constexpr std::int64_t mostHeld = 20 << 20;
 // Room for the end of such a file: its index grows with its length, generously by this every
 // second.
-constexpr std::int64_t kLeastEnd = 512 << 10;
-constexpr std::int64_t kEndEverySecond = 2 << 10;
+constexpr std::int64_t leastEnd = 512 << 10;
+constexpr std::int64_t endEverySecond = 2 << 10;
 // Read by then, a transport stream has got its file.
-constexpr std::int64_t kSurelyBegun = 256 << 10;
+constexpr std::int64_t surelyBegun = 256 << 10;
 
-constexpr const char* kEvents = "intf-event";
-constexpr const char* kRecord = "record";
-constexpr const char* kFolder = "input-record-path";
-constexpr const char* kRecordedFile = "record-file";
+constexpr const char* events = "intf-event";
+constexpr const char* recordVariable = "record";
+constexpr const char* folderVariable = "input-record-path";
+constexpr const char* recordedFile = "record-file";
 
 vlc_object_t* objectOf(libvlc_media_player_t* player) {
   return reinterpret_cast<vlc_object_t*>(player);
@@ -76,7 +76,7 @@ struct LibVLCRecorder::Signals {
     if (now.i_int == INPUT_EVENT_RECORD) {
       ++self->changes;
       // The input takes back what it could not do.
-      if (!var_GetBool(input, kRecord) && !self->stopped) self->failed = true;
+      if (!var_GetBool(input, recordVariable) && !self->stopped) self->failed = true;
     } else if (now.i_int == INPUT_EVENT_DEAD) {
       self->dead = true;
     } else {
@@ -100,22 +100,22 @@ class LibVLCRecorder::Input {
     if (children) vlc_list_release(children);
   }
   ~Input() {
-    if (listener_) var_DelCallback(object_, kEvents, Signals::onEvent, listener_);
+    if (listener_) var_DelCallback(object_, events, Signals::onEvent, listener_);
     if (object_) vlc_object_release(object_);
   }
   Input(const Input&) = delete;
   Input& operator=(const Input&) = delete;
 
   bool canRecord() const { return object_ && var_GetBool(object_, "can-record"); }
-  void record(bool on) { var_SetBool(object_, kRecord, on); }
+  void record(bool on) { var_SetBool(object_, recordVariable, on); }
   void recordInto(const QByteArray& folder, const QByteArray& name) {
-    var_Create(object_, kFolder, VLC_VAR_STRING);
-    var_SetString(object_, kFolder, folder.constData());
+    var_Create(object_, folderVariable, VLC_VAR_STRING);
+    var_SetString(object_, folderVariable, folder.constData());
     input_item_SetName(input_GetItem(reinterpret_cast<input_thread_t*>(object_)), name.constData());
   }
   void tell(Signals* listener) {
     listener_ = listener;
-    var_AddCallback(object_, kEvents, Signals::onEvent, listener);
+    var_AddCallback(object_, events, Signals::onEvent, listener);
   }
 
  private:
@@ -127,14 +127,14 @@ LibVLCRecorder::LibVLCRecorder(libvlc_media_player_t* player, std::function<void
     : player_(player), signals_(std::make_unique<Signals>()) {
   signals_->onNews = std::move(onNews);
   vlc_object_t* library = libraryOf(player_);
-  var_Create(library, kRecordedFile, VLC_VAR_STRING);
-  var_AddCallback(library, kRecordedFile, Signals::onFile, signals_.get());
+  var_Create(library, recordedFile, VLC_VAR_STRING);
+  var_AddCallback(library, recordedFile, Signals::onFile, signals_.get());
 }
 
 LibVLCRecorder::~LibVLCRecorder() {
   vlc_object_t* library = libraryOf(player_);
-  var_DelCallback(library, kRecordedFile, Signals::onFile, signals_.get());
-  var_Destroy(library, kRecordedFile);
+  var_DelCallback(library, recordedFile, Signals::onFile, signals_.get());
+  var_Destroy(library, recordedFile);
 }
 
 bool LibVLCRecorder::canRecord() const {
@@ -178,10 +178,10 @@ void LibVLCRecorder::inputEnded() {
 }
 
 bool LibVLCRecorder::isComplete() const {
-  constexpr int kStartAndStop = 2;
-  if (inputEnded_ || signals_->dead || signals_->failed || signals_->changes >= kStartAndStop)
+  constexpr int startAndStop = 2;
+  if (inputEnded_ || signals_->dead || signals_->failed || signals_->changes >= startAndStop)
     return true;
-  if (stage_ != Stage::stopping || std::chrono::steady_clock::now() - stopAsked_ < kPatience)
+  if (stage_ != Stage::stopping || std::chrono::steady_clock::now() - stopAsked_ < patience)
     return false;
   const std::lock_guard lock(signals_->mutex);
   return !signals_->path.isEmpty();
@@ -189,7 +189,7 @@ bool LibVLCRecorder::isComplete() const {
 
 bool LibVLCRecorder::isStuck() const {
   return stage_ == Stage::stopping && !isComplete() &&
-         std::chrono::steady_clock::now() - stopAsked_ > kLongestPatience;
+         std::chrono::steady_clock::now() - stopAsked_ > longestPatience;
 }
 
 std::optional<std::int32_t> LibVLCRecorder::bytesRead() const {
@@ -207,12 +207,12 @@ bool LibVLCRecorder::diskRunsFull() {
   const std::optional<std::int32_t> count = bytesRead();
   const std::int64_t read = count ? read_.grownTo(*count) : 0;
   struct statvfs disk = {};
-  if (read < kSurelyBegun || ::statvfs(QFile::encodeName(folder_).constData(), &disk) != 0)
+  if (read < surelyBegun || ::statvfs(QFile::encodeName(folder_).constData(), &disk) != 0)
     return false;
   const auto left = static_cast<std::int64_t>(disk.f_bavail * disk.f_frsize);
   const auto lasted =
       std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - started_);
-  return left < std::min(read, kMostHeld) + kLeastEnd + lasted.count() * kEndEverySecond;
+  return left < std::min(read, mostHeld) + leastEnd + lasted.count() * endEverySecond;
 }
 
 std::optional<QString> LibVLCRecorder::takeFinished() {

@@ -11,19 +11,19 @@ namespace vantor {
 
 namespace {
 
-constexpr unsigned kLongestSide = 16'384;
-constexpr unsigned kMostPixels = 8'192 * 4'608;
+constexpr unsigned longestSide = 16'384;
+constexpr unsigned mostPixels = 8'192 * 4'608;
 
 // Pictures after which a media that has not told the shape of its pixels never will.
-constexpr int kPatience = 10;
+constexpr int patience = 10;
 
 constexpr unsigned roundUp(unsigned value, unsigned unit) {
   return (value + unit - 1) / unit * unit;
 }
 
 bool isTooLarge(unsigned width, unsigned height) {
-  return width == 0 || height == 0 || width > kLongestSide || height > kLongestSide ||
-         width * height > kMostPixels;
+  return width == 0 || height == 0 || width > longestSide || height > longestSide ||
+         width * height > mostPixels;
 }
 
 /// A format of decoders' pictures, and the one to ask for so that as little as can be is converted.
@@ -34,8 +34,8 @@ struct Asked {
   PictureDecoder decoder = PictureDecoder::software;
 };
 
-constexpr Asked kUsual{"I420", "I420", PictureLayout::planar};
-constexpr std::array kAsked{
+constexpr Asked usual{"I420", "I420", PictureLayout::planar};
+constexpr std::array askedFormats{
     Asked{"J420", "J420", PictureLayout::planar},  // of full range
     Asked{"NV12", "NV12", PictureLayout::interleaved},
     Asked{"I0AL", "I0AL", PictureLayout::deepPlanar},
@@ -48,11 +48,11 @@ constexpr std::array kAsked{
 };
 
 Asked askedFor(const char* decoded, bool deepSamples) {
-  for (const Asked& row : kAsked) {
+  for (const Asked& row : askedFormats) {
     if (std::memcmp(row.decoded, decoded, 4) == 0 && (deepSamples || !isDeep(row.layout)))
       return row;
   }
-  return kUsual;
+  return usual;
 }
 
 }  // namespace
@@ -127,7 +127,7 @@ void LibVLCVideoOutput::beginSource(SourceNumber source) {
 
 void LibVLCVideoOutput::setPixelAspect(std::optional<double> widthByHeight) {
   const std::lock_guard guard(mutex_);
-  if (!widthByHeight && received_ < kPatience) return;
+  if (!widthByHeight && received_ < patience) return;
   pixelAspect_ = widthByHeight.value_or(1);
   if (waiting_) present(std::exchange(waiting_, nullptr));
 }

@@ -16,8 +16,8 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-constexpr auto kSavingWait = 100ms;
-constexpr int kMostSavingWaits = 50;
+constexpr auto savingWait = 100ms;
+constexpr int mostSavingWaits = 50;
 // Volume that a sound comes back to whose own was 0.
 constexpr double usualVolume = 50;  // per cent
 
@@ -123,9 +123,9 @@ QCoro::Task<> Playback::shutdown() {
   const QPointer<Playback> self(this);
   recording_.finish();
   const std::stop_token never;
-  for (int waits = 0; waits < kMostSavingWaits; ++waits) {
+  for (int waits = 0; waits < mostSavingWaits; ++waits) {
     if (!self || self->recording_.stage() != Recording::Stage::saving) break;
-    const QCoro::Task<> nap = self->clock_.sleep(kSavingWait, never);
+    const QCoro::Task<> nap = self->clock_.sleep(savingWait, never);
     co_await nap;
   }
   if (self) self->stop();

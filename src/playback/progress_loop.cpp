@@ -12,17 +12,17 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-constexpr auto kTick = 250ms;
-constexpr auto kStartLimit = 30s;
-constexpr std::int64_t kAudibleTime = 1001;  // milliseconds of sound that count as a start
-constexpr double kShortestResume = 10;       // seconds
-constexpr double kCreditsLength = 20;        // seconds at the end that are not resumed into
+constexpr auto tickInterval = 250ms;
+constexpr auto startLimit = 30s;
+constexpr std::int64_t audibleTime = 1001;  // milliseconds of sound that count as a start
+constexpr double shortestResume = 10;       // seconds
+constexpr double creditsLength = 20;        // seconds at the end that are not resumed into
 
 /// A source with pictures has started with the first of them, one without after a second of sound.
 bool hasStarted(const EngineStatus& status) {
   if (!status.hasMedia) return false;
   if (status.decodedVideo > 0) return true;
-  return status.decodedAudio > 0 && status.videoTracks.isEmpty() && status.time >= kAudibleTime;
+  return status.decodedAudio > 0 && status.videoTracks.isEmpty() && status.time >= audibleTime;
 }
 
 double wholeTime(std::int64_t milliseconds) {
@@ -47,7 +47,7 @@ QCoro::Task<> Playback::watch(QPointer<Playback> self, Ticket ticket, double res
     self->tickWait_ = wait;
     const std::stop_callback endWait(token, [wait]() mutable { wait.request_stop(); });
     const std::stop_token waitToken = wait.get_token();
-    const QCoro::Task<> nap = self->clock_.sleep(kTick, waitToken);
+    const QCoro::Task<> nap = self->clock_.sleep(tickInterval, waitToken);
     co_await nap;
   }
 }
@@ -63,7 +63,7 @@ Playback::Watch Playback::tick(Opening& opening) {
     go(PlaybackEvent::start);
     heldFrame_.set({});
   }
-  if (loading() && clock_.steadyNow() - opening.begin > kStartLimit) {
+  if (loading() && clock_.steadyNow() - opening.begin > startLimit) {
     fail(u"This source did not start within 30 seconds. Retry or choose another item."_s);
     return Watch::over;
   }
@@ -93,7 +93,7 @@ Playback::Watch Playback::tick(Opening& opening) {
 void Playback::applyResume(Opening& opening) {
   if (!transport_.seekable()) return;
   const double resume = std::exchange(opening.resume, 0);
-  if (resume > kShortestResume && transport_.duration() - kCreditsLength > resume)
+  if (resume > shortestResume && transport_.duration() - creditsLength > resume)
     engine_.setTime(engineTime(resume));
 }
 

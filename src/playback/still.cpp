@@ -11,8 +11,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kQuickCompression = 80;  // QImage's scale, where 100 is none
-constexpr int kTallest = 4096;
+constexpr int quickCompression = 80;  // QImage's scale, where 100 is none
+constexpr int tallest = 4096;
 
 /// The places of a plane that one row or column of the still covers, at least one.
 struct Span {
@@ -56,7 +56,7 @@ int byteOf(float value) {
 QImage stillOf(const VideoFrame& frame, int width) {
   if (frame.size().isEmpty() || width <= 0) return {};
   const int height =
-      static_cast<int>(std::clamp(std::round(width / frame.aspect()), 1.0, double{kTallest}));
+      static_cast<int>(std::clamp(std::round(width / frame.aspect()), 1.0, double{tallest}));
   const auto factors = rgbFactors(frame.matrix, frame.range, frame.layout);
   const VideoPlane& luma = frame.planes[0];
   const VideoPlane& chroma = frame.planes[1];
@@ -84,7 +84,7 @@ QImage stillOf(const VideoFrame& frame, int width) {
 
 bool savePNG(const QImage& image, const QString& file) {
   const QString unfinished = file + u".part"_s;
-  if (image.save(unfinished, "PNG", kQuickCompression) && QFile::rename(unfinished, file))
+  if (image.save(unfinished, "PNG", quickCompression) && QFile::rename(unfinished, file))
     return true;
   QFile::remove(unfinished);
   return false;

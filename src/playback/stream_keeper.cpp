@@ -16,16 +16,16 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kLook = 250ms;
-constexpr auto kFrozen = 10s;                         // without a picture or sound
-constexpr auto kFrozenAfterNews = 2s;                 // once the network has changed
-constexpr std::array kWaits = {1s, 2s, 4s, 8s, 15s};  // before each attempt; the last one again
-constexpr auto kLongest = 3min;
-constexpr auto kSteady = 30s;    // of playing, after which it is all forgotten
-constexpr double kCredits = 20;  // seconds; a film that ends in them is over
-constexpr auto kRelease = 50ms;
-constexpr auto kAnswer = 10s;                    // without data
-constexpr std::int64_t kLongestReason = 65'536;  // bytes
+constexpr auto lookInterval = 250ms;
+constexpr auto frozen = 10s;                         // without a picture or sound
+constexpr auto frozenAfterNews = 2s;                 // once the network has changed
+constexpr std::array waits = {1s, 2s, 4s, 8s, 15s};  // before each attempt; the last one again
+constexpr auto longestInterruption = 3min;
+constexpr auto steady = 30s;    // of playing, after which it is all forgotten
+constexpr double credits = 20;  // seconds; a film that ends in them is over
+constexpr auto release = 50ms;
+constexpr auto answer = 10s;                    // without data
+constexpr std::int64_t longestReason = 65'536;  // bytes
 
 /// That a later attempt would change nothing: the account, its rights, or its connections.
 bool isRefusal(int status) {
@@ -124,7 +124,7 @@ QCoro::Task<> StreamKeeper::keep(QPointer<StreamKeeper> self, std::stop_token to
   while (self && !token.stop_requested()) {
     self->tick();
     if (!self || token.stop_requested()) co_return;
-    const QCoro::Task<> nap = self->clock_.sleep(kLook, token);
+    const QCoro::Task<> nap = self->clock_.sleep(lookInterval, token);
     co_await nap;
   }
 }
@@ -133,7 +133,7 @@ void StreamKeeper::tick() {
   if (stage_ == Stage::watching) look();
   if (!bringingBack()) return;
   const SteadyTime now = clock_.steadyNow();
-  if (spent_ + (now - interrupted_) >= kLongest) {
+  if (spent_ + (now - interrupted_) >= longestInterruption) {
     giveUp();
     return;
   }
@@ -142,13 +142,13 @@ void StreamKeeper::tick() {
     opened();
     return;
   }
-  const auto longest = kWaits.at(std::min(attempts_, kWaits.size() - 1));
-  if (now - since_ >= (hurried_ ? kWaits.front() : longest)) attempt();
+  const auto longest = waits.at(std::min(attempts_, waits.size() - 1));
+  if (now - since_ >= (hurried_ ? waits.front() : longest)) attempt();
 }
 
 void StreamKeeper::look() {
   const SteadyTime now = clock_.steadyNow();
-  if (now - since_ >= kSteady) {
+  if (now - since_ >= steady) {
     attempts_ = 0;
     spent_ = {};
   }
@@ -156,7 +156,7 @@ void StreamKeeper::look() {
     moved_ = now;
     doubtful_ = false;
   }
-  if (now - moved_ >= (doubtful_ ? kFrozenAfterNews : kFrozen) && comesBack()) interrupted();
+  if (now - moved_ >= (doubtful_ ? frozenAfterNews : frozen) && comesBack()) interrupted();
 }
 
 bool StreamKeeper::hasMoved() {
@@ -171,7 +171,7 @@ bool StreamKeeper::comesBack() {
   const bool again = attempts_ > 0;
   place_ = std::max(again ? place_ : 0, film.seconds());
   length_ = std::max(again ? length_ : 0, film.duration());
-  return place_ < length_ - kCredits;
+  return place_ < length_ - credits;
 }
 
 void StreamKeeper::interrupted() {
@@ -196,17 +196,17 @@ void StreamKeeper::opened() {
 
 QCoro::Task<> StreamKeeper::ask(QPointer<StreamKeeper> self, std::stop_token token) {
   while (self && !token.stop_requested() && self->engine_.status().releasing) {
-    const QCoro::Task<> nap = self->clock_.sleep(kRelease, token);
+    const QCoro::Task<> nap = self->clock_.sleep(release, token);
     co_await nap;
   }
   if (!self || token.stop_requested()) co_return;
   const PlayRequest& source = *self->playback_.source();
-  const HTTPRequest request{source.url, source.agent.toUtf8(), kAnswer};
+  const HTTPRequest request{source.url, source.agent.toUtf8(), answer};
   const Attempt trace(playbackTrace, "to ask whether a source is refused");
   int status = 0;
   self->connected_ = true;
   try {
-    const QCoro::Task<QByteArray> asking = self->transport_.fetch(request, kLongestReason, token);
+    const QCoro::Task<QByteArray> asking = self->transport_.fetch(request, longestReason, token);
     co_await asking;
   } catch (const AppError&) {
     // It sends more than a reason to refuse, and that is all there is to know.

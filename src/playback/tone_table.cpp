@@ -10,29 +10,29 @@ namespace {
 
 using Light = std::array<double, 3>;  // cd/m² of red, green and blue
 
-constexpr double kReferenceWhite = 203;  // cd/m², BT.2408
-constexpr double kBrightest = 10'000;    // cd/m², the end of ST 2084
-constexpr double kDisplayGamma = 2.4;    // BT.1886 with a black that is black
+constexpr double referenceWhite = 203;    // cd/m², BT.2408
+constexpr double brightestTone = 10'000;  // cd/m², the end of ST 2084
+constexpr double displayGamma = 2.4;      // BT.1886 with a black that is black
 
 // An HLG display of this peak is what the reference white is said for.
-constexpr double kHLGPeak = 1'000;
-constexpr double kHLGGamma = 1.2;
+constexpr double hlgPeak = 1'000;
+constexpr double hlgGamma = 1.2;
 
 // ST 2084.
-constexpr double kM1 = 2610.0 / 16384;
-constexpr double kM2 = 2523.0 / 4096 * 128;
-constexpr double kC1 = 3424.0 / 4096;
-constexpr double kC2 = 2413.0 / 4096 * 32;
-constexpr double kC3 = 2392.0 / 4096 * 32;
+constexpr double m1 = 2610.0 / 16384;
+constexpr double m2 = 2523.0 / 4096 * 128;
+constexpr double c1 = 3424.0 / 4096;
+constexpr double c2 = 2413.0 / 4096 * 32;
+constexpr double c3 = 2392.0 / 4096 * 32;
 
 double lightOfPQ(double signal) {
-  const double power = std::pow(signal, 1 / kM2);
-  return kBrightest * std::pow(std::max(power - kC1, 0.0) / (kC2 - kC3 * power), 1 / kM1);
+  const double power = std::pow(signal, 1 / m2);
+  return brightestTone * std::pow(std::max(power - c1, 0.0) / (c2 - c3 * power), 1 / m1);
 }
 
 double signalOfPQ(double light) {
-  const double power = std::pow(std::clamp(light / kBrightest, 0.0, 1.0), kM1);
-  return std::pow((kC1 + kC2 * power) / (1 + kC3 * power), kM2);
+  const double power = std::pow(std::clamp(light / brightestTone, 0.0, 1.0), m1);
+  return std::pow((c1 + c2 * power) / (1 + c3 * power), m2);
 }
 
 /// The scene's light, 0 to 1, by BT.2100.
@@ -46,14 +46,14 @@ double sceneOfHLG(double signal) {
 Light lightOfHLG(const RGB& picture) {
   const Light scene{sceneOfHLG(picture[0]), sceneOfHLG(picture[1]), sceneOfHLG(picture[2])};
   const double luminance = 0.2627 * scene[0] + 0.6780 * scene[1] + 0.0593 * scene[2];
-  const double gain = luminance > 0 ? kHLGPeak * std::pow(luminance, kHLGGamma - 1) : 0;
+  const double gain = luminance > 0 ? hlgPeak * std::pow(luminance, hlgGamma - 1) : 0;
   return {gain * scene[0], gain * scene[1], gain * scene[2]};
 }
 
 /// BT.2390: bends what is brighter than a knee towards the display's white.
 double mapped(double light, double peak) {
   const double brightest = signalOfPQ(peak);
-  const double white = signalOfPQ(kReferenceWhite) / brightest;
+  const double white = signalOfPQ(referenceWhite) / brightest;
   const double knee = 1.5 * white - 0.5;
   const double signal = std::min(signalOfPQ(light) / brightest, 1.0);
   if (signal < knee) return light;
@@ -70,11 +70,11 @@ Light shownLight(const RGB& picture, const PictureLight& light) {
   switch (light.transfer) {
     case Transfer::standard:
       std::ranges::transform(picture, shown.begin(), [](float signal) {
-        return kReferenceWhite * std::pow(static_cast<double>(signal), kDisplayGamma);
+        return referenceWhite * std::pow(static_cast<double>(signal), displayGamma);
       });
       return shown;
     case Transfer::pq: {
-      const double peak = std::clamp(light.peak, kReferenceWhite, kBrightest);
+      const double peak = std::clamp(light.peak, referenceWhite, brightestTone);
       std::ranges::transform(picture, shown.begin(), [peak](float signal) {
         return mapped(lightOfPQ(static_cast<double>(signal)), peak);
       });
@@ -84,7 +84,7 @@ Light shownLight(const RGB& picture, const PictureLight& light) {
       break;
   }
   shown = lightOfHLG(picture);
-  for (double& part : shown) part = mapped(part, kHLGPeak);
+  for (double& part : shown) part = mapped(part, hlgPeak);
   return shown;
 }
 
@@ -109,18 +109,18 @@ RGB standardOf(const RGB& picture, const PictureLight& light) {
   if (light.primaries == Primaries::bt2020) shown = toBT709(shown);
   RGB result;
   std::ranges::transform(shown, result.begin(), [](double part) {
-    const double bounded = std::clamp(part / kReferenceWhite, 0.0, 1.0);
-    return static_cast<float>(std::pow(bounded, 1 / kDisplayGamma));
+    const double bounded = std::clamp(part / referenceWhite, 0.0, 1.0);
+    return static_cast<float>(std::pow(bounded, 1 / displayGamma));
   });
   return result;
 }
 
 ToneTable::ToneTable(const PictureLight& light) {
-  texels_.reserve(std::size_t{4} * kSteps * kSteps * kSteps);
-  const auto step = [](int index) { return static_cast<float>(index) / (kSteps - 1); };
-  for (int green = 0; green < kSteps; ++green) {
-    for (int blue = 0; blue < kSteps; ++blue) {
-      for (int red = 0; red < kSteps; ++red) {
+  texels_.reserve(std::size_t{4} * stepCount * stepCount * stepCount);
+  const auto step = [](int index) { return static_cast<float>(index) / (stepCount - 1); };
+  for (int green = 0; green < stepCount; ++green) {
+    for (int blue = 0; blue < stepCount; ++blue) {
+      for (int red = 0; red < stepCount; ++red) {
         for (const float part : standardOf({step(red), step(green), step(blue)}, light))
           texels_.push_back(static_cast<std::uint8_t>(part * 255 + 0.5f));
         texels_.push_back(255);
@@ -133,12 +133,13 @@ RGB ToneTable::at(const RGB& picture) const {
   std::array<int, 3> below;
   std::array<float, 3> part;
   for (std::size_t i = 0; i < picture.size(); ++i) {
-    const float place = std::clamp(picture[i], 0.0f, 1.0f) * (kSteps - 1);
-    below[i] = std::min(static_cast<int>(place), kSteps - 2);
+    const float place = std::clamp(picture[i], 0.0f, 1.0f) * (stepCount - 1);
+    below[i] = std::min(static_cast<int>(place), stepCount - 2);
     part[i] = place - static_cast<float>(below[i]);
   }
   const auto corner = [&](int red, int green, int blue) {
-    const int index = ((below[1] + green) * kSteps + below[2] + blue) * kSteps + below[0] + red;
+    const int index =
+        ((below[1] + green) * stepCount + below[2] + blue) * stepCount + below[0] + red;
     const std::uint8_t* texel = &texels_[static_cast<std::size_t>(index) * 4];
     return RGB{static_cast<float>(texel[0]) / 255, static_cast<float>(texel[1]) / 255,
                static_cast<float>(texel[2]) / 255};

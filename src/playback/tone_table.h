@@ -37,7 +37,7 @@ RGB standardOf(const RGB& picture, const PictureLight& light);
 /// The same at steps of red, green and blue, for a graphics card to look up and interpolate.
 class ToneTable {
  public:
-  static constexpr int kSteps = 33;
+  static constexpr int stepCount = 33;
 
   explicit ToneTable(const PictureLight& light);
 

@@ -13,13 +13,13 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // Layout of the shaders' uniform block, in bytes.
-constexpr int kMatrixSize = 64;
-constexpr int kColorOffset = kMatrixSize;
-constexpr int kOpacityOffset = 2 * kMatrixSize;
-constexpr int kInterleavedOffset = kOpacityOffset + 4;
-constexpr int kToneStepsOffset = kInterleavedOffset + 4;
+constexpr int matrixSize = 64;
+constexpr int colorOffset = matrixSize;
+constexpr int opacityOffset = 2 * matrixSize;
+constexpr int interleavedOffset = opacityOffset + 4;
+constexpr int toneStepsOffset = interleavedOffset + 4;
 
-constexpr int kToneBinding = 4;
+constexpr int toneBinding = 4;
 
 QRhiTexture::Format formatOf(const VideoPlane& plane) {
   if (plane.bytes == 1) return plane.samples == 1 ? QRhiTexture::R8 : QRhiTexture::RG8;
@@ -38,25 +38,25 @@ class Shader final : public QSGMaterialShader {
     bool changed = false;
     if (state.isMatrixDirty()) {
       const QMatrix4x4 matrix = state.combinedMatrix();
-      std::memcpy(values, matrix.constData(), kMatrixSize);
+      std::memcpy(values, matrix.constData(), matrixSize);
       changed = true;
     }
     if (state.isOpacityDirty()) {
       const float opacity = state.opacity();
-      std::memcpy(values + kOpacityOffset, &opacity, sizeof opacity);
+      std::memcpy(values + opacityOffset, &opacity, sizeof opacity);
       changed = true;
     }
     auto* video = static_cast<VideoMaterial*>(material);
-    const float toneSteps = video->tones().isShown() ? ToneTable::kSteps : 0;
+    const float toneSteps = video->tones().isShown() ? ToneTable::stepCount : 0;
     if (material != old || video->toRGB() != toRGB_ || video->layout() != layout_ ||
         toneSteps != toneSteps_) {
       toneSteps_ = toneSteps;
-      std::memcpy(values + kToneStepsOffset, &toneSteps, sizeof toneSteps);
+      std::memcpy(values + toneStepsOffset, &toneSteps, sizeof toneSteps);
       toRGB_ = video->toRGB();
       layout_ = video->layout();
-      std::memcpy(values + kColorOffset, toRGB_.constData(), kMatrixSize);
+      std::memcpy(values + colorOffset, toRGB_.constData(), matrixSize);
       const float interleaved = isInterleaved(layout_) ? 1 : 0;
-      std::memcpy(values + kInterleavedOffset, &interleaved, sizeof interleaved);
+      std::memcpy(values + interleavedOffset, &interleaved, sizeof interleaved);
       changed = true;
     }
     return changed;
@@ -66,8 +66,8 @@ class Shader final : public QSGMaterialShader {
                           QSGMaterial* material, QSGMaterial*) override {
     auto* video = static_cast<VideoMaterial*>(material);
     // Something has to be bound, also where the shader does not look.
-    const bool tones = binding == kToneBinding && video->tones().isShown();
-    QSGTexture* bound = &video->texture(binding == kToneBinding ? 0 : binding - 1);
+    const bool tones = binding == toneBinding && video->tones().isShown();
+    QSGTexture* bound = &video->texture(binding == toneBinding ? 0 : binding - 1);
     if (tones) bound = &video->tones();
     bound->commitTextureOperations(state.rhi(), state.resourceUpdateBatch());
     *texture = bound;
@@ -150,7 +150,7 @@ qint64 ToneTexture::comparisonKey() const {
 }
 
 QSize ToneTexture::textureSize() const {
-  return {ToneTable::kSteps * ToneTable::kSteps, ToneTable::kSteps};
+  return {ToneTable::stepCount * ToneTable::stepCount, ToneTable::stepCount};
 }
 
 void ToneTexture::commitTextureOperations(QRhi* rhi, QRhiResourceUpdateBatch* updates) {

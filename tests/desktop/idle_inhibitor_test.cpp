@@ -21,9 +21,9 @@ using namespace test;
 
 enum class Manner { absent, answers, refuses, silent, talksNonsense };
 
-const QString kPortal = u"/org/freedesktop/portal/desktop"_s;
-const QString kSaver = u"/org/freedesktop/ScreenSaver"_s;
-const QString kManager = u"/org/gnome/SessionManager"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString saverPath = u"/org/freedesktop/ScreenSaver"_s;
+const QString managerPath = u"/org/gnome/SessionManager"_s;
 
 /// What the services of a desktop do with a call, and what they were asked.
 class Services final : public QDBusVirtualObject {
@@ -42,9 +42,9 @@ class Services final : public QDBusVirtualObject {
                       : argument.toString());
     log.append(line.join(u' '));
     if (call.member() != u"Inhibit"_s) return true;
-    const QVariant inhibition = call.path() == kPortal
-                                    ? QVariant::fromValue(QDBusObjectPath(kPortal + u"/request"_s))
-                                    : QVariant(7U);
+    const QVariant inhibition =
+        call.path() == portalPath ? QVariant::fromValue(QDBusObjectPath(portalPath + u"/request"_s))
+                                  : QVariant(7U);
     const QDBusMessage answer = call.createReply(inhibition);
     const Manner manner = manners[call.path()];
     if (manner == Manner::refuses)
@@ -56,13 +56,14 @@ class Services final : public QDBusVirtualObject {
   }
 };
 
-const QString kByPortal = u"desktop Inhibit Inhibit sua{sv}  8 A picture is playing"_s;
-const QString kBySaver = u"ScreenSaver ScreenSaver Inhibit ss Vantor Player A picture is playing"_s;
-const QString kByManager =
+const QString askedOfPortal = u"desktop Inhibit Inhibit sua{sv}  8 A picture is playing"_s;
+const QString askedOfSaver =
+    u"ScreenSaver ScreenSaver Inhibit ss Vantor Player A picture is playing"_s;
+const QString askedOfManager =
     u"SessionManager SessionManager Inhibit susu tv.vantor.test 0 A picture is playing 8"_s;
-const QString kPortalReleased = u"request Request Close "_s;
-const QString kSaverReleased = u"ScreenSaver ScreenSaver UnInhibit u 7"_s;
-const QString kManagerReleased = u"SessionManager SessionManager Uninhibit u 7"_s;
+const QString portalReleased = u"request Request Close "_s;
+const QString saverReleased = u"ScreenSaver ScreenSaver UnInhibit u 7"_s;
+const QString managerReleased = u"SessionManager SessionManager Uninhibit u 7"_s;
 
 class IdleInhibitorTest : public PlaybackFixture {
  protected:
@@ -81,10 +82,10 @@ class IdleInhibitorTest : public PlaybackFixture {
   }
 
   void offer(Manner byPortal, Manner bySaver, Manner byManager) {
-    services.manners = {{kPortal, byPortal}, {kSaver, bySaver}, {kManager, byManager}};
+    services.manners = {{portalPath, byPortal}, {saverPath, bySaver}, {managerPath, byManager}};
     for (const auto& [path, manner] : services.manners) {
-      const QString known =
-          path == kPortal ? u"org.freedesktop.portal.Desktop"_s : path.mid(1).replace(u'/', u'.');
+      const QString known = path == portalPath ? u"org.freedesktop.portal.Desktop"_s
+                                               : path.mid(1).replace(u'/', u'.');
       if (manner == Manner::absent)
         desktop.unregisterService(known);
       else
@@ -135,18 +136,18 @@ TEST_F(IdleInhibitorTest, AsksTheFirstThatTakesIt) {
     QStringList asked;
     QStringList released;
   } rows[] = {
-      {answers, answers, answers, {kByPortal}, {kPortalReleased}},
-      {refuses, answers, answers, {kByPortal, kBySaver}, {kSaverReleased}},
-      {talksNonsense, answers, answers, {kByPortal, kBySaver}, {kSaverReleased}},
-      {refuses, refuses, answers, {kByPortal, kBySaver, kByManager}, {kManagerReleased}},
-      {refuses, refuses, refuses, {kByPortal, kBySaver, kByManager}, {}},
+      {answers, answers, answers, {askedOfPortal}, {portalReleased}},
+      {refuses, answers, answers, {askedOfPortal, askedOfSaver}, {saverReleased}},
+      {talksNonsense, answers, answers, {askedOfPortal, askedOfSaver}, {saverReleased}},
+      {refuses, refuses, answers, {askedOfPortal, askedOfSaver, askedOfManager}, {managerReleased}},
+      {refuses, refuses, refuses, {askedOfPortal, askedOfSaver, askedOfManager}, {}},
   };
   offer(answers, answers, answers);
   join();
   inhibitor->setWanted(true);
-  EXPECT_TRUE(waitsFor(kByPortal));
+  EXPECT_TRUE(waitsFor(askedOfPortal));
   inhibitor->setWanted(false);
-  EXPECT_EQ(asked(), (QStringList{kByPortal, kPortalReleased}));
+  EXPECT_EQ(asked(), (QStringList{askedOfPortal, portalReleased}));
   for (const auto& row : rows) {
     SCOPED_TRACE(&row - rows);
     offer(row.portal, row.saver, row.manager);
@@ -169,24 +170,24 @@ TEST_F(IdleInhibitorTest, AnswerThatComesLateIsReleased) {
   const auto answer = [this] { answerLate(); };
   const auto waits = [this] { clock.advance(5s); };
   follow({
-      {"wanted", want, {kByPortal}},
+      {"wanted", want, {askedOfPortal}},
       {"not yet given up", [this] { clock.advance(4'999ms); }, {}},
-      {"somebody else is asked", [this] { clock.advance(1ms); }, {kBySaver}},
-      {"late", answer, {kPortalReleased}},
-      {"released", release, {kSaverReleased}},
-      {"wanted", want, {kByPortal}},
+      {"somebody else is asked", [this] { clock.advance(1ms); }, {askedOfSaver}},
+      {"late", answer, {portalReleased}},
+      {"released", release, {saverReleased}},
+      {"wanted", want, {askedOfPortal}},
       {"no longer", release, {}},
-      {"late", answer, {kPortalReleased}},
-      {"wanted", want, {kByPortal}},
+      {"late", answer, {portalReleased}},
+      {"wanted", want, {askedOfPortal}},
       {"wanted again", [&] { release(), want(); }, {}},
       {"late", answer, {}},
-      {"released", release, {kPortalReleased}},
+      {"released", release, {portalReleased}},
       {"nobody answers",
-       [&] { services.manners[kSaver] = services.manners[kManager] = silent; },
+       [&] { services.manners[saverPath] = services.manners[managerPath] = silent; },
        {}},
-      {"wanted", want, {kByPortal}},
-      {"waits", waits, {kBySaver}},
-      {"waits", waits, {kByManager}},
+      {"wanted", want, {askedOfPortal}},
+      {"waits", waits, {askedOfSaver}},
+      {"waits", waits, {askedOfManager}},
       {"waits", waits, {}},
       {"released", [&] { release(), clock.advance(1h); }, {}},
   });
@@ -194,7 +195,7 @@ TEST_F(IdleInhibitorTest, AnswerThatComesLateIsReleased) {
 
 TEST_F(IdleInhibitorTest, FollowsServicesThatComeAndGo) {
   using enum Manner;
-  const QStringList all{kByPortal, kBySaver, kByManager};
+  const QStringList all{askedOfPortal, askedOfSaver, askedOfManager};
   const auto offers = [this](Manner byPortal, Manner bySaver, Manner byManager) {
     return [=, this] { offer(byPortal, bySaver, byManager); };
   };
@@ -202,11 +203,11 @@ TEST_F(IdleInhibitorTest, FollowsServicesThatComeAndGo) {
   join();
   follow({
       {"wanted", [this] { inhibitor->setWanted(true); }, all},
-      {"what held it has gone", offers(refuses, refuses, absent), {kByPortal, kBySaver}},
+      {"what held it has gone", offers(refuses, refuses, absent), {askedOfPortal, askedOfSaver}},
       {"somebody has come", offers(refuses, refuses, answers), all},
       {"another goes", offers(refuses, absent, answers), {}},
       {"another comes", offers(refuses, answers, answers), {}},
-      {"released", [this] { inhibitor->setWanted(false); }, {kManagerReleased}},
+      {"released", [this] { inhibitor->setWanted(false); }, {managerReleased}},
       {"all go", offers(absent, absent, absent), {}},
       {"all come", offers(answers, answers, answers), {}},
   });
@@ -216,10 +217,10 @@ TEST_F(IdleInhibitorTest, IsReleasedAtTheEnd) {
   offer(Manner::answers, Manner::answers, Manner::answers);
   join();
   inhibitor->setWanted(true);
-  ASSERT_TRUE(waitsFor(kByPortal));
+  ASSERT_TRUE(waitsFor(askedOfPortal));
   asked();
   inhibitor.reset();
-  EXPECT_EQ(asked(), QStringList{kPortalReleased});
+  EXPECT_EQ(asked(), QStringList{portalReleased});
 }
 
 TEST_F(IdleInhibitorTest, MayGoWhileItJoinsOrAsks) {
@@ -231,11 +232,11 @@ TEST_F(IdleInhibitorTest, MayGoWhileItJoinsOrAsks) {
   inhibitor = std::make_unique<IdleInhibitor>(clock);
   join();
   inhibitor->setWanted(true);
-  ASSERT_TRUE(waitsFor(kByPortal));
+  ASSERT_TRUE(waitsFor(askedOfPortal));
   inhibitor.reset();
   answerLate();
   clock.advance(1h);
-  EXPECT_EQ(asked(), QStringList{kByPortal});
+  EXPECT_EQ(asked(), QStringList{askedOfPortal});
 }
 
 TEST_F(IdleInhibitorTest, FollowsThePlayer) {
@@ -246,8 +247,8 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
   const ScreenAwake awake(playback, keeper, engine, *inhibitor);
   offer(refuses, answers, answers);
   join();
-  const QStringList held{kByPortal, kBySaver};
-  const QStringList released{kSaverReleased};
+  const QStringList held{askedOfPortal, askedOfSaver};
+  const QStringList released{saverReleased};
   const auto shows = [this](EngineState state, std::int64_t pictures) {
     engine.now.decodedVideo = pictures;
     see(state);

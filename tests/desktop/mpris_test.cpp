@@ -29,12 +29,12 @@ namespace {
 using namespace test;
 using namespace std::chrono_literals;
 
-const QString kPlayerPath = u"/org/mpris/MediaPlayer2"_s;
-const QString kRoot = u"org.mpris.MediaPlayer2"_s;
-const QString kPlayer = u"org.mpris.MediaPlayer2.Player"_s;
-const QString kPropertiesInterface = u"org.freedesktop.DBus.Properties"_s;
-const QString kVantor = u"org.mpris.MediaPlayer2.vantor"_s;
-const QString kOwnName = kVantor + u".instance"_s;
+const QString playerPath = u"/org/mpris/MediaPlayer2"_s;
+const QString rootInterface = u"org.mpris.MediaPlayer2"_s;
+const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
+const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString serviceName = u"org.mpris.MediaPlayer2.vantor"_s;
+const QString ownName = serviceName + u".instance"_s;
 
 /// What the player has told of itself, as somebody who shows it keeps it.
 class Follower final : public QObject {
@@ -47,7 +47,7 @@ class Follower final : public QObject {
  public Q_SLOTS:
   void note(const QString& interface, const QVariantMap& changed, const QStringList&) {
     changes.append(QStringList(changed.keys()).join(u' '));
-    (interface == kPlayer ? player : root).insert(changed);
+    (interface == playerInterface ? player : root).insert(changed);
   }
   void noteSeek(qlonglong position) { seeks.append(position); }
 };
@@ -78,9 +78,9 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
     ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
     signIn(rows(LibraryKind::live, 1, 3));
     appear();
-    client.connect(address, kPlayerPath, kPropertiesInterface, u"PropertiesChanged"_s, &follower,
+    client.connect(address, playerPath, propertiesInterface, u"PropertiesChanged"_s, &follower,
                    SLOT(note(QString, QVariantMap, QStringList)));
-    client.connect(address, kPlayerPath, kPlayer, u"Seeked"_s, &follower,
+    client.connect(address, playerPath, playerInterface, u"Seeked"_s, &follower,
                    SLOT(noteSeek(qlonglong)));
   }
   void appear() {
@@ -90,7 +90,8 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
         MprisRoot::Actions{[this] { ++raised; }, [this] { ++quits; }});
     service->offer(worker);
     address = QDBusConnection::sessionBus().baseService();
-    ASSERT_TRUE(eventually([&] { return get(kRoot, u"Identity"_s) == u"Vantor Player"_s; }));
+    ASSERT_TRUE(
+        eventually([&] { return get(rootInterface, u"Identity"_s) == u"Vantor Player"_s; }));
   }
 
   QDBusMessage answer(const QDBusMessage& message) {
@@ -101,17 +102,18 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
   }
   QDBusMessage message(const QString& interface, const QString& method,
                        const QVariantList& arguments = {}) const {
-    QDBusMessage call = QDBusMessage::createMethodCall(address, kPlayerPath, interface, method);
+    QDBusMessage call = QDBusMessage::createMethodCall(address, playerPath, interface, method);
     call.setArguments(arguments);
     return call;
   }
   /// The error's name, or nothing.
   QString call(const QString& method, const QVariantList& arguments = {}) {
-    return answer(message(kPlayer, method, arguments)).errorName().section(u'.', -1);
+    return answer(message(playerInterface, method, arguments)).errorName().section(u'.', -1);
   }
-  QString set(const QString& property, const QVariant& value, const QString& interface = kPlayer) {
+  QString set(const QString& property, const QVariant& value,
+              const QString& interface = playerInterface) {
     const QString error =
-        answer(message(kPropertiesInterface, u"Set"_s,
+        answer(message(propertiesInterface, u"Set"_s,
                        {interface, property, QVariant::fromValue(QDBusVariant(value))}))
             .errorName()
             .section(u'.', -1);
@@ -126,18 +128,18 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
                : value;
   }
   QVariant get(const QString& interface, const QString& property) {
-    return plain(answer(message(kPropertiesInterface, u"Get"_s, {interface, property}))
+    return plain(answer(message(propertiesInterface, u"Get"_s, {interface, property}))
                      .arguments()
                      .value(0)
                      .value<QDBusVariant>()
                      .variant());
   }
-  QVariant get(const QString& property) { return get(kPlayer, property); }
+  QVariant get(const QString& property) { return get(playerInterface, property); }
   QVariantMap metadata() { return get(u"Metadata"_s).toMap(); }
   QVariant trackID() { return metadata().value(u"mpris:trackid"_s); }
   QVariantMap all(const QString& interface) {
     return qdbus_cast<QVariantMap>(
-        answer(message(kPropertiesInterface, u"GetAll"_s, {interface})).arguments().value(0));
+        answer(message(propertiesInterface, u"GetAll"_s, {interface})).arguments().value(0));
   }
   QString owner(const QString& of) {
     return answer(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
@@ -186,10 +188,10 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
 
 TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
   const std::pair<QString, const char*> interfaces[] = {
-      {kRoot,
+      {rootInterface,
        "CanQuit b, CanRaise b, CanSetFullscreen b, DesktopEntry s, Fullscreen b, HasTrackList b, "
        "Identity s, SupportedMimeTypes as, SupportedUriSchemes as"},
-      {kPlayer,
+      {playerInterface,
        "CanControl b, CanGoNext b, CanGoPrevious b, CanPause b, CanPlay b, CanSeek b, "
        "MaximumRate d, Metadata a{sv}, MinimumRate d, PlaybackStatus s, Position x, Rate d, "
        "Volume d"}};
@@ -211,7 +213,7 @@ TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
     EXPECT_EQ(found.join(u", "_s), QLatin1String(properties));
     EXPECT_NE(set(u"Nothing"_s, 1, interface), QString());
   }
-  const QVariantMap root = all(kRoot);
+  const QVariantMap root = all(rootInterface);
   for (const char* yes : {"CanQuit", "CanRaise"}) EXPECT_EQ(root[QLatin1String(yes)], true) << yes;
   for (const char* no : {"HasTrackList", "Fullscreen", "CanSetFullscreen"})
     EXPECT_EQ(root[QLatin1String(no)], false) << no;
@@ -385,7 +387,7 @@ TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
   EXPECT_EQ(QImage(picture.toLocalFile()).pixelColor(5, 5), QColor(Qt::green));
   EXPECT_EQ(QFile::permissions(picture.toLocalFile()) & ~(QFile::ReadUser | QFile::WriteUser),
             QFile::ReadOwner | QFile::WriteOwner);
-  for (const QString& interface : {kRoot, kPlayer}) {
+  for (const QString& interface : {rootInterface, playerInterface}) {
     const QVariantMap values = all(interface);
     for (const auto& [property, value] : values.asKeyValueRange()) {
       QString text;
@@ -479,8 +481,8 @@ TEST_F(MprisTest, TellsOfJumpsAndOfNothingElseOfThePosition) {
 }
 
 TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
-  EXPECT_EQ(set(u"Fullscreen"_s, true, kRoot), QString());
-  EXPECT_EQ(get(kRoot, u"Fullscreen"_s), false) << "there is nothing to see";
+  EXPECT_EQ(set(u"Fullscreen"_s, true, rootInterface), QString());
+  EXPECT_EQ(get(rootInterface, u"Fullscreen"_s), false) << "there is nothing to see";
   set(u"Rate"_s, 2.0);
   EXPECT_EQ(get(u"Rate"_s), 1.0);
   playMovieAt(20'000);
@@ -513,16 +515,16 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
   EXPECT_EQ(get(u"PlaybackStatus"_s), u"Paused"_s);
   EXPECT_EQ(get(u"Rate"_s), 2.0);
 
-  EXPECT_EQ(get(kRoot, u"CanSetFullscreen"_s), true);
-  set(u"Fullscreen"_s, true, kRoot);
+  EXPECT_EQ(get(rootInterface, u"CanSetFullscreen"_s), true);
+  set(u"Fullscreen"_s, true, rootInterface);
   hear();
   EXPECT_TRUE(app.playback().fullScreen());
   EXPECT_EQ(follower.root[u"Fullscreen"_s], true);
   EXPECT_EQ(follower.root[u"CanSetFullscreen"_s], true);
-  set(u"Fullscreen"_s, false, kRoot);
+  set(u"Fullscreen"_s, false, rootInterface);
   EXPECT_FALSE(app.playback().fullScreen());
   call(u"Stop"_s);
-  EXPECT_EQ(get(kRoot, u"CanSetFullscreen"_s), false);
+  EXPECT_EQ(get(rootInterface, u"CanSetFullscreen"_s), false);
 }
 
 TEST_F(MprisTest, OpensFilesOnly) {
@@ -572,9 +574,9 @@ TEST_F(MprisTest, BearsCallsOfAnyKind) {
   for (int i = 0; i < 5'000; ++i) {
     QVariantList arguments;
     for (auto count = random() % 4; count > 0; --count) arguments.append(any(values));
-    calls.append(
-        client.asyncCall(message(any(QStringList{kRoot, kPlayer, kPropertiesInterface, QString()}),
-                                 any(methods), arguments)));
+    calls.append(client.asyncCall(
+        message(any(QStringList{rootInterface, playerInterface, propertiesInterface, QString()}),
+                any(methods), arguments)));
   }
   EXPECT_TRUE(eventually([&] {
     return std::ranges::all_of(calls, [](const auto& call) { return call.isFinished(); });
@@ -587,16 +589,16 @@ TEST_F(MprisTest, BearsCallsOfAnyKind) {
 }
 
 TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {
-  EXPECT_TRUE(eventually([&] { return owner(kVantor) == address; }));
-  QDBusConnection::sessionBus().unregisterService(kVantor);
-  ASSERT_TRUE(client.registerService(kVantor));
+  EXPECT_TRUE(eventually([&] { return owner(serviceName) == address; }));
+  QDBusConnection::sessionBus().unregisterService(serviceName);
+  ASSERT_TRUE(client.registerService(serviceName));
   service.reset();
   appear();
-  const QString own = kOwnName + QString::number(QCoreApplication::applicationPid());
+  const QString own = ownName + QString::number(QCoreApplication::applicationPid());
   EXPECT_TRUE(eventually([&] { return owner(own) == address; }));
-  EXPECT_EQ(owner(kVantor), client.baseService());
+  EXPECT_EQ(owner(serviceName), client.baseService());
   QDBusConnection::sessionBus().unregisterService(own);
-  client.unregisterService(kVantor);
+  client.unregisterService(serviceName);
 }
 
 }  // namespace

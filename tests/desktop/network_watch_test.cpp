@@ -17,14 +17,14 @@ namespace {
 using namespace test;
 using namespace Qt::StringLiterals;
 
-const QString kLogin = u"/org/freedesktop/login1"_s;
-const QString kLoginInterface = u"org.freedesktop.login1.Manager"_s;
-const QString kNetwork = u"/org/freedesktop/NetworkManager"_s;
-const QString kNetworkInterface = u"org.freedesktop.NetworkManager"_s;
-const QString kPropertyInterface = u"org.freedesktop.DBus.Properties"_s;
+const QString login = u"/org/freedesktop/login1"_s;
+const QString loginInterface = u"org.freedesktop.login1.Manager"_s;
+const QString networkPath = u"/org/freedesktop/NetworkManager"_s;
+const QString networkInterface = u"org.freedesktop.NetworkManager"_s;
+const QString propertyInterface = u"org.freedesktop.DBus.Properties"_s;
 
 // Before anything joins a bus: libdbus looks only once.
-const bool kOneBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+const bool oneBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
 
 class NetworkWatchTest : public ::testing::Test {
  protected:
@@ -35,13 +35,13 @@ class NetworkWatchTest : public ::testing::Test {
   int changes = 0;
 
   void SetUp() override {
-    ASSERT_TRUE(kOneBus);
+    ASSERT_TRUE(oneBus);
     QObject::connect(&watch, &NetworkWatch::changed, &watch, [this] { ++changes; });
   }
   ~NetworkWatchTest() override { QDBusConnection::disconnectFromBus(name); }
 
   static QDBusMessage change(const QString& interface, const QVariantMap& values) {
-    return QDBusMessage::createSignal(kNetwork, kPropertyInterface, u"PropertiesChanged"_s)
+    return QDBusMessage::createSignal(networkPath, propertyInterface, u"PropertiesChanged"_s)
            << interface << values << QStringList();
   }
 };
@@ -50,13 +50,13 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
   QDBusConnection system = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
   ASSERT_TRUE(system.isConnected()) << "needs a session bus: run with scripts/private-desktop";
   const auto sleep = [](bool begins) {
-    return QDBusMessage::createSignal(kLogin, kLoginInterface, u"PrepareForSleep"_s) << begins;
+    return QDBusMessage::createSignal(login, loginInterface, u"PrepareForSleep"_s) << begins;
   };
   const auto state = [](uint value) {
-    return QDBusMessage::createSignal(kNetwork, kNetworkInterface, u"StateChanged"_s) << value;
+    return QDBusMessage::createSignal(networkPath, networkInterface, u"StateChanged"_s) << value;
   };
   const auto primary = [](const QString& path) {
-    return change(kNetworkInterface,
+    return change(networkInterface,
                   {{u"PrimaryConnection"_s, QVariant::fromValue(QDBusObjectPath(path))}});
   };
   watch.listen(worker);
@@ -84,12 +84,12 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
       {state(70), true},
       {primary(u"/"_s), false},
       {primary(u"/org/freedesktop/NetworkManager/ActiveConnection/2"_s), true},
-      {change(kNetworkInterface, {{u"Connectivity"_s, 1u}}), false},
-      {change(kNetworkInterface, {{u"Connectivity"_s, 4u}}), true},
-      {change(kNetworkInterface, {{u"WirelessEnabled"_s, true}}), false},
-      {change(kNetworkInterface, {{u"Connectivity"_s, u"full"_s}}), false},
+      {change(networkInterface, {{u"Connectivity"_s, 1u}}), false},
+      {change(networkInterface, {{u"Connectivity"_s, 4u}}), true},
+      {change(networkInterface, {{u"WirelessEnabled"_s, true}}), false},
+      {change(networkInterface, {{u"Connectivity"_s, u"full"_s}}), false},
       {change(u"org.example.Other"_s, {{u"Connectivity"_s, 4u}}), false},
-      {QDBusMessage::createSignal(kNetwork, kNetworkInterface, u"StateChanged"_s) << u"70"_s,
+      {QDBusMessage::createSignal(networkPath, networkInterface, u"StateChanged"_s) << u"70"_s,
        false},
   };
   for (std::size_t row = 0; row < std::size(rows); ++row) {

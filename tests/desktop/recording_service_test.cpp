@@ -11,9 +11,9 @@ namespace {
 
 using namespace test;
 
-const QString kPath = u"/tv/vantor/player/Recording"_s;
-const QString kInterface = u"tv.vantor.player.Recording"_s;
-const QString kProperties = u"org.freedesktop.DBus.Properties"_s;
+const QString path = u"/tv/vantor/player/Recording"_s;
+const QString interfaceName = u"tv.vantor.player.Recording"_s;
+const QString properties = u"org.freedesktop.DBus.Properties"_s;
 
 class Changes final : public QObject {
   Q_OBJECT
@@ -21,7 +21,7 @@ class Changes final : public QObject {
   QStringList seen;
  public Q_SLOTS:
   void note(const QString& interface, const QVariantMap& changed, const QStringList&) {
-    if (interface != kInterface) return;
+    if (interface != interfaceName) return;
     for (auto [name, value] : changed.asKeyValueRange())
       seen.append(name + u": "_s + value.toString());
   }
@@ -60,7 +60,7 @@ class RecordingServiceTest : public PlaybackFixture {
     service.offer(worker, u"tv.vantor.player"_s);
     address = QDBusConnection::sessionBus().baseService();
     ASSERT_TRUE(eventually([this] { return !call(u"ListRecordings"_s).startsWith(u"Unknown"_s); }));
-    client.connect(address, kPath, kProperties, u"PropertiesChanged"_s, &changes,
+    client.connect(address, path, properties, u"PropertiesChanged"_s, &changes,
                    SLOT(note(QString, QVariantMap, QStringList)));
   }
 
@@ -72,7 +72,7 @@ class RecordingServiceTest : public PlaybackFixture {
   /// What the call returned, or the error and its sentence.
   QString call(const QString& method) {
     const QDBusMessage reply =
-        answer(QDBusMessage::createMethodCall(address, kPath, kInterface, method));
+        answer(QDBusMessage::createMethodCall(address, path, interfaceName, method));
     if (reply.type() == QDBusMessage::ErrorMessage)
       return reply.errorName().section(u'.', -1) + u": "_s + reply.errorMessage();
     return reply.arguments().value(0).toStringList().join(u' ');
@@ -107,7 +107,8 @@ TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
                          u"State: saving"_s, u"Notice: Saving recording…"_s, u"State: idle"_s,
                          u"Notice: Recording saved."_s}));
   const QVariantMap all = qdbus_cast<QVariantMap>(
-      answer(QDBusMessage::createMethodCall(address, kPath, kProperties, u"GetAll"_s) << kInterface)
+      answer(QDBusMessage::createMethodCall(address, path, properties, u"GetAll"_s)
+             << interfaceName)
           .arguments()
           .value(0));
   EXPECT_EQ(all, (QVariantMap{{u"State"_s, u"idle"_s}, {u"Notice"_s, u"Recording saved."_s}}));

@@ -63,7 +63,7 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
       {{{320, 180}, 1, true},
        u"setsar=1 -c:v libx265 -x265-params log-level=none -pix_fmt yuv420p10le"_s},
   };
-  constexpr int kPartSeconds = 3;
+  constexpr int partSeconds = 3;
   QFile whole(path(u"whole.ts"_s));
   ASSERT_TRUE(whole.open(QIODevice::WriteOnly));
   int number = 0;
@@ -72,8 +72,8 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
     const QString pixels = u"%1x%2"_s.arg(size.width()).arg(size.height());
     whole.write(bytes(make(
         u"part.ts"_s,
-        solidColor(u"gray"_s, pixels, kPartSeconds) + u" -vf "_s + part.format +
-            u" -output_ts_offset %1 -tables_version %2"_s.arg(number * kPartSeconds).arg(number))));
+        solidColor(u"gray"_s, pixels, partSeconds) + u" -vf "_s + part.format +
+            u" -output_ts_offset %1 -tables_version %2"_s.arg(number * partSeconds).arg(number))));
     ++number;
   }
   whole.close();

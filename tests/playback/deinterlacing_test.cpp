@@ -17,7 +17,7 @@ using namespace test;
 using namespace Qt::StringLiterals;
 
 // Those before the library has noticed that the source is interlaced.
-constexpr int kFirst = 6;
+constexpr int firstPictures = 6;
 
 /// Looks at every picture, on the thread that brings it.
 class Witness {
@@ -62,7 +62,7 @@ class Witness {
     ++seen_.pictures;
     for (int x = 1; x < luma.size.width(); ++x)
       if (std::abs(line[x] - line[x - 1]) > 60) ++seen_.edges;
-    if (seen_.pictures > kFirst && combs > 0) ++seen_.combed;
+    if (seen_.pictures > firstPictures && combs > 0) ++seen_.combed;
   }
 
   mutable std::mutex mutex_;

@@ -17,10 +17,10 @@ using namespace test;
 
 using EngineTest = EngineFixture;
 
-const std::string kNotOpened =
+const std::string notOpened =
     "This source could not be opened. It may be offline or your provider may be refusing the "
     "connection.";
-const std::string kEndedEarly = "The source ended before playback could start.";
+const std::string endedEarly = "The source ended before playback could start.";
 
 testing::AssertionResult isNear(const QColor& seen, const QColor& meant, int most) {
   if (std::abs(seen.red() - meant.red()) <= most &&
@@ -147,20 +147,20 @@ TEST_F(EngineTest, FailuresGetTheirSentences) {
   for (char& byte : noise)
     byte = static_cast<char>((state = state * 1'664'525 + 1'013'904'223) >> 24);
   playFile(write(u"garbage.ts"_s, noise));
-  EXPECT_THAT(failure(), testing::AnyOf(kNotOpened, kEndedEarly));
+  EXPECT_THAT(failure(), testing::AnyOf(notOpened, endedEarly));
   EXPECT_FALSE(engine.status().hasMedia);
 
   StreamServer gone({});
   const QUrl nobody = gone.address("/live/1.ts");
   gone.close();
   playAddress(nobody);
-  EXPECT_EQ(failure(), kNotOpened);
+  EXPECT_EQ(failure(), notOpened);
 
   playFile(path(u"missing.mkv"_s));
   EXPECT_EQ(failure(), "This media file is no longer available.");
 
   playAddress(QUrl::fromLocalFile(path(u"missing.mkv"_s)));
-  EXPECT_EQ(failure(), kNotOpened);
+  EXPECT_EQ(failure(), notOpened);
 }
 
 TEST_F(EngineTest, StreamThatBreaksOffEndsAfterWhatItHad) {

@@ -60,16 +60,15 @@ TEST(LibVLCInternals, AreUsedInTriedVersionsOnly) {
 }
 
 TEST(WrappingCount, GrowsPastTheCountersEnd) {
-  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
   WrappingCount count;
-  count.begin(kMost - 10);
+  count.begin(largest - 10);
   const struct {
     std::int32_t now;
     std::int64_t grown;
-  } steps[] = {{kMost - 10, 0},        {kMost, 10},
-               {kLeast + 9, 20},       {kLeast, 20},
-               {-1, (1LL << 31) + 10}, {kMost - 10, 1LL << 32}};
+  } steps[] = {{largest - 10, 0}, {largest, 10},          {least + 9, 20},
+               {least, 20},       {-1, (1LL << 31) + 10}, {largest - 10, 1LL << 32}};
   for (const auto& step : steps) EXPECT_EQ(count.grownTo(step.now), step.grown) << step.now;
 }
 

@@ -13,9 +13,9 @@ namespace {
 
 using namespace test;
 
-const QString kSaved = u"Recording saved."_s;
-const QString kNoFile = u"No recording file was produced. This source may not support recording."_s;
-const QString kNothing =
+const QString savedNotice = u"Recording saved."_s;
+const QString noFile = u"No recording file was produced. This source may not support recording."_s;
+const QString nothingSaved =
     u"No video was recorded. Try recording for longer or choose another source."_s;
 
 /// Two megabytes, mounted over a folder.
@@ -149,7 +149,7 @@ TEST_F(EngineRecordingTest, RecordsEveryKindOfSourceWhileItPlaysOn) {
     EXPECT_TRUE(plays(2'500));
     const double recorded = static_cast<double>(engine.status().time - begin) / 1000;
     playback.finishRecording();
-    EXPECT_EQ(outcome(), kSaved);
+    EXPECT_EQ(outcome(), savedNotice);
     EXPECT_TRUE(plays(1'000));
     EXPECT_EQ(changes, 0);
     QObject::disconnect(count);
@@ -192,7 +192,7 @@ TEST_F(EngineRecordingTest, FileIsWholeHoweverTheSourceEnds) {
         ASSERT_TRUE(plays(2'000));
         playback.stop();
       }
-      EXPECT_EQ(outcome(), kSaved);
+      EXPECT_EQ(outcome(), savedNotice);
       const Probed file = probe(newest());
       EXPECT_EQ(file.pictures.size(), 1);
       EXPECT_EQ(file.sounds.size(), 1);
@@ -214,7 +214,7 @@ TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
     ASSERT_TRUE(stands());
     if (!before) record();
     playback.finishRecording();
-    EXPECT_EQ(outcome(), before ? kSaved : kNoFile);
+    EXPECT_EQ(outcome(), before ? savedNotice : noFile);
     // Without a file the saving ends with the playing only.
     EXPECT_TRUE(before || eventually([&] { return playback.paused(); }));
     EXPECT_FALSE(playback.message());
@@ -240,7 +240,7 @@ TEST_F(EngineRecordingTest, QuittingWaitsForASourceThatStallsButNotForEver) {
   const Job quitting = Job::start([this](std::stop_token) { return playback.shutdown(); });
   ASSERT_TRUE(eventually([&] { return !quitting.running(); }));
   EXPECT_FALSE(playback.source());
-  EXPECT_EQ(outcome(), kSaved);
+  EXPECT_EQ(outcome(), savedNotice);
   EXPECT_GT(probe(newest()).seconds, 1);
 }
 
@@ -276,7 +276,7 @@ TEST_F(EngineRecordingTest, DiskThatIsFullOrReadOnlyLeavesPlaybackAlone) {
   EXPECT_TRUE(startsRecordable());
   EXPECT_TRUE(plays(2'000));
   record(disk.path());
-  EXPECT_EQ(outcome(), kSaved);
+  EXPECT_EQ(outcome(), savedNotice);
   ASSERT_EQ(files().size(), 1);
   EXPECT_GT(probe(files().first().filePath()).seconds, 2);
   EXPECT_TRUE(plays(500));
@@ -287,7 +287,7 @@ TEST_F(EngineRecordingTest, DiskThatIsFullOrReadOnlyLeavesPlaybackAlone) {
   record(disk.path());
   EXPECT_TRUE(plays(8'000));
   playback.finishRecording();
-  EXPECT_EQ(outcome(), kSaved);
+  EXPECT_EQ(outcome(), savedNotice);
   ASSERT_EQ(files().size(), 1);
   EXPECT_LE(files().first().size(), 2 << 20);
   EXPECT_GT(probe(files().first().filePath()).seconds, 1) << "what the disk could take plays";
@@ -298,7 +298,7 @@ TEST_F(EngineRecordingTest, DiskThatIsFullOrReadOnlyLeavesPlaybackAlone) {
     record(disk.path());
     EXPECT_TRUE(plays(1'000));
     playback.finishRecording();
-    EXPECT_EQ(outcome().toStdString(), (full ? kNothing : kNoFile).toStdString());
+    EXPECT_EQ(outcome().toStdString(), (full ? nothingSaved : noFile).toStdString());
     EXPECT_EQ(files().size(), 1);
   }
   EXPECT_TRUE(plays(500));

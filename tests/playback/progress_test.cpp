@@ -10,11 +10,11 @@ namespace {
 
 using namespace test;
 
-const QString kNotOpened =
+const QString notOpened =
     u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
-const QString kTooSlow =
+const QString tooSlow =
     u"This source did not start within 30 seconds. Retry or choose another item."_s;
-const QString kEndedEarly = u"The source ended before playback could start."_s;
+const QString endedEarly = u"The source ended before playback could start."_s;
 
 class ProgressTest : public PlaybackFixture {
  protected:
@@ -48,8 +48,8 @@ TEST_F(ProgressTest, TheFirstLookDecidesTheOpening) {
       {"audio alone at 1001",
        {.state = playing, .hasMedia = true, .time = 1001, .decodedAudio = 40},
        started},
-      {"error", {.state = error, .hasMedia = true}, {u"7"_s, false, kNotOpened, true}},
-      {"end", {.state = ended, .hasMedia = true}, {u"7"_s, false, kEndedEarly, true}},
+      {"error", {.state = error, .hasMedia = true}, {u"7"_s, false, notOpened, true}},
+      {"end", {.state = ended, .hasMedia = true}, {u"7"_s, false, endedEarly, true}},
       {"end after a picture",
        {.state = ended, .hasMedia = true, .decodedVideo = 3},
        {u"7"_s, false, {}, true}},
@@ -74,13 +74,13 @@ TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
   clock.advance(30s);
   EXPECT_EQ(look(), (Look{u"1"_s, true, {}, false}));
   clock.advance(250ms);
-  EXPECT_EQ(look(), (Look{u"1"_s, false, kTooSlow, true}));
+  EXPECT_EQ(look(), (Look{u"1"_s, false, tooSlow, true}));
 
   openPlaying(channel(u"2"_s));
   clock.advance(60s);
   EXPECT_EQ(look(), (Look{u"2"_s, false, {}, false}));
   see(EngineState::error);
-  EXPECT_EQ(look(), (Look{u"2"_s, false, kNotOpened, true})) << "it fails later as well";
+  EXPECT_EQ(look(), (Look{u"2"_s, false, notOpened, true})) << "it fails later as well";
 }
 
 TEST_F(ProgressTest, AnnouncedChangeIsSeenWithoutWaitingForTheTick) {

@@ -9,8 +9,8 @@ namespace {
 
 using namespace test;
 
-const QString kRefused = u"Stop recording before changing sources."_s;
-const QString kNoFile = u"No recording file was produced. This source may not support recording."_s;
+const QString refusal = u"Stop recording before changing sources."_s;
+const QString noFile = u"No recording file was produced. This source may not support recording."_s;
 
 class RecordingTest : public PlaybackFixture {
  protected:
@@ -79,7 +79,7 @@ TEST_F(RecordingTest, KeepsTheSourceUntilItIsSaved) {
     if (saving) playback.finishRecording();
     engine.takeCalls();
     playback.play(channel(u"2"_s));
-    EXPECT_EQ(playback.recording().notice(), kRefused);
+    EXPECT_EQ(playback.recording().notice(), refusal);
     playback.retry();
     settle();
     EXPECT_TRUE(engine.calls.isEmpty());
@@ -119,9 +119,9 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
     QString notice;
     int files;
   } cases[] = {
-      {foreign, {}, kNoFile, 0},
-      {folder + u"/missing.ts"_s, {}, kNoFile, 0},
-      {{}, {}, kNoFile, 0},
+      {foreign, {}, noFile, 0},
+      {folder + u"/missing.ts"_s, {}, noFile, 0},
+      {{}, {}, noFile, 0},
       {folder + u"/empty.ts"_s, QByteArray(),
        u"No video was recorded. Try recording for longer or choose another source."_s, 0},
       {temporary.filePath(u"link/through.ts"_s), QByteArray("x"), u"Recording saved."_s, 1},

@@ -15,19 +15,19 @@ using namespace std::chrono_literals;
 class QuickClock final : public Clock {
  public:
 #ifdef __SANITIZE_THREAD__
-  static constexpr int kFactor = 3;  // so much slower is all that is watched
+  static constexpr int factor = 3;  // so much slower is all that is watched
 #else
-  static constexpr int kFactor = 10;
+  static constexpr int factor = 10;
 #endif
   WallTime now() const override {
     return clock_.now();
   }
   SteadyTime steadyNow() const override {
-    return begin_ + kFactor * (clock_.steadyNow() - begin_);
+    return begin_ + factor * (clock_.steadyNow() - begin_);
   }
   std::unique_ptr<Timer> callAfter(std::chrono::milliseconds delay,
                                    std::function<void()> call) override {
-    return clock_.callAfter(std::max(delay / kFactor, 1ms), std::move(call));
+    return clock_.callAfter(std::max(delay / factor, 1ms), std::move(call));
   }
 
  private:

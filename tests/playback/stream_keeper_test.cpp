@@ -10,7 +10,7 @@ namespace {
 
 using namespace test;
 
-const QString kQuestion = u"1.ts"_s;
+const QString question = u"1.ts"_s;
 
 class StreamKeeperTest : public PlaybackFixture {
  protected:
@@ -47,7 +47,7 @@ class StreamKeeperTest : public PlaybackFixture {
   void failsAgain() {
     see(EngineState::error);
     clock.advance(50ms);
-    ASSERT_TRUE(transport.fail(kQuestion, HTTPFailure(500)));
+    ASSERT_TRUE(transport.fail(question, HTTPFailure(500)));
     settle();
   }
   qsizetype openings() const { return engine.calls.filter(u"load http"_s).size(); }
@@ -143,7 +143,7 @@ TEST_F(StreamKeeperTest, OpensAgainAfterGrowingWaitsForThreeMinutes) {
   const qsizetype all = openings();
   clock.advance(30min);
   EXPECT_EQ(openings(), all);
-  EXPECT_EQ(transport.open(kQuestion), 0);
+  EXPECT_EQ(transport.open(question), 0);
 }
 
 TEST_F(StreamKeeperTest, AnAttemptThatSaysNothingEndsWithTheThreeMinutesToo) {
@@ -153,9 +153,9 @@ TEST_F(StreamKeeperTest, AnAttemptThatSaysNothingEndsWithTheThreeMinutesToo) {
     untilOpened();
     engine.now.state = EngineState::opening;
     clock.advance(31s);
-    ASSERT_EQ(transport.open(kQuestion), 1);
+    ASSERT_EQ(transport.open(question), 1);
     clock.advance(20s);
-    ASSERT_TRUE(transport.fail(kQuestion, URLError(URLError::Code::timedOut)));
+    ASSERT_TRUE(transport.fail(question, URLError(URLError::Code::timedOut)));
     settle();
   }
   untilOpened();
@@ -273,7 +273,7 @@ TEST_F(StreamKeeperTest, StopsForGoodWhateverTheUserDoes) {
         engine.now.releasing = false;
         clock.advance(5min);
         EXPECT_EQ(openings() - before, opens ? 1 : 0);
-        EXPECT_EQ(transport.open(kQuestion), 0);
+        EXPECT_EQ(transport.open(question), 0);
         EXPECT_FALSE(keeper && keeper->bringingBack());
         playback.stop();
       }
@@ -284,7 +284,7 @@ TEST_F(StreamKeeperTest, StopsForGoodWhateverTheUserDoes) {
 TEST_F(StreamKeeperTest, GivesUpWhenTheServerRefuses) {
   using Ends = std::function<void()>;
   const auto says = [this](int code) {
-    return [=, this] { transport.fail(kQuestion, HTTPFailure(code)); };
+    return [=, this] { transport.fail(question, HTTPFailure(code)); };
   };
   const std::tuple<const char*, Ends, bool> rows[] = {
       {"no account", says(401), true},
@@ -293,9 +293,9 @@ TEST_F(StreamKeeperTest, GivesUpWhenTheServerRefuses) {
       {"not there", says(404), false},
       {"broken", says(503), false},
       {"cannot be reached",
-       [this] { transport.fail(kQuestion, URLError(URLError::Code::unreachable)); }, false},
-      {"sends", [this] { transport.fail(kQuestion, AppError(u""_s)); }, false},
-      {"sends nothing", [this] { transport.answer(kQuestion, ""); }, false},
+       [this] { transport.fail(question, URLError(URLError::Code::unreachable)); }, false},
+      {"sends", [this] { transport.fail(question, AppError(u""_s)); }, false},
+      {"sends nothing", [this] { transport.answer(question, ""); }, false},
   };
   for (const auto& [name, answer, refused] : rows) {
     SCOPED_TRACE(name);
@@ -303,7 +303,7 @@ TEST_F(StreamKeeperTest, GivesUpWhenTheServerRefuses) {
     see(EngineState::ended);
     untilOpened();
     see(EngineState::error);
-    ASSERT_EQ(transport.open(kQuestion), 1);
+    ASSERT_EQ(transport.open(question), 1);
     EXPECT_EQ(transport.exchanges().back()->request.userAgent, "Agent/1");
     answer();
     settle();
@@ -323,10 +323,10 @@ TEST_F(StreamKeeperTest, AsksOnlyWhenTheEngineHasLetGo) {
   engine.releasesLate = true;
   see(EngineState::error);
   clock.advance(20s);
-  EXPECT_EQ(transport.open(kQuestion), 0);
+  EXPECT_EQ(transport.open(question), 0);
   engine.now.releasing = false;
   clock.advance(100ms);
-  EXPECT_EQ(transport.open(kQuestion), 1);
+  EXPECT_EQ(transport.open(question), 1);
 }
 
 /// Closes a connection some time after it was told to.

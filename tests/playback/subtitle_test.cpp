@@ -10,9 +10,9 @@ namespace {
 
 using namespace test;
 
-constexpr int kSeconds = 20;
-constexpr int kWidth = 320;
-constexpr int kHeight = 180;
+constexpr int seconds = 20;
+constexpr int width = 320;
+constexpr int height = 180;
 
 /// Big-endian bytes.
 template <class Integer>
@@ -25,7 +25,7 @@ QByteArray be(Integer value) {
 /// Words in every second.
 QByteArray texts() {
   QByteArray file;
-  for (int second = 0; second < kSeconds; ++second) {
+  for (int second = 0; second < seconds; ++second) {
     const QByteArray begin = QByteArray::number(second).rightJustified(2, '0');
     file += QByteArray::number(second + 1) + "\n00:00:" + begin + ",000 --> 00:00:" + begin +
             ",950\nWords\n\n";
@@ -35,22 +35,22 @@ QByteArray texts() {
 
 /// A white bar in every second, as the subtitles of a Blu-ray disc.
 QByteArray bitmaps() {
-  constexpr quint16 kBarWidth = 160;
-  constexpr quint16 kBarHeight = 20;
+  constexpr quint16 barWidth = 160;
+  constexpr quint16 barHeight = 20;
   const QByteArray place = be(quint16{80}) + be(quint16{130});
   const QByteArray line =
-      QByteArray::fromHex("00c0") + char(kBarWidth) + '\x01' + QByteArray(2, '\0');
-  const QByteArray bar = be(kBarWidth) + be(kBarHeight) + line.repeated(kBarHeight);
-  const QByteArray presentation = be(quint16{kWidth}) + be(quint16{kHeight}) +
+      QByteArray::fromHex("00c0") + char(barWidth) + '\x01' + QByteArray(2, '\0');
+  const QByteArray bar = be(barWidth) + be(barHeight) + line.repeated(barHeight);
+  const QByteArray presentation = be(quint16{width}) + be(quint16{height}) +
                                   QByteArray::fromHex("10 0000 80 00 00 01 0000 00 00") + place;
-  const QByteArray window = QByteArray::fromHex("01 00") + place + be(kBarWidth) + be(kBarHeight);
+  const QByteArray window = QByteArray::fromHex("01 00") + place + be(barWidth) + be(barHeight);
   const QByteArray palette = QByteArray::fromHex("00 00 01 eb 80 80 ff");
   const QByteArray object =
       QByteArray::fromHex("0000 00 c0") + be(quint32(bar.size())).last(3) + bar;
   const std::pair<quint8, QByteArray> segments[] = {
       {0x16, presentation}, {0x17, window}, {0x14, palette}, {0x15, object}, {0x80, {}}};
   QByteArray file;
-  for (quint32 second = 0; second < kSeconds; ++second) {
+  for (quint32 second = 0; second < seconds; ++second) {
     for (const auto& [type, content] : segments)
       file += "PG" + be(second * 90'000) + be(quint32{0}) + be(type) + be(quint16(content.size())) +
               content;
@@ -64,10 +64,10 @@ class SubtitleTest : public EngineFixture {
   bool shows() const {
     const SharedFrame frame = frames->latest();
     if (!frame) return false;
-    const QImage picture = stillOf(*frame, kWidth);
+    const QImage picture = stillOf(*frame, width);
     int bright = 0;
-    for (int y = kHeight / 2; y < kHeight; ++y) {
-      for (int x = 0; x < kWidth; ++x) bright += qGray(picture.pixel(x, y)) > 160 ? 1 : 0;
+    for (int y = height / 2; y < height; ++y) {
+      for (int x = 0; x < width; ++x) bright += qGray(picture.pixel(x, y)) > 160 ? 1 : 0;
     }
     return bright > 20;
   }
@@ -88,7 +88,7 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
     const QString subtitles = write(row.name, row.content);
     ASSERT_TRUE(starts(make(
         row.name + u".mkv"_s,
-        solidColor(u"black"_s, u"%1x%2"_s.arg(kWidth).arg(kHeight), kSeconds) +
+        solidColor(u"black"_s, u"%1x%2"_s.arg(width).arg(height), seconds) +
             u" -i %1 -map 0 -map 1 -pix_fmt %2 -c:s %3"_s.arg(subtitles, row.pixels, row.codec))));
     const TransportState& transport = *playback.transport();
     ASSERT_TRUE(eventually([&] { return transport.subtitles().size() == 1; }));

@@ -53,23 +53,23 @@ SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv, int padding = 0
 
 using SurfaceTest = SurfaceFixture;
 
-constexpr PictureLayout kLayouts[] = {PictureLayout::planar, PictureLayout::interleaved,
-                                      PictureLayout::deepPlanar, PictureLayout::deepInterleaved};
+constexpr PictureLayout layouts[] = {PictureLayout::planar, PictureLayout::interleaved,
+                                     PictureLayout::deepPlanar, PictureLayout::deepInterleaved};
 
-constexpr std::array kRed{63, 102, 240};  // BT.709, limited
-constexpr std::array kBlue{32, 240, 118};
-constexpr std::array kGreen{173, 42, 26};
-constexpr std::array kGray{126, 128, 128};
+constexpr std::array red{63, 102, 240};  // BT.709, limited
+constexpr std::array blue{32, 240, 118};
+constexpr std::array greenSample{173, 42, 26};
+constexpr std::array gray{126, 128, 128};
 
 TEST_F(SurfaceTest, ShowsTheExpectedSourceOnBlackAndNothingElse) {
   EXPECT_TRUE(shows({200, 150}, Qt::black));
   frames->expect(1);
-  frames->present(solidFrame(2, {64, 36}, kBlue));
-  frames->present(solidFrame(1, {64, 36}, kRed));
+  frames->present(solidFrame(2, {64, 36}, blue));
+  frames->present(solidFrame(1, {64, 36}, red));
   EXPECT_TRUE(shows({200, 150}, Qt::red));
   EXPECT_TRUE(shows({200, 10}, Qt::black)) << "above a 16:9 picture in a 4:3 area";
   EXPECT_TRUE(shows({2, 150}, Qt::red)) << "the picture is as wide as the area";
-  SharedFrame last = solidFrame(1, {64, 36}, kBlue);
+  SharedFrame last = solidFrame(1, {64, 36}, blue);
   const std::weak_ptr<const void> memory = last->memory;
   frames->present(std::move(last));
   EXPECT_TRUE(shows({200, 150}, Qt::blue));
@@ -82,13 +82,13 @@ TEST_F(SurfaceTest, PaddingAndOddSizesDoNotShow) {
   frames->expect(1);
   for (const QSize size : {QSize(17, 9), QSize(1, 1), QSize(321, 181), QSize(64, 36)}) {
     SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height());
-    frames->present(solidFrame(1, size, kRed, 29));
+    frames->present(solidFrame(1, size, red, 29));
     EXPECT_TRUE(shows({200, 150}, Qt::red));
     const QRect picture(QPoint(), size.scaled(400, 300, Qt::KeepAspectRatio));
     const int right = 200 + picture.width() / 2 - 3;
     const int bottom = 150 + picture.height() / 2 - 3;
     EXPECT_TRUE(shows({right, bottom}, Qt::red));
-    frames->present(solidFrame(1, {64, 36}, kBlue));
+    frames->present(solidFrame(1, {64, 36}, blue));
     EXPECT_TRUE(shows({200, 150}, Qt::blue));
   }
 }
@@ -118,7 +118,7 @@ TEST_F(SurfaceTest, LiesInItsAreaAsItIsAskedTo) {
     SCOPED_TRACE(&row - cases);
     const int quarter = row.size.width() / 4;
     auto frame = std::make_shared<VideoFrame>(
-        *frameOf(1, row.size, [=](int x, int) { return x < quarter ? kBlue : kRed; }));
+        *frameOf(1, row.size, [=](int x, int) { return x < quarter ? blue : red; }));
     frame->pixelAspect = row.pixelAspect;
     frames->present(frame);
     surface.setShape(int(row.shape));
@@ -145,7 +145,7 @@ TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
       {ColorMatrix::bt709, ColorRange::limited, {16, 128, 128}, Qt::black},
   };
   for (const auto& row : cases) {
-    for (const PictureLayout layout : kLayouts) {
+    for (const PictureLayout layout : layouts) {
       if (isDeep(layout) && !frames->showsDeepSamples()) continue;
       SCOPED_TRACE(row.color.name().toStdString() + " " + std::to_string(static_cast<int>(layout)));
       auto frame = std::make_shared<VideoFrame>(*frameOf(
@@ -164,16 +164,16 @@ TEST_F(SurfaceTest, EveryLayoutShowsTheSameColors) {
   EXPECT_TRUE(shows({200, 150}, Qt::black));
   if (!frames->showsDeepSamples()) GTEST_SKIP() << "10 bits on this graphics card";
   // Quarters of a picture, so that places are told apart as well as samples.
-  const YUV quarters[2][2] = {{kRed, kBlue}, {kGreen, kGray}};
+  const YUV quarters[2][2] = {{red, blue}, {greenSample, gray}};
   const QColor colors[2][2] = {{Qt::red, Qt::blue}, {Qt::green, QColor(128, 128, 128)}};
-  for (const PictureLayout layout : kLayouts) {
+  for (const PictureLayout layout : layouts) {
     for (const QSize size : {QSize(64, 48), QSize(361, 271)}) {
       SCOPED_TRACE(testing::Message() << static_cast<int>(layout) << " " << size.width());
       const SharedFrame frame = frameOf(
           1, size,
           [&](int x, int y) { return quarters[y * 2 > size.height()][x * 2 > size.width()]; },
           layout, 13);
-      frames->present(solidFrame(1, {64, 48}, kGray));
+      frames->present(solidFrame(1, {64, 48}, gray));
       ASSERT_TRUE(shows({50, 50}, QColor(128, 128, 128)));
       frames->present(frame);
       const QImage still = stillOf(*frame, 400);
@@ -193,7 +193,7 @@ TEST_F(SurfaceTest, TonesAreMappedForTheirOwnPicturesOnly) {
   frames->expect(1);
   for (const Transfer transfer : {Transfer::pq, Transfer::hlg}) {
     const PictureLight light{transfer, Primaries::bt2020};
-    auto mapped = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, kGray));
+    auto mapped = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, gray));
     mapped->tones = std::make_shared<const ToneTable>(light);
     const RGB expected = standardOf({0.502f, 0.502f, 0.502f}, light);
     const QColor color = QColor::fromRgbF(expected[0], expected[1], expected[2]);
@@ -201,14 +201,14 @@ TEST_F(SurfaceTest, TonesAreMappedForTheirOwnPicturesOnly) {
     frames->present(mapped);
     EXPECT_TRUE(shows({200, 150}, color));
     EXPECT_TRUE(near(stillOf(*mapped, 8).pixelColor(4, 3), color));
-    frames->present(solidFrame(1, {64, 48}, kGray));
+    frames->present(solidFrame(1, {64, 48}, gray));
     EXPECT_TRUE(shows({200, 150}, QColor(128, 128, 128)));
   }
 }
 
 TEST_F(SurfaceTest, OpacityAndSizeFollowTheItem) {
   frames->expect(1);
-  frames->present(solidFrame(1, {64, 48}, kGray));
+  frames->present(solidFrame(1, {64, 48}, gray));
   ASSERT_TRUE(shows({200, 150}, QColor(128, 128, 128)));
   surface.setOpacity(0.5);
   // Half of it over half of the black, over the green of the window.
@@ -226,9 +226,9 @@ TEST_F(SurfaceTest, OpacityAndSizeFollowTheItem) {
 TEST_F(SurfaceTest, AnnouncesTheFirstPictureOfEachSourceOnce) {
   for (SourceNumber source = 1; source <= 2; ++source) {
     frames->expect(source);
-    frames->present(solidFrame(source, {64, 36}, kRed));
+    frames->present(solidFrame(source, {64, 36}, red));
     EXPECT_TRUE(eventually([&] { return firstPictures == static_cast<int>(source); }));
-    frames->present(solidFrame(source, {64, 36}, kBlue));
+    frames->present(solidFrame(source, {64, 36}, blue));
     ASSERT_TRUE(shows({200, 150}, Qt::blue));
   }
   EXPECT_EQ(firstPictures, 2);
@@ -236,7 +236,7 @@ TEST_F(SurfaceTest, AnnouncesTheFirstPictureOfEachSourceOnce) {
 
 TEST_F(SurfaceTest, SurvivesTheWindowLosingItsGraphics) {
   frames->expect(1);
-  frames->present(solidFrame(1, {64, 36}, kRed));
+  frames->present(solidFrame(1, {64, 36}, red));
   ASSERT_TRUE(shows({200, 150}, Qt::red));
   window.setPersistentSceneGraph(false);
   window.setPersistentGraphics(false);

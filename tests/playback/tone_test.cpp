@@ -16,9 +16,9 @@ namespace {
 using namespace test;
 using namespace Qt::StringLiterals;
 
-constexpr QSize kSize(320, 180);
+constexpr QSize size(320, 180);
 // 0.7 to 1.4 were seen; chroma is not interpolated alike.
-constexpr double kTolerance = 1.5;
+constexpr double tolerance = 1.5;
 
 /// Smooth changes of everything, and below them all grays.
 QString ramps(const QString& light) {
@@ -26,8 +26,8 @@ QString ramps(const QString& light) {
          "geq=r='1023*X/W':g='if(lt(Y,135),1023*Y/135,1023*X/W)'"
          ":b='if(lt(Y,135),1023*abs(1-2*X/W),1023*X/W)',scale=out_color_matrix=bt2020:out_range=tv "
          "-pix_fmt yuv420p10le -c:v libx264 -qp 0 -colorspace bt2020nc -color_primaries bt2020 "
-         "-color_trc "_s.arg(kSize.width())
-             .arg(kSize.height()) +
+         "-color_trc "_s.arg(size.width())
+             .arg(size.height()) +
          light;
 }
 
@@ -61,15 +61,15 @@ QString fromHLG() {
 /// Mean difference of red, green and blue, of 255.
 double between(const QImage& seen, const QImage& expected) {
   double sum = 0;
-  for (int y = 0; y < kSize.height(); ++y) {
-    for (int x = 0; x < kSize.width(); ++x) {
+  for (int y = 0; y < size.height(); ++y) {
+    for (int x = 0; x < size.width(); ++x) {
       const QRgb a = seen.pixel(x, y);
       const QRgb b = expected.pixel(x, y);
       sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
              std::abs(qBlue(a) - qBlue(b));
     }
   }
-  return sum / (3.0 * kSize.width() * kSize.height());
+  return sum / (3.0 * size.width() * size.height());
 }
 
 using ToneTest = SurfaceFixture;
@@ -91,7 +91,7 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
       {u"bt2020-10"_s, toRGB + u",zscale=tin=709:"_s + toDisplay},
   };
   LibVLCEngine engine(frames, Output::shown);
-  surface.setSize(kSize);
+  surface.setSize(size);
   EXPECT_TRUE(shows({100, 100}, Qt::black));
   for (const bool deep : {true, false}) {
     if (deep && !frames->showsDeepSamples()) continue;
@@ -103,17 +103,17 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
       ASSERT_TRUE(makeMedia(ramps(row.transfer), file));
       ASSERT_TRUE(makeMedia(u"-i %1 -frames:v 1 -vf "_s.arg(file) + row.filters, reference));
       const QImage expected(reference);
-      ASSERT_EQ(expected.size(), kSize);
+      ASSERT_EQ(expected.size(), size);
       engine.load({.address = QUrl::fromLocalFile(file)});
       engine.play();
       SharedFrame frame;
       ASSERT_TRUE(eventually([&] { return (frame = frames->latest()) != nullptr; }));
       EXPECT_EQ(isDeep(frame->layout), deep);
-      EXPECT_LT(between(stillOf(*frame, kSize.width()), expected), kTolerance);
+      EXPECT_LT(between(stillOf(*frame, size.width()), expected), tolerance);
       double difference = 0;
       EXPECT_TRUE(eventually([&] {
-        difference = between(window.grabWindow().copy(QRect(QPoint(), kSize)), expected);
-        return difference < kTolerance;
+        difference = between(window.grabWindow().copy(QRect(QPoint(), size)), expected);
+        return difference < tolerance;
       })) << difference;
     }
   }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// "*.mkv" for any case: "*.[mM][kK][vV]". Not every desktop's panel matches without regard to it.
+/// "*.mkv" for any case: "*.[mM][k][vV]". Not every desktop's panel matches without regard to it.
 QString inAnyCase(const QString& pattern) {
   QString any;
   for (const QChar letter : pattern) {
