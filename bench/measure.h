@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -24,7 +23,6 @@ class Times {
     std::sort(sorted.begin(), sorted.end());
     return sorted.empty() ? 0 : sorted[sorted.size() / 2];
   }
-  double sum() const { return std::accumulate(times_.begin(), times_.end(), 0.0); }
   double worst() const {
     return times_.empty() ? 0 : *std::max_element(times_.begin(), times_.end());
   }

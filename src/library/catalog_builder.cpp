@@ -47,7 +47,18 @@ void CatalogBuilder::add(const CatalogEntry& entry) {
   add(entry, TextHash()(idOf(entry, id_)));
 }
 
+void CatalogBuilder::indexAdded() {
+  if (hashes_.size() > room_) {
+    room_ = std::max(smallestIndex, 2 * hashes_.size());
+    contents_->idIndex = tableOf(hashes_, room_);
+    indexed_ = hashes_.size();
+  }
+  for (; indexed_ < hashes_.size(); ++indexed_)
+    contents_->idIndex.add(hashes_[indexed_], static_cast<std::uint32_t>(indexed_));
+}
+
 bool CatalogBuilder::addNew(const CatalogEntry& entry) {
+  indexAdded();
   const std::string_view id = idOf(entry, id_);
   const std::uint64_t hash = TextHash()(id);
   std::string buffer;
@@ -99,12 +110,6 @@ void CatalogBuilder::add(const CatalogEntry& entry, std::uint64_t hash) {
   contents.foldedNames.push_back(CatalogContents::separator);
   contents.foldedEnds.push_back(static_cast<std::uint32_t>(contents.foldedNames.size()));
   hashes_.push_back(hash);
-  if (hashes_.size() > indexed_) {
-    indexed_ = std::max(smallestIndex, 2 * hashes_.size());
-    contents.idIndex = tableOf(hashes_, indexed_);
-  } else {
-    contents.idIndex.add(hash, static_cast<std::uint32_t>(hashes_.size() - 1));
-  }
 }
 
 void CatalogBuilder::add(MediaCategory category) {
@@ -159,6 +164,7 @@ Catalog CatalogBuilder::build(Catalog::Time savedAt) {
   extensions_.clear();
   contents_->idIndex = tableOf(hashes_, hashes_.size());
   hashes_ = {};
+  room_ = 0;
   indexed_ = 0;
   return Catalog(std::exchange(contents_, std::make_shared<CatalogContents>()));
 }

@@ -54,10 +54,12 @@ class CatalogBuilder {
                                std::vector<std::string>& texts);
 
   void add(const CatalogEntry& entry, std::uint64_t hash);
+  void indexAdded();
 
   std::shared_ptr<CatalogContents> contents_;
   std::vector<std::uint64_t> hashes_;  // of the ids, by row
-  std::size_t indexed_ = 0;            // rows that the table of ids has room for
+  std::size_t room_ = 0;               // rows that the table of ids has room for
+  std::size_t indexed_ = 0;            // rows that are in it
   std::string id_;                     // room for one
   Indexes categories_;
   Indexes extensions_;
