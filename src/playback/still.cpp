@@ -48,7 +48,7 @@ float channel(const std::array<float, 4>& factors, float y, float u, float v) {
 }
 
 int byteOf(float value) {
-  return static_cast<int>(value * 255 + 0.5f);
+  return static_cast<int>(std::lround(value * 255));
 }
 
 }  // namespace

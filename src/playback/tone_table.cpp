@@ -122,7 +122,7 @@ ToneTable::ToneTable(const PictureLight& light) {
     for (int blue = 0; blue < stepCount; ++blue) {
       for (int red = 0; red < stepCount; ++red) {
         for (const float part : standardOf({step(red), step(green), step(blue)}, light))
-          texels_.push_back(static_cast<std::uint8_t>(part * 255 + 0.5f));
+          texels_.push_back(static_cast<std::uint8_t>(std::lround(part * 255)));
         texels_.push_back(255);
       }
     }

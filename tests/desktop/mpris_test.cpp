@@ -112,11 +112,10 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
   }
   QString set(const QString& property, const QVariant& value,
               const QString& interface = playerInterface) {
-    const QString error =
-        answer(message(propertiesInterface, u"Set"_s,
-                       {interface, property, QVariant::fromValue(QDBusVariant(value))}))
-            .errorName()
-            .section(u'.', -1);
+    QString error = answer(message(propertiesInterface, u"Set"_s,
+                                   {interface, property, QVariant::fromValue(QDBusVariant(value))}))
+                        .errorName()
+                        .section(u'.', -1);
     const QStringList rates = engine.calls.filter(u"setRate "_s);
     if (!rates.isEmpty()) engine.now.rate = rates.last().section(u' ', 1).toDouble();
     clock.advance(250ms);
@@ -351,8 +350,8 @@ TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
   const auto now = std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
   const auto listing = [&](const char* title, int from, int to) {
     return R"({"title":")" + QByteArray(title).toBase64() + R"(","start_timestamp":")" +
-           QByteArray::number(qint64(now.count() + from)) + R"(","stop_timestamp":")" +
-           QByteArray::number(qint64(now.count() + to)) + R"("})";
+           QByteArray::number(qint64{now.count()} + from) + R"(","stop_timestamp":")" +
+           QByteArray::number(qint64{now.count()} + to) + R"("})";
   };
   playOn(1min);
   ASSERT_TRUE(eventually([&] { return transport.open(u"get_short_epg"_s) == 1; }));
