@@ -163,10 +163,15 @@ void WindowPlace::setSmall(bool small) {
   place.moveBottomRight(room.bottomRight() - QPoint(distanceFromEdge, distanceFromEdge));
   if (screen) place.moveTo(last.topLeft());
   place = within(room, place);
-  if (placesWindows())
+  if (placesWindows()) {
     window_.setGeometry(place);
-  else
-    window_.resize(place.size());
+    return;
+  }
+  window_.resize(place.size());
+  // A compositor that ends a full screen meanwhile gives the window its size from before.
+  QTimer::singleShot(settling, this, [this, size = place.size()] {
+    if (small_) window_.resize(size);
+  });
 }
 
 void WindowPlace::store() {
