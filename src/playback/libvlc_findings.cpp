@@ -19,11 +19,11 @@ constexpr const char* needed[] = {"http",    "filesystem", "ts",   "mp4",   "mkv
 QByteArrayList cardsOf(libvlc_instance_t* library, const char* output) {
   static const QRegularExpression card(u"^[a-z0-9]+:CARD=[A-Za-z0-9_-]+(,DEV=[0-9]+)?$"_s);
   QByteArrayList names;
-  libvlc_audio_output_device_t* devices = libvlc_audio_output_device_list_get(library, output);
-  for (const auto* device = devices; device; device = device->p_next)
+  const LibVLCHandle<libvlc_audio_output_device_t> first(
+      libvlc_audio_output_device_list_get(library, output));
+  for (const auto* device = first.get(); device; device = device->p_next)
     if (card.match(QString::fromUtf8(device->psz_device)).hasMatch())
       names.append(device->psz_device);
-  if (devices) libvlc_audio_output_device_list_release(devices);
   return names;
 }
 
@@ -41,10 +41,9 @@ LibVLCFindings lookAtLibVLC() {
   findings.starts = true;
   for (const char* plugin : needed)
     if (!module_exists(plugin)) findings.missing.append(plugin);
-  libvlc_audio_output_t* outputs = libvlc_audio_output_list_get(library.get());
-  for (const auto* output = outputs; output; output = output->p_next)
+  const LibVLCHandle<libvlc_audio_output_t> first(libvlc_audio_output_list_get(library.get()));
+  for (const auto* output = first.get(); output; output = output->p_next)
     findings.outputs.append({output->psz_name, cardsOf(library.get(), output->psz_name)});
-  if (outputs) libvlc_audio_output_list_release(outputs);
   return findings;
 }
 

@@ -10,6 +10,7 @@ struct LibVLCRelease {
   void operator()(libvlc_instance_t* instance) const { libvlc_release(instance); }
   void operator()(libvlc_media_t* media) const { libvlc_media_release(media); }
   void operator()(libvlc_media_player_t* player) const { libvlc_media_player_release(player); }
+  void operator()(libvlc_audio_output_t* list) const { libvlc_audio_output_list_release(list); }
   void operator()(libvlc_audio_output_device_t* list) const {
     libvlc_audio_output_device_list_release(list);
   }
