@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "playback/playback.h"
 #include "storage/catalog_disk_store.h"
 
 namespace vantor {
@@ -10,7 +11,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr double finishMargin = 20;       // seconds
-constexpr double shortestBeginning = 10;  // seconds; what is shorter is not gone on with
 constexpr qsizetype progressBound = 200;  // entries
 
 QString favoritesKey(const QString& account) {
@@ -34,7 +34,7 @@ BegunList begunWithoutOrder(const NumberLists& progress) {
   const QString prefix = entryID(LibraryKind::movies, {});
   QList<BegunList::Watched> watched;
   for (auto it = progress.cbegin(); it != progress.cend(); ++it)
-    if (it.key().startsWith(prefix) && it.value().value(0) > shortestBeginning)
+    if (it.key().startsWith(prefix) && it.value().value(0) > Playback::shortestResume)
       watched.append({it.key(), it.key()});
   std::ranges::sort(watched, {}, &BegunList::Watched::id);
   return BegunList(std::move(watched));
@@ -141,7 +141,7 @@ void WatchRecord::storeProgress(const QString& id, double seconds, double durati
   preferences_.setNumberLists(progressKey(session_.account()->idText()), progress_);
   if (finished)
     begun.remove(id);
-  else if (id == watching_.id && (seconds > shortestBeginning || begun.contains(id)))
+  else if (id == watching_.id && (seconds > Playback::shortestResume || begun.contains(id)))
     begun.putFirst(watching_);
   storeBegun(std::move(begun));
 }

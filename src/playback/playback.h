@@ -61,6 +61,8 @@ class Playback final : public QObject {
   /// Milliseconds of the sound behind the picture, at most `longestAudioDelay` either way.
   void setAudioDelay(int milliseconds);
   static constexpr int longestAudioDelay = 2000;
+  /// Seconds; what was watched no longer is begun anew.
+  static constexpr double shortestResume = 10;
 
   // For what looks after a source that has stopped by itself; nobody has asked for these.
   /// Opens the current source again, at `resume` seconds.

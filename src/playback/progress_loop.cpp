@@ -15,7 +15,6 @@ using namespace std::chrono_literals;
 constexpr auto tickInterval = 250ms;
 constexpr auto startLimit = 30s;
 constexpr std::int64_t audibleTime = 1001;  // milliseconds of sound that count as a start
-constexpr double shortestResume = 10;       // seconds
 constexpr double creditsLength = 20;        // seconds at the end that are not resumed into
 
 /// A source with pictures has started with the first of them, one without after a second of sound.
