@@ -21,10 +21,14 @@ QString ofThisRun(const QString& folder) {
       QString::number(::getpid()));
 }
 
+QStringList namesIn(const QString& folder) {
+  // They begin with the time.
+  return QDir(folder).entryList({u"crash-*.new"_s, u"crash-*.txt"_s}, QDir::Files,
+                                QDir::Name | QDir::Reversed);
+}
+
 std::optional<QString> lookThrough(const QString& folder) {
-  // Their names begin with the time.
-  const QStringList names = QDir(folder).entryList({u"crash-*.new"_s, u"crash-*.txt"_s},
-                                                   QDir::Files, QDir::Name | QDir::Reversed);
+  const QStringList names = namesIn(folder);
   for (qsizetype i = mostKept; i < names.size(); ++i) QFile::remove(folder + u'/' + names[i]);
   std::optional<QString> newest;
   for (const QString& name : names.first(qMin(names.size(), mostKept))) {

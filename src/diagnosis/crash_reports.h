@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace vantor {
@@ -10,6 +10,9 @@ namespace crash_reports {
 
 /// Where a run that begins now would leave one.
 QString ofThisRun(const QString& folder);
+
+/// The names of all, the newest first.
+QStringList namesIn(const QString& folder);
 
 /// The newest that nobody was told of. Removes the oldest, and leaves the others untold for good.
 std::optional<QString> lookThrough(const QString& folder);

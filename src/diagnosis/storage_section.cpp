@@ -1,8 +1,8 @@
 // What is on the disk: versions, libraries, preferences, notes of earlier runs.
 #include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 
+#include "diagnosis/crash_reports.h"
 #include "diagnosis/report.h"
 #include "diagnosis/run_log.h"
 #include "diagnosis/sections.h"
@@ -54,12 +54,11 @@ void tellStorage(Report& report, int&, char**) {
 
 void tellLog(Report& report, int&, char**) {
   const QString folder = Folders::ofUser().notes();
-  const QFileInfoList crashes =
-      QDir(folder).entryInfoList({u"crash-*"_s}, QDir::Files, QDir::Name | QDir::Reversed);
+  const QStringList crashes = crash_reports::namesIn(folder);
   report.say(u"reports of crashes"_s,
              crashes.isEmpty() ? u"none"_s
                                : u"%1, the newest is %2"_s.arg(QString::number(crashes.size()),
-                                                               crashes.front().fileName()));
+                                                               crashes.constFirst()));
   report.say(u"they are in"_s, shown(folder));
   for (const QString& line : RunLog::lastLines(folder, mostLines)) report.quote(line);
 }
