@@ -64,10 +64,7 @@ TEST_F(TrackMemoryTest, WhatTheUserChoseIsLookedForByShowAndInGeneral) {
   expected(episode(5, u"shows:3"_s), {u"setSubtitleTrack 2"_s});
 
   const QString before = soundKey();
-  signOut();
-  account = ProviderAccount::validated(account.name, account.serverText(), account.username,
-                                       u"another secret"_s);
-  signIn();
+  signInAnew();
   EXPECT_NE(soundKey(), before);
   EXPECT_TRUE(preferences->textList(before).isEmpty());
   expected(episode(6, u"shows:4"_s), {u"setAudioTrack 2"_s, u"setSubtitleTrack -1"_s});

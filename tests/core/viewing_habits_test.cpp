@@ -95,12 +95,8 @@ TEST_F(ViewingHabitsTest, ThePictureOfAnEntryKeepsItsShape) {
   EXPECT_EQ(preferences->textList(shapesKey()), (QStringList{u"fill movies:7"_s, u"16:9 live:7"_s}))
       << "the one used last first";
 
-  // The same user signs in anew; the account is another one.
   const QString before = shapesKey();
-  signOut();
-  account = ProviderAccount::validated(account.name, account.serverText(), account.username,
-                                       u"another secret"_s);
-  signIn();
+  signInAnew();
   EXPECT_NE(shapesKey(), before);
   EXPECT_EQ(shapeOf(movie), PictureShape::fill);
   EXPECT_TRUE(preferences->textList(before).isEmpty());
