@@ -10,19 +10,8 @@
 #include <QScreen>
 #include <QThread>
 
-#include "library/catalog_stored_form.h"
 #include "measure.h"
-#include "platform/folders.h"
-#include "platform/secret_service_store.h"
-#include "provider/catalog_parsing.h"
-#include "provider/provider_account.h"
-#include "provider/service_values.h"
-#include "sim/library.h"
-#include "sim/server.h"
-#include "storage/catalog_disk_store.h"
-#include "storage/private_file.h"
-#include "storage/sealed_box.h"
-#include "storage/secure_store.h"
+#include "saved_account.h"
 
 namespace vantor::bench {
 namespace {
@@ -68,27 +57,6 @@ double untilShown(const QString& program, bool (*shown)(const QImage&), int colu
   return time;
 }
 
-void saveAccount(const sim::Server& server, const sim::Options& options) {
-  SecretServiceStore desktop;
-  const SecureStore secrets(desktop, ServiceValues::ofBuild().bundleIdentifier);
-  const ProviderAccount account = ProviderAccount::validated(
-      QStringLiteral("Vantor TV"), QString::fromStdString(server.url()),
-      QString::fromStdString(options.username), QString::fromStdString(options.password));
-  secrets.write(account.toJSON(), providerItem, {});
-  const QByteArray key = sealed_box::randomBytes(sealed_box::keySize);
-  secrets.write(key, catalogKeyItem, {});
-  const QString folder =
-      Folders::ofUser().applicationSupport + QStringLiteral("/Vantor Player Mac Preview/Catalog");
-  makePrivateFolder(folder);
-  const QByteArray rows =
-      QByteArray::fromStdString(sim::rowsJson(sim::Kind::live, channels, "http://127.0.0.1:1"));
-  const Catalog catalog =
-      parseCatalog(rows, QByteArray::fromStdString(sim::categoriesJson(sim::Kind::live)),
-                   LibraryKind::live, std::chrono::system_clock::now());
-  private_file::replace(folder + QLatin1Char('/') + account.idText() + QStringLiteral("-live.bin"),
-                        sealed_box::seal(CatalogWriter::toJSON(catalog), key));
-}
-
 }  // namespace
 }  // namespace vantor::bench
 
@@ -100,7 +68,7 @@ int main(int argc, char** argv) {
   const sim::Server server(options);
   qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
   qputenv("VANTOR_AUDIO", "none");
-  saveAccount(server, options);
+  SavedAccount(server, options).saveCopy(vantor::LibraryKind::live, sim::Kind::live, channels);
   const QDir programs(QCoreApplication::applicationDirPath());
   const QString empty = programs.filePath(QStringLiteral("empty_window"));
   const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));

@@ -17,6 +17,7 @@
 #include "diagnosis/diagnosis.h"
 #include "diagnosis/report.h"
 #include "diagnosis/versions.h"
+#include "platform/memory.h"
 
 namespace {
 
@@ -62,6 +63,7 @@ QByteArray activationToken() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vantor::returnLargeBlocks();
   QGuiApplication::setApplicationName(QStringLiteral("vantor"));
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));

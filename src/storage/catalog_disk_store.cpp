@@ -68,8 +68,8 @@ Pending<std::optional<Catalog>> CatalogDiskStore::load(const QUuid& account, Lib
 Pending<Done> CatalogDiskStore::save(const Catalog& catalog, const QUuid& account,
                                      LibraryKind kind) {
   return worker_.run([catalog, path = file(account, kind), key = key_] {
-    const QByteArray box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
-    if (box.size() < sealed_box::nonceSize + sealed_box::tagSize)
+    const std::string box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
+    if (std::ssize(box) < sealed_box::nonceSize + sealed_box::tagSize)
       throw AppError(QStringLiteral("The library could not be saved securely."));
     private_file::replace(path, box);
   });

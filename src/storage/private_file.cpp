@@ -38,9 +38,9 @@ QByteArray unfinished(const QString& path) {
   return QFile::encodeName(path) + ".new";
 }
 
-void writeAll(int descriptor, const QByteArray& content) {
+void writeAll(int descriptor, QByteArrayView content) {
   for (qsizetype written = 0; written < content.size();) {
-    const ssize_t count = ::write(descriptor, content.constData() + written,
+    const ssize_t count = ::write(descriptor, content.data() + written,
                                   static_cast<size_t>(content.size() - written));
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) fail("write");
@@ -75,7 +75,7 @@ QByteArray read(const QString& path) {
   return content;
 }
 
-void replace(const QString& path, const QByteArray& content) {
+void replace(const QString& path, QByteArrayView content) {
   const QByteArray temporary = unfinished(path);
   try {
     const Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC);

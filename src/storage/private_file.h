@@ -13,7 +13,7 @@ QByteArray read(const QString& path);
 
 /// Replaces the whole content at once, with the mode 0600: a reader, or a run after a crash or a
 /// full disk, finds the old bytes or the new, never a part.
-void replace(const QString& path, const QByteArray& content);
+void replace(const QString& path, QByteArrayView content);
 
 /// Adds to the end of the file, made with the mode 0600 when there is none.
 void append(const QString& path, const QByteArray& content);

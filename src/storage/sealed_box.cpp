@@ -43,20 +43,21 @@ QByteArray randomBytes(qsizetype count) {
   return random;
 }
 
-QByteArray seal(const std::string& plaintext, const QByteArray& key) {
+std::string seal(std::string plaintext, const QByteArray& key) {
   require(key.size() == keySize, "key size");
   const auto size = static_cast<qsizetype>(plaintext.size());
-  QByteArray box = randomBytes(nonceSize);
-  box.resize(nonceSize + size + tagSize);
+  std::string box = std::move(plaintext);
+  box.insert(0, randomBytes(nonceSize).toStdString());
+  box.append(tagSize, '\0');
   char* const cipher = box.data() + nonceSize;
   const Context context(EVP_CIPHER_CTX_new());
   require(context && EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr,
-                                        bytes(key.constData()), bytes(box.constData())) == 1,
+                                        bytes(key.constData()), bytes(box.data())) == 1,
           "cipher set-up");
   int written = 0;
   inPieces(size, [&](qsizetype offset, int length) {
     return EVP_EncryptUpdate(context.get(), bytes(cipher + offset), &written,
-                             bytes(plaintext.data() + offset), length) == 1;
+                             bytes(cipher + offset), length) == 1;
   });
   require(EVP_EncryptFinal_ex(context.get(), bytes(cipher + size), &written) == 1 &&
               EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, tagSize, cipher + size) == 1,

@@ -20,8 +20,9 @@ struct Failure : std::runtime_error {
 
 QByteArray randomBytes(qsizetype count);
 
-/// A fresh random nonce for every box.
-QByteArray seal(const std::string& plaintext, const QByteArray& key);
+/// A fresh random nonce for every box. In the plaintext's own memory when that has room for nonce
+/// and tag.
+std::string seal(std::string plaintext, const QByteArray& key);
 
 /// The plaintext; fails when the box is too short, altered or made under another key.
 QByteArray open(QByteArray box, const QByteArray& key);

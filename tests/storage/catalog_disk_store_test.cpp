@@ -95,8 +95,10 @@ TEST_F(CatalogDiskStoreTest, RefusesEveryDamagedFile) {
     damaged.push_back(good);
     damaged.back()[position] = static_cast<char>(damaged.back()[position] ^ 1);
   }
-  damaged.push_back(sealed_box::seal("{\"items\":7}", *credentials.value(catalogKeyItem)));
-  damaged.push_back(sealed_box::seal("{}", QByteArray(32, 'k')));
+  for (const std::string& box :
+       {sealed_box::seal("{\"items\":7}", *credentials.value(catalogKeyItem)),
+        sealed_box::seal("{}", QByteArray(32, 'k'))})
+    damaged.push_back(QByteArray::fromStdString(box));
   for (const QByteArray& bytes : damaged) {
     private_file::replace(file("movies"), bytes);
     EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::movies)))

@@ -1,0 +1,117 @@
+// What the player keeps resident with the largest account loaded, from the provider and from its
+// copies, beside an empty Qt Quick window. Needs a display, a session bus and a secret service of
+// its own.
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QThread>
+
+#include "measure.h"
+#include "saved_account.h"
+
+namespace vantor::bench {
+namespace {
+
+struct Resident {
+  double now = 0;  // MB of 10^6 bytes
+  double most = 0;
+};
+
+double megabytes(const QByteArray& status, const char* field) {
+  const qsizetype at = status.indexOf(field);
+  if (at < 0) return 0;
+  const qsizetype begin = at + qstrlen(field) + 1;
+  const QByteArray line = status.mid(begin, status.indexOf('\n', begin) - begin).trimmed();
+  return line.left(line.indexOf(' ')).toDouble() * 1024 / 1e6;
+}
+
+Resident resident(const QProcess& process) {
+  QFile file(QStringLiteral("/proc/%1/status").arg(process.processId()));
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QByteArray status = file.readAll();
+  return {megabytes(status, "VmRSS"), megabytes(status, "VmHWM")};
+}
+
+/// Ticks of processor time so far.
+qint64 spent(const QProcess& process) {
+  QFile file(QStringLiteral("/proc/%1/stat").arg(process.processId()));
+  if (!file.open(QIODevice::ReadOnly)) return 0;
+  const QByteArray stat = file.readAll();
+  const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+  return fields.value(11).toLongLong() + fields.value(12).toLongLong();
+}
+
+/// Waits until the process does nothing for two seconds.
+void rest(const QProcess& process) {
+  qint64 before = -1;
+  for (int i = 0; i < 60; ++i) {
+    const qint64 now = spent(process);
+    if (now - before <= 2) return;
+    before = now;
+    QThread::sleep(2);
+  }
+}
+
+Resident measure(const QString& program, const QStringList& sections) {
+  QProcess process;
+  process.start(program, QStringList());
+  process.waitForStarted();
+  QThread::sleep(2);
+  rest(process);
+  for (const QString& section : sections) {
+    // The program that runs already is told.
+    QProcess::execute(program, {QStringLiteral("--show"), section});
+    QThread::sleep(2);
+    rest(process);
+  }
+  const Resident result = resident(process);
+  process.terminate();
+  if (!process.waitForFinished(8000)) process.kill();
+  process.waitForFinished();
+  return result;
+}
+
+std::string text(double megabytes) {
+  char line[32];
+  std::snprintf(line, sizeof line, "%.0f MB", megabytes);
+  return line;
+}
+
+void tell(const std::string& what, double measured, double empty, double budget) {
+  row(what, text(measured), "empty window " + text(empty), "+ " + text(budget),
+      measured - empty <= budget);
+}
+
+}  // namespace
+}  // namespace vantor::bench
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  using namespace vantor::bench;
+  sim::Options options;
+  options.streams = false;
+  options.channels = 57'000;
+  options.movies = 178'000;
+  options.shows = 48'000;
+  const sim::Server server(options);
+  qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
+  qputenv("VANTOR_AUDIO", "none");
+  const SavedAccount account(server, options);
+  const QDir programs(QCoreApplication::applicationDirPath());
+  const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));
+  const QStringList sections = {QStringLiteral("movies"), QStringLiteral("shows"),
+                                QStringLiteral("live")};
+  const Resident empty = measure(programs.filePath(QStringLiteral("empty_window")), {});
+  const Resident fetched = measure(player, sections);
+  const Resident copied = measure(player, sections);
+  // The largest answer is the one that the program's transport still takes.
+  constexpr double largestAnswer = 64;
+  tell("283,000 entries loaded from the provider", fetched.now, empty.now, 160);
+  tell("the same, most while loading", fetched.most, empty.now, 160 + largestAnswer);
+  tell("the same from the copies", copied.now, empty.now, 160);
+  tell("the same, most while loading", copied.most, empty.now, 160 + largestAnswer);
+  return 0;
+}

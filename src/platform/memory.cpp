@@ -1,0 +1,24 @@
+#include "platform/memory.h"
+
+#include <cstdlib>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace vantor {
+
+void returnLargeBlocks() {
+#ifdef __GLIBC__
+  // Above the pictures that come and go while something plays.
+  mallopt(M_MMAP_THRESHOLD, 1 << 20);
+#endif
+}
+
+void returnFreeMemory() {
+#ifdef __GLIBC__
+  malloc_trim(0);
+#endif
+}
+
+}  // namespace vantor
