@@ -57,6 +57,7 @@ void AppModel::openFile() {
 }
 
 QCoro::Task<> AppModel::chooseFile(QPointer<AppModel> self, std::stop_token stop) {
+  if (!self || stop.stop_requested()) co_return;
   const auto choosing = self->services_.filePanel.chooseMediaFile();
   const std::optional<QUrl> file = co_await choosing;
   if (self && !stop.stop_requested() && file) self->playFile(*file);

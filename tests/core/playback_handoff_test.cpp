@@ -101,6 +101,11 @@ TEST_F(PlaybackHandoffTest, ACancelledPanelChangesNothingAndOneIsOpenAtATime) {
   app.openFile();
   settle();
   EXPECT_EQ(filePanel.shown, 2);
+  filePanel.choice.resolve(std::nullopt);
+  settle();
+  app.openFile();
+  quit();
+  EXPECT_EQ(filePanel.shown, 2) << "the program ended before its turn";
 }
 
 }  // namespace
