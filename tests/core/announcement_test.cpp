@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QDebug>
-#include <QMetaMethod>
 #include <QSet>
 
 #include "support/model_fixture.h"
+#include "support/model_signals.h"
 
 namespace vantor {
 namespace {
@@ -34,27 +34,15 @@ QString state(const AppModel& app) {
 }
 
 /// Hears every signal of the model and its topics.
-class Listener final : public QObject {
-  Q_OBJECT
-
+class Listener {
  public:
-  explicit Listener(AppModel& model) : model_(model) {
-    const QMetaMethod heard = staticMetaObject.method(staticMetaObject.indexOfSlot("heard()"));
-    for (const QObject* topic : std::initializer_list<const QObject*>{
-             &model, &model.session(), &model.libraries(), &model.record(), &model.browsing(),
-             &model.guide(), &model.details()}) {
-      const QMetaObject& type = *topic->metaObject();
-      for (int i = type.methodOffset(); i < type.methodCount(); ++i)
-        if (type.method(i).methodType() == QMetaMethod::Signal)
-          connect(topic, type.method(i), this, heard);
-    }
-  }
+  explicit Listener(const AppModel& model)
+      : model_(model), signals_(model, [this](const QByteArray& name) { heard(name); }) {}
 
   int rounds = 0;
 
- public Q_SLOTS:
-  void heard() {
-    const QByteArray name = sender()->metaObject()->method(senderSignalIndex()).name();
+ private:
+  void heard(const QByteArray& name) {
     const QString now = state(model_);
     if (told_.isEmpty()) first_ = now;
     EXPECT_EQ(now, first_) << name.toStdString() << " came when not everything was changed";
@@ -70,10 +58,10 @@ class Listener final : public QObject {
     told_.insert(name);
   }
 
- private:
-  AppModel& model_;
+  const AppModel& model_;
   QSet<QByteArray> told_;
   QString first_;
+  const ModelSignals signals_;
 };
 
 struct AnnouncementTest : public ::testing::Test, protected ModelFixture {};
@@ -157,5 +145,3 @@ TEST(ItemListTest, AnIndexThatItDoesNotHaveIsRefused) {
 
 }  // namespace
 }  // namespace vantor
-
-#include "announcement_test.moc"

@@ -8,37 +8,38 @@
 
 namespace vantor::test {
 
-/// Credentials in memory, with operations that fail when told to. Safe from any thread.
+/// Credentials in memory, with operations that fail when told to, or stopped. Safe from any
+/// thread.
 class FakeCredentialStore final : public CredentialStore {
  public:
   enum class Operation { copyMatching, update, add, remove };
 
-  Match copyMatching(const CredentialKey& key, std::stop_token) override {
+  Match copyMatching(const CredentialKey& key, std::stop_token token) override {
     const std::lock_guard lock(mutex_);
-    if (!begins(Operation::copyMatching)) return {CredentialStatus::failure, {}};
+    if (!begins(Operation::copyMatching, token)) return {CredentialStatus::failure, {}};
     const auto item = items_.find(key.account);
     if (item == items_.end()) return {CredentialStatus::itemNotFound, {}};
     return {CredentialStatus::success, item->second};
   }
   CredentialStatus update(const CredentialKey& key, const QByteArray& value,
-                          std::stop_token) override {
+                          std::stop_token token) override {
     const std::lock_guard lock(mutex_);
-    if (!begins(Operation::update)) return CredentialStatus::failure;
+    if (!begins(Operation::update, token)) return CredentialStatus::failure;
     const auto item = items_.find(key.account);
     if (item == items_.end()) return CredentialStatus::itemNotFound;
     item->second = value;
     return CredentialStatus::success;
   }
   CredentialStatus add(const CredentialKey& key, const QByteArray& value,
-                       std::stop_token) override {
+                       std::stop_token token) override {
     const std::lock_guard lock(mutex_);
-    if (!begins(Operation::add)) return CredentialStatus::failure;
+    if (!begins(Operation::add, token)) return CredentialStatus::failure;
     items_[key.account] = value;
     return CredentialStatus::success;
   }
-  CredentialStatus remove(const CredentialKey& key, std::stop_token) override {
+  CredentialStatus remove(const CredentialKey& key, std::stop_token token) override {
     const std::lock_guard lock(mutex_);
-    if (!begins(Operation::remove)) return CredentialStatus::failure;
+    if (!begins(Operation::remove, token)) return CredentialStatus::failure;
     return items_.erase(key.account) > 0 ? CredentialStatus::success
                                          : CredentialStatus::itemNotFound;
   }
@@ -67,9 +68,9 @@ class FakeCredentialStore final : public CredentialStore {
   }
 
  private:
-  bool begins(Operation operation) {
+  bool begins(Operation operation, const std::stop_token& token) {
     ++calls_[operation];
-    return !failing_.contains(operation);
+    return !failing_.contains(operation) && !token.stop_requested();
   }
 
   mutable std::mutex mutex_;
