@@ -57,11 +57,11 @@ AppModel& ModelFixture::begin(const QStringList& arguments) {
       *preferences,
       transport,
       *configuration,
-      filePanel,
+      *panel,
       folders,
       LaunchArguments::read(QStringList{u"vantor"_s} + arguments, u"tv.vantor.player"_s)};
   model = std::make_unique<AppModel>(
-      services, std::make_unique<Playback>(engine, clock, worker, folders, Output::discarded));
+      services, std::make_unique<Playback>(engine, clock, worker, folders, output));
   return *model;
 }
 

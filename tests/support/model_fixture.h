@@ -71,6 +71,9 @@ struct ModelFixture {
   FakeTransport transport;
   FakeCredentialStore credentials;
   FakeFilePanel filePanel;
+  // What the next launch is to have instead.
+  FilePanel* panel = &filePanel;
+  Output output = Output::discarded;
   Worker worker;
   Worker secretsWorker;
   Folders folders;

@@ -1,0 +1,206 @@
+#include "machines/monkey/invariants.h"
+
+#include <algorithm>
+
+#include "core/zapping.h"
+#include "machines/monkey/answers.h"
+#include "machines/monkey/subject.h"
+#include "playback/playback.h"
+
+namespace vantor::monkey {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Objects of the window that signing out and in may leave, such as those kept for another use.
+constexpr int objectMargin = 150;
+
+class Faults {
+ public:
+  void unless(bool holds, const QString& fault) {
+    if (!holds) list.append(fault);
+  }
+  QStringList list;
+};
+
+QString nameOf(const QObject* object) {
+  return object
+             ? QString::fromLatin1(object->metaObject()->className()) + u' ' + object->objectName()
+             : u"nothing"_s;
+}
+
+void checkRows(Subject& on, Faults& faults) {
+  const Browsing& browsing = on.model->browsing();
+  const ItemListModel& rows = *on.on().views.items();
+  const ItemList& items = browsing.items();
+  const auto size = std::min<std::size_t>(items.size(), ItemListModel::rowLimit);
+  faults.unless(static_cast<std::size_t>(rows.rowCount()) == size,
+                u"rows: %1 for %2 entries"_s.arg(rows.rowCount()).arg(size));
+  for (const std::size_t row : {std::size_t{0}, size / 2, size - 1}) {
+    if (row >= size || static_cast<int>(row) >= rows.rowCount()) continue;
+    const QString id =
+        rows.data(rows.index(static_cast<int>(row)), ItemListModel::ItemIDRole).toString();
+    faults.unless(!id.isEmpty() && id == items.id(row), u"rows: row %1 is another"_s.arg(row));
+  }
+  const int current = rows.currentRow();
+  const QString selected = browsing.selected() ? browsing.selected()->id : QString();
+  faults.unless(current == rows.rowOf(selected),
+                u"highlight: row %1 of %2"_s.arg(current).arg(rows.rowCount()));
+  const QString& category = browsing.category();
+  const auto& known = browsing.catalog().categories();
+  const bool has =
+      category.isEmpty() || category == Browsing::continueWatching ||
+      std::ranges::any_of(known, [&](const MediaCategory& one) { return one.id == category; });
+  faults.unless(has || on.model->libraries().loading().size() > 0, u"category: "_s + category);
+  faults.unless(!browsing.showingEpisodes() ||
+                    (browsing.selected() && browsing.selected()->kind == LibraryKind::shows),
+                u"episodes: of no show"_s);
+}
+
+/// The rows on the screen are rows of the model.
+void checkShownRows(Subject& on, const QList<QQuickItem*>& items, Faults& faults) {
+  const ItemListModel& rows = *on.on().views.items();
+  for (const QQuickItem* item : items) {
+    const QByteArray type(item->metaObject()->className());
+    if (!type.startsWith("GuideRow") && !type.startsWith("PosterCard")) continue;
+    const int row = item->property("index").toInt();
+    if (type.startsWith("GuideRow") && !on.on().views.shell()->showsChannels()) continue;
+    // A row of another list, of channels over the picture.
+    if (item->window() && on.on().views.remote()->chooser()) continue;
+    faults.unless(row < rows.rowCount(),
+                  u"shown rows: row %1 of %2"_s.arg(row).arg(rows.rowCount()));
+    if (row < 0 || row >= rows.rowCount()) continue;
+    const QString name = rows.data(rows.index(row), ItemListModel::NameRole).toString();
+    faults.unless(item->property("name").toString() == name,
+                  u"shown rows: row %1 has another's name"_s.arg(row));
+  }
+}
+
+void checkPlayback(Subject& on, Faults& faults) {
+  const Playback& playback = on.model->playback();
+  const PlayerRemote& remote = *on.on().views.remote();
+  const bool hasSource = playback.source().has_value();
+  faults.unless(hasSource == (playback.state() != PlaybackState::idle),
+                u"playback: state without source"_s);
+  faults.unless(hasSource || !(playback.fullScreen() || playback.expanded() || remote.small()),
+                u"playback: a picture of nothing"_s);
+  faults.unless(!(remote.small() && remote.fullScreen()), u"playback: small and full screen"_s);
+  faults.unless(!remote.chooser() || remote.zapping(), u"playback: chooser without channel"_s);
+  faults.unless(playback.state() != PlaybackState::failed || playback.message().has_value() ||
+                    on.on().keeper.bringingBack(),
+                u"playback: failed without a sentence"_s);
+  const EngineStatus& now = on.engine.now;
+  const bool streams =
+      now.releasing || (now.hasMedia && now.state != EngineState::ended &&
+                        now.state != EngineState::error && !on.engine.source.address.isLocalFile());
+  const auto open = on.openRequests();
+  const auto asked = std::ranges::count_if(open, [](const auto& one) { return isForStream(*one); });
+  faults.unless(asked + (streams ? 1 : 0) <= 1, u"connections: more than one"_s);
+}
+
+void checkSession(Subject& on, Faults& faults) {
+  const Session& session = on.model->session();
+  const AppModel& model = *on.model;
+  faults.unless(!(session.account() && session.demo()), u"session: account and demo"_s);
+  const bool somebody = session.account() || session.demo();
+  faults.unless(somebody || model.libraries().catalogs().empty(),
+                u"session: a library of nobody"_s);
+  faults.unless(somebody || model.libraries().loading().empty(), u"session: loading for nobody"_s);
+  faults.unless(somebody || !model.browsing().selected(), u"session: an entry of nobody"_s);
+  faults.unless(somebody || !model.playback().source() || model.playback().isLocal(),
+                u"session: a stream of nobody"_s);
+}
+
+/// Keys have somewhere to go.
+void checkFocus(Subject& on, Faults& faults) {
+  const QQuickWindow& window = on.window();
+  if (!window.isActive() || !on.awake() || on.on().views.remote()->small()) return;
+  const QQuickItem* focus = window.activeFocusItem();
+  const QString name = nameOf(focus);
+  faults.unless(focus && focus != window.contentItem(), u"focus: on "_s + name);
+  if (!focus) return;
+  faults.unless(focus->isVisible() && focus->isEnabled(), u"focus: on a hidden "_s + name);
+  faults.unless(focus->objectName() != "shell"_L1 && !focus->inherits("QQuickLoader"),
+                u"focus: on "_s + name);
+  for (const QObject* popup : window.findChildren<QObject*>()) {
+    if (!popup->inherits("QQuickPopup") || !popup->property("opened").toBool() ||
+        !popup->property("focus").toBool())
+      continue;
+    const auto* content = popup->property("contentItem").value<QQuickItem*>();
+    const QQuickItem* around = content ? content->parentItem() : nullptr;
+    const QQuickItem* overlay = around ? around->parentItem() : nullptr;
+    const bool holds = around && (around == focus || around->isAncestorOf(focus));
+    // Or one above it does.
+    faults.unless(holds || (overlay && overlay != focus && overlay->isAncestorOf(focus)),
+                  u"popup: %1 without keys, which %2 has"_s.arg(nameOf(popup), name));
+  }
+}
+
+void signOutToEnd(Subject& on) {
+  on.credentials.work(test::FakeCredentialStore::Operation::remove);
+  on.model->playback().stop();
+  for (; on.recordings > 0; --on.recordings) on.engine.onRecordingStopped({});
+  on.engine.now = {};
+  for (int round = 0; round < 5; ++round) {
+    on.disconnectAccount();
+    on.settleAll();
+    for (const auto& request : on.openRequests()) endWell(*request, 0);
+    on.clock.advance(std::chrono::seconds(61));
+    for (int i = 0; i < 10; ++i) on.animations.pass(100);
+    on.settleAll();
+  }
+}
+
+/// Signs in and out; how many objects there are then.
+int objectsAfterAnAccount(Subject& on) {
+  on.connectAccount(on.account);
+  for (int round = 0; round < 5; ++round) {
+    on.settleAll();
+    for (const auto& request : on.openRequests()) endWell(*request, 40);
+  }
+  for (std::size_t section = 0; section < allSections.size(); ++section) {
+    on.on().views.shell()->navigate(static_cast<int>(section));
+    on.settleAll();
+  }
+  on.on().views.shell()->navigate(static_cast<int>(Section::live));
+  signOutToEnd(on);
+  return on.objects();
+}
+
+}  // namespace
+
+QStringList broken(Subject& on) {
+  Faults faults;
+  for (const QString& warning : std::exchange(on.warnings, {}))
+    faults.list.append(u"warning: "_s + warning);
+  checkRows(on, faults);
+  checkPlayback(on, faults);
+  checkSession(on, faults);
+  checkFocus(on, faults);
+  if (on.awake()) checkShownRows(on, on.shownItems(), faults);
+  return faults.list;
+}
+
+QStringList left(Subject& on) {
+  Faults faults;
+  signOutToEnd(on);
+  faults.unless(!on.model->session().account() && !on.model->session().signingInOrOut(),
+                u"end: still signed in"_s);
+  const int once = objectsAfterAnAccount(on);
+  const int twice = objectsAfterAnAccount(on);
+  faults.unless(twice - once <= objectMargin,
+                u"end: %1 objects more after an account"_s.arg(twice - once));
+  faults.unless(on.openRequests().empty(), u"end: a request of nobody"_s);
+  faults.list += broken(on);
+  on.stop();
+  test::settle();
+  faults.unless(on.openRequests().empty(), u"end: a request of no program"_s);
+  faults.unless(on.clock.waiting() == 0, u"end: %1 calls still to come"_s.arg(on.clock.waiting()));
+  const auto& exchanges = on.transport.exchanges();
+  faults.unless(
+      std::ranges::all_of(exchanges, [](const auto& one) { return one.use_count() == 1; }),
+      u"end: a job is left"_s);
+  return faults.list;
+}
+
+}  // namespace vantor::monkey
