@@ -1,6 +1,7 @@
 // Pictures of every screen in every state: the real window, against simulated providers that serve,
-// wait and fail as asked.  vantor_screens FOLDER [NAME]
+// wait and fail as asked.
 #include <QAccessible>
+#include <QCommandLineParser>
 #include <QDir>
 #include <QGuiApplication>
 #include <QQuickStyle>
@@ -9,6 +10,7 @@
 #include <exception>
 
 #include "scenes/scenes.h"
+#include "test_language.h"
 
 int main(int argc, char** argv) {
   using namespace vantor::screens;
@@ -17,12 +19,18 @@ int main(int argc, char** argv) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QQuickStyle::setStyle(QStringLiteral("Basic"));
   QAccessible::setActive(true);
-  const QStringList arguments = QGuiApplication::arguments();
-  if (arguments.size() < 2 || !QDir().mkpath(arguments.at(1))) {
-    std::fputs("Usage: vantor_screens FOLDER [NAME]\n", stderr);
+  QCommandLineParser parser;
+  const QCommandLineOption inLanguage(QStringLiteral("language"), {}, QStringLiteral("CODE"),
+                                      QStringLiteral("en"));
+  parser.addOption(inLanguage);
+  parser.process(application);
+  const QStringList arguments = parser.positionalArguments();
+  if (arguments.isEmpty() || !QDir().mkpath(arguments.front())) {
+    std::fputs("Usage: vantor_screens FOLDER [NAME] [--language de|fr|es|ar|pseudo]\n", stderr);
     return 2;
   }
-  Album album{arguments.at(1), arguments.value(2)};
+  const TestLanguage language(parser.value(inLanguage));
+  Album album{arguments.front(), arguments.value(1)};
   constexpr std::pair<const char*, void (*)(Album&)> scenes[] = {{"sign-in", signIn},
                                                                  {"shell", shell},
                                                                  {"channels", channelGuide},

@@ -12,6 +12,7 @@
 #include "app/program.h"
 #include "platform/secret_service_store.h"
 #include "provider/service_values.h"
+#include "shown_texts.h"
 #include "storage/secure_store.h"
 
 namespace vantor::screens {
@@ -132,6 +133,7 @@ void Stage::shot(const QString& name, const QString& what) {
   if (!window_->grabWindow().save(album_.folder + u'/' + file))
     throw std::runtime_error("cannot write " + file.toStdString());
   std::printf("%s  %s\n", qPrintable(file), qPrintable(what));
+  for (const QString& text : cutTexts(*window_)) std::printf("    cut: %s\n", qPrintable(text));
   std::fflush(stdout);
 }
 

@@ -1,3 +1,5 @@
+#include <QCoreApplication>
+
 #include "screens/odd_names.h"
 #include "screens/scenes/scenes.h"
 
@@ -65,7 +67,7 @@ void channelGuide(Album& album) {
     stage.press(Qt::Key_Menu);
     stage.shot(u"channel-menu"_s, u"What can be done with a channel"_s);
     stage.press(Qt::Key_Escape);
-    stage.click(u"Group"_s);
+    stage.click(QCoreApplication::translate("GroupPicker", "Group"));
     stage.shot(u"channel-groups"_s, u"The choice of a group"_s);
     stage.press(Qt::Key_Escape);
     stage.views().channels()->toggleBookmark();

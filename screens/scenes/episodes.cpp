@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <string>
 
 #include "screens/odd_names.h"
@@ -48,7 +49,7 @@ void episodes(Album& album) {
     stage.until("the episodes", [&] { return stage.views().episodes()->rowCount() > 0; });
     stage.settle();
     stage.shot(u"episodes"_s, u"The episodes of a show"_s);
-    stage.click(u"Season"_s);
+    stage.click(QCoreApplication::translate("SeasonPicker", "Season"));
     stage.shot(u"seasons"_s, u"The choice of a season"_s);
   }
   {

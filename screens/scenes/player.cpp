@@ -1,3 +1,5 @@
+#include <QCoreApplication>
+
 #include "screens/scenes/scenes.h"
 
 namespace vantor::screens {
@@ -58,7 +60,7 @@ void player(Album& album) {
   stage.press(Qt::Key_Escape);
   stage.press(Qt::Key_I, Qt::ControlModifier);
   stage.until("two looks at it",
-              [&] { return stage.views().statistics()->text().contains(u"Shown"_s); });
+              [&] { return stage.views().statistics()->text().contains(Statistics::tr("Shown")); });
   stage.settle();
   stage.shot(u"full-screen-statistics"_s, u"What is known of the picture"_s);
   stage.press(Qt::Key_I, Qt::ControlModifier);
@@ -93,20 +95,20 @@ void player(Album& album) {
   stage.shot(u"paused"_s, u"The movie is paused"_s);
   pane.toggleExpanded();
   stage.settle();
-  stage.click(u"Audio tracks"_s);
+  stage.click(QCoreApplication::translate("TransportBar", "Audio tracks"));
   stage.shot(u"audio-tracks"_s, u"The choice of an audio track"_s);
   stage.press(Qt::Key_Escape);
-  stage.click(u"Subtitles"_s);
+  stage.click(QCoreApplication::translate("TransportBar", "Subtitles"));
   stage.shot(u"subtitles"_s, u"The choice of subtitles"_s);
   stage.press(Qt::Key_Escape);
-  stage.click(u"Playback speed"_s);
+  stage.click(QCoreApplication::translate("TransportBar", "Playback speed"));
   stage.shot(u"speeds"_s, u"The choice of a speed"_s);
   stage.press(Qt::Key_Escape);
-  stage.click(u"Sound output"_s);
+  stage.click(QCoreApplication::translate("TransportBar", "Sound output"));
   stage.shot(u"outputs"_s, u"The choice of a device for the sound"_s);
   stage.press(Qt::Key_Escape);
   stage.views().transport()->chooseDelay(150);
-  stage.click(u"Sound and picture"_s);
+  stage.click(QCoreApplication::translate("TransportBar", "Sound and picture"));
   stage.shot(u"delays"_s, u"The choice of how far the sound is behind the picture"_s);
   stage.press(Qt::Key_Escape);
   shell.backToBrowsing();

@@ -11,16 +11,18 @@ void settings(Album& album) {
   stage.settle();
   stage.shot(u"settings"_s, u"Settings"_s);
   SettingsView& view = *stage.views().settingsView();
-  for (int row = 0; row < 4; ++row) {
-    view.activate(row);
+  int row = 0;
+  for (const auto& page : {u"playlists"_s, u"playback"_s, u"tv-guide"_s, u"about"_s}) {
+    view.activate(row++);
     stage.settle();
-    stage.shot(u"settings-"_s + view.title().toLower().replace(u' ', u'-'), view.title());
+    stage.shot(u"settings-"_s + page, view.title());
     view.back();
   }
   view.activate(0);
   const QVariantList blocks = view.blocks();
   for (int i = 0; i < blocks.size(); ++i)
-    if (blocks.at(i).toMap().value(u"text"_s) == u"Remove saved provider"_s) view.activate(i);
+    if (blocks.at(i).toMap().value(u"text"_s) == SettingsView::tr("Remove saved provider"))
+      view.activate(i);
   stage.settle();
   stage.shot(u"settings-removal"_s, u"Whether the provider is really to be removed"_s);
 }

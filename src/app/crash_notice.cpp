@@ -33,9 +33,8 @@ void CrashNotice::tell() {
     return;
   const QString report = *std::exchange(report_, std::nullopt);
   worker_.post([report] { crash_reports::markTold(report); });
-  model_.tell(
-      u"Vantor Player ended unexpectedly. A report without names and addresses is in %1."_s.arg(
-          withoutHome(crash_reports::nameOnceTold(report))));
+  model_.tell(tr("Vantor Player ended unexpectedly. A report without names and addresses is in %1.")
+                  .arg(withoutHome(crash_reports::nameOnceTold(report))));
 }
 
 }  // namespace vantor

@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QLocale>
 #include <QLoggingCategory>
 #include <QPointingDevice>
 #include <QQuickStyle>
@@ -7,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "app/language.h"
 #include "app/program.h"
 #include "app/quit_limit.h"
 #include "core/section.h"
@@ -102,6 +104,7 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   // Quitting waits for playback; see AppDelegate.
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  const vantor::Language language(QLocale::system().uiLanguages());
   QQuickStyle::setStyle(QStringLiteral("Basic"));
   vantor::Program program(launch);
   program.obey(*object);

@@ -123,7 +123,7 @@ void Program::startUp() {
   if (!launch_.smokeTest) return;
   PlayRequest request;
   request.url = QUrl::fromLocalFile(QDir::current().absoluteFilePath(*launch_.smokeTest));
-  request.title = QStringLiteral("Local playback test");
+  request.title = tr("Local playback test");
   request.id = QStringLiteral("smoke");
   request.agent = defaultUserAgent;
   request.kind = SourceKind::file;

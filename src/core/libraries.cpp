@@ -150,8 +150,8 @@ QCoro::Task<> Libraries::loadLibrary(QPointer<Libraries> self, LibraryKind kind,
       if (!self || !self->session_.isCurrent(token, stop)) co_return;
       if (failure) {
         self->listener_.notice(
-            QStringLiteral("Library loaded, but its saved copy could not be updated. It will "
-                           "remain available while the app is open."));
+            tr("Library loaded, but its saved copy could not be updated. It will "
+               "remain available while the app is open."));
       }
     }
   }

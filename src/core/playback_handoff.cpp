@@ -11,9 +11,9 @@ namespace vantor {
 
 void AppModel::play(MediaItem item) {
   if (item.isExample) {
-    notice_.set(QStringLiteral(
-        "These are sample library entries. Connect your provider or open your own media file to "
-        "test playback."));
+    notice_.set(
+        tr("These are sample library entries. Connect your provider or open your own media file to "
+           "test playback."));
     return;
   }
   if (!session_.account()) return;

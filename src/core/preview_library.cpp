@@ -1,4 +1,6 @@
 // The built-in sample library, for exploring the interface without a provider.
+#include <QCoreApplication>
+
 #include "core/app_model.h"
 #include "library/catalog_builder.h"
 
@@ -12,15 +14,31 @@ struct SampleLibrary {
 
 constexpr std::array<SampleLibrary, 3> samples = {{
     {LibraryKind::live,
-     {"World window", "The outdoors", "Studio sessions", "At the table", "City stories",
-      "The quiet hour"}},
+     {QT_TRANSLATE_NOOP("SampleLibrary", "World window"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "The outdoors"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Studio sessions"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "At the table"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "City stories"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "The quiet hour")}},
     {LibraryKind::movies,
-     {"Across the valley", "The long way home", "After the rain", "A place to begin",
-      "The night garden", "Open horizons"}},
+     {QT_TRANSLATE_NOOP("SampleLibrary", "Across the valley"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "The long way home"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "After the rain"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "A place to begin"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "The night garden"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Open horizons")}},
     {LibraryKind::shows,
-     {"Wild places", "Made by hand", "The art of living", "Outside the frame", "Along the coast",
-      "Extraordinary everyday"}},
+     {QT_TRANSLATE_NOOP("SampleLibrary", "Wild places"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Made by hand"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "The art of living"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Outside the frame"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Along the coast"),
+      QT_TRANSLATE_NOOP("SampleLibrary", "Extraordinary everyday")}},
 }};
+
+QString translated(const char* text) {
+  return QCoreApplication::translate("SampleLibrary", text);
+}
 
 Catalog sampleCatalog(const SampleLibrary& library, Catalog::Time now) {
   CatalogBuilder builder;
@@ -32,15 +50,18 @@ Catalog sampleCatalog(const SampleLibrary& library, Catalog::Time now) {
     entry.id = id;
     entry.providerID = number;
     entry.kind = library.kind;
-    entry.name = title;
+    const std::string name = translated(title).toStdString();
+    entry.name = name;
     entry.category = index % 2 == 0 ? "1" : "2";
     entry.fileExtension = "mp4";
     entry.isExample = true;
     builder.add(entry);
     ++index;
   }
-  builder.add(MediaCategory{QStringLiteral("1"), QStringLiteral("Featured")});
-  builder.add(MediaCategory{QStringLiteral("2"), QStringLiteral("Discover")});
+  builder.add(MediaCategory{QStringLiteral("1"),
+                            translated(QT_TRANSLATE_NOOP("SampleLibrary", "Featured"))});
+  builder.add(MediaCategory{QStringLiteral("2"),
+                            translated(QT_TRANSLATE_NOOP("SampleLibrary", "Discover"))});
   return builder.build(now);
 }
 

@@ -8,12 +8,7 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
-namespace {
-
-const QString keepingConnection =
-    QStringLiteral("The updated server could not be verified. Keeping your saved connection.");
-
-}  // namespace
+namespace {}  // namespace
 
 /// What the credential store held; a failure leaves what was restored before it.
 struct AppModel::Restored {
@@ -64,7 +59,9 @@ QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Session::Generation tok
   if (!self || !self->session_.restoringLibrary()) co_return;
   const QCoro::Task<bool> followed = self->session_.followService(stop);
   const bool well = co_await followed;
-  if (!well && self) self->notice_.set(keepingConnection);
+  if (!well && self)
+    self->notice_.set(
+        tr("The updated server could not be verified. Keeping your saved connection."));
   if (self && self->session_.isCurrent(token, stop)) self->libraryRestorable();
 }
 

@@ -23,7 +23,10 @@ constexpr auto patience = 5s;
 constexpr int withoutLimit = std::numeric_limits<int>::max();
 
 const QString program = u"Vantor Player"_s;
-const QString inhibitReason = u"A picture is playing"_s;
+
+QString inhibitReason() {
+  return IdleInhibitor::tr("A picture is playing");
+}
 
 /// Who can be asked, in this order.
 struct Inhibiting {
@@ -39,18 +42,18 @@ const std::array<Inhibiting, 3>& inhibiting() {
       {u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
        u"org.freedesktop.portal.Inhibit"_s, QString(),
        [](const QString&) {
-         return QVariantList{QString(), idle, QVariantMap{{u"reason"_s, inhibitReason}}};
+         return QVariantList{QString(), idle, QVariantMap{{u"reason"_s, inhibitReason()}}};
        }},
       {u"org.freedesktop.ScreenSaver"_s, u"/org/freedesktop/ScreenSaver"_s,
        u"org.freedesktop.ScreenSaver"_s, u"UnInhibit"_s,
        [](const QString&) {
-         return QVariantList{program, inhibitReason};
+         return QVariantList{program, inhibitReason()};
        }},
       {u"org.gnome.SessionManager"_s, u"/org/gnome/SessionManager"_s, u"org.gnome.SessionManager"_s,
        u"Uninhibit"_s,
        [](const QString& application) {
          constexpr uint noWindow = 0;
-         return QVariantList{application, noWindow, inhibitReason, idle};
+         return QVariantList{application, noWindow, inhibitReason(), idle};
        }},
   }};
   return services;

@@ -37,11 +37,11 @@ void RecordingNotifier::notify() {
   if (std::exchange(asking_, true)) return;
   QStringList actions;
   if (playback_.recording().stage() == Recording::Stage::running)
-    actions = {finishAction, u"Stop Recording"_s};
+    actions = {finishAction, tr("Stop Recording")};
   constexpr int asLongAsUsual = -1;
   QDBusMessage message =
       QDBusMessage::createMethodCall(notifications, notificationsPath, notifications, u"Notify"_s);
-  message << u"Vantor Player"_s << shown_ << application_ << u"Recording"_s
+  message << u"Vantor Player"_s << shown_ << application_ << tr("Recording")
           << playback_.recording().notice().value_or(QString()) << actions
           << QVariantMap{{u"desktop-entry"_s, application_}} << asLongAsUsual;
   auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);

@@ -51,8 +51,8 @@ void BoundedTransfer::start(const HTTPRequest& request) {
   const QString scheme = request.address.scheme();
   if (scheme != QLatin1String("http") && scheme != QLatin1String("https")) {
     fail(std::make_exception_ptr(AppError(
-        QStringLiteral("The provider could not complete the request. Check your account or try "
-                       "again later."))));
+        AppError::tr("The provider could not complete the request. Check your account or try "
+                     "again later."))));
     return;
   }
   withoutData_.setInterval(std::min(times_.withoutData, request.timeout));
@@ -137,7 +137,7 @@ qsizetype BoundedTransfer::append(const Write& write) {
   bytes_.resize(held + std::max<qsizetype>(written, 0));
   if (bytes_.size() > limit_)
     fail(std::make_exception_ptr(
-        OversizedBody(QStringLiteral("The provider response is too large."))));
+        OversizedBody(AppError::tr("The provider response is too large."))));
   return finished_ ? 0 : written;
 }
 

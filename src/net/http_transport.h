@@ -41,7 +41,7 @@ struct URLError : std::exception, NumberedFailure {
 struct OversizedBody : AppError {
   OversizedBody()
       : AppError(
-            QStringLiteral("The provider response is larger than this preview can safely load.")) {}
+            AppError::tr("The provider response is larger than this preview can safely load.")) {}
   using AppError::AppError;
 };
 

@@ -23,8 +23,9 @@ constexpr double usualVolume = 50;  // per cent
 
 }  // namespace
 
-const QString Playback::notOpened =
-    u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
+const char* const Playback::notOpened = QT_TR_NOOP(
+    "This source could not be opened. It may be offline or your provider may be refusing the "
+    "connection.");
 
 Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Folders& folders,
                    Output output)
@@ -56,7 +57,7 @@ Playback::~Playback() {
 }
 
 QString Playback::title() const {
-  return source() ? source()->title : u"Nothing playing yet"_s;
+  return source() ? source()->title : tr("Nothing playing yet");
 }
 
 std::optional<QString> Playback::itemID() const {
@@ -140,14 +141,14 @@ bool Playback::mayChangeSource() {
 std::optional<QString> Playback::startRecording(const std::optional<QString>& folder) {
   if (recording_.stage() == Recording::Stage::idle) {
     if (state() != PlaybackState::playing)
-      return message().value_or(u"Only what is playing can be recorded."_s);
+      return message().value_or(tr("Only what is playing can be recorded."));
     if (recording_.start(folder)) return {};
   }
   return recording_.notice();
 }
 
 std::optional<QString> Playback::finishRecording() {
-  if (recording_.stage() == Recording::Stage::idle) return u"Nothing is being recorded."_s;
+  if (recording_.stage() == Recording::Stage::idle) return tr("Nothing is being recorded.");
   return recording_.finish() ? std::nullopt : recording_.notice();
 }
 
@@ -202,7 +203,7 @@ void Playback::load(const PlayRequest& request) {
   playing_ = Attempt(playbackTrace, "playing a source");
   engine_.unload();
   if (request.kind == SourceKind::file && !QFileInfo(request.url.toLocalFile()).isFile()) {
-    fail(u"This media file is no longer available."_s);
+    fail(QT_TR_NOOP("This media file is no longer available."));
     return;
   }
   engine_.load({.address = request.url, .userAgent = request.agent});
@@ -219,13 +220,13 @@ void Playback::load(const PlayRequest& request) {
                              std::stop_token token) { return watch(self, ticket, resume, token); });
 }
 
-void Playback::fail(const QString& message) {
+void Playback::fail(const char* sentence) {
   const Announcements::Scope scope(announcements_);
   // The sentence names no source.
-  playing_.failed(message);
+  playing_.failed(QString::fromUtf8(sentence));
   recording_.finish();
   heldFrame_.set({});
-  message_.set(message);
+  message_.set(tr(sentence));
   go(PlaybackEvent::fail);
   engine_.unload();
 }

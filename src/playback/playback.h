@@ -120,7 +120,7 @@ class Playback final : public QObject {
  private:
   using Ticket = std::int64_t;
   enum class Watch { goOn, over };
-  static const QString notOpened;
+  static const char* const notOpened;
   struct Opening;  // what the progress loop knows of the source that it watches
 
   static QCoro::Task<> openSource(QPointer<Playback> self, Ticket ticket, bool takeStill,
@@ -133,7 +133,8 @@ class Playback final : public QObject {
   void endTasks();
   void load(const PlayRequest& request);
   void go(PlaybackEvent event) { state_.set(next(state(), event)); }
-  void fail(const QString& message);
+  /// With a sentence for the user, as it stands in English.
+  void fail(const char* sentence);
   // progress_loop.cpp
   Watch tick(Opening& opening);
   void applyResume(Opening& opening);

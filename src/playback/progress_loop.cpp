@@ -63,7 +63,7 @@ Playback::Watch Playback::tick(Opening& opening) {
     heldFrame_.set({});
   }
   if (loading() && clock_.steadyNow() - opening.begin > startLimit) {
-    fail(u"This source did not start within 30 seconds. Retry or choose another item."_s);
+    fail(QT_TR_NOOP("This source did not start within 30 seconds. Retry or choose another item."));
     return Watch::over;
   }
   transport_.setSeconds(wholeTime(status.time));
@@ -81,7 +81,7 @@ Playback::Watch Playback::tick(Opening& opening) {
   if (generation_ != opening.ticket) return Watch::over;
   if (status.state != EngineState::ended) return Watch::goOn;
   if (loading()) {
-    fail(u"The source ended before playback could start."_s);
+    fail(QT_TR_NOOP("The source ended before playback could start."));
   } else {
     go(PlaybackEvent::end);
     heldFrame_.set({});

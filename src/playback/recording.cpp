@@ -54,26 +54,26 @@ bool Recording::start(const std::optional<QString>& folder) {
   const QString target = folder.value_or(this->folder());
   if (!makePrivateFolder(target)) {
     attempt.failed(u"no folder"_s);
-    say(u"The recording folder could not be created."_s);
+    say(tr("The recording folder could not be created."));
     return false;
   }
   target_ = target;
   if (!engine_.startRecording(target)) {
     attempt.failed(u"refused by the engine"_s);
-    say(u"This source does not support recording."_s);
+    say(tr("This source does not support recording."));
     return false;
   }
-  enter(Stage::running, u"Recording the current video. Stop recording before changing sources."_s);
+  enter(Stage::running, tr("Recording the current video. Stop recording before changing sources."));
   return true;
 }
 
 bool Recording::finish() {
   if (stage() != Stage::running) return false;
   const Attempt attempt(recordingTrace, "saving a recording");
-  enter(Stage::saving, u"Saving recording…"_s);
+  enter(Stage::saving, tr("Saving recording…"));
   if (engine_.stopRecording()) return true;
   attempt.failed(u"the engine has none"_s);
-  enter(Stage::idle, u"Recording could not be finalized. Check the recording folder."_s);
+  enter(Stage::idle, tr("Recording could not be finalized. Check the recording folder."));
   return false;
 }
 
@@ -89,15 +89,15 @@ QString Recording::outcomeOf(const QString& path) const {
   const bool ours = !path.isEmpty() && !target_.isEmpty() && !place.isEmpty() &&
                     place == QFileInfo(target_).canonicalFilePath();
   if (!ours || !file.exists())
-    return u"No recording file was produced. This source may not support recording."_s;
+    return tr("No recording file was produced. This source may not support recording.");
   if (file.size() < 1) {
     QFile::remove(path);
-    return u"No video was recorded. Try recording for longer or choose another source."_s;
+    return tr("No video was recorded. Try recording for longer or choose another source.");
   }
   const QString name = newName(clock_.now(), file.suffix());
   return QFile::rename(path, target_ + u'/' + name)
-             ? u"Recording saved."_s
-             : u"Recording saved. Open its folder to view the file."_s;
+             ? tr("Recording saved.")
+             : tr("Recording saved. Open its folder to view the file.");
 }
 
 void Recording::refresh() {
@@ -113,7 +113,7 @@ void Recording::refresh() {
 }
 
 void Recording::refuseChange() {
-  say(u"Stop recording before changing sources."_s);
+  say(tr("Stop recording before changing sources."));
 }
 
 void Recording::enter(Stage stage, const QString& notice) {

@@ -27,8 +27,7 @@ void forEachRow(QByteArray bytes, const std::stop_token& stop, Read read) {
       });
       document.expectEnd();
     }
-    if (!onlyObjects)
-      throw AppError(QStringLiteral("The provider returned an unreadable library."));
+    if (!onlyObjects) throw AppError(AppError::tr("The provider returned an unreadable library."));
   });
 }
 

@@ -1,5 +1,6 @@
 #include "provider/entry_collector.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <numeric>
 
@@ -72,6 +73,7 @@ EntryCollector::EntryCollector(LibraryKind kind, RowNumbers numbers, std::size_t
 void EntryCollector::read(QByteArray answer, const std::stop_token& stop) {
   Row row;
   const RowReader reader(kind_, numbers_);
+  const std::string untitled = QCoreApplication::translate("Library", "Untitled").toStdString();
   forEachRow(std::move(answer), stop, [&](simdjson::ondemand::object object) {
     reader.read(object, row);
     if (row.providerID.empty()) return;
@@ -79,7 +81,7 @@ void EntryCollector::read(QByteArray answer, const std::stop_token& stop) {
     CatalogEntry entry;
     entry.providerID = row.providerID;
     entry.kind = kind_;
-    entry.name = row.name.empty() ? std::string_view("Untitled") : std::string_view(row.name);
+    entry.name = row.name.empty() ? std::string_view(untitled) : std::string_view(row.name);
     entry.category = row.category;
     if (artwork) entry.artwork = *artwork;
     entry.fileExtension =

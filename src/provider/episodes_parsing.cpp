@@ -27,7 +27,7 @@ struct Season {
 using Seen = std::unordered_set<std::string, TextHash>;
 
 AppError unreadable() {
-  return AppError(QStringLiteral("This show's episodes could not be read."));
+  return AppError(AppError::tr("This show's episodes could not be read."));
 }
 
 /// Absent as well when the interface's whole numbers have no room for it.

@@ -12,13 +12,13 @@ QString readableError(const std::exception_ptr& error) {
   } catch (const AppError& failure) {
     return failure.message;
   } catch (const URLError& failure) {
-    if (failure.code == URLError::Code::cancelled) return QStringLiteral("Canceled.");
+    if (failure.code == URLError::Code::cancelled) return AppError::tr("Canceled.");
   } catch (const Cancelled&) {
-    return QStringLiteral("Canceled.");
+    return AppError::tr("Canceled.");
   } catch (...) {
     // Worded below with everything else.
   }
-  return QStringLiteral(
+  return AppError::tr(
       "Unable to connect. Check your internet connection and provider details, then try again.");
 }
 

@@ -19,8 +19,8 @@ namespace {
 
 AppError addressError() {
   return AppError(
-      QStringLiteral("Enter a provider address beginning with https:// or http://, without account "
-                     "details in the address."));
+      AppError::tr("Enter a provider address beginning with https:// or http://, without account "
+                   "details in the address."));
 }
 
 QString withoutSlashes(QString path) {
@@ -85,7 +85,7 @@ ProviderAccount ProviderAccount::validated(const QString& name, const QString& s
   account.username = username.trimmed();
   account.password = password;
   if (account.username.isEmpty() || password.isEmpty())
-    throw AppError(QStringLiteral("Enter your provider username and password."));
+    throw AppError(AppError::tr("Enter your provider username and password."));
   account.name = name.trimmed();
   if (account.name.isEmpty()) account.name = QStringLiteral("My provider");
   return account;
@@ -108,7 +108,7 @@ QUrl ProviderAccount::stream(const QString& streamID, LibraryKind kind,
                              const QString& fileExtension) const {
   static const QRegularExpression extensionForm(QStringLiteral("\\A[A-Za-z0-9]{1,8}\\z"));
   if (!isNumeric(streamID) || !extensionForm.match(fileExtension).hasMatch())
-    throw AppError(QStringLiteral("This provider item has an invalid playback address."));
+    throw AppError(AppError::tr("This provider item has an invalid playback address."));
   const QByteArray address = server.toEncoded() + '/' + pathSegment(kind).toLatin1() + '/' +
                              percentEncoded(username) + '/' + percentEncoded(password) + '/' +
                              percentEncoded(streamID + QLatin1Char('.') + fileExtension);

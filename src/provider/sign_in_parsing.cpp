@@ -9,8 +9,8 @@ namespace {
 
 AppError rejection() {
   return AppError(
-      QStringLiteral("Your provider did not accept this account. Check the username, password and "
-                     "subscription status."));
+      AppError::tr("Your provider did not accept this account. Check the username, password and "
+                   "subscription status."));
 }
 
 std::optional<ProviderTime> expiry(std::string_view text) {

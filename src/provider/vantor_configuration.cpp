@@ -10,11 +10,12 @@ namespace vantor {
 namespace {
 
 const QString serverKey = QStringLiteral("vantor.server");
-constexpr std::int64_t documentLimit = 16'384;  // bytes
 
 AppError invalid() {
-  return AppError(QStringLiteral("Invalid Vantor TV server configuration."));
+  return AppError(AppError::tr("Invalid Vantor TV server configuration."));
 }
+
+constexpr std::int64_t documentLimit = 16'384;  // bytes
 
 bool isServerAddress(const QString& text) {
   const QUrl address(text, QUrl::StrictMode);

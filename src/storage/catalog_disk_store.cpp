@@ -70,7 +70,7 @@ Pending<Done> CatalogDiskStore::save(const Catalog& catalog, const QUuid& accoun
   return worker_.run([catalog, path = file(account, kind), key = key_] {
     const std::string box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
     if (std::ssize(box) < sealed_box::nonceSize + sealed_box::tagSize)
-      throw AppError(QStringLiteral("The library could not be saved securely."));
+      throw AppError(AppError::tr("The library could not be saved securely."));
     private_file::replace(path, box);
   });
 }

@@ -3,7 +3,7 @@ import Vantor.Ui
 Picker {
     required property ChannelView channels
 
-    name: "Group"
+    name: qsTr("Group")
     model: channels.groups
     currentIndex: channels.group
     displayText: channels.groupName

@@ -21,7 +21,7 @@ ColumnLayout {
         spacing: Style.gap
 
         StyledText {
-            text: "CHANNEL GUIDE"
+            text: qsTr("CHANNEL GUIDE")
             font: Style.font(11, Font.Bold, 1)
             color: Style.mint
         }
@@ -39,7 +39,7 @@ ColumnLayout {
 
         StyledText {
             Layout.leftMargin: 14
-            text: "Group"
+            text: qsTr("Group")
             font: Style.body
             Accessible.ignored: true
         }
@@ -56,7 +56,7 @@ ColumnLayout {
         }
 
         StyledText {
-            text: "Now / Next"
+            text: qsTr("Now / Next")
             font: Style.body
         }
     }

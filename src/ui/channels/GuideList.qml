@@ -78,7 +78,7 @@ ChannelList {
         sourceComponent: EntryMenu {
             width: 250
             shell: list.shell
-            playText: "Watch channel"
+            playText: qsTr("Watch channel")
             playSymbol: "play.fill"
         }
     }

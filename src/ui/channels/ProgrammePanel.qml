@@ -68,15 +68,15 @@ ColumnLayout {
             spacing: Style.gap
 
             TVButton {
-                text: "Watch channel"
+                text: qsTr("Watch channel")
                 selected: true
                 onClicked: panel.channels.watch()
             }
 
             TVButton {
                 symbol: panel.channels.bookmarkSymbol
-                Accessible.name: "Add / remove from My list"
-                ToolTip.text: "Add / remove from My list"
+                Accessible.name: qsTr("Add / remove from My list")
+                ToolTip.text: qsTr("Add / remove from My list")
                 ToolTip.visible: hovered
                 ToolTip.delay: 700
                 onClicked: panel.channels.toggleBookmark()

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ui/channels/channel_view.h"
 #include "ui/entries/one_line.h"
 
 namespace vantor {
@@ -9,7 +10,7 @@ namespace vantor {
 using namespace Qt::StringLiterals;
 
 QStringList ChannelGroups::names() const {
-  QStringList names = {u"All channels"_s};
+  QStringList names = {ChannelView::tr("All channels")};
   for (const MediaCategory& category : catalog_.categories()) names.append(oneLine(category.name));
   return names;
 }

@@ -49,7 +49,7 @@ void ChannelView::chooseGroup(int group) {
 }
 
 QString ChannelView::channelName() const {
-  return channelSelected() ? model_.browsing().selected()->name : u"Live TV"_s;
+  return channelSelected() ? model_.browsing().selected()->name : tr("Live TV");
 }
 
 std::optional<GuideEntry> ChannelView::programme() const {
@@ -76,8 +76,8 @@ QString ChannelView::programmeDescription() const {
 QString ChannelView::programmeHint() const {
   if (programme()) return {};
   return model_.details().detailsLoading()
-             ? u"Loading programme information…"_s
-             : u"Select a channel to see its programme information."_s;
+             ? tr("Loading programme information…")
+             : tr("Select a channel to see its programme information.");
 }
 
 bool ChannelView::channelSelected() const {

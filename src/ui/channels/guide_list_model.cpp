@@ -42,7 +42,7 @@ QString GuideListModel::nowText(const QModelIndex& index) const {
   const QString id = index.data(ItemListModel::ItemIDRole).toString();
   const GuideEntries entries = upcoming(id);
   if (!entries.isEmpty()) return entries.first().title;
-  if (index.data(ItemListModel::IsExampleRole).toBool()) return u"Preview channel"_s;
+  if (index.data(ItemListModel::IsExampleRole).toBool()) return tr("Preview channel");
   return absentProgramme(guide_, id);
 }
 

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "core/programme_guide.h"
+#include "ui/channels/guide_list_model.h"
 
 namespace vantor {
 
@@ -22,8 +23,9 @@ GuideEntries upcomingEntries(const ProgrammeGuide& guide, const QString& channel
 }
 
 QString absentProgramme(const ProgrammeGuide& guide, const QString& channelID) {
-  if (guide.guideFailed(channelID)) return u"Guide unavailable"_s;
-  return guide.guideOf(channelID) ? u"No programme information"_s : u"Loading guide…"_s;
+  if (guide.guideFailed(channelID)) return GuideListModel::tr("Guide unavailable");
+  return guide.guideOf(channelID) ? GuideListModel::tr("No programme information")
+                                  : GuideListModel::tr("Loading guide…");
 }
 
 }  // namespace vantor

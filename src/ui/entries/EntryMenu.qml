@@ -27,7 +27,7 @@ PopupMenu {
     }
 
     SymbolItem {
-        text: "Add / remove from My list"
+        text: qsTr("Add / remove from My list")
         symbol: menu.favoriteSymbol
         onTriggered: menu.shell.favoriteRow(menu.row)
     }
@@ -36,7 +36,7 @@ PopupMenu {
         visible: menu.begun
         height: visible ? implicitHeight : 0
         activeFocusOnTab: visible
-        text: "Remove from Continue watching"
+        text: qsTr("Remove from Continue watching")
         onTriggered: menu.shell.stopContinuingRow(menu.row)
     }
 }

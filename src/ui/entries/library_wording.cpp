@@ -1,9 +1,19 @@
 #include "ui/entries/library_wording.h"
 
+#include <QCoreApplication>
+
 namespace vantor {
 
 QString title(LibraryKind kind) {
-  return textOf(kind, {u"TV", u"Movies", u"Shows"});
+  switch (kind) {
+    case LibraryKind::live:
+      return QCoreApplication::translate("Library", "TV");
+    case LibraryKind::movies:
+      return QCoreApplication::translate("Library", "Movies");
+    case LibraryKind::shows:
+      return QCoreApplication::translate("Library", "Shows");
+  }
+  return {};
 }
 
 QString symbol(LibraryKind kind) {
@@ -11,7 +21,7 @@ QString symbol(LibraryKind kind) {
 }
 
 QString continueWatchingTitle() {
-  return QStringLiteral("Continue watching");
+  return QCoreApplication::translate("Library", "Continue watching");
 }
 
 }  // namespace vantor

@@ -12,7 +12,7 @@ FocusScope {
         id: heading
         x: Style.inset
         anchors.verticalCenter: season.verticalCenter
-        text: "Episodes"
+        text: qsTr("Episodes")
         font: Style.title2
     }
 

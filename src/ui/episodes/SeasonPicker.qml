@@ -7,7 +7,7 @@ Picker {
 
     required property EpisodeListModel episodes
 
-    name: "Season"
+    name: qsTr("Season")
     model: episodes.seasons
     implicitHeight: 36
     font: Style.font(13)

@@ -32,7 +32,7 @@ QVariant EpisodeListModel::data(const QModelIndex& index, int role) const {
   const MediaItem& episode = episodes_[shown_[static_cast<std::size_t>(index.row())]];
   switch (role) {
     case LabelRole:
-      return u"S%1 · E%2"_s.arg(episode.season.value_or(1)).arg(episode.episode.value_or(1));
+      return tr("S%1 · E%2").arg(episode.season.value_or(1)).arg(episode.episode.value_or(1));
     case NameRole:
       return oneLine(episode.name);
     case IsPlayingRole:
@@ -47,8 +47,8 @@ QHash<int, QByteArray> EpisodeListModel::roleNames() const {
 }
 
 QStringList EpisodeListModel::seasons() const {
-  QStringList names{u"All seasons"_s};
-  for (const int number : seasonNumbers_) names.append(u"Season %1"_s.arg(number));
+  QStringList names{tr("All seasons")};
+  for (const int number : seasonNumbers_) names.append(tr("Season %1").arg(number));
   return names;
 }
 
@@ -75,7 +75,7 @@ void EpisodeListModel::play(int row) {
 }
 
 QString EpisodeListModel::progress() const {
-  return model_.details().detailsLoading() ? u"Loading episodes…"_s : QString();
+  return model_.details().detailsLoading() ? tr("Loading episodes…") : QString();
 }
 
 QString EpisodeListModel::error() const {
@@ -84,8 +84,8 @@ QString EpisodeListModel::error() const {
 
 QString EpisodeListModel::emptyNote() const {
   if (!model_.details().episodes().isEmpty() || model_.details().detailsLoading()) return {};
-  return model_.session().demo() ? u"Connect your provider to load this show's episodes."_s
-                                 : u"No episodes returned by this provider."_s;
+  return model_.session().demo() ? tr("Connect your provider to load this show's episodes.")
+                                 : tr("No episodes returned by this provider.");
 }
 
 void EpisodeListModel::readEpisodes() {

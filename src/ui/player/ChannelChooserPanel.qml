@@ -73,7 +73,7 @@ Rectangle {
         StyledText {
             anchors.centerIn: list
             visible: list.count === 0
-            text: "No channels in this group"
+            text: qsTr("No channels in this group")
             font: Style.title2
             color: Style.secondary
         }

@@ -28,12 +28,12 @@ FocusScope {
         spacing: Style.gap
 
         TVButton {
-            text: "Back to browsing"
+            text: qsTr("Back to browsing")
             onClicked: screen.views.shell.backToBrowsing()
         }
 
         TVButton {
-            text: "Start over"
+            text: qsTr("Start over")
             onClicked: screen.views.shell.startOver()
         }
     }

@@ -36,13 +36,13 @@ Rectangle {
             spacing: Style.gap
 
             TVButton {
-                text: "Retry"
+                text: qsTr("Retry")
                 plainColor: Style.faded(Style.focusWhite, 0.14)
                 onClicked: card.retryChosen()
             }
 
             TVButton {
-                text: "Close"
+                text: qsTr("Close")
                 plainColor: Style.faded(Style.focusWhite, 0.14)
                 onClicked: card.closeChosen()
             }

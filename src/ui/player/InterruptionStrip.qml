@@ -38,7 +38,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         topPadding: 6
         bottomPadding: 6
-        text: "Stop trying"
+        text: qsTr("Stop trying")
         font: Style.caption
         plainColor: Style.faded(Style.focusWhite, 0.14)
         onClicked: strip.endChosen()

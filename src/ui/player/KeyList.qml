@@ -10,39 +10,39 @@ Sheet {
     readonly property real textSize: Math.max(13, Style.distantSize(parent?.height ?? 0) / 2)
     readonly property list<var> columns: [
         [
-            { keys: "F   F11", does: "Full screen" },
-            { keys: "P", does: "Small window, above the others" },
-            { keys: "Space", does: "Pause and go on" },
-            { keys: "↑  ↓   Page ↑  Page ↓", does: "Next and previous channel" },
-            { keys: "0 … 9", does: "Channel by its number" },
-            { keys: "Backspace", does: "The channel before, and back" },
-            { keys: "Return", does: "List of channels" },
-            { keys: "I", does: "What is on now and next" },
-            { keys: "←  →", does: "10 seconds back and on" },
-            { keys: "Shift ←  Shift →", does: "60 seconds back and on" },
-            { keys: "N", does: "Next episode" },
-            { keys: "M   +   −", does: "Mute, volume" },
-            { keys: "Ctrl +   Ctrl −", does: "Sound later, earlier" },
-            { keys: "A   S", does: "Sound, subtitles" },
-            { keys: "Z", does: "Shape of the picture" }
+            { keys: "F   F11", does: qsTr("Full screen") },
+            { keys: "P", does: qsTr("Small window, above the others") },
+            { keys: qsTr("Space"), does: qsTr("Pause and go on") },
+            { keys: qsTr("↑  ↓   Page ↑  Page ↓"), does: qsTr("Next and previous channel") },
+            { keys: "0 … 9", does: qsTr("Channel by its number") },
+            { keys: qsTr("Backspace"), does: qsTr("The channel before, and back") },
+            { keys: qsTr("Return"), does: qsTr("List of channels") },
+            { keys: "I", does: qsTr("What is on now and next") },
+            { keys: "←  →", does: qsTr("10 seconds back and on") },
+            { keys: qsTr("Shift ←  Shift →"), does: qsTr("60 seconds back and on") },
+            { keys: "N", does: qsTr("Next episode") },
+            { keys: "M   +   −", does: qsTr("Mute, volume") },
+            { keys: qsTr("Ctrl +   Ctrl −"), does: qsTr("Sound later, earlier") },
+            { keys: "A   S", does: qsTr("Sound, subtitles") },
+            { keys: "Z", does: qsTr("Shape of the picture") }
         ],
         [
-            { keys: "Ctrl I", does: "About the picture" },
-            { keys: "Ctrl .", does: "Stop" },
-            { keys: "↑  ↓  ←  →", does: "Browse" },
-            { keys: "Return", does: "Select" },
-            { keys: "Menu   Shift F10", does: "What can be done with an entry" },
-            { keys: "Esc", does: "Back" },
-            { keys: "Ctrl 1   Ctrl 2   Ctrl 3", does: "TV, Movies, Shows" },
-            { keys: "Ctrl O", does: "Open a media file" },
-            { keys: "Ctrl K", does: "Connect a provider" },
-            { keys: "Ctrl ,", does: "Settings" },
-            { keys: "Ctrl Q", does: "Quit" },
-            { keys: "?", does: "This list" }
+            { keys: qsTr("Ctrl I"), does: qsTr("About the picture") },
+            { keys: qsTr("Ctrl ."), does: qsTr("Stop") },
+            { keys: "↑  ↓  ←  →", does: qsTr("Browse") },
+            { keys: qsTr("Return"), does: qsTr("Select") },
+            { keys: qsTr("Menu   Shift F10"), does: qsTr("What can be done with an entry") },
+            { keys: qsTr("Esc"), does: qsTr("Back") },
+            { keys: qsTr("Ctrl 1   Ctrl 2   Ctrl 3"), does: qsTr("TV, Movies, Shows") },
+            { keys: qsTr("Ctrl O"), does: qsTr("Open a media file") },
+            { keys: qsTr("Ctrl K"), does: qsTr("Connect a provider") },
+            { keys: qsTr("Ctrl ,"), does: qsTr("Settings") },
+            { keys: qsTr("Ctrl Q"), does: qsTr("Quit") },
+            { keys: "?", does: qsTr("This list") }
         ]
     ]
 
-    name: "Keys"
+    name: qsTr("Keys")
     padding: 2 * textSize
     onEscaped: close()
 

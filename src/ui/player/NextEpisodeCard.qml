@@ -24,7 +24,7 @@ Rectangle {
 
         StyledText {
             id: heading
-            text: "Next episode"
+            text: qsTr("Next episode")
             font: Style.font(card.textSize * 0.6)
             color: Style.secondary
         }
@@ -49,13 +49,13 @@ Rectangle {
             spacing: Style.gap
 
             TVButton {
-                text: "Play now"
+                text: qsTr("Play now")
                 plainColor: Style.faded(Style.focusWhite, 0.14)
                 onClicked: card.next.play()
             }
 
             TVButton {
-                text: "Not now"
+                text: qsTr("Not now")
                 plainColor: Style.faded(Style.focusWhite, 0.14)
                 onClicked: card.next.refuse()
             }

@@ -30,14 +30,14 @@ Item {
         IconButton {
             implicitHeight: 30
             symbol: bar.player.playPauseSymbol
-            help: "Play / pause"
+            help: qsTr("Play / pause")
             onClicked: bar.player.togglePause()
         }
 
         IconButton {
             implicitHeight: 30
             symbol: bar.player.expandSymbol
-            help: "Expand player"
+            help: qsTr("Expand player")
             size: 18
             onClicked: bar.player.toggleExpanded()
         }
@@ -46,14 +46,14 @@ Item {
             implicitHeight: 30
             visible: bar.remote.zapping
             symbol: "list"
-            help: "List of channels"
+            help: qsTr("List of channels")
             onClicked: bar.remote.chooseChannel()
         }
 
         IconButton {
             implicitHeight: 30
             symbol: "picture.in.picture"
-            help: "Small window"
+            help: qsTr("Small window")
             size: 18
             onClicked: bar.remote.toggleSmall()
         }
@@ -61,7 +61,7 @@ Item {
         IconButton {
             implicitHeight: 30
             symbol: bar.remote.fullScreenSymbol
-            help: "Full screen"
+            help: qsTr("Full screen")
             size: 22
             onClicked: bar.remote.toggleFullScreen()
         }
@@ -69,7 +69,7 @@ Item {
         IconButton {
             implicitHeight: 30
             symbol: "stop.fill"
-            help: "Stop playback"
+            help: qsTr("Stop playback")
             onClicked: bar.player.stop()
         }
     }

@@ -86,20 +86,20 @@ FocusScope {
 
                 IconButton {
                     symbol: screen.player.playPauseSymbol
-                    help: "Play / pause"
+                    help: qsTr("Play / pause")
                     onClicked: screen.player.togglePause()
                 }
 
                 IconButton {
                     symbol: "window.restore"
-                    help: "Back to the window"
+                    help: qsTr("Back to the window")
                     size: 16
                     onClicked: screen.remote.small = false
                 }
 
                 IconButton {
                     symbol: "stop.fill"
-                    help: "Stop playback"
+                    help: qsTr("Stop playback")
                     onClicked: screen.player.stop()
                 }
             }

@@ -76,7 +76,7 @@ ColumnLayout {
         Row {
             ChoiceButton {
                 symbol: "waveform"
-                help: "Audio tracks"
+                help: qsTr("Audio tracks")
                 enabled: bar.transport.audioEnabled
                 choices: bar.transport.audio
                 current: bar.transport.audioChoice
@@ -85,7 +85,7 @@ ColumnLayout {
 
             ChoiceButton {
                 symbol: "captions.bubble"
-                help: "Subtitles"
+                help: qsTr("Subtitles")
                 choices: bar.transport.subtitles
                 current: bar.transport.subtitleChoice
                 onChosen: choice => bar.transport.chooseSubtitle(choice.id)
@@ -93,7 +93,7 @@ ColumnLayout {
 
             ChoiceButton {
                 symbol: "speedometer"
-                help: "Playback speed"
+                help: qsTr("Playback speed")
                 choices: bar.transport.speeds
                 current: bar.transport.speedChoice
                 onChosen: choice => bar.transport.chooseSpeed(choice.rate)
@@ -101,7 +101,7 @@ ColumnLayout {
 
             ChoiceButton {
                 symbol: "hifispeaker"
-                help: "Sound output"
+                help: qsTr("Sound output")
                 menuWidth: 280
                 choices: bar.transport.outputs
                 current: bar.transport.outputChoice
@@ -110,7 +110,7 @@ ColumnLayout {
 
             ChoiceButton {
                 symbol: "timer"
-                help: "Sound and picture"
+                help: qsTr("Sound and picture")
                 menuWidth: 240
                 choices: bar.transport.delays
                 current: bar.transport.delayChoice

@@ -26,7 +26,7 @@ PersistentVideoOverlay {
             frames: overlay.frames
             shape: overlay.remote.pictureShape
             Accessible.role: Accessible.Graphic
-            Accessible.name: "Video"
+            Accessible.name: qsTr("Video")
             Accessible.ignored: parent.opacity === 0
         }
 

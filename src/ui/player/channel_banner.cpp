@@ -54,7 +54,7 @@ std::optional<MediaItem> ChannelBanner::told() const {
 
 QString ChannelBanner::name() const {
   const auto channel = told();
-  return channel ? channel->name : zapping_.typed().isEmpty() ? QString() : u"No such channel"_s;
+  return channel ? channel->name : zapping_.typed().isEmpty() ? QString() : tr("No such channel");
 }
 
 QUrl ChannelBanner::artwork() const {

@@ -54,7 +54,7 @@ void ChannelChooser::highlight(int row) {
 QString ChannelChooser::group() const {
   const ChannelGroups groups(browsing_.catalog());
   const QString name = groups.names().value(groups.place(browsing_.category()));
-  return browsing_.search().isEmpty() ? name : name + u" · “"_s + browsing_.search() + u"”"_s;
+  return browsing_.search().isEmpty() ? name : tr("%1 · “%2”").arg(name, browsing_.search());
 }
 
 void ChannelChooser::changeGroup(int by) {

@@ -33,7 +33,7 @@ QString NextEpisode::title() const {
 }
 
 QString NextEpisode::outlook() const {
-  return secondsLeft_ > 0 ? u"Plays in %1 s"_s.arg(secondsLeft_) : u"Return plays it"_s;
+  return secondsLeft_ > 0 ? tr("Plays in %1 s").arg(secondsLeft_) : tr("Return plays it");
 }
 
 bool NextEpisode::refuse() {

@@ -23,7 +23,7 @@ bool PlayerPane::idle() const {
 }
 
 QString PlayerPane::placeholder() const {
-  return u"Choose something to watch"_s;
+  return tr("Choose something to watch");
 }
 
 QString PlayerPane::title() const {
@@ -35,7 +35,7 @@ bool PlayerPane::loading() const {
 }
 
 QString PlayerPane::openingText() const {
-  return u"Opening "_s + playback_.title();
+  return tr("Opening %1").arg(playback_.title());
 }
 
 QString PlayerPane::message() const {
@@ -43,7 +43,7 @@ QString PlayerPane::message() const {
 }
 
 QString PlayerPane::interruption() const {
-  return keeper_.bringingBack() ? u"Interrupted. Trying again…"_s : QString();
+  return keeper_.bringingBack() ? tr("Interrupted. Trying again…") : QString();
 }
 
 QVariant PlayerPane::heldFrame() const {

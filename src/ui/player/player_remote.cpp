@@ -25,8 +25,10 @@ constexpr double volumeStep = 5;  // per cent
 constexpr double shortSkip = 10;  // seconds
 constexpr double longSkip = 60;   // seconds
 // In the order of `PictureShape`.
-const std::array shapeNames{u"Whole picture"_s, u"Fill the screen"_s, u"Stretch"_s, u"4:3"_s,
-                            u"16:9"_s};
+constexpr std::array shapeNames{QT_TRANSLATE_NOOP("vantor::PlayerRemote", "Whole picture"),
+                                QT_TRANSLATE_NOOP("vantor::PlayerRemote", "Fill the screen"),
+                                QT_TRANSLATE_NOOP("vantor::PlayerRemote", "Stretch"), "4:3",
+                                "16:9"};
 
 }  // namespace
 
@@ -259,19 +261,19 @@ int PlayerRemote::pictureShape() const {
 void PlayerRemote::changeShape() {
   const auto next = (static_cast<std::size_t>(pictureShape()) + 1) % std::size(shapeNames);
   playback_.setPictureShape(static_cast<PictureShape>(next));
-  say(shapeNames[next]);
+  say(tr(shapeNames[next]));
 }
 
 void PlayerRemote::changeVolume(double percent) {
   const double volume = std::clamp(transport_.volume() + percent, 0.0, 100.0);
   playback_.setVolume(volume);
-  say(u"Volume %1 %"_s.arg(qRound(volume)));
+  say(tr("Volume %1 %").arg(qRound(volume)));
 }
 
 void PlayerRemote::toggleMuted() {
   playback_.toggleMuted();
   const int volume = qRound(transport_.volume());
-  say(volume > 0 ? u"Volume %1 %"_s.arg(volume) : u"Muted"_s);
+  say(volume > 0 ? tr("Volume %1 %").arg(volume) : tr("Muted"));
 }
 
 void PlayerRemote::changeDelay(int milliseconds) {
@@ -289,18 +291,18 @@ QVariantMap PlayerRemote::next(Round& round, int current, const QVariantList& ch
 
 void PlayerRemote::nextAudio() {
   const QVariantList tracks = transport_.audio();
-  if (tracks.size() < 2) return say(u"No other sound"_s);
+  if (tracks.size() < 2) return say(tr("No other sound"));
   const QVariantMap track = next(audioRound_, transport_.audioChoice(), tracks);
   transport_.chooseAudio(track[u"id"_s].toInt());
-  say(u"Sound: "_s + track[u"name"_s].toString());
+  say(tr("Sound: %1").arg(track[u"name"_s].toString()));
 }
 
 void PlayerRemote::nextSubtitle() {
   const QVariantList tracks = transport_.subtitles();
-  if (tracks.size() < 2) return say(u"No subtitles"_s);
+  if (tracks.size() < 2) return say(tr("No subtitles"));
   const QVariantMap track = next(subtitleRound_, transport_.subtitleChoice(), tracks);
   transport_.chooseSubtitle(track[u"id"_s].toInt());
-  say(u"Subtitles: "_s + track[u"name"_s].toString());
+  say(tr("Subtitles: %1").arg(track[u"name"_s].toString()));
 }
 
 bool PlayerRemote::skip(double seconds) {

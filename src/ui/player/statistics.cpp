@@ -16,17 +16,17 @@ QString decoderName(PictureDecoder decoder) {
     case PictureDecoder::unknown:
       return {};
     case PictureDecoder::software:
-      return u"processor"_s;
+      return Statistics::tr("processor");
     case PictureDecoder::vaapi:
-      return u"graphics card (VA-API)"_s;
+      return Statistics::tr("graphics card (VA-API)");
     case PictureDecoder::vdpau:
-      return u"graphics card (VDPAU)"_s;
+      return Statistics::tr("graphics card (VDPAU)");
   }
   return {};
 }
 
 QString rateText(double perSecond) {
-  return QString::number(perSecond, 'f', 1);
+  return Statistics::tr("%1 pictures a second").arg(perSecond, 0, 'f', 1);
 }
 
 }  // namespace
@@ -62,29 +62,27 @@ void Statistics::read() {
   const PictureFacts facts = playback_.picture();
   QStringList lines;
   const auto add = [&lines](const QString& name, const QString& value) {
-    if (!value.isEmpty()) lines.append(name + u": "_s + value);
+    if (!value.isEmpty()) lines.append(tr("%1: %2", "a fact and its value").arg(name, value));
   };
-  add(u"Codec"_s, facts.codec);
+  add(tr("Codec"), facts.codec);
   if (!facts.size.isEmpty())
-    add(u"Picture"_s,
-        u"%1 × %2, %3 bit"_s.arg(facts.size.width()).arg(facts.size.height()).arg(facts.bits));
-  add(u"Decoded by"_s, decoderName(facts.decoder));
-  if (facts.rate > 0) add(u"In the source"_s, rateText(facts.rate) + u" pictures a second"_s);
+    add(tr("Picture"),
+        tr("%1 × %2, %3 bit").arg(facts.size.width()).arg(facts.size.height()).arg(facts.bits));
+  add(tr("Decoded by"), decoderName(facts.decoder));
+  if (facts.rate > 0) add(tr("In the source"), rateText(facts.rate));
 
   const SteadyTime now = clock_.steadyNow();
   const std::chrono::duration<double> passed = now - lastTime_;
   // Another source begins to count anew.
   if (lastShown_ >= 0 && facts.shown >= lastShown_ && passed.count() > 0)
-    add(u"Shown"_s, rateText(static_cast<double>(facts.shown - lastShown_) / passed.count()) +
-                        u" pictures a second"_s);
+    add(tr("Shown"), rateText(static_cast<double>(facts.shown - lastShown_) / passed.count()));
   lastShown_ = facts.shown;
   lastTime_ = now;
 
-  add(u"Lost"_s, u"%1 pictures"_s.arg(facts.lost));
+  add(tr("Lost"), tr("%n pictures", nullptr, static_cast<int>(facts.lost)));
   if (facts.bitsPerSecond > 0)
-    add(u"Bit rate"_s, QString::number(facts.bitsPerSecond / mega, 'f', 2) + u" Mbit/s"_s);
-  if (!playback_.isLocal())
-    add(u"Buffer"_s, QString::number(MediaSource().networkCaching) + u" ms"_s);
+    add(tr("Bit rate"), tr("%1 Mbit/s").arg(facts.bitsPerSecond / mega, 0, 'f', 2));
+  if (!playback_.isLocal()) add(tr("Buffer"), tr("%1 ms").arg(MediaSource().networkCaching));
   text_ = lines.join(u'\n');
   next_ = clock_.callAfter(period, [this] { read(); });
   Q_EMIT changed();

@@ -78,9 +78,9 @@ QString TransportControls::clock(double seconds) {
 }
 
 QString TransportControls::delayText(int milliseconds) {
-  if (milliseconds == 0) return u"Sound with the picture"_s;
-  return (milliseconds > 0 ? u"Sound %1 ms after the picture"_s
-                           : u"Sound %1 ms before the picture"_s)
+  if (milliseconds == 0) return tr("Sound with the picture");
+  return (milliseconds > 0 ? tr("Sound %1 ms after the picture")
+                           : tr("Sound %1 ms before the picture"))
       .arg(std::abs(milliseconds));
 }
 
@@ -122,7 +122,7 @@ bool TransportControls::audioEnabled() const {
 
 QVariantList TransportControls::subtitles() const {
   QVariantList list = listed(state_.subtitles());
-  list.prepend(QVariantMap{{u"id"_s, -1}, {u"name"_s, u"Off"_s}});
+  list.prepend(QVariantMap{{u"id"_s, -1}, {u"name"_s, tr("Off")}});
   return list;
 }
 
@@ -136,7 +136,7 @@ QVariantList TransportControls::speeds() const {
 }
 
 QVariantList TransportControls::outputs() const {
-  QVariantList list{QVariantMap{{u"id"_s, QString()}, {u"name"_s, u"The system's choice"_s}}};
+  QVariantList list{QVariantMap{{u"id"_s, QString()}, {u"name"_s, tr("The system's choice")}}};
   for (const AudioDevice& device : state_.audioDevices().present)
     list.append(QVariantMap{{u"id"_s, device.id}, {u"name"_s, device.name}});
   return list;

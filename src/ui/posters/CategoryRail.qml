@@ -29,7 +29,7 @@ Rectangle {
         model: rail.categories
         ScrollBar.vertical: ThinScrollBar {}
         Accessible.role: Accessible.List
-        Accessible.name: "CATEGORIES"
+        Accessible.name: qsTr("CATEGORIES")
 
         // The category that the keys stand on.
         property int keyRow: rail.categories.currentRow
@@ -76,7 +76,7 @@ Rectangle {
 
             StyledText {
                 id: heading
-                text: "CATEGORIES"
+                text: qsTr("CATEGORIES")
                 font: Style.font(10, Font.DemiBold)
                 color: Style.mint
             }

@@ -77,7 +77,7 @@ Item {
 
             TVButton {
                 visible: hero.view.allShowsOffered
-                text: "All shows"
+                text: qsTr("All shows")
                 onClicked: hero.view.closeEpisodes()
             }
         }

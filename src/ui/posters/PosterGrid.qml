@@ -157,7 +157,7 @@ FocusScope {
 
         width: begun ? 250 : 220
         shell: area.shell
-        playText: "Play"
+        playText: qsTr("Play")
 
         // Its row is another entry's afterwards.
         Connections {

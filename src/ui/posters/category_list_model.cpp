@@ -68,7 +68,7 @@ QVariant CategoryListModel::data(const QModelIndex& index, int role) const {
   if (row < 0 || row >= rowCount()) return {};
   if (role == CategoryIDRole) return idOf(row);
   if (role != NameRole) return {};
-  if (row == 0) return u"All "_s + sectionTitle(model_.browsing().section()).toLower();
+  if (row == 0) return allOf(model_.browsing().section());
   return row < ownRows() ? continueWatchingTitle() : oneLine(categoryOf(row).name);
 }
 

@@ -51,15 +51,16 @@ QString PosterView::facts() const {
   if (const QString year = hero_->year.value_or(QString()); !year.isEmpty()) facts.append(year);
   if (const QString rating = hero_->rating.value_or(QString()); !rating.isEmpty())
     facts.append(u"★ "_s + rating);
-  if (hero_->isExample) facts.append(u"Preview entry"_s);
+  if (hero_->isExample) facts.append(tr("Preview entry"));
   return facts.join(u"   "_s);
 }
 
 QString PosterView::description() const {
   if (hero_ && hero_->plot && !hero_->plot->isEmpty()) return *hero_->plot;
   if (hero_ && hero_->isExample)
-    return u"A sample title for exploring the Vantor interface. No playable content is included."_s;
-  return u"Choose a title to watch or save it to My list."_s;
+    return tr(
+        "A sample title for exploring the Vantor interface. No playable content is included.");
+  return tr("Choose a title to watch or save it to My list.");
 }
 
 QUrl PosterView::artwork() const {
@@ -72,7 +73,7 @@ QString PosterView::symbol() const {
 }
 
 QString PosterView::openLabel() const {
-  return hero_ && hero_->kind == LibraryKind::shows ? u"Episodes"_s : u"Play"_s;
+  return hero_ && hero_->kind == LibraryKind::shows ? tr("Episodes") : tr("Play");
 }
 
 QString PosterView::favoriteSymbol() const {
@@ -97,7 +98,7 @@ PosterView::Content PosterView::content() const {
 
 QString PosterView::limitNote() const {
   return model_.browsing().items().size() > static_cast<std::size_t>(ItemListModel::rowLimit)
-             ? u"Showing 2,500 titles. Choose a category or search to narrow the results."_s
+             ? tr("Showing 2,500 titles. Choose a category or search to narrow the results.")
              : QString();
 }
 

@@ -8,7 +8,7 @@ Sheet {
 
     signal accepted
 
-    name: "Remove this provider from the Mac?"
+    name: qsTr("Remove this provider from the Mac?")
     width: 380
     height: column.implicitHeight + 2 * 24
     firstFocus: cancel
@@ -28,7 +28,7 @@ Sheet {
         }
 
         StyledText {
-            text: "This removes its saved login and libraries. It does not cancel your subscription."
+            text: qsTr("This removes its saved login and libraries. It does not cancel your subscription.")
             color: Style.secondary
             wrapMode: Text.Wrap
             Layout.fillWidth: true
@@ -40,12 +40,12 @@ Sheet {
 
             TVButton {
                 id: cancel
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: sheet.escaped()
             }
 
             TVButton {
-                text: "Remove provider"
+                text: qsTr("Remove provider")
                 plainTextColor: Style.warning
                 onClicked: sheet.accepted()
             }

@@ -1,6 +1,7 @@
 // What the settings pages say.
 #include "core/app_model.h"
 #include "ui/settings/settings_block.h"
+#include "ui/settings/settings_view.h"
 
 namespace vantor {
 namespace {
@@ -22,59 +23,69 @@ SettingsBlock row(const QString& title, const QString& subtitle, Action action) 
 }
 
 QList<SettingsBlock> mainPage() {
-  return {row(title(SettingsPage::playlists), u"Your provider and saved libraries"_s,
-              Action::showPlaylists),
-          row(title(SettingsPage::playback), u"Player controls and supported sources"_s,
-              Action::showPlayback),
-          row(title(SettingsPage::guide), u"Programme information"_s, Action::showGuide),
-          row(title(SettingsPage::about), u"Version, support and preview features"_s,
-              Action::showAbout)};
+  return {
+      row(title(SettingsPage::playlists), SettingsView::tr("Your provider and saved libraries"),
+          Action::showPlaylists),
+      row(title(SettingsPage::playback), SettingsView::tr("Player controls and supported sources"),
+          Action::showPlayback),
+      row(title(SettingsPage::guide), SettingsView::tr("Programme information"), Action::showGuide),
+      row(title(SettingsPage::about), SettingsView::tr("Version, support and preview features"),
+          Action::showAbout)};
 }
 
 QList<SettingsBlock> playlistsPage(const AppModel& model) {
   QList<SettingsBlock> blocks = {
       text(model.session().account() ? model.session().account()->name
-                                     : u"No provider connected"_s),
-      secondary(u"Channels, movies, shows and artwork come directly from your provider. Saved "
-                "libraries stay available when you change sections."_s)};
+                                     : SettingsView::tr("No provider connected")),
+      secondary(SettingsView::tr(
+          "Channels, movies, shows and artwork come directly from your provider. Saved "
+          "libraries stay available when you change sections."))};
   if (model.session().account() && model.session().subscription())
-    blocks.append(text(u"Provider connection limit: "_s +
-                       model.session().subscription()->maximumConnections));
+    blocks.append(text(SettingsView::tr("Provider connection limit: %1")
+                           .arg(model.session().subscription()->maximumConnections)));
   blocks.append(
-      {row(u"Xtream Codes parameters"_s, u"Change your provider account"_s, Action::changeProvider),
-       row(u"Refresh playlists"_s, u"Update TV, Movies and Shows"_s, Action::refreshPlaylists),
-       row(u"Remove saved provider"_s, u"Remove this Mac's saved login and library"_s,
-           Action::removeProvider)});
+      {row(SettingsView::tr("Xtream Codes parameters"),
+           SettingsView::tr("Change your provider account"), Action::changeProvider),
+       row(SettingsView::tr("Refresh playlists"), SettingsView::tr("Update TV, Movies and Shows"),
+           Action::refreshPlaylists),
+       row(SettingsView::tr("Remove saved provider"),
+           SettingsView::tr("Remove this Mac's saved login and library"), Action::removeProvider)});
   return blocks;
 }
 
 QList<SettingsBlock> playbackPage() {
-  return {
-      text(u"Use the player's controls for seeking, volume, audio, subtitles and fullscreen "
-           "when available for the source."_s),
-      row(u"Open media file"_s, u"Play a compatible file saved on your Mac"_s, Action::openFile),
-      text(u"VideoLAN playback is built into Vantor. No external player is required for "
-           "supported MKV, MP4, HLS and TS sources. Use the controls for volume, seeking, "
-           "audio tracks, subtitles and speed."_s),
-      text(u"Space  Play / pause\nCtrl .  Stop\nCtrl O  Open file\nEsc  Back to browsing"_s)};
+  return {text(SettingsView::tr(
+              "Use the player's controls for seeking, volume, audio, subtitles and fullscreen "
+              "when available for the source.")),
+          row(SettingsView::tr("Open media file"),
+              SettingsView::tr("Play a compatible file saved on your Mac"), Action::openFile),
+          text(SettingsView::tr(
+              "VideoLAN playback is built into Vantor. No external player is required for "
+              "supported MKV, MP4, HLS and TS sources. Use the controls for volume, seeking, "
+              "audio tracks, subtitles and speed.")),
+          text(SettingsView::tr(
+              "Space  Play / pause\nCtrl .  Stop\nCtrl O  Open file\nEsc  Back to browsing"))};
 }
 
 QList<SettingsBlock> guidePage() {
-  return {text(u"The guide automatically loads your provider's Now / Next information for visible "
-               "channels. The highlighted channel stays centered as you browse."_s),
-          row(u"Refresh guide information"_s, u"Reload the selected channel's schedule"_s,
-              Action::refreshGuide),
-          text(u"This version shows Now / Next information."_s)};
+  return {text(SettingsView::tr(
+              "The guide automatically loads your provider's Now / Next information for visible "
+              "channels. The highlighted channel stays centered as you browse.")),
+          row(SettingsView::tr("Refresh guide information"),
+              SettingsView::tr("Reload the selected channel's schedule"), Action::refreshGuide),
+          text(SettingsView::tr("This version shows Now / Next information."))};
 }
 
 QList<SettingsBlock> aboutPage() {
-  return {text(u"Vantor Player for Mac\n" VANTOR_VERSION " · Preview"_s),
-          text(u"The interface follows the Vantor TV player, adapted for mouse and keyboard, with "
-               "one video playing at a time. Guide information loads as you browse."_s),
-          text(u"Sign in using your existing Vantor TV account."_s),
-          row(u"Open-source licenses"_s, u"VideoLAN playback and acknowledgements"_s,
-              Action::openLicenses),
-          {Kind::link, u"Help & support"_s, {}, Action::openSupport}};
+  return {text(SettingsView::tr("Vantor Player for Mac\n%1 · Preview")
+                   .arg(QStringLiteral(VANTOR_VERSION))),
+          text(SettingsView::tr(
+              "The interface follows the Vantor TV player, adapted for mouse and keyboard, with "
+              "one video playing at a time. Guide information loads as you browse.")),
+          text(SettingsView::tr("Sign in using your existing Vantor TV account.")),
+          row(SettingsView::tr("Open-source licenses"),
+              SettingsView::tr("VideoLAN playback and acknowledgements"), Action::openLicenses),
+          {Kind::link, SettingsView::tr("Help & support"), {}, Action::openSupport}};
 }
 
 }  // namespace
@@ -82,15 +93,15 @@ QList<SettingsBlock> aboutPage() {
 QString title(SettingsPage page) {
   switch (page) {
     case SettingsPage::main:
-      return u"Settings"_s;
+      return SettingsView::tr("Settings");
     case SettingsPage::playlists:
-      return u"Playlists"_s;
+      return SettingsView::tr("Playlists");
     case SettingsPage::playback:
-      return u"Playback"_s;
+      return SettingsView::tr("Playback");
     case SettingsPage::guide:
-      return u"TV guide"_s;
+      return SettingsView::tr("TV guide");
     case SettingsPage::about:
-      return u"About"_s;
+      return SettingsView::tr("About");
   }
   return {};
 }

@@ -46,15 +46,15 @@ void SettingsView::shownOrHidden() {
 }
 
 QString SettingsView::backLabel() const {
-  return page_ == SettingsPage::main ? u"Done"_s : u"Back"_s;
+  return page_ == SettingsPage::main ? tr("Done") : tr("Back");
 }
 
 QString SettingsView::hint() const {
-  return u"↑ ↓ Move   ·   Return Select   ·   Esc Back"_s;
+  return tr("↑ ↓ Move   ·   Return Select   ·   Esc Back");
 }
 
 QString SettingsView::heading() const {
-  return u"VANTOR TV  /  SETTINGS"_s;
+  return tr("VANTOR TV  /  SETTINGS");
 }
 
 QVariantList SettingsView::blocks() const {
@@ -112,7 +112,7 @@ void SettingsView::run(Action action) {
       return setConfirmingRemoval(true);
     case Action::refreshGuide:
       model_.refreshGuide();
-      return setMessage(u"Guide information will reload when you select a channel."_s);
+      return setMessage(tr("Guide information will reload when you select a channel."));
     case Action::openFile:
       return model_.openFile();
     case Action::openLicenses:
@@ -131,7 +131,7 @@ void SettingsView::back() {
 
 void SettingsView::refreshPlaylists() {
   for (const LibraryKind kind : allLibraryKinds) model_.load(kind, LoadMode::refresh);
-  setMessage(u"Refresh requested. Your saved library remains available."_s);
+  setMessage(tr("Refresh requested. Your saved library remains available."));
 }
 
 void SettingsView::openLicenses() {

@@ -9,7 +9,7 @@ MenuItem {
     required property int index
     required property var modelData
     readonly property bool startsMenu: modelData.heading !== ""
-    readonly property string keysText: modelData.keys
+    readonly property string keysText: modelData.keyNames
 
     text: modelData.title
     implicitHeight: 32 + (startsMenu ? 26 : 0)

@@ -34,7 +34,7 @@ Column {
     TVButton {
         anchors.horizontalCenter: parent.horizontalCenter
         visible: card.emptyState.connectOffered
-        text: "Connect provider"
+        text: qsTr("Connect provider")
         onClicked: card.connectChosen()
     }
 }

@@ -42,13 +42,13 @@ Item {
 
         IconButton {
             symbol: "folder"
-            help: "Open a media file"
+            help: qsTr("Open a media file")
             onClicked: header.shell.openFile()
         }
 
         IconButton {
             symbol: "arrow.clockwise"
-            help: "Refresh library"
+            help: qsTr("Refresh library")
             visible: header.shell.refreshOffered
             enabled: header.shell.refreshEnabled
             onClicked: header.shell.refresh()

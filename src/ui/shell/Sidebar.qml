@@ -40,7 +40,7 @@ Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
         // The spacing after the last letter is no part of the word.
         anchors.horizontalCenterOffset: 2.5
-        text: "PLAYER"
+        text: qsTr("PLAYER")
         font: Style.font(8, Font.Medium, 5)
     }
 
@@ -84,7 +84,7 @@ Rectangle {
         width: parent.width - 24
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 20
-        text: "Settings"
+        text: qsTr("Settings")
         symbol: "gearshape"
         font: Style.font(17)
         textAlignment: Text.AlignLeft

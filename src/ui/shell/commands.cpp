@@ -1,6 +1,8 @@
 #include "ui/shell/commands.h"
 
+#include <QKeySequence>
 #include <array>
+#include <optional>
 
 #include "core/app_model.h"
 #include "playback/playback.h"
@@ -24,29 +26,44 @@ enum class Act {
   quit
 };
 
+enum class Menu { file, playback, library, program };
+
 struct Command {
   Act act;
-  QString menu;
+  Menu menu;
   QString title;
   QString keys;
   /// Whether it does the same under whatever is open.
   bool anywhere = false;
 };
 
-const std::array<Command, 10>& table() {
-  static const std::array<Command, 10> commands = {{
-      {Act::openFile, u"File"_s, u"Open Media File…"_s, u"Ctrl+O"_s, true},
-      {Act::connect, u"File"_s, u"Connect Provider…"_s, u"Ctrl+K"_s},
-      {Act::togglePause, u"Playback"_s, u"Play / Pause"_s, u"Space"_s},
-      {Act::stop, u"Playback"_s, u"Stop"_s, u"Ctrl+."_s, true},
-      {Act::fullScreen, u"Playback"_s, u"Full Screen"_s, u"F11"_s},
-      {Act::live, u"Library"_s, title(LibraryKind::live), u"Ctrl+1"_s},
-      {Act::movies, u"Library"_s, title(LibraryKind::movies), u"Ctrl+2"_s},
-      {Act::shows, u"Library"_s, title(LibraryKind::shows), u"Ctrl+3"_s},
-      {Act::settings, u"Vantor Player"_s, u"Settings…"_s, u"Ctrl+,"_s},
-      {Act::quit, u"Vantor Player"_s, u"Quit"_s, u"Ctrl+Q"_s, true},
+std::array<Command, 10> table() {
+  return {{
+      {Act::openFile, Menu::file, Commands::tr("Open Media File…"), u"Ctrl+O"_s, true},
+      {Act::connect, Menu::file, Commands::tr("Connect Provider…"), u"Ctrl+K"_s},
+      {Act::togglePause, Menu::playback, Commands::tr("Play / Pause"), u"Space"_s},
+      {Act::stop, Menu::playback, Commands::tr("Stop"), u"Ctrl+."_s, true},
+      {Act::fullScreen, Menu::playback, Commands::tr("Full Screen"), u"F11"_s},
+      {Act::live, Menu::library, title(LibraryKind::live), u"Ctrl+1"_s},
+      {Act::movies, Menu::library, title(LibraryKind::movies), u"Ctrl+2"_s},
+      {Act::shows, Menu::library, title(LibraryKind::shows), u"Ctrl+3"_s},
+      {Act::settings, Menu::program, Commands::tr("Settings…"), u"Ctrl+,"_s},
+      {Act::quit, Menu::program, Commands::tr("Quit"), u"Ctrl+Q"_s, true},
   }};
-  return commands;
+}
+
+QString title(Menu menu) {
+  switch (menu) {
+    case Menu::file:
+      return Commands::tr("File");
+    case Menu::playback:
+      return Commands::tr("Playback");
+    case Menu::library:
+      return Commands::tr("Library");
+    case Menu::program:
+      return u"Vantor Player"_s;
+  }
+  return {};
 }
 
 }  // namespace
@@ -55,20 +72,23 @@ Commands::Commands(AppModel& model, QObject* parent) : QObject(parent), model_(m
 
 QVariantList Commands::list() const {
   QVariantList list;
-  QString menu;
+  std::optional<Menu> menu;
   for (const Command& command : table()) {
     const bool first = std::exchange(menu, command.menu) != command.menu;
-    list.append(QVariantMap{{u"heading"_s, first ? command.menu : QString()},
-                            {u"title"_s, command.title},
-                            {u"keys"_s, command.keys},
-                            {u"anywhere"_s, command.anywhere}});
+    list.append(
+        QVariantMap{{u"heading"_s, first ? title(command.menu) : QString()},
+                    {u"title"_s, command.title},
+                    {u"keys"_s, command.keys},
+                    {u"keyNames"_s, QKeySequence(command.keys).toString(QKeySequence::NativeText)},
+                    {u"anywhere"_s, command.anywhere}});
   }
   return list;
 }
 
 void Commands::run(int command) {
-  if (command < 0 || command >= static_cast<int>(table().size())) return;
-  switch (table()[static_cast<std::size_t>(command)].act) {
+  const auto commands = table();
+  if (command < 0 || command >= static_cast<int>(commands.size())) return;
+  switch (commands[static_cast<std::size_t>(command)].act) {
     case Act::openFile:
       return model_.openFile();
     case Act::connect:

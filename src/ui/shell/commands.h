@@ -18,8 +18,9 @@ class Commands final : public QObject {
  public:
   explicit Commands(AppModel& model, QObject* parent = nullptr);
 
-  /// Maps of "heading" (the menu's title before its first command, else empty), "title", "keys" and
-  /// "anywhere" (whether the keys work over an open sheet).
+  /// Maps of "heading" (the menu's title before its first command, else empty), "title", "keys",
+  /// "keyNames" (as the user's keyboard has them) and "anywhere" (whether the keys work over an
+  /// open sheet).
   QVariantList list() const;
   Q_INVOKABLE void run(int command);
 

@@ -24,12 +24,12 @@ bool EmptyState::shown() const {
 }
 
 QString EmptyState::headline() const {
-  return browsing_.search().isEmpty() ? u"Your library starts here"_s : u"No matching titles"_s;
+  return browsing_.search().isEmpty() ? tr("Your library starts here") : tr("No matching titles");
 }
 
 QString EmptyState::explanation() const {
-  return session_.account() ? u"Choose another category or refresh your library."_s
-                            : u"Connect your provider or explore the preview library."_s;
+  return session_.account() ? tr("Choose another category or refresh your library.")
+                            : tr("Connect your provider or explore the preview library.");
 }
 
 bool EmptyState::connectOffered() const {

@@ -21,15 +21,14 @@ StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QOb
 }
 
 QString StatusView::label() const {
-  const QString title = sectionTitle(browsing_.section());
-  if (browsing_.category().isEmpty()) return u"All "_s + title.toLower();
+  if (browsing_.category().isEmpty()) return allOf(browsing_.section());
   if (browsing_.category() == Browsing::continueWatching) return continueWatchingTitle();
   const Catalog catalog = browsing_.catalog();
   const auto& categories = catalog.categories();
   const auto found = std::find_if(categories.begin(), categories.end(), [&](const auto& category) {
     return category.id == browsing_.category();
   });
-  return found == categories.end() ? title : found->name;
+  return found == categories.end() ? sectionTitle(browsing_.section()) : found->name;
 }
 
 bool StatusView::loading() const {
@@ -42,14 +41,15 @@ QString StatusView::progress() const {
   const auto found = kind ? libraries_.progress().find(*kind) : libraries_.progress().end();
   if (found == libraries_.progress().end()) return {};
   const LoadProgress& progress = found->second;
-  return u"%1 loaded · %2 of %3 categories"_s.arg(progress.entries)
+  return tr("%1 loaded · %2 of %3 categories")
+      .arg(progress.entries)
       .arg(progress.answers)
       .arg(progress.categories);
 }
 
 QString StatusView::count() const {
-  const std::size_t size = browsing_.items().size();
-  return QString::number(size) + (size == 1 ? u" item"_s : u" items"_s);
+  const auto size = static_cast<int>(browsing_.items().size());
+  return size == 1 ? tr("%n item", nullptr, size) : tr("%n items", nullptr, size);
 }
 
 QString StatusView::error() const {

@@ -31,7 +31,23 @@ QString symbolOf(Section section) {
 
 QString sectionTitle(Section section) {
   if (const auto kind = libraryOf(section)) return title(*kind);
-  return section == Section::search ? u"Search"_s : u"My list"_s;
+  return section == Section::search ? TVShell::tr("Search") : TVShell::tr("My list");
+}
+
+QString allOf(Section section) {
+  switch (section) {
+    case Section::search:
+      return TVShell::tr("All search");
+    case Section::favorites:
+      return TVShell::tr("All my list");
+    case Section::live:
+      return TVShell::tr("All tv");
+    case Section::movies:
+      return TVShell::tr("All movies");
+    case Section::shows:
+      return TVShell::tr("All shows");
+  }
+  return {};
 }
 
 TVShell::TVShell(AppModel& model, QObject* parent)
@@ -71,7 +87,7 @@ QString TVShell::title() const {
 }
 
 QString TVShell::headerTitle() const {
-  return showsChannels() ? u"Live TV"_s : title();
+  return showsChannels() ? tr("Live TV") : title();
 }
 
 bool TVShell::searchOffered() const {
@@ -79,7 +95,19 @@ bool TVShell::searchOffered() const {
 }
 
 QString TVShell::searchPlaceholder() const {
-  return u"Search "_s + title();
+  switch (model_.browsing().section()) {
+    case Section::search:
+      return tr("Search Search");
+    case Section::favorites:
+      return tr("Search My list");
+    case Section::live:
+      return tr("Search TV");
+    case Section::movies:
+      return tr("Search Movies");
+    case Section::shows:
+      return tr("Search Shows");
+  }
+  return {};
 }
 
 QString TVShell::search() const {
@@ -109,17 +137,17 @@ bool TVShell::expanded() const {
 }
 
 QString TVShell::accountLabel() const {
-  if (model_.session().demo()) return u"Preview library · No content included"_s;
+  if (model_.session().demo()) return tr("Preview library · No content included");
   return model_.session().account() ? model_.session().account()->name
-                                    : u"Connect your own provider"_s;
+                                    : tr("Connect your own provider");
 }
 
 QString TVShell::browseHint() const {
-  return u"↑ ↓ ← → Browse   ·   Return Select   ·   Esc Back"_s;
+  return tr("↑ ↓ ← → Browse   ·   Return Select   ·   Esc Back");
 }
 
 QString TVShell::versionLabel() const {
-  return u"Vantor for Mac " VANTOR_VERSION ""_s;
+  return tr("Vantor for Mac %1").arg(QStringLiteral(VANTOR_VERSION));
 }
 
 void TVShell::navigate(int section) {

@@ -99,5 +99,7 @@ class TVShell final : public QObject {
 
 /// What a section is called: "TV", "Movies", "Search".
 QString sectionTitle(Section section);
+/// What all of its entries are called: "All movies".
+QString allOf(Section section);
 
 }  // namespace vantor

@@ -33,14 +33,14 @@ Sheet {
             }
 
             TVButton {
-                text: "Close"
+                text: qsTr("Close")
                 enabled: sheet.view.closable
                 onClicked: sheet.view.close()
             }
         }
 
         StyledText {
-            text: "Sign in with your existing Vantor TV account."
+            text: qsTr("Sign in with your existing Vantor TV account.")
             Layout.fillWidth: true
             wrapMode: Text.Wrap
         }
@@ -52,7 +52,7 @@ Sheet {
             InputField {
                 id: username
                 Layout.fillWidth: true
-                placeholderText: "Username"
+                placeholderText: qsTr("Username")
                 text: sheet.view.username
                 enabled: !sheet.view.working
                 Accessible.name: placeholderText
@@ -64,7 +64,7 @@ Sheet {
             PasswordField {
                 id: password
                 Layout.fillWidth: true
-                name: "Password"
+                name: qsTr("Password")
                 secret: sheet.view.password
                 enabled: !sheet.view.working
                 onTextEdited: sheet.view.password = secret
@@ -83,7 +83,7 @@ Sheet {
         }
 
         StyledText {
-            text: "Your login is stored securely in this Mac's Keychain."
+            text: qsTr("Your login is stored securely in this Mac's Keychain.")
             font: Style.caption
             color: Style.secondary
             wrapMode: Text.Wrap
@@ -94,7 +94,7 @@ Sheet {
             spacing: 12
 
             ProminentButton {
-                text: "Connect"
+                text: qsTr("Connect")
                 leftPadding: 28
                 rightPadding: 28
                 enabled: sheet.view.canConnect

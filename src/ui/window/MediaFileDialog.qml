@@ -11,7 +11,7 @@ FileDialog {
     // Everything in the window, also the toolkit's own panel.
     required property Item root
 
-    title: "Open a media file"
+    title: qsTr("Open a media file")
     fileMode: FileDialog.OpenFile
     nameFilters: panel.nameFilters
     onAccepted: panel.choose(selectedFile)

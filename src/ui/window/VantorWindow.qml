@@ -14,6 +14,8 @@ ApplicationWindow {
     readonly property size smallest: Qt.size(1100, 720)
 
     title: "Vantor Player"
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     width: 1320
     height: 820
     minimumWidth: smallest.width

@@ -42,7 +42,7 @@ QStringList DialogFilePanel::nameFilters() {
   QStringList sorted;
   for (const QString& pattern : patterns) sorted.append(inAnyCase(pattern));
   sorted.sort();
-  return {u"Movies and audio (%1)"_s.arg(sorted.join(u' '))};
+  return {tr("Movies and audio (%1)").arg(sorted.join(u' '))};
 }
 
 Pending<std::optional<QUrl>> DialogFilePanel::chooseMediaFile() {

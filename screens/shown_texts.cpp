@@ -1,0 +1,61 @@
+#include "shown_texts.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRegularExpression>
+#include <functional>
+
+namespace vantor::screens {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void forEachShown(const QQuickItem* item, const std::function<void(const QQuickItem*)>& look) {
+  if (!item->isVisible() || item->opacity() == 0) return;
+  look(item);
+  for (const QQuickItem* child : item->childItems()) forEachShown(child, look);
+}
+
+bool isCut(const QQuickItem* text) {
+  constexpr double rounding = 1.0;
+  return text->property("truncated").toBool() ||
+         text->property("contentWidth").toDouble() > text->width() + rounding;
+}
+
+QString outsideBrackets(QString text) {
+  static const QRegularExpression innermost(u"⟦[^⟦⟧]*⟧"_s);
+  while (text.contains(innermost)) text.remove(innermost);
+  return text;
+}
+
+}  // namespace
+
+QStringList cutTexts(const QQuickWindow& window) {
+  QStringList cut;
+  forEachShown(window.contentItem(), [&](const QQuickItem* item) {
+    const QString text = item->property("text").toString();
+    if (item->inherits("QQuickText") && text.startsWith(u'⟦') && isCut(item)) cut.append(text);
+  });
+  return cut;
+}
+
+QStringList untranslatedTexts(const QQuickWindow& window) {
+  static const QRegularExpression word(u"\\p{L}{2}"_s);
+  QStringList found;
+  const auto check = [&](const QString& text) {
+    if (outsideBrackets(text).contains(word) && !found.contains(text)) found.append(text);
+  };
+  forEachShown(window.contentItem(), [&](const QQuickItem* item) {
+    if (item->inherits("QQuickText")) check(item->property("text").toString());
+    check(item->property("placeholderText").toString());
+    auto* shown = QAccessible::queryAccessibleInterface(const_cast<QQuickItem*>(item));
+    if (!shown) return;
+    check(shown->text(QAccessible::Name));
+    check(shown->text(QAccessible::Description));
+  });
+  return found;
+}
+
+}  // namespace vantor::screens
