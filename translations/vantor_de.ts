@@ -882,7 +882,7 @@
     </message>
     <message>
         <source>No programme information</source>
-        <translation>Keine Programminformationen</translation>
+        <translation>Keine Informationen</translation>
     </message>
     <message>
         <source>Loading guide…</source>

@@ -882,7 +882,7 @@
     </message>
     <message>
         <source>No programme information</source>
-        <translation>Sin información de programación</translation>
+        <translation>Sin información</translation>
     </message>
     <message>
         <source>Loading guide…</source>

@@ -882,7 +882,7 @@
     </message>
     <message>
         <source>No programme information</source>
-        <translation>Aucune information sur le programme</translation>
+        <translation>Aucune information</translation>
     </message>
     <message>
         <source>Loading guide…</source>

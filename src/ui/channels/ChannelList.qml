@@ -14,6 +14,9 @@ ListView {
     // Whether the keys go to it.
     required property bool focused
     readonly property int rowHeight: 44
+    // Where its lines begin and end.
+    readonly property int startMargin: 4
+    readonly property int endMargin: 10
     readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
     readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
 
@@ -24,8 +27,8 @@ ListView {
     // Room for the focus ring, which is drawn around a row.
     topMargin: 4
     bottomMargin: 12
-    leftMargin: 4
-    rightMargin: 10
+    leftMargin: LayoutMirroring.enabled ? endMargin : startMargin
+    rightMargin: LayoutMirroring.enabled ? startMargin : endMargin
     spacing: 6
     clip: true
     reuseItems: true

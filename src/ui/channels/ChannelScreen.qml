@@ -33,9 +33,9 @@ Browsable {
             anchors.bottom: parent.bottom
             // The rows stand under the heading; the focus ring and the scroll bar beside it.
             anchors.left: parent.left
-            anchors.leftMargin: -leftMargin
+            anchors.leftMargin: -startMargin
             anchors.right: parent.right
-            anchors.rightMargin: -rightMargin
+            anchors.rightMargin: -endMargin
             focus: true
             views: screen.views
         }

@@ -76,7 +76,7 @@ ChannelList {
         active: false
 
         sourceComponent: EntryMenu {
-            width: 250
+            narrowest: 250
             shell: list.shell
             playText: qsTr("Watch channel")
             playSymbol: "play.fill"

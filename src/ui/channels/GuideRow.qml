@@ -41,6 +41,7 @@ Item {
 
     Rectangle {
         id: channel
+        anchors.left: parent.left
         width: 275
         height: parent.height
         radius: Style.radius
@@ -48,10 +49,12 @@ Item {
 
         Text {
             id: number
-            x: 8
+            anchors.left: parent.left
+            anchors.leftMargin: 8
             width: 22
             anchors.verticalCenter: parent.verticalCenter
             text: row.index + 1
+            horizontalAlignment: Text.AlignLeft
             font: Style.caption
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 7

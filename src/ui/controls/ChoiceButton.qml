@@ -28,8 +28,8 @@ IconButton {
             id: choiceMenu
 
             y: -height - 4
-            x: button.width - width
-            width: button.menuWidth
+            x: button.mirrored ? 0 : button.width - width
+            narrowest: button.menuWidth
             first: Math.max(0, button.current)
 
             Instantiator {

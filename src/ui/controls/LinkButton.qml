@@ -24,6 +24,7 @@ AbstractButton {
         font: link.font
         color: Style.mint
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
 
         HoverHandler {
             cursorShape: Qt.PointingHandCursor

@@ -10,8 +10,8 @@ ItemDelegate {
     property bool marked: false
 
     implicitHeight: 30
-    leftPadding: 12
-    rightPadding: 30
+    leftPadding: mirrored ? 30 : 12
+    rightPadding: mirrored ? 12 : 30
     font: Style.body
     Accessible.role: Accessible.ListItem
     Accessible.name: text
@@ -30,7 +30,7 @@ ItemDelegate {
     }
 
     indicator: Icon {
-        x: row.width - width - 10
+        x: row.mirrored ? 10 : row.width - width - 10
         y: (row.height - height) / 2
         visible: row.marked
         symbol: "checkmark"

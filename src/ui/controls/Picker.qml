@@ -13,8 +13,8 @@ ComboBox {
     signal pointedAt
 
     implicitHeight: 32
-    leftPadding: 12
-    rightPadding: 30
+    leftPadding: mirrored ? 30 : 12
+    rightPadding: mirrored ? 12 : 30
     font: Style.body
 
     Accessible.role: Accessible.ComboBox
@@ -55,7 +55,7 @@ ComboBox {
     }
 
     indicator: Icon {
-        x: picker.width - width - 10
+        x: picker.mirrored ? 10 : picker.width - width - 10
         y: (picker.height - height) / 2
         symbol: "chevron.down"
         size: 16

@@ -8,7 +8,16 @@ Menu {
 
     // That entry.
     property int first: 0
+    // It is as wide as its entries need, within these.
+    property int narrowest: 200
+    property int widest: 420
 
+    width: {
+        let needed = narrowest;
+        for (let i = 0; i < count; ++i)
+            needed = Math.max(needed, itemAt(i).implicitWidth + leftPadding + rightPadding);
+        return Math.min(needed, widest);
+    }
     padding: 6
     margins: 8
     onOpened: currentIndex = first

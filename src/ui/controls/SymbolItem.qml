@@ -11,10 +11,12 @@ MenuItem {
     property bool marked: false
     readonly property bool plain: symbol === ""
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
+    readonly property int before: plain ? 12 : 38
+    readonly property int after: marked ? 34 : 12
 
     implicitHeight: plain ? 30 : 32
-    leftPadding: plain ? 12 : 38
-    rightPadding: marked ? 34 : 12
+    leftPadding: mirrored ? after : before
+    rightPadding: mirrored ? before : after
     font: plain ? Style.font(12) : Style.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
@@ -24,6 +26,7 @@ MenuItem {
         font: item.font
         color: item.ink
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
     }
@@ -33,7 +36,8 @@ MenuItem {
         color: item.highlighted ? Style.focusWhite : "transparent"
 
         Icon {
-            x: 10
+            anchors.left: parent.left
+            anchors.leftMargin: 10
             width: 20
             anchors.verticalCenter: parent.verticalCenter
             symbol: item.symbol
@@ -41,7 +45,8 @@ MenuItem {
         }
 
         Icon {
-            x: parent.width - width - 10
+            anchors.right: parent.right
+            anchors.rightMargin: 10
             anchors.verticalCenter: parent.verticalCenter
             visible: item.marked
             symbol: "checkmark"

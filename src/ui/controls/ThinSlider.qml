@@ -19,7 +19,8 @@ Slider {
         color: Style.faded(Style.focusWhite, 0.2)
 
         Rectangle {
-            width: slider.visualPosition * parent.width
+            anchors.left: parent.left
+            width: slider.position * parent.width
             height: parent.height
             radius: 2
             color: Style.mint

@@ -13,8 +13,8 @@ Item {
 
     Keys.onUpPressed: shell.moveSelection(TVShell.Up, columns)
     Keys.onDownPressed: shell.moveSelection(TVShell.Down, columns)
-    Keys.onLeftPressed: shell.moveSelection(TVShell.Left, 1)
-    Keys.onRightPressed: shell.moveSelection(TVShell.Right, 1)
+    Keys.onLeftPressed: shell.moveSelection(LayoutMirroring.enabled ? TVShell.Right : TVShell.Left, 1)
+    Keys.onRightPressed: shell.moveSelection(LayoutMirroring.enabled ? TVShell.Left : TVShell.Right, 1)
     Keys.onReturnPressed: shell.activateSelection()
     Keys.onEnterPressed: shell.activateSelection()
     Keys.onMenuPressed: menuRequested()

@@ -10,7 +10,8 @@ FocusScope {
 
     StyledText {
         id: heading
-        x: Style.inset
+        anchors.left: parent.left
+        anchors.leftMargin: Style.inset
         anchors.verticalCenter: season.verticalCenter
         text: qsTr("Episodes")
         font: Style.title2
@@ -97,7 +98,7 @@ FocusScope {
         ScrollBar.vertical: ThinScrollBar {
             atWindowEdge: true
             parent: browser
-            x: browser.width - width
+            x: mirrored ? 0 : browser.width - width
             y: list.y
             height: list.height
         }

@@ -32,10 +32,12 @@ Rectangle {
 
     Text {
         id: number
-        x: 14
+        anchors.left: parent.left
+        anchors.leftMargin: 14
         width: 75
         anchors.verticalCenter: parent.verticalCenter
         text: row.label
+        horizontalAlignment: Text.AlignLeft
         font: Style.body
         color: press.pressed ? Style.canvas : Style.mint
         elide: Text.ElideRight

@@ -23,6 +23,7 @@ Rectangle {
         spacing: panel.textSize
 
         Text {
+            id: number
             anchors.verticalCenter: parent.verticalCenter
             text: panel.banner.number
             font: Style.font(panel.textSize * 1.5, Font.DemiBold)
@@ -30,6 +31,7 @@ Rectangle {
         }
 
         ProviderArtwork {
+            id: picture
             anchors.verticalCenter: parent.verticalCenter
             width: panel.textSize * 4
             height: panel.textSize * 2.5
@@ -40,12 +42,13 @@ Rectangle {
         }
 
         Column {
-            width: parent.width - x
+            width: parent.width - number.width - (picture.visible ? picture.width + parent.spacing : 0) - parent.spacing
             spacing: panel.textSize / 4
 
             component Line: Text {
                 width: parent.width
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 color: Style.focusWhite
                 elide: Text.ElideRight
                 maximumLineCount: 1
@@ -62,6 +65,7 @@ Rectangle {
             }
 
             Rectangle {
+                anchors.left: parent.left
                 visible: panel.banner.progress >= 0
                 width: parent.width / 2
                 height: 4

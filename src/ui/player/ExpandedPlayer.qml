@@ -24,7 +24,8 @@ FocusScope {
     Row {
         id: buttons
         anchors.bottom: parent.bottom
-        x: Style.inset
+        anchors.left: parent.left
+        anchors.leftMargin: Style.inset
         spacing: Style.gap
 
         TVButton {

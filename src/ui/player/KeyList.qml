@@ -44,6 +44,9 @@ Sheet {
 
     name: qsTr("Keys")
     padding: 2 * textSize
+    // Wider than the window if need be, which the sheet makes up for.
+    width: implicitContentWidth + leftPadding + rightPadding
+    height: implicitContentHeight + topPadding + bottomPadding
     onEscaped: close()
 
     RowLayout {

@@ -12,7 +12,8 @@ Rectangle {
 
     Spinner {
         id: spinner
-        x: 10
+        anchors.left: parent.left
+        anchors.leftMargin: 10
         anchors.verticalCenter: parent.verticalCenter
     }
 

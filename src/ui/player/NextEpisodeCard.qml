@@ -24,6 +24,7 @@ Rectangle {
 
         StyledText {
             id: heading
+            anchors.left: parent.left
             text: qsTr("Next episode")
             font: Style.font(card.textSize * 0.6)
             color: Style.secondary
@@ -31,6 +32,7 @@ Rectangle {
 
         StyledText {
             id: title
+            anchors.left: parent.left
             width: Math.min(implicitWidth, card.textSize * 24)
             text: card.next.title
             font: Style.font(card.textSize, Font.DemiBold)
@@ -40,12 +42,14 @@ Rectangle {
 
         StyledText {
             id: outlook
+            anchors.left: parent.left
             text: card.next.outlook
             font: Style.font(card.textSize * 0.6)
             color: Style.mint
         }
 
         Row {
+            anchors.left: parent.left
             spacing: Style.gap
 
             TVButton {

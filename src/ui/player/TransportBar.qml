@@ -11,7 +11,10 @@ ColumnLayout {
     spacing: 7
     Component.onDestruction: transport.abandonSeek()
 
+    // Time runs from left to right wherever one is.
     RowLayout {
+        LayoutMirroring.enabled: false
+        LayoutMirroring.childrenInherit: true
         spacing: 8
         Layout.fillWidth: true
 

@@ -1,5 +1,6 @@
 #include "ui/player/channel_chooser.h"
 
+#include <QGuiApplication>
 #include <algorithm>
 
 #include "core/app_model.h"
@@ -86,10 +87,9 @@ bool ChannelChooser::press(int key) {
       highlight(items_.rowCount() - 1);
       return true;
     case Qt::Key_Left:
-      changeGroup(-1);
-      return true;
     case Qt::Key_Right:
-      changeGroup(1);
+      // The next one is where reading goes.
+      changeGroup((key == Qt::Key_Left) == QGuiApplication::isRightToLeft() ? 1 : -1);
       return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:

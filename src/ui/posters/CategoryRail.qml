@@ -76,6 +76,7 @@ Rectangle {
 
             StyledText {
                 id: heading
+                anchors.left: parent.left
                 text: qsTr("CATEGORIES")
                 font: Style.font(10, Font.DemiBold)
                 color: Style.mint

@@ -59,7 +59,7 @@ FocusScope {
         ScrollBar.vertical: ThinScrollBar {
             atWindowEdge: true
             parent: area
-            x: area.width - width
+            x: mirrored ? 0 : area.width - width
             height: grid.height
             onPressedChanged: if (!pressed)
                 grid.settle()
@@ -71,7 +71,7 @@ FocusScope {
         Keys.forwardTo: [keys]
 
         function settle() {
-            area.view.settledOn(indexAt(cellWidth / 2, contentY + height / 2));
+            area.view.settledOn(indexAt(LayoutMirroring.enabled ? width - cellWidth / 2 : cellWidth / 2, contentY + height / 2));
         }
 
         // On the grid, not on its cards: the first click of two moves the cards under the pointer.
@@ -155,7 +155,7 @@ FocusScope {
     EntryMenu {
         id: menu
 
-        width: begun ? 250 : 220
+        narrowest: begun ? 250 : 220
         shell: area.shell
         playText: qsTr("Play")
 

@@ -26,6 +26,7 @@ Browsable {
 
     CategoryRail {
         id: rail
+        anchors.left: parent.left
         height: parent.height
         width: visible ? 178 : 0
         visible: screen.views.categories.offered

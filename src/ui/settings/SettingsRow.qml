@@ -26,18 +26,20 @@ TVButton {
             Text {
                 width: parent.width
                 text: row.title
+                horizontalAlignment: Text.AlignLeft
                 font: Style.headline
                 color: row.textColor
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
             }
 
             Text {
                 width: parent.width
                 text: row.subtitle
+                horizontalAlignment: Text.AlignLeft
                 font: Style.caption
                 color: row.textColor
                 opacity: 0.65
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
             }
         }
 
@@ -46,6 +48,7 @@ TVButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             symbol: "chevron.right"
+            rotation: LayoutMirroring.enabled ? 180 : 0
             size: 20
             color: row.textColor
         }

@@ -46,12 +46,14 @@ Sheet {
                 Layout.fillWidth: true
 
                 StyledText {
+                    anchors.left: parent.left
                     text: sheet.view.heading
                     font: Style.font(11, Font.Medium, 1.5)
                     color: Style.mint
                 }
 
                 StyledText {
+                    anchors.left: parent.left
                     text: sheet.view.title
                     font: Style.font(26, Font.DemiBold)
                     Accessible.role: Accessible.Heading

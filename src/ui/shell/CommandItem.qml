@@ -22,7 +22,11 @@ MenuItem {
     Accessible.name: text
 
     contentItem: Item {
+        implicitWidth: title.implicitWidth + keys.implicitWidth + 2 * Style.gap
+
         Text {
+            id: title
+            anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             text: item.text
             font: item.font
@@ -30,6 +34,7 @@ MenuItem {
         }
 
         Text {
+            id: keys
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: item.keysText
@@ -40,7 +45,8 @@ MenuItem {
 
     background: Item {
         Text {
-            x: 12
+            anchors.left: parent.left
+            anchors.leftMargin: 12
             y: 8
             visible: item.startsMenu
             text: item.modelData.heading

@@ -10,7 +10,7 @@ PopupMenu {
 
     required property Commands commands
 
-    width: 270
+    narrowest: 270
     modal: false
 
     Instantiator {

@@ -29,7 +29,8 @@ Rectangle {
 
     Icon {
         id: icon
-        x: 10
+        anchors.left: parent.left
+        anchors.leftMargin: 10
         anchors.verticalCenter: parent.verticalCenter
         symbol: "magnifyingglass"
         size: 17
@@ -47,6 +48,7 @@ Rectangle {
         height: parent.height
         padding: 0
         background: null
+        horizontalAlignment: TextInput.AlignLeft
         verticalAlignment: TextInput.AlignVCenter
         font: Style.font(14)
         color: Style.focusWhite

@@ -84,6 +84,7 @@ FocusScope {
     Sidebar {
         id: sidebar
         visible: !screen.views.remote.pictureOnly
+        anchors.left: parent.left
         width: 198
         height: parent.height
         shell: screen.views.shell
@@ -181,7 +182,7 @@ FocusScope {
     Loader {
         readonly property ChannelChooser chooser: screen.views.remote.chooser
 
-        x: videoOverlay.x
+        x: videoOverlay.x + (LayoutMirroring.enabled ? videoOverlay.width - width : 0)
         y: videoOverlay.y
         width: Math.max(videoOverlay.width * 0.85, Math.min(videoOverlay.width, 620))
         height: videoOverlay.height
@@ -197,7 +198,7 @@ FocusScope {
     OnDemand {
         id: facts
         readonly property int textSize: Style.distantSize(videoOverlay.height)
-        x: videoOverlay.x + textSize
+        x: videoOverlay.x + (LayoutMirroring.enabled ? videoOverlay.width - width - textSize : textSize)
         y: videoOverlay.y + textSize
         visible: wanted
         wanted: screen.views.statistics.shown && screen.views.remote.watching && !screen.views.remote.chooser

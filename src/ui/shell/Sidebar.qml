@@ -15,6 +15,13 @@ Rectangle {
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Sections")
 
+    // By the arrow to where the entries are.
+    function leave(toTheLeft: bool): bool {
+        if (toTheLeft === LayoutMirroring.enabled)
+            chosen();
+        return toTheLeft === LayoutMirroring.enabled;
+    }
+
     WindowDrag {
         width: parent.width
         height: sections.y
@@ -70,7 +77,8 @@ Rectangle {
                 Keys.onUpPressed: if (index > 0)
                     nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                 Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-                Keys.onRightPressed: sidebar.chosen()
+                Keys.onRightPressed: event => event.accepted = sidebar.leave(false)
+                Keys.onLeftPressed: event => event.accepted = sidebar.leave(true)
                 onClicked: {
                     sidebar.chosen();
                     sidebar.shell.navigate(index);
@@ -90,7 +98,8 @@ Rectangle {
         textAlignment: Text.AlignLeft
         plainColor: "transparent"
         Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-        Keys.onRightPressed: sidebar.chosen()
+        Keys.onRightPressed: event => event.accepted = sidebar.leave(false)
+        Keys.onLeftPressed: event => event.accepted = sidebar.leave(true)
         onClicked: sidebar.shell.openSettings()
     }
 }

@@ -12,7 +12,8 @@ Rectangle {
 
     StyledText {
         id: label
-        x: Style.inset
+        anchors.left: parent.left
+        anchors.leftMargin: Style.inset
         width: Math.min(implicitWidth, strip.width - 2 * Style.inset - count.width - spinner.width - progress.width - 3 * Style.gap)
         anchors.verticalCenter: parent.verticalCenter
         text: strip.line.label

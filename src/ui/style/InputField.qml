@@ -15,6 +15,7 @@ TextField {
     selectedTextColor: Style.canvas
     selectByMouse: true
     opacity: enabled ? 1 : Style.disabledOpacity
+    horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
 
     background: Rectangle {

@@ -49,6 +49,7 @@ T.AbstractButton {
 
         Icon {
             id: icon
+            anchors.left: parent.left
             visible: button.symbol !== ""
             width: visible ? 22 : 0
             anchors.verticalCenter: parent.verticalCenter

@@ -9,7 +9,8 @@ ScrollBar {
     property bool atWindowEdge: false
 
     padding: 2
-    rightPadding: atWindowEdge ? 8 : 2
+    leftPadding: atWindowEdge && mirrored ? 8 : 2
+    rightPadding: atWindowEdge && !mirrored ? 8 : 2
     minimumSize: 0.05
 
     contentItem: Rectangle {

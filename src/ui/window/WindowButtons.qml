@@ -22,7 +22,7 @@ Row {
 
             sourceComponent: CommandMenu {
                 y: opener.height + 4
-                x: opener.width - width
+                x: opener.mirrored ? 0 : opener.width - width
                 commands: buttons.commands
             }
         }
