@@ -27,7 +27,8 @@ bool isCut(const QQuickItem* text) {
 QString outsideBrackets(QString text) {
   static const QRegularExpression innermost(u"⟦[^⟦⟧]*⟧"_s);
   while (text.contains(innermost)) text.remove(innermost);
-  return text;
+  // Names of products stay what they are.
+  return text.remove(u"Vantor Player"_s).remove(u"Vantor TV"_s);
 }
 
 }  // namespace

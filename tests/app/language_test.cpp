@@ -1,0 +1,68 @@
+#include "app/language.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QLocale>
+
+#include "support/model_fixture.h"
+#include "ui/channels/programme_times.h"
+#include "ui/shell/status_view.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(LanguageTest, TheFirstOfTheUsersLanguagesThatThereIs) {
+  const std::vector<std::pair<QStringList, QString>> cases = {
+      {{u"de-AT"_s, u"de"_s}, u"de"_s},
+      {{u"pt-BR"_s, u"fr_FR"_s, u"es"_s}, u"fr"_s},
+      {{u"en-GB"_s, u"de"_s}, {}},
+      {{u"xx-YY"_s}, {}},
+      {{u"C"_s}, {}},
+      {{u"../de"_s, QString()}, {}},
+      {{}, {}},
+  };
+  for (const auto& [wanted, code] : cases)
+    EXPECT_EQ(Language(wanted).code(), code) << wanted.join(u' ').toStdString();
+}
+
+class LocaleTest : public ::testing::Test, protected test::ModelFixture {};
+
+TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
+  struct Case {
+    const char* locale;
+    const char* counts[3];  // of no, one and two entries
+    const char* times;
+  };
+  constexpr Case cases[] = {
+      {"C", {"0 items", "1 item", "2 items"}, "20:15–21:00"},
+      {"en_US", {"0 items", "1 item", "2 items"}, "8:15 PM–9:00 PM"},
+      {"de_DE", {"0 Einträge", "1 Eintrag", "2 Einträge"}, "20:15–21:00"},
+      {"fr_FR", {"0 élément", "1 élément", "2 éléments"}, "20:15–21:00"},
+      {"es_MX", {"0 elementos", "1 elemento", "2 elementos"}, "20:15–21:00"},
+  };
+  const ProviderTime start =
+      std::chrono::floor<ProviderTime::duration>(std::chrono::system_clock::from_time_t(
+          QDateTime({2026, 11, 27}, {20, 15}).toSecsSinceEpoch()));
+  const GuideEntry programme{.start = start, .end = start + std::chrono::minutes(45)};
+  launch();
+  signIn();
+  const StatusView status(model->browsing(), model->libraries());
+  for (int entries = 0; entries < 3; ++entries) {
+    model->load(LibraryKind::live, LoadMode::refresh);
+    answer(LibraryKind::live, rows(LibraryKind::live, 1, entries));
+    for (const Case& expected : cases) {
+      const Language language({QString::fromLatin1(expected.locale)});
+      QLocale::setDefault(QLocale(QLatin1String(expected.locale)));
+      EXPECT_EQ(status.count(), QString::fromUtf8(expected.counts[entries]));
+      EXPECT_EQ(programmeTimes(programme).replace(QChar(0x202F), u' '),
+                QString::fromUtf8(expected.times));
+    }
+  }
+  QLocale::setDefault(QLocale::c());
+}
+
+}  // namespace
+}  // namespace vantor

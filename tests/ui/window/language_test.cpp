@@ -1,0 +1,192 @@
+// Every text of the window is a translated one, and has the room that a translation takes.
+#include "playback/playback.h"
+#include "screens/shown_texts.h"
+#include "screens/test_language.h"
+#include "ui/window/window_fixture.h"
+
+namespace vantor {
+namespace {
+
+using namespace std::chrono_literals;
+
+QByteArray named(QByteArray rows) {
+  // Names without a letter, since these are not the program's.
+  return rows.replace("Title ", "# ");
+}
+
+class LanguageTest : public test::WindowTest {
+ protected:
+  void begin(const QString& name, const QStringList& arguments = {}) {
+    language.emplace(name);
+    QAccessible::setActive(true);
+    transport.always(u"get_short_epg"_s, guide());
+    transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"1","title":"1"},
+        {"id":"2","title":"2"}],"2":[{"id":"3","title":"3"}]}})");
+    for (const LibraryKind kind : allLibraryKinds)
+      always(kind, named(rows(kind, 1, 30)), R"([{"category_id":"1","category_name":"#"}])");
+    open(arguments);
+  }
+  void signInAgainst() {
+    connectAccount(account);
+    acceptSignIn();
+    ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 30; }));
+  }
+  QByteArray guide() const {
+    const auto now = std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch());
+    const auto row = [](qint64 begin) {
+      return R"({"title":")" + QByteArray("#").toBase64() + R"(","start_timestamp":)" +
+             QByteArray::number(begin) + R"(,"stop_timestamp":)" +
+             QByteArray::number(begin + 1800) + '}';
+    };
+    return R"({"epg_listings":[)" + row(now.count() - 900) + ',' + row(now.count() + 900) + "]}";
+  }
+  void look(const char* state) {
+    clock.advance(1s);
+    QTest::qWait(100);
+    EXPECT_EQ(screens::untranslatedTexts(*window), QStringList()) << state;
+    EXPECT_EQ(screens::cutTexts(*window), QStringList()) << state;
+  }
+  void show(Section section) {
+    app->navigate(section);
+    ASSERT_TRUE(idle());
+    QTest::qWait(50);
+  }
+  void play() {
+    engine.now = {.state = EngineState::playing,
+                  .hasMedia = true,
+                  .time = 30'000,
+                  .length = 90'000,
+                  .seekable = true,
+                  .decodedVideo = 5};
+    clock.advance(250ms);
+  }
+
+  std::optional<screens::TestLanguage> language;
+};
+
+TEST_F(LanguageTest, OfTheScreens) {
+  begin(u"pseudo"_s);
+  look("without an account");
+  app->setShowingConnect(true);
+  look("the sign-in sheet");
+  views->connectView()->setUsername(u"1"_s);
+  views->connectView()->setPassword(u"1"_s);
+  views->connectView()->connectAccount();
+  ASSERT_TRUE(
+      test::eventually([&] { return transport.fail(u"vantor-config.json"_s, HTTPFailure(500)); }));
+  ASSERT_TRUE(test::eventually([&] { return transport.fail(QString(), HTTPFailure(500)); }));
+  look("a sign-in that failed");
+  views->connectView()->close();
+  signInAgainst();
+  look("the channels");
+  press(Qt::Key_F10);
+  look("every command");
+  press(Qt::Key_Escape);
+  press(Qt::Key_Down);
+  press(Qt::Key_Menu);
+  look("what can be done with a channel");
+  press(Qt::Key_Escape);
+  app->browsing().setSearch(u"0000"_s);
+  look("a search in vain");
+  app->browsing().setSearch({});
+  for (const Section section :
+       {Section::movies, Section::shows, Section::search, Section::favorites}) {
+    show(section);
+    look("a section");
+  }
+  show(Section::shows);
+  views->shell()->openRow(0);
+  look("the episodes of a show");
+}
+
+TEST_F(LanguageTest, OfTheSettings) {
+  begin(u"pseudo"_s);
+  signInAgainst();
+  app->setShowingSettings(true);
+  SettingsView& settings = *views->settingsView();
+  look("the settings");
+  for (const int page : {0, 1, 2, 3}) {
+    settings.activate(page);
+    look("a page of the settings");
+    for (int block = 0; block < settings.blocks().size(); ++block)
+      if (page == 0 || page == 2) settings.activate(block);
+    look("what its rows say");
+    settings.back();
+  }
+}
+
+TEST_F(LanguageTest, OfThePlayer) {
+  begin(u"pseudo"_s);
+  signInAgainst();
+  app->play(item(0));
+  look("a channel that is opened");
+  engine.now = {.state = EngineState::error, .hasMedia = true};
+  engine.announce();
+  look("a channel that cannot be");
+  app->playback().retry();
+  test::settle();
+  play();
+  app->playback().setExpanded(true);
+  look("the player in the whole window");
+  app->playback().setFullScreen(true);
+  for (const Qt::Key key : {Qt::Key_Z, Qt::Key_M, Qt::Key_Plus, Qt::Key_A, Qt::Key_S, Qt::Key_I,
+                            Qt::Key_9, Qt::Key_Return}) {
+    press(key);
+    look("the picture on the whole screen");
+  }
+  press(Qt::Key_Escape);
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  press(Qt::Key_I, Qt::ControlModifier);
+  look("what is known of it");
+  press(Qt::Key_Question, Qt::ShiftModifier);
+  look("all keys");
+  press(Qt::Key_Escape);
+  engine.now.state = EngineState::ended;
+  engine.announce();
+  look("a channel that broke off");
+  app->playback().stop();
+  show(Section::shows);
+  views->shell()->openRow(0);
+  ASSERT_TRUE(test::eventually([&] { return views->episodes()->rowCount() > 0; }));
+  views->episodes()->play(0);
+  test::settle();
+  play();
+  engine.now.time = 89'000;
+  clock.advance(500ms);
+  EXPECT_TRUE(views->nextEpisode()->offered());
+  look("the end of an episode");
+}
+
+TEST_F(LanguageTest, OfTheSampleLibrary) {
+  begin(u"pseudo"_s, {u"--demo"_s});
+  look("its channels");
+  app->play(item(0));
+  look("its notice");
+  show(Section::movies);
+  look("its movies");
+  show(Section::shows);
+  views->shell()->openRow(0);
+  look("its shows");
+}
+
+TEST_F(LanguageTest, FromRightToLeftEverythingIsOnTheOtherSide) {
+  begin(u"ar"_s);
+  signInAgainst();
+  const auto middle = [&](const QString& text) {
+    const QQuickItem* item = appears("text", text);
+    return item->mapToScene(item->boundingRect().center()).x() / window->width();
+  };
+  EXPECT_GT(middle(sectionTitle(Section::search)), 0.8) << "the sections";
+  EXPECT_LT(middle(PlayerPane::tr("Choose something to watch")), 0.3) << "the player";
+  show(Section::movies);
+  app->select(item(0));
+  QTest::qWait(50);
+  press(Qt::Key_Left);
+  EXPECT_EQ(selectedID(), u"movies:2"_s) << "the next poster is on the left";
+  press(Qt::Key_Right);
+  EXPECT_EQ(selectedID(), u"movies:1"_s);
+  EXPECT_GT(middle(item(0).name), middle(item(1).name));
+}
+
+}  // namespace
+}  // namespace vantor
