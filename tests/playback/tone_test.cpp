@@ -24,11 +24,12 @@ constexpr double tolerance = 1.5;
 QString ramps(const QString& light) {
   return u"-f lavfi -i nullsrc=s=%1x%2:r=25:d=2,format=gbrp10le,"
          "geq=r='1023*X/W':g='if(lt(Y,135),1023*Y/135,1023*X/W)'"
-         ":b='if(lt(Y,135),1023*abs(1-2*X/W),1023*X/W)',scale=out_color_matrix=bt2020:out_range=tv "
-         "-pix_fmt yuv420p10le -c:v libx264 -qp 0 -colorspace bt2020nc -color_primaries bt2020 "
-         "-color_trc "_s.arg(size.width())
-             .arg(size.height()) +
-         light;
+         ":b='if(lt(Y,135),1023*abs(1-2*X/W),1023*X/W)',scale=out_color_matrix=bt2020:out_range=tv,"
+         "format=yuv420p10le,setparams=colorspace=bt2020nc:color_primaries=bt2020:color_trc=%3 "
+         "-c:v libx264 -qp 0 -colorspace bt2020nc -color_primaries bt2020 -color_trc %3"_s
+             .arg(size.width())
+             .arg(size.height())
+             .arg(light);
 }
 
 /// BT.2390's curve from 1,000 to 203 cd/m², for one of red, green and blue in PQ.
