@@ -11,6 +11,7 @@
 #include "app/writing_systems.h"
 #include "desktop/application_object.h"
 #include "playback/playback.h"
+#include "ui/style/style.h"
 
 namespace vantor {
 namespace {
@@ -71,6 +72,7 @@ void Program::quit() {
 void Program::open() {
   qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
   connect(&component_, &QQmlComponent::statusChanged, this, &Program::makeWindow);
+  desktopSettings_.follow(busWorker_);
   component_.loadUrl(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")),
                      QQmlComponent::Asynchronous);
   // The first window of a process looks for a graphics driver, which takes as long as QML takes to
@@ -103,7 +105,16 @@ void Program::makeWindow() {
   PlayerRemote& remote = *views_.remote();
   connect(&remote, &PlayerRemote::smallChanged, windowPlace_.get(),
           [this, &remote] { windowPlace_->setSmall(remote.small()); });
+  connect(&desktopSettings_, &DesktopSettings::changed, this, &Program::followWishes);
+  followWishes();
   startUp();
+}
+
+void Program::followWishes() {
+  const auto& [textScale, reducedMotion, highContrast] = desktopSettings_.wishes();
+  const int type = qmlTypeId("Vantor.Style", 1, 0, "Style");
+  qml_.singletonInstance<Style*>(type)->setWishes(textScale, reducedMotion, highContrast);
+  if (textScale > 1) windowPlace_->makeRoom(textScale);
 }
 
 void Program::startUp() {

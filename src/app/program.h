@@ -11,6 +11,7 @@
 #include "artwork/artwork_store.h"
 #include "core/app_model.h"
 #include "core/now_playing.h"
+#include "desktop/desktop_settings.h"
 #include "desktop/idle_inhibitor.h"
 #include "desktop/mpris_service.h"
 #include "desktop/network_watch.h"
@@ -56,6 +57,7 @@ class Program final : public QObject {
 
  private:
   void makeWindow();
+  void followWishes();
   void startUp();
   void showWindowWhenReady();
   void showWindow();
@@ -91,6 +93,7 @@ class Program final : public QObject {
   RecordingService recordingService_;
   NetworkWatch networkWatch_;
   IdleInhibitor idleInhibitor_{clock_};
+  DesktopSettings desktopSettings_;
   ScreenAwake screenAwake_;
   Views views_;
   NowPlaying nowPlaying_;

@@ -88,6 +88,8 @@ ComboBox {
         height: Math.min(contentItem.implicitHeight + 2 * padding, 420)
         padding: 6
         margins: 8
+        scale: Style.zoom
+        transformOrigin: Popup.TopLeft
         onClosed: if (picker.activeFocus && !picker.visualFocus)
             picker.pointedAt()
 

@@ -20,6 +20,8 @@ Menu {
     }
     padding: 6
     margins: 8
+    scale: Style.zoom
+    transformOrigin: Popup.TopLeft
     onOpened: currentIndex = first
 
     background: Rectangle {

@@ -18,7 +18,7 @@ Popup {
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    scale: parent ? Math.min(1, parent.width / (width + 2 * away), parent.height / (height + 2 * away)) : 1
+    scale: parent ? Math.min(Style.textScale, parent.width / (width + 2 * away), parent.height / (height + 2 * away)) : 1
     modal: true
     focus: true
     padding: 0

@@ -34,6 +34,6 @@ Item {
         to: 360
         duration: 900
         loops: Animation.Infinite
-        running: spinner.visible
+        running: spinner.visible && !Style.reducedMotion
     }
 }

@@ -8,6 +8,13 @@ namespace vantor {
 
 Style::Style(QObject* parent) : QObject(parent) {}
 
+void Style::setWishes(double textScale, bool reducedMotion, bool highContrast) {
+  textScale_ = textScale;
+  reducedMotion_ = reducedMotion;
+  highContrast_ = highContrast;
+  Q_EMIT wishesChanged();
+}
+
 QFont Style::font(int size, int weight, double letterSpacing) {
   // Names of channels come in every writing system; Qt tries hundreds of fonts one after the other
   // for a character that none of these has.

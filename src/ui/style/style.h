@@ -16,9 +16,15 @@ class Style : public QObject {
   Q_PROPERTY(QColor mint MEMBER mint CONSTANT)
   Q_PROPERTY(QColor focusWhite MEMBER focusWhite CONSTANT)
   Q_PROPERTY(QColor panelColor MEMBER panelColor CONSTANT)
-  Q_PROPERTY(QColor secondary MEMBER secondary CONSTANT)
+  Q_PROPERTY(QColor secondary READ secondary NOTIFY wishesChanged)
   Q_PROPERTY(QColor warning MEMBER warning CONSTANT)
-  Q_PROPERTY(QColor hairline MEMBER hairline CONSTANT)
+  Q_PROPERTY(QColor hairline READ hairline NOTIFY wishesChanged)
+
+  // As the user of the desktop wishes.
+  Q_PROPERTY(double textScale READ textScale NOTIFY wishesChanged)
+  Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY wishesChanged)
+  // What the window had room for of that; what opens outside its content follows.
+  Q_PROPERTY(double zoom MEMBER zoom_ NOTIFY zoomChanged)
 
   Q_PROPERTY(QFont largeTitle READ largeTitle CONSTANT)
   Q_PROPERTY(QFont title READ title CONSTANT)
@@ -40,14 +46,19 @@ class Style : public QObject {
   const QColor mint{103, 232, 197};        // accent
   const QColor focusWhite{232, 237, 237};  // text; background of what is highlighted
   const QColor panelColor{31, 41, 46};     // background of a plain button
-  const QColor secondary{232, 237, 237, 150};
   const QColor warning{255, 159, 10};
-  const QColor hairline{232, 237, 237, 28};
 
   const int radius = 5;
   const int gap = 10;    // between things that belong together
   const int inset = 22;  // from the edge of the content
   const double disabledOpacity = 0.4;
+
+  QColor secondary() const { return faded(focusWhite, highContrast_ ? 0.9 : 0.59); }
+  QColor hairline() const { return faded(focusWhite, highContrast_ ? 0.6 : 0.11); }
+  double textScale() const { return textScale_; }
+  bool reducedMotion() const { return reducedMotion_; }
+  /// `textScale`: 1 and more.
+  void setWishes(double textScale, bool reducedMotion, bool highContrast);
 
   QFont largeTitle() const { return font(28); }
   QFont title() const { return font(24, QFont::Bold); }
@@ -66,6 +77,16 @@ class Style : public QObject {
   Q_INVOKABLE static QFont iconFont(int size);
   Q_INVOKABLE static QString glyph(const QString& symbol);
   Q_INVOKABLE static QColor faded(const QColor& color, double opacity);
+
+ Q_SIGNALS:
+  void wishesChanged();
+  void zoomChanged();
+
+ private:
+  double textScale_ = 1;
+  bool reducedMotion_ = false;
+  bool highContrast_ = false;
+  double zoom_ = 1;
 };
 
 }  // namespace vantor

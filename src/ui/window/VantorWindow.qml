@@ -61,12 +61,20 @@ ApplicationWindow {
         remote: window.views.remote
     }
 
+    // What opens outside the content, and so outside its size.
+    Binding {
+        target: Style
+        property: "zoom"
+        value: shell.scale
+    }
+
     ShellScreen {
+        id: shell
         objectName: "shell"
         width: window.width / scale
         height: window.height / scale
         // The picture alone has room in the smallest window.
-        scale: window.views.remote.pictureOnly ? 1 : Math.min(1, window.width / window.smallest.width, window.height / window.smallest.height)
+        scale: window.views.remote.pictureOnly ? 1 : Math.min(Style.textScale, window.width / window.smallest.width, window.height / window.smallest.height)
         transformOrigin: Item.TopLeft
         focus: true
         views: window.views

@@ -133,6 +133,16 @@ void WindowPlace::restore() {
   if (known && stored[4] == maximizedMark) window_.setWindowStates(Qt::WindowMaximized);
 }
 
+void WindowPlace::makeRoom(double scale) {
+  if (small_ || window_.windowStates() != Qt::WindowNoState) return;
+  const QRect room = window_.screen()->availableGeometry();
+  const QSize wanted = (QSizeF(usuallySmallest_) * scale).toSize().boundedTo(room.size());
+  const QSize size = window_.size().expandedTo(wanted);
+  if (size == window_.size()) return;
+  window_.resize(size);
+  if (placesWindows()) window_.setPosition(within(room, {window_.position(), size}).topLeft());
+}
+
 void WindowPlace::setSmall(bool small) {
   if (small_ == small) return;
   // What the window was is known from when it settled there last: one that has just left the full

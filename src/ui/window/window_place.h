@@ -26,6 +26,9 @@ class WindowPlace final : public QObject {
   /// For a while the window is a small one with a place of its own, above the others where the
   /// desktop allows it; then again what it was.
   void setSmall(bool small);
+  /// Makes the window large enough for its content at so many times the usual size, as far as the
+  /// screen has room.
+  void makeRoom(double scale);
 
  private:
   /// Sets what the window's smallest size is on its screen.

@@ -1,0 +1,86 @@
+#include "desktop/desktop_settings.h"
+
+#include <QDBusArgument>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/bus.h"
+
+namespace vantor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString portal = u"org.freedesktop.portal.Desktop"_s;
+const QString path = u"/org/freedesktop/portal/desktop"_s;
+const QString interface = u"org.freedesktop.portal.Settings"_s;
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString gnome = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccess = u"org.gnome.desktop.a11y.interface"_s;
+
+using Settings = QMap<QString, QVariantMap>;
+
+double textScale(double factor) {
+  return std::isfinite(factor) ? std::clamp(factor, 1.0, 2.0) : 1;
+}
+
+bool isAny(const QHash<QString, bool>& marks) {
+  return std::any_of(marks.begin(), marks.end(), [](bool mark) { return mark; });
+}
+
+}  // namespace
+
+void DesktopSettings::follow(Worker& worker) {
+  joining_ = joinBus(worker, QDBusConnection::SessionBus,
+                     [this](const QDBusConnection& bus) { useBus(bus); });
+}
+
+void DesktopSettings::useBus(const QDBusConnection& bus) {
+  // With a sender's name the connection would wait to hear who that is.
+  QDBusConnection(bus).connect(QString(), path, interface, u"SettingChanged"_s, this,
+                               SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+  QDBusMessage question = QDBusMessage::createMethodCall(portal, path, interface, u"ReadAll"_s);
+  question << QStringList{appearance, gnome, gnomeAccess};
+  auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+    answer->deleteLater();
+    const QVariant said = answer->reply().arguments().value(0);
+    if (answer->isError() || said.userType() != qMetaTypeId<QDBusArgument>()) return;
+    const auto argument = said.value<QDBusArgument>();
+    if (argument.currentSignature() != "a{sa{sv}}"_L1) return;
+    const auto settings = qdbus_cast<Settings>(argument);
+    for (auto space = settings.begin(); space != settings.end(); ++space)
+      for (auto value = space->begin(); value != space->end(); ++value)
+        take(space.key(), value.key(), *value);
+    tell();
+  });
+}
+
+void DesktopSettings::onSettingChanged(const QString& space, const QString& key,
+                                       const QDBusVariant& value) {
+  take(space, key, value.variant());
+  tell();
+}
+
+void DesktopSettings::take(const QString& space, const QString& key, const QVariant& value) {
+  if (space == appearance && key == "contrast"_L1)
+    contrasting_[space] = value.toUInt() == 1;
+  else if (space == appearance && key == "reduced-motion"_L1)
+    still_[space] = value.toUInt() == 1;
+  else if (space == gnomeAccess && key == "high-contrast"_L1)
+    contrasting_[space] = value.toBool();
+  else if (space == gnome && key == "enable-animations"_L1)
+    still_[space] = !value.toBool();
+  else if (space == gnome && key == "text-scaling-factor"_L1)
+    wishes_.textScale = textScale(value.toDouble());
+}
+
+void DesktopSettings::tell() {
+  wishes_.reducedMotion = isAny(still_);
+  wishes_.highContrast = isAny(contrasting_);
+  Q_EMIT changed();
+}
+
+}  // namespace vantor

@@ -1,0 +1,110 @@
+#include "desktop/desktop_settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVirtualObject>
+#include <cmath>
+
+#include "platform/worker.h"
+#include "support/waiting.h"
+
+namespace vantor {
+namespace {
+
+using namespace test;
+using namespace Qt::StringLiterals;
+
+const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
+const QString settingsPath = u"/org/freedesktop/portal/desktop"_s;
+const QString appearanceSpace = u"org.freedesktop.appearance"_s;
+const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
+
+/// Answers every question with what it was given.
+class Portal final : public QDBusVirtualObject {
+ public:
+  QString introspect(const QString&) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+    asked = message.member();
+    return connection.send(message.createReply(answer));
+  }
+  QVariant answer;
+  QString asked;
+};
+
+class DesktopSettingsTest : public ::testing::Test {
+ protected:
+  void SetUp() override { qDBusRegisterMetaType<QMap<QString, QVariantMap>>(); }
+  ~DesktopSettingsTest() override { QDBusConnection::disconnectFromBus(name); }
+
+  /// Whether it asks the portal, which gives this answer.
+  bool follow(const QVariant& answer) {
+    portal.answer = answer;
+    if (!bus.registerVirtualObject(settingsPath, &portal) ||
+        !bus.registerService(u"org.freedesktop.portal.Desktop"_s))
+      return false;
+    settings.follow(worker);
+    return eventually([&] { return !portal.asked.isEmpty(); });
+  }
+  void change(const QString& space, const QString& key, const QVariant& value) {
+    QDBusMessage message =
+        QDBusMessage::createSignal(settingsPath, settingsInterface, u"SettingChanged"_s);
+    bus.send(message << space << key << QVariant::fromValue(QDBusVariant(value)));
+  }
+  /// Whether text scale, motion and contrast become these.
+  bool become(const QVariantList& expected) {
+    return eventually([&] {
+      const auto& [textScale, reducedMotion, highContrast] = settings.wishes();
+      return QVariantList{textScale, reducedMotion, highContrast} == expected;
+    });
+  }
+
+  const Settled settled;
+  const QString name = u"desktop settings test"_s;
+  Worker worker;
+  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+  Portal portal;
+  DesktopSettings settings;
+};
+
+TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
+  ASSERT_TRUE(follow(QVariant::fromValue(QMap<QString, QVariantMap>{
+      {gnomeSpace, {{u"text-scaling-factor"_s, 1.5}, {u"enable-animations"_s, false}}},
+      {appearanceSpace, {{u"contrast"_s, 1u}}}})));
+  EXPECT_TRUE(become({1.5, true, true}));
+  EXPECT_EQ(portal.asked, u"ReadAll"_s);
+  const struct {
+    QString space;
+    QString key;
+    QVariant value;
+    QVariantList wishes;
+  } rows[] = {
+      {gnomeSpace, u"text-scaling-factor"_s, 9.0, {2.0, true, true}},
+      {gnomeSpace, u"text-scaling-factor"_s, -1.0, {1.0, true, true}},
+      {gnomeSpace, u"text-scaling-factor"_s, u"large"_s, {1.0, true, true}},
+      {gnomeSpace, u"text-scaling-factor"_s, std::nan(""), {1.0, true, true}},
+      {appearanceSpace, u"reduced-motion"_s, 1u, {1.0, true, true}},
+      {gnomeSpace, u"enable-animations"_s, true, {1.0, true, true}},
+      {appearanceSpace, u"reduced-motion"_s, 0u, {1.0, false, true}},
+      {u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s, true, {1.0, false, true}},
+      {appearanceSpace, u"contrast"_s, 0u, {1.0, false, true}},
+      {u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s, false, {1.0, false, false}},
+      {u"org.kde.kdeglobals"_s, u"contrast"_s, 1u, {1.0, false, false}},
+  };
+  for (const auto& row : rows) {
+    change(row.space, row.key, row.value);
+    EXPECT_TRUE(become(row.wishes)) << row.key.toStdString();
+  }
+}
+
+TEST_F(DesktopSettingsTest, AnswersOfAnyFormAreBorne) {
+  ASSERT_TRUE(follow(QVariant(u"no settings"_s)));
+  change(appearanceSpace, u"contrast"_s, 1u);
+  EXPECT_TRUE(become({1.0, false, true}));
+}
+
+}  // namespace
+}  // namespace vantor
