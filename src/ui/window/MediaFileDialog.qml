@@ -8,8 +8,6 @@ FileDialog {
     id: dialog
 
     required property DialogFilePanel panel
-    // Everything in the window, also the toolkit's own panel.
-    required property Item root
 
     title: qsTr("Open a media file")
     fileMode: FileDialog.OpenFile
@@ -22,17 +20,9 @@ FileDialog {
         open();
         // Neither the desktop nor the toolkit has one.
         if (visible)
-            darkenPath(root);
+            panel.darkenPath(Style.canvas);
         else
             panel.cancel();
-    }
-
-    // The toolkit paints it white, whatever the palette is, with the palette's light text on it.
-    function darkenPath(item) {
-        if (item.upButton)
-            item.background.color = Style.canvas;
-        for (let i = 0; i < item.children.length; ++i)
-            darkenPath(item.children[i]);
     }
 
     readonly property Connections requests: Connections {

@@ -115,8 +115,7 @@ ApplicationWindow {
         function onRequested() {
             if (!fileDialog.item)
                 fileDialog.setSource("MediaFileDialog.qml", {
-                    panel: window.views.filePanel,
-                    root: window.contentItem.parent
+                    panel: window.views.filePanel
                 });
             // Whoever asked for a file would wait for ever.
             if (fileDialog.status === Loader.Error)

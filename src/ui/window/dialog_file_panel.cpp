@@ -1,6 +1,9 @@
 #include "ui/window/dialog_file_panel.h"
 
+#include <QGuiApplication>
 #include <QMimeDatabase>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QSet>
 #include <algorithm>
 #include <array>
@@ -43,6 +46,18 @@ QStringList DialogFilePanel::nameFilters() {
   for (const QString& pattern : patterns) sorted.append(inAnyCase(pattern));
   sorted.sort();
   return {tr("Movies and audio (%1)").arg(sorted.join(u' '))};
+}
+
+void DialogFilePanel::darkenPath(const QColor& ground) {
+  const auto darken = [&ground](const auto& self, const QQuickItem& item) -> void {
+    if (item.property("upButton").isValid())
+      if (auto* const painted = item.property("background").value<QQuickItem*>())
+        painted->setProperty("color", ground);
+    for (const QQuickItem* child : item.childItems()) self(self, *child);
+  };
+  for (const QWindow* window : QGuiApplication::topLevelWindows())
+    if (const auto* quick = qobject_cast<const QQuickWindow*>(window))
+      darken(darken, *quick->contentItem());
 }
 
 Pending<std::optional<QUrl>> DialogFilePanel::chooseMediaFile() {

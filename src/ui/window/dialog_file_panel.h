@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
+#include <QColor>
 #include <QObject>
 #include <QStringList>
 #include <QUrl>
@@ -27,6 +28,9 @@ class DialogFilePanel : public QObject, public FilePanel {
 
   Q_INVOKABLE void choose(const QUrl& file);
   Q_INVOKABLE void cancel();
+  /// The toolkit's own dialog, in the window or in one of its own, paints the ground of its path
+  /// white whatever the palette is, with the palette's light text on it.
+  Q_INVOKABLE void darkenPath(const QColor& ground);
 
  Q_SIGNALS:
   /// The dialog is wanted; `choose` or `cancel` answers.

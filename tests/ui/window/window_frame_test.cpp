@@ -143,7 +143,9 @@ TEST_F(WindowFrameTest, ThePathInTheToolkitsOwnDialogCanBeRead) {
     for (QQuickItem* child : item->childItems()) self(self, child);
   };
   ASSERT_TRUE(QTest::qWaitFor([&] {
-    looksAt(looksAt, window->contentItem());
+    for (QWindow* each : QGuiApplication::topLevelWindows())
+      if (auto* const quick = qobject_cast<QQuickWindow*>(each))
+        looksAt(looksAt, quick->contentItem());
     return path != nullptr;
   }));
   const auto* ground = path->property("background").value<QQuickItem*>();
