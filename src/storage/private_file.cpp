@@ -48,6 +48,14 @@ void writeAll(int descriptor, QByteArrayView content) {
   }
 }
 
+/// Without this a power cut may take back that a file in the folder was renamed.
+void syncFolderOf(const QByteArray& path) {
+  // The folder itself may be a link.
+  const Descriptor folder(path.first(path.lastIndexOf('/') + 1) + '.', O_RDONLY | O_DIRECTORY);
+  // Not every file system can.
+  if (::fsync(folder.get()) != 0 && errno != EINVAL) fail("sync of the folder");
+}
+
 }  // namespace
 
 QByteArray read(const QString& path) {
@@ -84,6 +92,7 @@ void replace(const QString& path, QByteArrayView content) {
     writeAll(file.get(), content);
     if (::fsync(file.get()) != 0) fail("sync");
     if (::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0) fail("rename");
+    syncFolderOf(temporary);
   } catch (...) {
     ::unlink(temporary.constData());
     throw;

@@ -12,7 +12,8 @@ namespace private_file {
 QByteArray read(const QString& path);
 
 /// Replaces the whole content at once, with the mode 0600: a reader, or a run after a crash or a
-/// full disk, finds the old bytes or the new, never a part.
+/// full disk, finds the old bytes or the new, never a part. The new ones outlast a power cut once
+/// it returns.
 void replace(const QString& path, QByteArrayView content);
 
 /// Adds to the end of the file, made with the mode 0600 when there is none.

@@ -4,10 +4,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
-#include <sys/mount.h>
 #include <sys/stat.h>
 
 #include "library/catalog_builder.h"
@@ -140,39 +138,6 @@ TEST_F(CatalogDiskStoreTest, AForeignKeyFailsEveryOperationButNotTheProgram) {
   EXPECT_ANY_THROW(awaited<Done>(store->save(library(1), account, LibraryKind::live)));
   private_file::replace(file("live"), QByteArray(100, 'x'));
   EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::live)));
-}
-
-TEST(PrivateFile, AKilledSaveLeavesTheOldContentOrTheNew) {
-  QTemporaryDir folder;
-  const QString path = folder.filePath(u"file.bin"_s);
-  for (int round = 0; round < 8; ++round) {
-    QProcess saver;
-    saver.start(QStringLiteral(STORAGE_SAVER), {path});
-    ASSERT_TRUE(saver.waitForStarted());
-    // Some rounds end inside a write, wherever that is.
-    saver.waitForFinished(40 + 40 * round);
-    saver.kill();
-    ASSERT_TRUE(saver.waitForFinished());
-    if (!QFile::exists(path)) continue;
-    const QByteArray content = private_file::read(path);
-    EXPECT_EQ(content.size(), 8 << 20);
-    EXPECT_EQ(content, QByteArray(8 << 20, content.at(0)));
-  }
-  EXPECT_TRUE(QFile::exists(path));
-  EXPECT_LE(QDir(folder.path()).entryList(QDir::Files).size(), 2) << "remains must not pile up";
-}
-
-TEST(PrivateFile, AFullDiskKeepsTheOldContent) {
-  QTemporaryDir folder;
-  const QByteArray point = QFile::encodeName(folder.path());
-  if (::mount("tmpfs", point.constData(), "tmpfs", 0, "size=1m") != 0)
-    GTEST_SKIP() << "mounting a small disk needs root";
-  const QString path = folder.filePath(u"file.bin"_s);
-  private_file::replace(path, "old");
-  EXPECT_THROW(private_file::replace(path, QByteArray(4 << 20, 'n')), std::system_error);
-  EXPECT_EQ(private_file::read(path), "old");
-  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-  ::umount(point.constData());
 }
 
 TEST(PrivateFile, FollowsNoLinkOutOfItsFolder) {
