@@ -8,6 +8,8 @@
 #include <QMutex>
 #include <QSettings>
 
+#include "platform/mailbox.h"
+
 namespace vantor {
 
 /// What waits to be written; a value that changes again before its turn is written once.
@@ -15,12 +17,16 @@ struct Preferences::Writer {
   QString file;
   QMutex fileTurn;
   QMutex mutex;
-  QHash<QString, std::optional<QByteArray>> waiting;  // absent: to be removed
+  Changes waiting;
 
+  void take(const Changes& changes) {
+    const QMutexLocker lock(&mutex);
+    waiting.insert(changes);
+  }
   void write() {
     // From the taking of a batch to its end: no older batch may reach the file after a newer one.
     const QMutexLocker turn(&fileTurn);
-    QHash<QString, std::optional<QByteArray>> batch;
+    Changes batch;
     {
       const QMutexLocker lock(&mutex);
       batch.swap(waiting);
@@ -46,6 +52,7 @@ Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>
 }
 
 Preferences::~Preferences() {
+  writer_->take(changed_);
   writer_->write();
 }
 
@@ -68,11 +75,16 @@ void Preferences::rename(const QString& from, const QString& to) {
 }
 
 void Preferences::writeLater(const QString& key, const std::optional<QByteArray>& json) {
-  {
-    const QMutexLocker lock(&writer_->mutex);
-    writer_->waiting.insert(key, json);
-  }
-  worker_.post([writer = writer_] { writer->write(); });
+  const bool isFirst = changed_.isEmpty();
+  changed_.insert(key, json);
+  if (!isFirst) return;
+  // Behind whatever else is set in this turn of the event loop: what belongs together is written
+  // together, or the end of the program could come between.
+  Mailbox::postToMain([this, alive = std::weak_ptr(writer_)] {
+    if (alive.expired()) return;
+    writer_->take(std::exchange(changed_, {}));
+    worker_.post([writer = writer_] { writer->write(); });
+  });
 }
 
 std::optional<QString> Preferences::text(const QString& key) const {

@@ -17,9 +17,9 @@ using NumberLists = QHash<QString, QList<double>>;
 
 /// The user's preferences: values under text keys in one INI file. Main thread only.
 ///
-/// Reads answer from memory; a write is on its way to the file when the call returns and has
-/// reached it when the destructor ends. Setting a value to what it is writes nothing. Damaged or
-/// foreign values read as absent.
+/// Reads answer from memory; what is set in one turn of the event loop goes to the file together,
+/// and has reached it when the destructor ends. Setting a value to what it is writes nothing.
+/// Damaged or foreign values read as absent.
 class Preferences {
  public:
   explicit Preferences(const QString& file);
@@ -44,9 +44,11 @@ class Preferences {
   void store(const QString& key, const QByteArray& json);
   void writeLater(const QString& key, const std::optional<QByteArray>& json);
 
+  using Changes = QHash<QString, std::optional<QByteArray>>;  // absent: to be removed
   struct Writer;
   QHash<QString, QByteArray> values_;  // JSON text of each value
   std::shared_ptr<Writer> writer_;
+  Changes changed_;  // in this turn
   Worker worker_;
 };
 

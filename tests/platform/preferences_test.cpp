@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include "support/waiting.h"
+
 namespace vantor {
 namespace {
 
@@ -44,10 +46,26 @@ TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
     {
       Preferences preferences(file);
       preferences.setText(key, first);
+      test::settle();
       QThread::msleep(2 * run);
       preferences.setText(key, last);
     }
     EXPECT_EQ(Preferences(file).text(key), last) << "run " << run;
+  }
+}
+
+TEST_F(PreferencesTest, WhatIsSetTogetherIsWrittenTogether) {
+  Preferences preferences(file);
+  for (int number = 0; number < 50; ++number) {
+    preferences.setText(u"first"_s, QString::number(number));
+    QThread::usleep(500);  // what an earlier one began could be written now
+    preferences.setText(u"second"_s, QString::number(number));
+    // As the next run finds it: in this one QSettings has a memory.
+    QFile left(file);
+    const QByteArrayList rows =
+        left.open(QFile::ReadOnly) ? left.readAll().split('\n') : QByteArrayList();
+    ASSERT_EQ(rows.value(1).split('=').value(1), rows.value(2).split('=').value(1));
+    test::settle();
   }
 }
 
