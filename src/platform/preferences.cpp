@@ -1,6 +1,7 @@
 #include "platform/preferences.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -53,6 +54,10 @@ struct Preferences::Writer {
 Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>()) {
   writer_->file = file;
   QDir().mkpath(QFileInfo(file).absolutePath());
+  // Qt's lock of the file. Who is killed while making it leaves it empty, and every write would
+  // wait half a minute for an owner.
+  const QString lock = file + QStringLiteral(".lock");
+  if (QFileInfo(lock).size() == 0) QFile::remove(lock);
   const QSettings settings(file, QSettings::IniFormat);
   for (const QString& key : settings.allKeys())
     values_.insert(key, settings.value(key).toString().toUtf8());
