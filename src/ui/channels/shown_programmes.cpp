@@ -31,12 +31,14 @@ void ShownProgrammes::show(int first, int last) {
 
 void ShownProgrammes::fetch(bool onlyRunningOut) {
   if (browsing_.kind() != LibraryKind::live) return;
+  const auto now = std::chrono::floor<ProviderTime::duration>(clock_.now());
   const int last = std::min(last_, items_.rowCount() - 1);
   for (int row = std::max(first_, 0); row <= last; ++row) {
     const MediaItem channel = items_.entry(row);
     if (onlyRunningOut) {
-      const GuideEntries known = guide_.guideOf(channel.id).value_or(GuideEntries());
-      if (upcomingEntries(known, clock_.now()).size() >= 2) continue;
+      const GuideEntries upcoming = upcomingEntries(guide_, channel.id, clock_.now());
+      // What is known begins too late where the clock has been set back.
+      if (upcoming.size() >= 2 && upcoming.first().start <= now) continue;
     }
     guide_.prefetchGuide(channel);
   }
