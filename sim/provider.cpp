@@ -93,7 +93,7 @@ Response Provider::apiAnswer(const Request& request, const std::string& action, 
     int limit = 4;
     const auto text = request.queryValue("limit");
     std::from_chars(text.data(), text.data() + text.size(), limit);
-    return jsonResponse(shortGuideJson(*channel, std::clamp(limit, 0, 100), std::time(nullptr)));
+    return jsonResponse(shortGuideJson(*channel, std::clamp(limit, 0, 100), now()));
   }
   return response;
 }
@@ -115,6 +115,10 @@ std::optional<Provider::Item> Provider::item(const Request& request) const {
   return item;
 }
 
+long long Provider::now() const {
+  return options_.now ? options_.now() : static_cast<long long>(std::time(nullptr));
+}
+
 int Provider::count(Kind kind) const {
   return kind == Kind::live    ? options_.channels
          : kind == Kind::movie ? options_.movies
@@ -126,7 +130,7 @@ bool Provider::loginIsRight(const std::string& username, const std::string& pass
 }
 
 std::string Provider::signInJson(Fault fault, int streamsOpen) const {
-  const auto now = static_cast<long long>(std::time(nullptr));
+  const long long time = now();
   const bool expired = fault == Fault::expiredAccount;
   const int active = fault == Fault::connectionLimit ? maximumConnections : streamsOpen;
   const auto scheme = origin_.substr(0, origin_.find(':'));
@@ -140,7 +144,7 @@ std::string Provider::signInJson(Fault fault, int streamsOpen) const {
     put(json, "message", "Welcome");
     put(json, "auth", 1);
     put(json, "status", expired ? "Expired" : "Active");
-    put(json, "exp_date", now + (expired ? -1 : 200) * 24 * 3600, Form::text);
+    put(json, "exp_date", time + (expired ? -1 : 200) * 24 * 3600, Form::text);
     put(json, "is_trial", "0");
     put(json, "active_cons", active, Form::text);
     put(json, "created_at", "1600000000");
@@ -158,7 +162,7 @@ std::string Provider::signInJson(Fault fault, int streamsOpen) const {
     put(json, "https_port", port);
     put(json, "server_protocol", scheme);
     put(json, "timezone", "UTC");
-    put(json, "timestamp_now", now);
+    put(json, "timestamp_now", time);
     json.EndObject();
     json.EndObject();
   });

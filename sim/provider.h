@@ -39,6 +39,7 @@ class Provider {
 
  private:
   std::size_t depth() const { return baseSegments_.size(); }
+  long long now() const;
   int count(Kind kind) const;
   bool loginIsRight(const std::string& username, const std::string& password) const;
   std::string signInJson(Fault fault, int streamsOpen) const;

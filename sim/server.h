@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -27,6 +28,9 @@ struct Options {
   int port = 0;
   // In front of every path but the configuration's: empty or "/" and segments, such as "/base".
   std::string basePath;
+  // Seconds since 1970, asked from any thread, for what the provider says of now; empty: the
+  // system's.
+  std::function<long long()> now;
 };
 
 // Options::mediaFolder, or the folder that stands for it when it is empty.
