@@ -28,9 +28,12 @@ QCoro::Task<> leave(std::stop_token token, QPointer<AppModel> model) {
 
 }  // namespace
 
-ModelFixture::ModelFixture()
-    : folders{home.filePath(u"data"_s), home.filePath(u"config"_s), home.path(),
-              home.filePath(u"state"_s)} {}
+ModelFixture::ModelFixture(Parts given)
+    : parts(std::move(given)),
+      secureStore(parts.credentials ? *parts.credentials : credentials, u"tv.vantor.player"_s) {
+  const QString root = parts.home.isEmpty() ? home.path() : parts.home;
+  folders = {root + u"/data"_s, root + u"/config"_s, root, root + u"/state"_s};
+}
 
 ModelFixture::~ModelFixture() {
   quit();
@@ -45,17 +48,17 @@ AppModel& ModelFixture::launch(const QStringList& arguments) {
 
 AppModel& ModelFixture::begin(const QStringList& arguments) {
   quit();
-  preferences = std::make_unique<Preferences>(home.filePath(u"preferences.ini"_s));
+  HTTPTransport& network = parts.transport ? *parts.transport : transport;
+  preferences = std::make_unique<Preferences>(folders.temporary + u"/preferences.ini"_s);
   configuration = std::make_unique<VantorConfiguration>(
-      transport, *preferences, QUrl(u"https://support.example/vantor-config.json"_s),
-      u"http://fallback.example:25461"_s);
+      network, *preferences, QUrl(parts.serviceDocument), u"http://fallback.example:25461"_s);
   const AppServices services{
       clock,
       worker,
       secretsWorker,
       secureStore,
       *preferences,
-      transport,
+      network,
       *configuration,
       *panel,
       folders,
@@ -67,6 +70,7 @@ AppModel& ModelFixture::begin(const QStringList& arguments) {
 
 void ModelFixture::quit() {
   signInJob.cancel();
+  signOutJob.cancel();
   model.reset();
   settle();
   configuration.reset();
@@ -83,9 +87,8 @@ void ModelFixture::connectAccount(const ProviderAccount& wanted) {
 }
 
 void ModelFixture::disconnectAccount() {
-  Job::start([this](std::stop_token token) {
-    return leave(token, QPointer(model.get()));
-  }).detach();
+  signOutJob = Job::start(
+      [this](std::stop_token token) { return leave(token, QPointer(model.get())); });
   settle();
 }
 

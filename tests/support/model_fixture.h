@@ -22,7 +22,15 @@ using namespace Qt::StringLiterals;
 
 /// A whole model over fakes; destroying the model and making another is the next launch.
 struct ModelFixture {
-  ModelFixture();
+  /// What is to be used in place of the fakes and the temporary folder.
+  struct Parts {
+    QString home;
+    CredentialStore* credentials = nullptr;
+    HTTPTransport* transport = nullptr;
+    QString serviceDocument = u"https://support.example/vantor-config.json"_s;
+  };
+  ModelFixture() : ModelFixture(Parts()) {}
+  explicit ModelFixture(Parts parts);
   ~ModelFixture();
 
   /// Starts the program with these arguments. The saved account, if any, has been read when it
@@ -65,6 +73,7 @@ struct ModelFixture {
 
   ProviderAccount account =
       ProviderAccount::validated(u"Vantor TV"_s, u"http://tv.example"_s, u"user"_s, u"secret"_s);
+  const Parts parts;
   QTemporaryDir home;
   ManualClock clock;
   FakeEngine engine;
@@ -77,12 +86,13 @@ struct ModelFixture {
   Worker worker;
   Worker secretsWorker;
   Folders folders;
-  SecureStore secureStore{credentials, u"tv.vantor.player"_s};
+  SecureStore secureStore;
   std::unique_ptr<Preferences> preferences;
   std::unique_ptr<VantorConfiguration> configuration;
   std::unique_ptr<AppModel> model;
 
   Job signInJob;
+  Job signOutJob;
   std::exception_ptr signInFailure;
   bool signInOver = false;
 };
