@@ -1,0 +1,209 @@
+// A week with the guide on screen, by the manual clock, against the simulator: at midnight the
+// program starts anew, summer time begins or ends, the machine sleeps, the clock is set.
+// VANTOR_DAYS says how many days.
+#include <gtest/gtest.h>
+
+#include <QDateTime>
+#include <QLocale>
+#include <QTimeZone>
+#include <atomic>
+#include <ctime>
+
+#include "machines/model_invariants.h"
+#include "net/http_client.h"
+#include "provider/guide_parsing.h"
+#include "sim/guide.h"
+#include "sim/library.h"
+#include "sim/server.h"
+#include "support/awaited.h"
+#include "support/model_fixture.h"
+#include "ui/channels/channel_view.h"
+#include "ui/entries/item_list_model.h"
+
+namespace vantor::machine {
+namespace {
+
+using namespace test;
+using namespace std::chrono_literals;
+
+constexpr int rowsOnScreen = 9;
+
+/// Knows what is under way.
+class CountedTransport final : public HTTPTransport {
+ public:
+  int open = 0;
+
+ private:
+  QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
+                                   std::stop_token token) override {
+    ++open;
+    const QCoro::Task<QByteArray> fetched = client_.fetch(request, limit, token);
+    try {
+      QByteArray body = co_await fetched;
+      --open;
+      co_return body;
+    } catch (...) {
+      --open;
+      throw;
+    }
+  }
+  HTTPClient client_;
+};
+
+struct Network {
+  std::atomic<long long> time = 0;  // of the provider's clock
+  sim::Server server{{.streams = false, .now = [this] { return time.load(); }}};
+  CountedTransport network;
+};
+
+class Week : Network, ModelFixture {
+ public:
+  explicit Week(const QDateTime& begin)
+      : ModelFixture({.transport = &network,
+                      .serviceDocument = QString::fromStdString(server.configUrl())}) {
+    clock.set(std::chrono::seconds(begin.toSecsSinceEpoch()) -
+              std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch()));
+    account = ProviderAccount::validated(u"Vantor TV"_s, QString::fromStdString(server.url()),
+                                         QString::fromStdString(sim::Options().username),
+                                         QString::fromStdString(sim::Options().password));
+    credentials.put(providerItem, account.toJSON());
+    open();
+  }
+  ~Week() { close(); }
+
+  void run(int days);
+
+ private:
+  void open();
+  void close() { view.reset(), items.reset(); }
+  void passMinute();
+  void jump(int minute);
+  void quieten();
+  void look();
+  QString expected() const;
+  QString shown() const;
+  long long now() const {
+    return std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch()).count();
+  }
+  /// What the provider says of the channel now.
+  GuideEntries programmes(const MediaItem& channel) const;
+
+  std::unique_ptr<ItemListModel> items;
+  std::unique_ptr<ChannelView> view;
+  int unsettled = 0;  // minutes until the screen has to be right again
+};
+
+void Week::open() {
+  close();
+  time = now();
+  AppModel& app = launch();
+  items = std::make_unique<ItemListModel>(app.browsing(), app.record(), app.playback());
+  view = std::make_unique<ChannelView>(app, clock, *items);
+  EXPECT_TRUE(eventually([&] { return app.browsing().items().size() > rowsOnScreen; }));
+  app.select(item(2));
+  view->showRows(0, rowsOnScreen - 1);
+  unsettled = 2;
+}
+
+/// To half a second after the next whole minute, when programmes have changed.
+void Week::passMinute() {
+  EXPECT_LE(server.counters().requests["get_short_epg"], rowsOnScreen + 1) << "in a minute";
+  server.resetCounters();
+  time = (now() / 60 + 1) * 60;
+  const auto next = WallTime(std::chrono::seconds(time.load()) + 500ms);
+  clock.advance(std::chrono::ceil<std::chrono::milliseconds>(next - clock.now()));
+}
+
+void Week::jump(int minute) {
+  constexpr std::array jumps = {std::pair(3 * 60 + 7, 10h + 17s), std::pair(15 * 60 + 31, -3h - 5s),
+                                std::pair(18 * 60, 26h + 0s), std::pair(20 * 60 + 1, -26h - 0s),
+                                std::pair(22 * 60, -49h + 0s)};
+  for (const auto& [at, ahead] : jumps) {
+    if (minute % (2 * 24 * 60) != at) continue;
+    // What was under way has come.
+    for (int round = 0; round < 10; ++round) quieten(), clock.advance(100ms);
+    clock.set(ahead);
+    unsettled = 2;
+  }
+  if (minute % (24 * 60) == 24 * 60 - 1) open();
+}
+
+GuideEntries Week::programmes(const MediaItem& channel) const {
+  const auto index =
+      sim::entryIndex(sim::Kind::live, channel.providerID.toStdString(), sim::Options().channels);
+  return parseGuide(QByteArray::fromStdString(sim::shortGuideJson(*index, 2, now())), channel.id);
+}
+
+QString Week::expected() const {
+  QStringList rows;
+  for (std::size_t row = 0; row < rowsOnScreen; ++row) {
+    const GuideEntries known = programmes(item(row));
+    rows.append(known.isEmpty() ? u"No programme information, then —"_s
+                                : known[0].title + u", then "_s + known[1].title);
+  }
+  const auto local = [](ProviderTime moment) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
+    std::array<char, 8> text{};
+    std::strftime(text.data(), text.size(), "%H:%M", std::localtime(&seconds));
+    return QString::fromLatin1(text.data());
+  };
+  const GuideEntry selected = programmes(*model->browsing().selected()).first();
+  rows.append(selected.title + u", "_s + local(selected.start) + u"–"_s + local(selected.end));
+  return rows.join(u'\n');
+}
+
+QString Week::shown() const {
+  QStringList rows;
+  for (int row = 0; row < rowsOnScreen; ++row) {
+    const QModelIndex index = view->rows()->index(row, 0);
+    rows.append(view->rows()->data(index, GuideListModel::NowTextRole).toString() + u", then "_s +
+                view->rows()->data(index, GuideListModel::NextTextRole).toString());
+  }
+  rows.append(view->programmeTitle() + u", "_s + view->programmeTimes());
+  return rows.join(u'\n');
+}
+
+/// What is under way comes, before time goes on.
+void Week::quieten() {
+  do {
+    EXPECT_TRUE(eventually([&] { return network.open == 0; }));
+    awaited<Done>(worker.run([] {}));
+    settle();
+  } while (network.open > 0);
+}
+
+/// The screen is right soon after the minute has begun, and after two when the clock was set.
+void Week::look() {
+  EXPECT_EQ(faultIn(*model).toStdString(), "");
+  const bool settles = --unsettled < 0;
+  for (int round = 0; round < 200; ++round) {
+    quieten();
+    if (!settles || shown() == expected()) return;
+    clock.advance(100ms);
+  }
+  EXPECT_EQ(shown().toStdString(), expected().toStdString())
+      << QDateTime::fromSecsSinceEpoch(now()).toString().toStdString();
+}
+
+void Week::run(int days) {
+  for (int minute = 0; minute < days * 24 * 60 && !::testing::Test::HasFailure(); ++minute) {
+    jump(minute);
+    passMinute();
+    look();
+  }
+}
+
+TEST(VirtualWeek, TheGuideIsRightWhateverTheClockDoes) {
+  qputenv("TZ", "Europe/Berlin");
+  ::tzset();
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+  bool isNumber = false;
+  const int asked = qEnvironmentVariableIntValue("VANTOR_DAYS", &isNumber);
+  const int days = isNumber ? asked : 2;
+  // Summer time ends, and begins, in the second night.
+  for (const QDate begin : {QDate(2026, 10, 24), QDate(2027, 3, 27)})
+    Week(QDateTime(begin, QTime(12, 0))).run(days);
+}
+
+}  // namespace
+}  // namespace vantor::machine
