@@ -53,6 +53,8 @@ QCoro::Task<QString> VantorConfiguration::resolve(std::stop_token token) const {
     // Every failure has the same answer, below.
     attempt.failed();
   }
+  // Whoever cancels it may be gone by now, and all this with it.
+  if (token.stop_requested()) co_return QString();
   co_return currentServer();
 }
 

@@ -20,7 +20,8 @@ class VantorConfiguration {
   /// The last server that was accepted, else the built-in one.
   QString currentServer() const;
 
-  /// The server to use for a new sign-in. Never fails: what goes wrong yields `currentServer`.
+  /// The server to use for a new sign-in. Never fails: what goes wrong yields `currentServer`, a
+  /// stop an empty text, also when this is gone by then.
   QCoro::Task<QString> resolve(std::stop_token token) const;
 
   /// Records a server that a sign-in succeeded with.
