@@ -19,13 +19,14 @@ QCoro::Task<QByteArray> FakeTransport::transfer(HTTPRequest request, std::int64_
     exchange->over = true;
     exchange->answer.resolve(*body);
   }
-  return wait(exchange, token);
+  return wait(exchange, cancelsAtOnce, token);
 }
 
-QCoro::Task<QByteArray> FakeTransport::wait(std::shared_ptr<Exchange> exchange,
+QCoro::Task<QByteArray> FakeTransport::wait(std::shared_ptr<Exchange> exchange, bool cancelsAtOnce,
                                             std::stop_token token) {
-  const std::stop_callback onStop(token, [exchange] {
+  const std::stop_callback onStop(token, [exchange, cancelsAtOnce] {
     exchange->cancelled = true;
+    if (!cancelsAtOnce) return;
     exchange->over = true;
     exchange->answer.fail(std::make_exception_ptr(URLError(URLError::Code::cancelled)));
   });

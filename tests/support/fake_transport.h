@@ -35,6 +35,10 @@ class FakeTransport final : public HTTPTransport {
     return fail(action, std::make_exception_ptr(std::move(error)));
   }
 
+  /// Whether a cancelled request ends at once; else it is open until it is ended, as a connection
+  /// is that has yet to be closed.
+  bool cancelsAtOnce = true;
+
   int requests(const QString& action) const { return count(action, false); }
   int open(const QString& action) const { return count(action, true); }
   const std::vector<std::shared_ptr<Exchange>>& exchanges() const { return exchanges_; }
@@ -45,7 +49,8 @@ class FakeTransport final : public HTTPTransport {
   int count(const QString& action, bool onlyOpen) const;
   /// Takes the oldest open one; null when there is none.
   std::shared_ptr<Exchange> end(const QString& action);
-  static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, std::stop_token token);
+  static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, bool cancelsAtOnce,
+                                      std::stop_token token);
 
   std::vector<std::shared_ptr<Exchange>> exchanges_;
   QHash<QString, QByteArray> bodies_;
