@@ -41,13 +41,6 @@ struct Preferences::Writer {
         settings.remove(it.key());
     }
     settings.sync();
-    if (settings.status() != QSettings::NoError) keep(batch);
-  }
-  /// What could not be written goes along with the next batch.
-  void keep(const Changes& batch) {
-    const QMutexLocker lock(&mutex);
-    for (auto it = batch.cbegin(); it != batch.cend(); ++it)
-      if (!waiting.contains(it.key())) waiting.insert(it.key(), it.value());
   }
 };
 
