@@ -165,7 +165,7 @@ TEST(InterruptedWrites, AKilledSignInLeavesTheUserSignedInWithTheirList) {
     }
   }
   QTemporaryDir folder;
-  for (int round = 0; round < kills() / 5; ++round) {
+  for (int round = 0; round < std::max(20, kills() / 5); ++round) {
     ASSERT_GT(killed(folder.path(), 0.05), 0);
     Life life(folder.path());
     const AppModel& app = life.launch();

@@ -225,28 +225,35 @@ class Order final : ModelFixture {
   bool cannotRead = false;        // the credential store fails at reading
   bool unread = false;            // the saved account could not be read in this run
   std::vector<Job> signIns;
+  unsigned theme = 0;
   int serial = 0;
   bool connected = false;
   std::map<QString, int> newest;  // number of the last answer shown of a library and world
 };
 
+namespace about {
+enum Theme : unsigned { session, libraries, guide, playing, all };
+}
+
 struct Choice {
   unsigned weight;
+  unsigned theme;
   const char* name;
   void (Order::*take)(unsigned value);
 };
 
 Order::Order(unsigned start) {
   transport.cancelsAtOnce = false;
-  if (start % 3 == 0) {
+  theme = start / 16 % 4;
+  if (start % 4 > 0) {
     account.password = u"secret0"_s;
     account.username = u"user0"_s;
     account.server = QUrl(u"http://tv0.example"_s);
     credentials.put(providerItem, account.toJSON());
   }
-  begin(start % 7 == 1);
+  begin(start % 7 == 0);
   // Some have used the program before, and have copies of their libraries.
-  if (start % 6 == 0) end();
+  if (start % 4 > 1) end();
 }
 
 Order::~Order() {
@@ -335,47 +342,54 @@ void Order::browse(unsigned value) {
 }
 
 void Order::stream(unsigned value) {
-  engine.releasesLate = value / 4 % 2 == 0;
-  if (!engine.now.hasMedia) engine.now.releasing = false;
-  if (!engine.now.hasMedia) return;
-  const std::array states = {EngineState::playing, EngineState::playing, EngineState::ended,
-                             EngineState::error};
-  engine.now.state = states.at(value % 4);
-  engine.now.length = 500'000;
-  engine.now.time += 60'000;
-  engine.now.seekable = true;
-  ++engine.now.decoded;
-  ++engine.now.decodedVideo;
-  engine.announce();
+  engine.releasesLate = value / 4 % 4 == 0;
+  if (engine.now.hasMedia) {
+    const std::array states = {EngineState::playing, EngineState::error, EngineState::ended,
+                               EngineState::error};
+    engine.now.state = engine.now.decoded == 0 && value / 16 % 2 == 0 ? EngineState::playing
+                                                                      : states.at(value % 4);
+    engine.now.length = 500'000;
+    engine.now.time += 60'000;
+    engine.now.seekable = true;
+    ++engine.now.decoded;
+    if (engine.now.state == EngineState::playing) ++engine.now.decodedVideo;
+    engine.announce();
+  } else {
+    engine.now.releasing = false;
+  }
   // Long enough for the next attempt.
-  if (value / 64 % 2 == 0) clock.advance(2s);
+  if (value / 64 % 3 > 0) clock.advance(2s);
 }
 
 bool Order::take(const Step& step) {
+  // Each order is mostly about one thing: the session, the libraries, the guide or what plays.
   static constexpr std::array choices = {
-      Choice{30, "an answer comes", &Order::answer},
-      Choice{30, "work is done", &Order::work},
-      Choice{5, "time passes", &Order::pass},
-      Choice{5, "signs in", &Order::signIn},
-      Choice{2, "gives the sign-in up", &Order::giveUpSignIn},
-      Choice{3, "signs out", &Order::signOut},
-      Choice{12, "browses", &Order::browse},
-      Choice{5, "loads", &Order::load},
-      Choice{5, "asks for a guide", &Order::fetch},
-      Choice{3, "marks", &Order::mark},
-      Choice{6, "plays", &Order::play},
-      Choice{3, "zaps", &Order::zap},
-      Choice{9, "the stream differs", &Order::stream},
-      Choice{2, "opens a file", &Order::file},
-      Choice{2, "the credential store differs", &Order::credentialsFail},
-      Choice{2, "quits and starts", &Order::startAnew},
+      Choice{30, about::all, "an answer comes", &Order::answer},
+      Choice{30, about::all, "work is done", &Order::work},
+      Choice{5, about::all, "time passes", &Order::pass},
+      Choice{5, about::session, "signs in", &Order::signIn},
+      Choice{2, about::session, "gives the sign-in up", &Order::giveUpSignIn},
+      Choice{3, about::session, "signs out", &Order::signOut},
+      Choice{12, about::libraries, "browses", &Order::browse},
+      Choice{5, about::libraries, "loads", &Order::load},
+      Choice{5, about::guide, "asks for a guide", &Order::fetch},
+      Choice{3, about::libraries, "marks", &Order::mark},
+      Choice{6, about::playing, "plays", &Order::play},
+      Choice{3, about::playing, "zaps", &Order::zap},
+      Choice{9, about::playing, "the stream differs", &Order::stream},
+      Choice{2, about::playing, "opens a file", &Order::file},
+      Choice{2, about::session, "the credential store differs", &Order::credentialsFail},
+      Choice{2, about::session, "quits and starts", &Order::startAnew},
   };
-  static const unsigned weights =
+  const auto weightOf = [this](const Choice& choice) {
+    return choice.theme == theme ? choice.weight * 8 : choice.weight;
+  };
+  const unsigned weights =
       std::accumulate(choices.begin(), choices.end(), 0u,
-                      [](unsigned sum, const Choice& choice) { return sum + choice.weight; });
+                      [&](unsigned sum, const Choice& choice) { return sum + weightOf(choice); });
   unsigned place = step.choice % weights;
   const Choice* choice = choices.begin();
-  for (; place >= choice->weight; ++choice) place -= choice->weight;
+  for (; place >= weightOf(*choice); ++choice) place -= weightOf(*choice);
   note(QLatin1String(choice->name) + (step.settles ? u""_s : u", at once"_s));
   (this->*choice->take)(step.value);
   look("after the step");

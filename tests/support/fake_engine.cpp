@@ -13,7 +13,7 @@ void FakeEngine::load(const MediaSource& loaded) {
 
 void FakeEngine::unload() {
   calls.append(u"unload"_s);
-  now = {.releasing = releasesLate};
+  now = {.releasing = releasesLate && (now.hasMedia || now.releasing)};
 }
 
 void FakeEngine::play() {
