@@ -9,7 +9,7 @@ Browsable {
     required property Views views
     required property PersistentVideoOverlay overlay
 
-    onBrowse: list.forceActiveFocus(Qt.OtherFocusReason)
+    onBrowse: Keyboard.give(list)
 
     Item {
         id: guide

@@ -168,6 +168,6 @@ FocusScope {
             }
         }
 
-        onClosed: grid.forceActiveFocus(Qt.PopupFocusReason)
+        onClosed: Keyboard.give(grid)
     }
 }

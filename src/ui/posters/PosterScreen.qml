@@ -9,10 +9,7 @@ Browsable {
     required property Views views
     required property PersistentVideoOverlay overlay
 
-    onBrowse: {
-        const entries = browser.item ?? grid;
-        entries.forceActiveFocus(Qt.OtherFocusReason);
-    }
+    onBrowse: Keyboard.give(browser.item as Item ?? grid)
 
     // Arrows and Return are for the posters of a section that was just entered.
     Connections {
@@ -79,9 +76,9 @@ Browsable {
             id: browser
             anchors.fill: grid
             active: screen.views.posters.content === PosterView.Episodes
-            onLoaded: (item as EpisodeBrowser).forceActiveFocus(Qt.OtherFocusReason)
+            onLoaded: Keyboard.give(item as Item)
             onActiveChanged: if (!active)
-                grid.forceActiveFocus(Qt.OtherFocusReason)
+                Keyboard.give(grid)
 
             sourceComponent: EpisodeBrowser {
                 episodes: screen.views.episodes

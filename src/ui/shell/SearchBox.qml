@@ -23,7 +23,7 @@ Rectangle {
 
         function onSearchFocusRequested() {
             // After whatever chose the section has given the focus away.
-            Qt.callLater(field.forceActiveFocus, Qt.OtherFocusReason);
+            Qt.callLater(() => Keyboard.give(field));
         }
     }
 

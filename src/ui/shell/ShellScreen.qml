@@ -34,12 +34,12 @@ FocusScope {
     /// Gives the keys to the entries.
     function browse() {
         if (picture.item)
-            return picture.forceActiveFocus(Qt.OtherFocusReason);
+            return Keyboard.give(picture);
         const shown = content.item as Browsable;
         if (shown)
             shown.browse();
         else
-            content.forceActiveFocus(Qt.OtherFocusReason);
+            Keyboard.give(content);
     }
 
     // What had the keys may be gone, or hidden: then only something around it has them, where no
@@ -155,7 +155,7 @@ FocusScope {
         id: picture
         anchors.fill: parent
         active: screen.views.remote.pictureOnly
-        onLoaded: forceActiveFocus(Qt.OtherFocusReason)
+        onLoaded: Keyboard.give(picture)
         sourceComponent: screen.views.remote.small ? smallPlayer : fullScreenPlayer
     }
 
