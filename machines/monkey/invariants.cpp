@@ -46,33 +46,41 @@ void checkRows(Subject& on, Faults& faults) {
   const QString selected = browsing.selected() ? browsing.selected()->id : QString();
   faults.unless(current == rows.rowOf(selected),
                 u"highlight: row %1 of %2"_s.arg(current).arg(rows.rowCount()));
-  const QString& category = browsing.category();
-  const auto& known = browsing.catalog().categories();
-  const bool has =
-      category.isEmpty() || category == Browsing::continueWatching ||
-      std::ranges::any_of(known, [&](const MediaCategory& one) { return one.id == category; });
-  faults.unless(has || on.model->libraries().loading().size() > 0, u"category: "_s + category);
+  faults.unless(
+      browsing.category() != Browsing::continueWatching || browsing.continueWatchingOffered(),
+      u"category: one that is not offered"_s);
   faults.unless(!browsing.showingEpisodes() ||
                     (browsing.selected() && browsing.selected()->kind == LibraryKind::shows),
                 u"episodes: of no show"_s);
 }
 
+/// Whether the item is a row of its view, and not one that is kept for another use.
+bool isRow(QQuickItem* item, int row) {
+  for (QQuickItem* delegate = item; delegate; delegate = delegate->parentItem()) {
+    QQuickItem* content = delegate->parentItem();
+    QQuickItem* view = content ? content->parentItem() : nullptr;
+    if (!view || !view->inherits("QQuickItemView")) continue;
+    QQuickItem* found = nullptr;
+    QMetaObject::invokeMethod(view, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, found),
+                              Q_ARG(int, row));
+    return found == delegate;
+  }
+  return false;
+}
+
 /// The rows on the screen are rows of the model.
-void checkShownRows(Subject& on, const QList<QQuickItem*>& items, Faults& faults) {
+void checkShownRows(Subject& on, Faults& faults) {
+  // Whose rows are of another list.
+  if (on.on().views.remote()->chooser()) return;
   const ItemListModel& rows = *on.on().views.items();
-  for (const QQuickItem* item : items) {
+  for (QQuickItem* item : on.shownItems()) {
     const QByteArray type(item->metaObject()->className());
-    if (!type.startsWith("GuideRow") && !type.startsWith("PosterCard")) continue;
     const int row = item->property("index").toInt();
-    if (type.startsWith("GuideRow") && !on.on().views.shell()->showsChannels()) continue;
-    // A row of another list, of channels over the picture.
-    if (item->window() && on.on().views.remote()->chooser()) continue;
-    faults.unless(row < rows.rowCount(),
-                  u"shown rows: row %1 of %2"_s.arg(row).arg(rows.rowCount()));
-    if (row < 0 || row >= rows.rowCount()) continue;
+    if (!(type.startsWith("GuideRow") || type.startsWith("PosterCard")) || !isRow(item, row))
+      continue;
     const QString name = rows.data(rows.index(row), ItemListModel::NameRole).toString();
-    faults.unless(item->property("name").toString() == name,
-                  u"shown rows: row %1 has another's name"_s.arg(row));
+    faults.unless(row < rows.rowCount() && item->property("name").toString() == name,
+                  u"shown rows: row %1 of %2 is another"_s.arg(row).arg(rows.rowCount()));
   }
 }
 
@@ -177,7 +185,7 @@ QStringList broken(Subject& on) {
   checkPlayback(on, faults);
   checkSession(on, faults);
   checkFocus(on, faults);
-  if (on.awake()) checkShownRows(on, on.shownItems(), faults);
+  if (on.awake()) checkShownRows(on, faults);
   return faults.list;
 }
 

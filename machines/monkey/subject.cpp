@@ -66,7 +66,7 @@ Subject::Running::Running(Subject& on)
   place = std::make_unique<WindowPlace>(*window, *on.preferences);
   PlayerRemote& remote = *views.remote();
   QObject::connect(&remote, &PlayerRemote::smallChanged, place.get(),
-          [this, &remote] { place->setSmall(remote.small()); });
+                   [this, &remote] { place->setSmall(remote.small()); });
   recordingService.offer(on.worker, application);
   mpris.offer(on.worker);
   idleInhibitor.join(on.worker, application);
@@ -127,7 +127,8 @@ QString Subject::waitsForNothing() const {
       return u"a library"_s;
   const bool comes = transport.open(u"get_series_info"_s) + transport.open(u"get_short_epg"_s) > 0;
   // A guide may wait its turn.
-  const bool may = model->browsing().kind() == LibraryKind::live && clock.waiting() > 0;
+  const auto& selected = model->browsing().selected();
+  const bool may = selected && selected->kind == LibraryKind::live && clock.waiting() > 0;
   return model->details().detailsLoading() && !comes && !may ? u"details"_s : QString();
 }
 
