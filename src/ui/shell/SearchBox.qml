@@ -23,7 +23,7 @@ Rectangle {
 
         function onSearchFocusRequested() {
             // After whatever chose the section has given the focus away.
-            Qt.callLater(() => Keyboard.give(field));
+            Keyboard.giveLater(field);
         }
     }
 

@@ -26,4 +26,10 @@ void Keyboard::give(QQuickItem* item) {
     if (at == item || at->isFocusScope()) at->setFocus(true, Qt::OtherFocusReason);
 }
 
+void Keyboard::giveLater(QQuickItem* item) {
+  if (!item) return;
+  QMetaObject::invokeMethod(
+      item, [item] { give(item); }, Qt::QueuedConnection);
+}
+
 }  // namespace vantor

@@ -349,6 +349,14 @@ TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
   press(Qt::Key_Escape);
   EXPECT_FALSE(app->showingConnect());
   EXPECT_EQ(window->activeFocusItem(), before);
+  press(Qt::Key_K, Qt::ControlModifier);
+  for (const Section section : {Section::movies, Section::live}) {
+    app->navigate(section);
+    QTest::qWait(0);
+    EXPECT_FALSE(focusIsIn(shell)) << "section " << static_cast<int>(section);
+  }
+  press(Qt::Key_Escape);
+  expectMoves("a section that was entered under the sheet");
 }
 
 void readAll(QAccessibleInterface* node, QStringList& texts) {
