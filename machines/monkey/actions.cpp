@@ -208,6 +208,7 @@ void changeSource(EngineStatus& now, const Step& step) {
     case 6:
       now.state = EngineState::ended;
       break;
+    case 5:
     case 7:
       now.state = EngineState::error;
       break;
@@ -254,6 +255,16 @@ void actOnEngine(Subject& on, const Step& step) {
       changeSource(engine.now, {step.act, step.a % 16, step.b});
   }
   if (step.b % 2) engine.announce();
+}
+
+/// Opens a row, and its first picture comes.
+void watch(Subject& on, const Step& step) {
+  const int rows = on.on().views.items()->rowCount();
+  if (rows == 0) return;
+  on.on().views.shell()->openRow(static_cast<int>(step.a) % rows);
+  on.settleAll();
+  changeSource(on.engine.now, {step.act, 1, step.b});
+  on.clock.advance(250ms);
 }
 
 void callOverBus(Subject& on, const Step& step) {
@@ -376,6 +387,8 @@ void perform(Subject& on, const Step& step) {
     case Act::answer:
     case Act::answerAll:
       return actOnRequests(on, step);
+    case Act::watch:
+      return watch(on, step);
     case Act::engine:
       return actOnEngine(on, step);
     case Act::pass:

@@ -134,6 +134,9 @@ void checkFocus(Subject& on, Faults& faults) {
     if (!popup->inherits("QQuickPopup") || !popup->property("opened").toBool() ||
         !popup->property("focus").toBool())
       continue;
+    const QVariant row = popup->property("row");
+    faults.unless(!row.isValid() || row.toInt() < on.on().views.items()->rowCount(),
+                  u"menu: of row %1, which is gone"_s.arg(row.toInt()));
     const auto* content = popup->property("contentItem").value<QQuickItem*>();
     const QQuickItem* around = content ? content->parentItem() : nullptr;
     const QQuickItem* overlay = around ? around->parentItem() : nullptr;

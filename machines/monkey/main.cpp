@@ -53,6 +53,7 @@ bool isOneFrame(const Step& step) {
     case Act::animate:
     case Act::hold:
     case Act::drag:
+    case Act::watch:
     case Act::state:
     case Act::resize:
       return false;

@@ -33,6 +33,7 @@ constexpr std::array kinds{
     Kind{Act::navigate, "navigate"_L1, 8},
     Kind{Act::answer, "answer"_L1, 30},
     Kind{Act::answerAll, "answer-all"_L1, 8},
+    Kind{Act::watch, "watch"_L1, 12},
     Kind{Act::engine, "engine"_L1, 34},
     Kind{Act::pass, "pass"_L1, 20},
     Kind{Act::setClock, "set-clock"_L1, 3},

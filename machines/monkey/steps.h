@@ -24,6 +24,7 @@ enum class Act : unsigned char {
   navigate,
   answer,
   answerAll,
+  watch,
   engine,
   pass,
   setClock,
