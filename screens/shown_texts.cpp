@@ -25,7 +25,7 @@ bool isCut(const QQuickItem* text) {
 }
 
 QString outsideBrackets(QString text) {
-  static const QRegularExpression innermost(u"⟦[^⟦⟧]*⟧"_s);
+  static const QRegularExpression innermost(u"[⟦\u2060][^⟦⟧\u200B\u2060]*[⟧\u200B]"_s);
   while (text.contains(innermost)) text.remove(innermost);
   // Names of products stay what they are.
   return text.remove(u"Vantor Player"_s).remove(u"Vantor TV"_s);

@@ -9,6 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QChar closing = u'\u200B';
+const QChar opening = u'\u2060';
+
 QString written(QChar letter, PseudoTranslator::Letters letters) {
   static const QString latin = u"abcdefghijklmnopqrstuvwxyz"_s;
   static const QString accented = u"áƀçďéƒğĥíĵķľḿñóþɋřšťúṽŵẋýž"_s;
@@ -31,7 +34,8 @@ QString PseudoTranslator::translate(const char* context, const char* source, con
   QString pseudo;
   for (qsizetype i = 0; i < text.size(); ++i) {
     const bool isPlace = text.at(i) == u'%' && i + 1 < text.size();
-    pseudo += isPlace ? text.mid(i++, 2) : written(text.at(i), letters_);
+    // What comes there has brackets of its own, or is a name; these have no width.
+    pseudo += isPlace ? closing + text.mid(i++, 2) + opening : written(text.at(i), letters_);
   }
   const qsizetype missing = text.size() * 14 / 10 - pseudo.size() - 2;
   return u'⟦' + pseudo + QString(std::max<qsizetype>(missing, 0), u'~') + u'⟧';

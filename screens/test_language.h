@@ -9,7 +9,7 @@
 namespace vantor::screens {
 
 /// Texts that show what becomes of a translation: each in ⟦brackets⟧, in letters that English has
-/// not, 40 % longer. What stands outside of brackets was not translated.
+/// not, 40 % longer. What stands outside of brackets was not translated, or is a name.
 class PseudoTranslator final : public QTranslator {
  public:
   enum class Letters { accented, Arabic };
