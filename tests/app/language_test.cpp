@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <QKeySequence>
 #include <QLocale>
 
 #include "support/model_fixture.h"
@@ -13,6 +14,12 @@ namespace vantor {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+TEST(LanguageTest, TheToolkitSpeaksTheSame) {
+  const QKeySequence keys(Qt::CTRL | Qt::Key_Space);
+  const Language language({u"de"_s});
+  EXPECT_EQ(keys.toString(QKeySequence::NativeText), u"Strg+Leertaste"_s);
+}
 
 TEST(LanguageTest, TheFirstOfTheUsersLanguagesThatThereIs) {
   const std::vector<std::pair<QStringList, QString>> cases = {
