@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>Remove from Continue watching</source>
-        <translation>Retirer de Reprendre</translation>
+        <translation>Retirer de « Reprendre »</translation>
     </message>
 </context>
 <context>

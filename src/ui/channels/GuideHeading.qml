@@ -46,6 +46,7 @@ ColumnLayout {
 
         GroupPicker {
             Layout.fillWidth: true
+            Layout.preferredWidth: 320
             Layout.maximumWidth: 320
             channels: heading.channels
             onPointedAt: heading.groupPointedAt()

@@ -15,6 +15,7 @@ Item {
     required property bool isFavorite
     required property string nowText
     required property string nextText
+    required property bool isOn
     required property ArtworkStore artworkStore
     property bool focused: false
     readonly property string bookmarkSymbol: isFavorite ? "bookmark.fill" : "bookmark"
@@ -112,6 +113,7 @@ Item {
         width: row.programmeWidth
         height: parent.height
         text: row.nowText
+        note: !row.isOn
         ink: row.ink
         color: row.isSelected ? Style.focusWhite : Style.faded(Style.panelColor, 0.7)
     }

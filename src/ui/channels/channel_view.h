@@ -36,7 +36,8 @@ class ChannelView final : public QObject {
  public:
   ChannelView(AppModel& model, Clock& clock, ItemListModel& items, QObject* parent = nullptr);
 
-  /// The channels as `ItemListModel` has them, with "nowText" and "nextText".
+  /// The channels as `ItemListModel` has them, with "nowText", "nextText" and "isOn"
+  /// (whether "nowText" is a programme, and not why there is none).
   GuideListModel* rows() { return &rows_; }
 
   /// The choice of all channels, then every category's name.

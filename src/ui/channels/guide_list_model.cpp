@@ -22,6 +22,8 @@ QVariant GuideListModel::data(const QModelIndex& index, int role) const {
       return nowText(index);
     case NextTextRole:
       return nextText(index);
+    case IsOnRole:
+      return !upcoming(index.data(ItemListModel::ItemIDRole).toString()).isEmpty();
     default:
       return QIdentityProxyModel::data(index, role);
   }
@@ -31,6 +33,7 @@ QHash<int, QByteArray> GuideListModel::roleNames() const {
   QHash<int, QByteArray> names = QIdentityProxyModel::roleNames();
   names.insert(NowTextRole, "nowText");
   names.insert(NextTextRole, "nextText");
+  names.insert(IsOnRole, "isOn");
   return names;
 }
 
@@ -53,7 +56,7 @@ QString GuideListModel::nextText(const QModelIndex& index) const {
 
 void GuideListModel::updateTexts(int first, int last) {
   if (first >= 0 && last >= first)
-    Q_EMIT dataChanged(index(first, 0), index(last, 0), {NowTextRole, NextTextRole});
+    Q_EMIT dataChanged(index(first, 0), index(last, 0), {NowTextRole, NextTextRole, IsOnRole});
 }
 
 void GuideListModel::guideChanged(const QString& channelID) {

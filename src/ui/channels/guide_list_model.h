@@ -15,7 +15,7 @@ class GuideListModel final : public QIdentityProxyModel {
   Q_OBJECT
 
  public:
-  enum Role { NowTextRole = Qt::UserRole + 100, NextTextRole };
+  enum Role { NowTextRole = Qt::UserRole + 100, NextTextRole, IsOnRole };
 
   GuideListModel(const ProgrammeGuide& guide, const Clock& clock, ItemListModel& items,
                  QObject* parent = nullptr);

@@ -51,6 +51,8 @@ ComboBox {
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
         verticalAlignment: Text.AlignVCenter
     }
 

@@ -44,12 +44,16 @@ Sheet {
 
     name: qsTr("Keys")
     padding: 2 * textSize
-    // Wider than the window if need be, which the sheet makes up for.
-    width: implicitContentWidth + leftPadding + rightPadding
-    height: implicitContentHeight + topPadding + bottomPadding
+    // In languages that need more room than the window has.
+    readonly property real fit: Math.min(1, (parent?.width - 2 * (away + padding)) / rows.implicitWidth || 1, (parent?.height - 2 * (away + padding)) / rows.implicitHeight || 1)
+    width: rows.implicitWidth * fit + 2 * padding
+    height: rows.implicitHeight * fit + 2 * padding
     onEscaped: close()
 
     RowLayout {
+        id: rows
+        scale: sheet.fit
+        transformOrigin: Item.TopLeft
         spacing: 3 * sheet.textSize
         focus: true
         Keys.onPressed: event => {

@@ -93,6 +93,8 @@ Rectangle {
             width: list.width - 24
             text: name
             font: Style.font(13)
+            // The program's own come first.
+            shrinks: index < 2
             textAlignment: Text.AlignLeft
             focusPolicy: Qt.NoFocus
             selected: rail.categories.current === categoryID

@@ -8,6 +8,8 @@ T.AbstractButton {
     property bool selected: false
     property string symbol: ""
     property int textAlignment: Text.AlignHCenter
+    // Whether the text gets smaller where there is no room for it.
+    property bool shrinks: false
     property color plainColor: Style.panelColor
     property color plainTextColor: Style.focusWhite
     readonly property bool highlighted: selected || down
@@ -70,6 +72,8 @@ T.AbstractButton {
             color: button.textColor
             horizontalAlignment: button.textAlignment
             elide: Text.ElideRight
+            fontSizeMode: button.shrinks ? Text.HorizontalFit : Text.FixedSize
+            minimumPixelSize: 8
             textFormat: Text.PlainText
         }
     }
