@@ -87,8 +87,8 @@ void ModelFixture::connectAccount(const ProviderAccount& wanted) {
 }
 
 void ModelFixture::disconnectAccount() {
-  signOutJob = Job::start(
-      [this](std::stop_token token) { return leave(token, QPointer(model.get())); });
+  signOutJob =
+      Job::start([this](std::stop_token token) { return leave(token, QPointer(model.get())); });
   settle();
 }
 
