@@ -87,8 +87,8 @@ class Order final : ModelFixture {
   using Exchange = FakeTransport::Exchange;
   void begin(bool demo);
   void leave() {
-    around.reset();
-    signIns.clear();
+    around_.reset();
+    signIns_.clear();
     quit();
     for (const auto& exchange : openExchanges())
       if (!exchange->cancelled) blame(u"a request outlives the program"_s);
@@ -104,7 +104,7 @@ class Order final : ModelFixture {
     clock.advance(times.at(value % times.size()));
   }
   void signIn(unsigned value);
-  void giveUpSignIn(unsigned) { signIns.clear(); }
+  void giveUpSignIn(unsigned) { signIns_.clear(); }
   void signOut(unsigned) {
     Job::start([app = QPointer(model.get())](std::stop_token stop) {
       return forget(stop, app);
@@ -142,11 +142,11 @@ class Order final : ModelFixture {
   }
   void zap(unsigned value) {
     if (value % 3 == 0)
-      around->zapping.type(static_cast<int>(value / 3 % 3));
+      around_->zapping.type(static_cast<int>(value / 3 % 3));
     else if (value % 3 == 1)
-      around->zapping.goBack();
-    else if (!around->zapping.step(value / 3 % 2 == 0 ? 1 : -1))
-      around->episodes.playNext();
+      around_->zapping.goBack();
+    else if (!around_->zapping.step(value / 3 % 2 == 0 ? 1 : -1))
+      around_->episodes.playNext();
   }
   void stream(unsigned value);
   void file(unsigned value) {
@@ -161,8 +161,8 @@ class Order final : ModelFixture {
     for (const auto operation : operations) credentials.work(operation);
     const auto failing = operations.at(value / 2 % 4);
     if (value % 2 == 1) credentials.fail(failing);
-    cannotRead = value % 2 == 1 && failing == copyMatching;
-    unread = unread || (cannotRead && model->session().startingUp());
+    cannotRead_ = value % 2 == 1 && failing == copyMatching;
+    unread_ = unread_ || (cannotRead_ && model->session().startingUp());
   }
   void startAnew(unsigned value) {
     leave();
@@ -180,7 +180,7 @@ class Order final : ModelFixture {
     } catch (...) {
       co_return;
     }
-    if (!isSecond) order->expected = wanted.id;
+    if (!isSecond) order->expected_ = wanted.id;
   }
   static QCoro::Task<> forget(std::stop_token stop, QPointer<AppModel> app) {
     if (!app) co_return;
@@ -220,15 +220,15 @@ class Order final : ModelFixture {
     return items.empty() ? std::nullopt : std::optional(items.item(value % items.size()));
   }
 
-  std::unique_ptr<Around> around;
-  std::optional<QUuid> expected;  // who is signed in once everything was answered
-  bool cannotRead = false;        // the credential store fails at reading
-  bool unread = false;            // the saved account could not be read in this run
-  std::vector<Job> signIns;
-  unsigned theme = 0;
-  int serial = 0;
-  bool connected = false;
-  std::map<QString, int> newest;  // number of the last answer shown of a library and world
+  std::unique_ptr<Around> around_;
+  std::optional<QUuid> expected_;  // who is signed in once everything was answered
+  bool cannotRead_ = false;        // the credential store fails at reading
+  bool unread_ = false;            // the saved account could not be read in this run
+  std::vector<Job> signIns_;
+  unsigned theme_ = 0;
+  int serial_ = 0;
+  bool connected_ = false;
+  std::map<QString, int> newest_;  // number of the last answer shown of a library and world
 };
 
 namespace about {
@@ -244,7 +244,7 @@ struct Choice {
 
 Order::Order(unsigned start) {
   transport.cancelsAtOnce = false;
-  theme = start / 16 % 4;
+  theme_ = start / 16 % 4;
   if (start % 4 > 0) {
     account.password = u"secret0"_s;
     account.username = u"user0"_s;
@@ -262,23 +262,23 @@ Order::~Order() {
 
 void Order::begin(bool demo) {
   note(demo ? u"starts with the samples"_s : u"starts"_s);
-  newest.clear();
-  unread = demo || cannotRead;
+  newest_.clear();
+  unread_ = demo || cannotRead_;
   const std::optional<QByteArray> saved = credentials.value(providerItem);
-  expected = saved && !demo ? std::optional(ProviderAccount::fromJSON(*saved).id) : std::nullopt;
+  expected_ = saved && !demo ? std::optional(ProviderAccount::fromJSON(*saved).id) : std::nullopt;
   ModelFixture::begin(demo ? QStringList{u"--demo"_s} : QStringList());
-  around = std::make_unique<Around>(*model, engine, transport, clock,
-                                    [this](const QByteArray& name) { look(name); });
+  around_ = std::make_unique<Around>(*model, engine, transport, clock,
+                                     [this](const QByteArray& name) { look(name); });
 }
 
 QByteArray Order::body(const Exchange& exchange) {
   const QUrlQuery query(exchange.request.address);
   const int user = query.queryItemValue(u"username"_s).right(1).toInt();
   const QByteArray tag =
-      query.queryItemValue(u"password"_s).toUtf8() + ' ' + QByteArray::number(++serial);
+      query.queryItemValue(u"password"_s).toUtf8() + ' ' + QByteArray::number(++serial_);
   const auto rows = [&](const char* id, const QByteArray& more) {
     QByteArrayList all;
-    for (int i = 0; i < 1 + serial % idsEach; ++i)
+    for (int i = 0; i < 1 + serial_ % idsEach; ++i)
       all.append(R"({")" + QByteArray(id) + R"(":)" + QByteArray::number(user * idsEach + i) +
                  R"(,"name":")" + tag + " no. " + QByteArray::number(i) + R"(","title":")" + tag +
                  R"(","category_id":)" + QByteArray::number(i % 2 + 1) + more + '}');
@@ -286,7 +286,7 @@ QByteArray Order::body(const Exchange& exchange) {
   };
   if (exchange.action.isEmpty()) return acceptedSignIn();
   if (exchange.action == serviceDocument)
-    return R"({"schemaVersion":1,"serverUrl":"http://tv)" + QByteArray::number(serial % 3) +
+    return R"({"schemaVersion":1,"serverUrl":"http://tv)" + QByteArray::number(serial_ % 3) +
            R"(.example"})";
   if (exchange.action.endsWith(u"categories"_s))
     return R"([{"category_id":1,"category_name":"one"},{"category_id":2,"category_name":"two"}])";
@@ -315,9 +315,9 @@ void Order::answer(unsigned value) {
 void Order::signIn(unsigned value) {
   ProviderAccount wanted =
       ProviderAccount::validated(u"Vantor TV"_s, u"http://tv%1.example"_s.arg(value / users % 2),
-                                 u"user%1"_s.arg(value % users), u"secret%1"_s.arg(++serial));
+                                 u"user%1"_s.arg(value % users), u"secret%1"_s.arg(++serial_));
   note(u"    as %1 with %2"_s.arg(wanted.username, wanted.password));
-  signIns.push_back(Job::start([this, app = QPointer(model.get()), wanted](std::stop_token stop) {
+  signIns_.push_back(Job::start([this, app = QPointer(model.get()), wanted](std::stop_token stop) {
     return follow(stop, this, app, wanted);
   }));
 }
@@ -382,7 +382,7 @@ bool Order::take(const Step& step) {
       Choice{2, about::session, "quits and starts", &Order::startAnew},
   };
   const auto weightOf = [this](const Choice& choice) {
-    return choice.theme == theme ? choice.weight * 8 : choice.weight;
+    return choice.theme == theme_ ? choice.weight * 8 : choice.weight;
   };
   const unsigned weights =
       std::accumulate(choices.begin(), choices.end(), 0u,
@@ -442,7 +442,7 @@ void Order::look(const QByteArray& signal) {
     int number = 0;
     for (std::size_t row = 0; row < catalog.size(); ++row)
       number = std::max(number, catalog.name(row).section(u' ', 1, 1).toInt());
-    int& before = newest[world + rawValue(kind)];
+    int& before = newest_[world + rawValue(kind)];
     if (number < before) found = u"an older answer replaced a newer one"_s;
     before = number;
   }
@@ -452,9 +452,9 @@ void Order::look(const QByteArray& signal) {
 
 void Order::lookAtConnections() {
   for (const QString& call : engine.takeCalls()) {
-    if (call == u"unload"_s) connected = false;
+    if (call == u"unload"_s) connected_ = false;
     if (!call.startsWith(u"load "_s)) continue;
-    if (std::exchange(connected, true)) blame(u"a source is opened beside another"_s);
+    if (std::exchange(connected_, true)) blame(u"a source is opened beside another"_s);
   }
   const auto open = openExchanges();
   const auto questions = std::ranges::count_if(open, [](const auto& exchange) {
@@ -462,7 +462,7 @@ void Order::lookAtConnections() {
            exchange->request.address.path().startsWith(u"/movie/"_s) ||
            exchange->request.address.path().startsWith(u"/series/"_s);
   });
-  if (questions + (connected || engine.now.releasing ? 1 : 0) > 1)
+  if (questions + (connected_ || engine.now.releasing ? 1 : 0) > 1)
     blame(u"more than one connection for streams"_s);
 }
 
@@ -476,13 +476,13 @@ void Order::lookAtRest() {
       blame(u"a request of another account goes on"_s);
   }
   const std::optional<QByteArray> saved = credentials.value(providerItem);
-  if (!saved) expected.reset();
-  if (session.account() || !saved) unread = false;
-  if (unread) return;
+  if (!saved) expected_.reset();
+  if (session.account() || !saved) unread_ = false;
+  if (unread_) return;
   const auto id = session.account() ? std::optional(session.account()->id) : std::nullopt;
   const auto savedID = saved ? std::optional(ProviderAccount::fromJSON(*saved).id) : std::nullopt;
   if (id != savedID) blame(u"another account is saved than is signed in"_s);
-  if (id != expected) blame(u"another account is signed in than came last"_s);
+  if (id != expected_) blame(u"another account is signed in than came last"_s);
 }
 
 void Order::rest() {
@@ -516,12 +516,12 @@ void Order::end() {
   credentialsFail(0);
   rest();
   const bool signedIn = model->session().account().has_value();
-  const int before = serial;
+  const int before = serial_;
   for (const LibraryKind kind : allLibraryKinds) model->load(kind, LoadMode::refresh);
   rest();
   const QString loaded = libraries();
   const bool copied = model->session().disk() != nullptr;
-  if (signedIn && (model->libraries().catalogs().size() != 3 || serial < before + 3))
+  if (signedIn && (model->libraries().catalogs().size() != 3 || serial_ < before + 3))
     blame(u"not all libraries came"_s);
   startAnew(1);
   rest();

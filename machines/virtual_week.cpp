@@ -77,7 +77,7 @@ class Week : Network, ModelFixture {
 
  private:
   void open();
-  void close() { view.reset(), items.reset(); }
+  void close() { view_.reset(), items_.reset(); }
   void passMinute();
   void jump(int minute);
   void quieten();
@@ -90,28 +90,28 @@ class Week : Network, ModelFixture {
   /// What the provider says of the channel now.
   GuideEntries programmes(const MediaItem& channel) const;
 
-  std::unique_ptr<ItemListModel> items;
-  std::unique_ptr<ChannelView> view;
-  int onScreen = 0;
-  int unsettled = 0;  // minutes until the screen has to be right again
+  std::unique_ptr<ItemListModel> items_;
+  std::unique_ptr<ChannelView> view_;
+  int onScreen_ = 0;
+  int unsettled_ = 0;  // minutes until the screen has to be right again
 };
 
 void Week::open() {
   close();
   time = now();
   AppModel& app = launch();
-  items = std::make_unique<ItemListModel>(app.browsing(), app.record(), app.playback());
-  view = std::make_unique<ChannelView>(app, clock, *items);
+  items_ = std::make_unique<ItemListModel>(app.browsing(), app.record(), app.playback());
+  view_ = std::make_unique<ChannelView>(app, clock, *items_);
   EXPECT_TRUE(eventually([&] { return app.browsing().items().size() > manyRows; }));
   app.select(item(2));
-  onScreen = onScreen == fewRows ? manyRows : fewRows;
-  view->showRows(0, onScreen - 1);
-  unsettled = 2;
+  onScreen_ = onScreen_ == fewRows ? manyRows : fewRows;
+  view_->showRows(0, onScreen_ - 1);
+  unsettled_ = 2;
 }
 
 /// To half a second after the next whole minute, when programmes have changed.
 void Week::passMinute() {
-  EXPECT_LE(server.counters().requests["get_short_epg"], onScreen + 1) << "in a minute";
+  EXPECT_LE(server.counters().requests["get_short_epg"], onScreen_ + 1) << "in a minute";
   server.resetCounters();
   time = (now() / 60 + 1) * 60;
   const auto next = WallTime(std::chrono::seconds(time.load()) + 500ms);
@@ -127,7 +127,7 @@ void Week::jump(int minute) {
     // What was under way has come.
     for (int round = 0; round < 10; ++round) quieten(), clock.advance(100ms);
     clock.set(ahead);
-    unsettled = 2;
+    unsettled_ = 2;
   }
   if (minute % (24 * 60) == 24 * 60 - 1) open();
 }
@@ -140,7 +140,7 @@ GuideEntries Week::programmes(const MediaItem& channel) const {
 
 QString Week::expected() const {
   QStringList rows;
-  for (int row = 0; row < onScreen; ++row) {
+  for (int row = 0; row < onScreen_; ++row) {
     const GuideEntries known = programmes(item(static_cast<std::size_t>(row)));
     rows.append(known.isEmpty() ? u"No programme information, then —"_s
                                 : known[0].title + u", then "_s + known[1].title);
@@ -158,12 +158,12 @@ QString Week::expected() const {
 
 QString Week::shown() const {
   QStringList rows;
-  for (int row = 0; row < onScreen; ++row) {
-    const QModelIndex index = view->rows()->index(row, 0);
-    rows.append(view->rows()->data(index, GuideListModel::NowTextRole).toString() + u", then "_s +
-                view->rows()->data(index, GuideListModel::NextTextRole).toString());
+  for (int row = 0; row < onScreen_; ++row) {
+    const QModelIndex index = view_->rows()->index(row, 0);
+    rows.append(view_->rows()->data(index, GuideListModel::NowTextRole).toString() + u", then "_s +
+                view_->rows()->data(index, GuideListModel::NextTextRole).toString());
   }
-  rows.append(view->programmeTitle() + u", "_s + view->programmeTimes());
+  rows.append(view_->programmeTitle() + u", "_s + view_->programmeTimes());
   return rows.join(u'\n');
 }
 
@@ -179,7 +179,7 @@ void Week::quieten() {
 /// The screen is right soon after the minute has begun, and after two when the clock was set.
 void Week::look() {
   EXPECT_EQ(faultIn(*model).toStdString(), "");
-  const bool settles = --unsettled < 0;
+  const bool settles = --unsettled_ < 0;
   for (int round = 0; round < 200; ++round) {
     quieten();
     if (!settles || shown() == expected()) return;
