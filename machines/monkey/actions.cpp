@@ -260,7 +260,8 @@ void actOnEngine(Subject& on, const Step& step) {
 /// Opens a row, and its first picture comes.
 void watch(Subject& on, const Step& step) {
   const int rows = on.on().views.items()->rowCount();
-  if (rows == 0) return;
+  // Episodes lie over the rows.
+  if (rows == 0 || on.model->browsing().showingEpisodes()) return;
   on.on().views.shell()->openRow(static_cast<int>(step.a) % rows);
   on.settleAll();
   changeSource(on.engine.now, {step.act, 1, step.b});

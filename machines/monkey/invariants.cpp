@@ -114,13 +114,18 @@ void checkSession(Subject& on, Faults& faults) {
   faults.unless(somebody || model.libraries().catalogs().empty(),
                 u"session: a library of nobody"_s);
   faults.unless(somebody || model.libraries().loading().empty(), u"session: loading for nobody"_s);
+  // A sign-in asks without an action, pictures and the configuration have a file's name.
+  const auto open = on.openRequests();
+  const bool asked =
+      std::ranges::any_of(open, [](const auto& one) { return one->action.startsWith("get_"_L1); });
+  faults.unless(somebody || !asked, u"session: a request of nobody"_s);
   faults.unless(somebody || !model.browsing().selected(), u"session: an entry of nobody"_s);
   faults.unless(somebody || !model.playback().source() || model.playback().isLocal(),
                 u"session: a stream of nobody"_s);
 }
 
-/// Keys have somewhere to go.
-void checkFocus(Subject& on, Faults& faults) {
+/// Keys have somewhere to go. Tells which menus are open.
+void checkFocus(Subject& on, QHash<const QObject*, int>& menus, Faults& faults) {
   const QQuickWindow& window = on.window();
   if (!window.isActive() || !on.awake() || on.on().views.remote()->small()) return;
   const QQuickItem* focus = window.activeFocusItem();
@@ -134,9 +139,7 @@ void checkFocus(Subject& on, Faults& faults) {
     if (!popup->inherits("QQuickPopup") || !popup->property("opened").toBool() ||
         !popup->property("focus").toBool())
       continue;
-    const QVariant row = popup->property("row");
-    faults.unless(!row.isValid() || row.toInt() < on.on().views.items()->rowCount(),
-                  u"menu: of row %1, which is gone"_s.arg(row.toInt()));
+    if (popup->property("row").isValid()) menus.insert(popup, popup->property("row").toInt());
     const auto* content = popup->property("contentItem").value<QQuickItem*>();
     const QQuickItem* around = content ? content->parentItem() : nullptr;
     const QQuickItem* overlay = around ? around->parentItem() : nullptr;
@@ -145,6 +148,18 @@ void checkFocus(Subject& on, Faults& faults) {
     faults.unless(holds || (overlay && overlay != focus && overlay->isAncestorOf(focus)),
                   u"popup: %1 without keys, which %2 has"_s.arg(nameOf(popup), name));
   }
+}
+
+/// A menu is of the entry that it was opened for.
+void checkMenus(Subject& on, const QHash<const QObject*, int>& menus, Faults& faults) {
+  QHash<const QObject*, QString> entries;
+  const ItemListModel& rows = *on.on().views.items();
+  for (const auto& [menu, row] : menus.asKeyValueRange()) {
+    const QString entry = row < rows.rowCount() ? rows.entry(row).id : QString();
+    entries.insert(menu, entry);
+    faults.unless(on.menuEntries.value(menu, entry) == entry, u"menu: of another entry"_s);
+  }
+  on.menuEntries = entries;
 }
 
 void signOutToEnd(Subject& on) {
@@ -187,7 +202,9 @@ QStringList broken(Subject& on) {
   checkRows(on, faults);
   checkPlayback(on, faults);
   checkSession(on, faults);
-  checkFocus(on, faults);
+  QHash<const QObject*, int> menus;  // with their rows
+  checkFocus(on, menus, faults);
+  checkMenus(on, menus, faults);
   if (on.awake()) checkShownRows(on, faults);
   return faults.list;
 }

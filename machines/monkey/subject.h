@@ -81,9 +81,10 @@ class Subject : public test::ModelFixture {
   QQuickWindow& window() const { return *running_->window; }
 
   Animations animations;
-  QStringList warnings;  // since the last look
-  bool ended = false;    // somebody has quit the program
-  int recordings = 0;    // that the engine has yet to answer
+  QStringList warnings;                        // since the last look
+  bool ended = false;                          // somebody has quit the program
+  int recordings = 0;                          // that the engine has yet to answer
+  QHash<const QObject*, QString> menuEntries;  // of the menus that were open
   static constexpr auto applicationPath = "/tv/vantor/player";
 
  private:
