@@ -16,7 +16,7 @@ const QString compiled = u":/i18n"_s;
 /// The code of the first language that there is, empty for English.
 QString firstOf(const QStringList& wanted) {
   for (const QString& language : wanted) {
-    const QString code = language.section(u'-', 0, 0).section(u'_', 0, 0).toLower();
+    QString code = language.section(u'-', 0, 0).section(u'_', 0, 0).toLower();
     if (code == "en"_L1) break;
     if (QFile::exists(compiled + u"/vantor_"_s + code + u".qm"_s)) return code;
   }

@@ -7,6 +7,7 @@
 namespace vantor {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 QByteArray named(QByteArray rows) {
