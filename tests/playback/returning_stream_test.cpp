@@ -5,35 +5,13 @@
 #include "sim/library.h"
 #include "sim/server.h"
 #include "stream_server.h"
+#include "support/quick_clock.h"
 
 namespace vantor {
 namespace {
 
 using namespace test;
 using namespace std::chrono_literals;
-
-class QuickClock final : public Clock {
- public:
-#ifdef __SANITIZE_THREAD__
-  static constexpr int factor = 3;  // so much slower is all that is watched
-#else
-  static constexpr int factor = 10;
-#endif
-  WallTime now() const override {
-    return clock_.now();
-  }
-  SteadyTime steadyNow() const override {
-    return begin_ + factor * (clock_.steadyNow() - begin_);
-  }
-  std::unique_ptr<Timer> callAfter(std::chrono::milliseconds delay,
-                                   std::function<void()> call) override {
-    return clock_.callAfter(std::max(delay / factor, 1ms), std::move(call));
-  }
-
- private:
-  SystemClock clock_;
-  SteadyTime begin_ = clock_.steadyNow();
-};
 
 class ReturningStreamTest : public ::testing::TestWithParam<const char*> {
  protected:

@@ -1,0 +1,214 @@
+// Hours of changing channels with the real engine: streams, playlists, movies, sound alone, and
+// sources that fail in every way, gone through in haste or looked at. Each that is looked at ends
+// in a picture, in sound or in a sentence, and at the end memory, threads, descriptors and sockets
+// are what they were after the first changes. VANTOR_CHANGES says how many, VANTOR_SEED which.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <random>
+
+#include "net/http_client.h"
+#include "platform/memory.h"
+#include "platform/worker.h"
+#include "playback/libvlc_engine.h"
+#include "playback/playback.h"
+#include "playback/stream_keeper.h"
+#include "sim/library.h"
+#include "sim/server.h"
+#include "support/quick_clock.h"
+#include "support/test_media.h"
+#include "support/waiting.h"
+
+namespace vantor::machine {
+namespace {
+
+using namespace test;
+using namespace Qt::StringLiterals;
+
+/// What the process holds, the simulator in it included.
+struct Held {
+  double megabytes = 0;
+  qsizetype threads = 0;
+  qsizetype descriptors = 0;
+  qsizetype sockets = 0;
+
+  static qsizetype entries(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+  }
+  static Held now() {
+    Held held;
+    QFile memory(u"/proc/self/statm"_s);
+    if (memory.open(QIODevice::ReadOnly))
+      held.megabytes = memory.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
+    held.threads = entries(u"/proc/self/task"_s);
+    const QDir descriptors(u"/proc/self/fd"_s);
+    for (const QString& name :
+         descriptors.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+      ++held.descriptors;
+      held.sockets += QFile::symLinkTarget(descriptors.filePath(name)).contains(u"socket:"_s);
+    }
+    return held;
+  }
+};
+
+void PrintTo(const Held& held, std::ostream* out) {
+  *out << held.megabytes << " MB, " << held.threads << " threads, " << held.descriptors
+       << " descriptors, " << held.sockets << " sockets";
+}
+
+class ZappingSoak : public ::testing::Test {
+ protected:
+  const Settled settled;
+  QTemporaryDir folder;
+  sim::Server server{simulated()};
+  HTTPClient transport;
+  QuickClock clock;
+  Worker worker;
+  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
+  LibVLCEngine engine{frames, Output::shown};
+  Playback playback{engine, clock, worker, {.temporary = folder.path()}, Output::shown};
+  StreamKeeper keeper{playback, engine, *frames, transport, clock};
+  std::mt19937 random;
+
+  static void SetUpTestSuite() {
+    qputenv("VANTOR_AUDIO", "none");
+    returnLargeBlocks();
+  }
+  static sim::Options simulated() {
+    sim::Options options;
+    options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
+    options.username = options.password = "viewer";
+    return options;
+  }
+
+  std::size_t below(std::size_t limit) {
+    return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+  }
+
+  QUrl address(sim::Kind kind, long long id, const QString& extension) const {
+    return QUrl(QString::fromStdString(server.url()) +
+                u"/%1/viewer/viewer/%2.%3"_s.arg(QString::fromLatin1(sim::kindName(kind).data()))
+                    .arg(id)
+                    .arg(extension));
+  }
+
+  PlayRequest source(int change) {
+    const int channel = static_cast<int>(below(4));
+    PlayRequest request{.title = u"Source"_s, .id = QString::number(change), .agent = u"Agent/1"_s};
+    request.kind = SourceKind::broadcast;
+    switch (below(10)) {
+      case 0:
+        request.kind = SourceKind::file;
+        request.url = QUrl::fromLocalFile(folder.filePath(u"sound.mp3"_s));
+        break;
+      case 1:
+      case 2:
+        request.kind = SourceKind::onDemand;
+        request.url = address(sim::Kind::movie, sim::entryId(sim::Kind::movie, channel), u"mp4"_s);
+        break;
+      case 3:
+        request.url = address(sim::Kind::live, 999'999, u"ts"_s);
+        break;
+      case 4:
+      case 5:
+        request.url = address(sim::Kind::live, sim::entryId(sim::Kind::live, channel), u"m3u8"_s);
+        break;
+      default:
+        request.url = address(sim::Kind::live, sim::entryId(sim::Kind::live, channel), u"ts"_s);
+    }
+    return request;
+  }
+
+  void misbehave() {
+    using enum sim::Fault;
+    static constexpr std::array faults{none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       none,
+                                       silent,
+                                       slow,
+                                       cutOff,
+                                       unsteady,
+                                       status403,
+                                       status404,
+                                       status500,
+                                       status503,
+                                       html,
+                                       garbage,
+                                       notHttp,
+                                       empty,
+                                       redirectSameOrigin,
+                                       redirectLoop};
+    for (const char* action : {"live", "segment", "movie"})
+      server.setFault(action, faults[below(faults.size())]);
+  }
+
+  /// A picture, sound, or a sentence.
+  bool hasEnded() const {
+    return playback.state() == PlaybackState::failed
+               ? playback.message().has_value()
+               : (playback.state() == PlaybackState::playing ||
+                  playback.state() == PlaybackState::ended);
+  }
+
+  void change(int number) {
+    misbehave();
+    const PlayRequest request = source(number);
+    playback.play(request);
+    if (below(3) > 0) {
+      QTest::qWait(static_cast<int>(below(60)));
+      return;
+    }
+    EXPECT_TRUE(eventually([this] { return hasEnded(); }))
+        << number << ": " << request.url.path().toStdString();
+  }
+
+  Held atRest() {
+    server.reset();
+    playback.stop();
+    EXPECT_TRUE(eventually([this] {
+      return server.counters().streamsOpen == 0 && playback.state() == PlaybackState::idle;
+    }));
+    QTest::qWait(500);
+    // What is kept for later pictures is none of what is held.
+    returnFreeMemory();
+    return Held::now();
+  }
+};
+
+TEST_F(ZappingSoak, LeavesNothingBehind) {
+  const int asked = qEnvironmentVariableIntValue("VANTOR_CHANGES");
+  const int changes = asked > 0 ? asked : 60;
+  const int first = std::min(100, changes / 2);
+  const int seed = std::max(1, qEnvironmentVariableIntValue("VANTOR_SEED"));
+  std::printf("%d changes, seed %d\n", changes, seed);
+  random.seed(static_cast<unsigned>(seed));
+  ASSERT_TRUE(makeMedia(tone(3) + u" -c:a libmp3lame"_s, folder.filePath(u"sound.mp3"_s)));
+  Held before;
+  for (int number = 0; number < changes && !HasFailure(); ++number) {
+    change(number);
+    if (number + 1 == first) before = atRest();
+  }
+  const Held after = atRest();
+  std::printf("after %d: %s\nafter all: %s\n", first, testing::PrintToString(before).c_str(),
+              testing::PrintToString(after).c_str());
+  // Qt keeps connections for the next request, and some threads for the next piece of work.
+  EXPECT_LE(after.threads, before.threads + 2);
+  EXPECT_LE(after.descriptors, before.descriptors + 8);
+  EXPECT_LE(after.sockets, before.sockets + 6);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+  EXPECT_LE(after.megabytes, before.megabytes + 48);
+#endif
+}
+
+}  // namespace
+}  // namespace vantor::machine
