@@ -735,6 +735,13 @@
     </message>
 </context>
 <context>
+    <name>vantor::Assistive</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+</context>
+<context>
     <name>vantor::ChannelBanner</name>
     <message>
         <source>No such channel</source>

@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>Remove from Continue watching</source>
-        <translation>Retirer de « Reprendre »</translation>
+        <translation>Retirer de «&#xa0;Reprendre&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -443,7 +443,7 @@
     <name>RemovalConfirmation</name>
     <message>
         <source>Remove this provider from the Mac?</source>
-        <translation>Supprimer ce fournisseur de cet ordinateur ?</translation>
+        <translation>Supprimer ce fournisseur de cet ordinateur&#xa0;?</translation>
     </message>
     <message>
         <source>This removes its saved login and libraries. It does not cancel your subscription.</source>
@@ -735,6 +735,13 @@
     </message>
 </context>
 <context>
+    <name>vantor::Assistive</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+</context>
+<context>
     <name>vantor::ChannelBanner</name>
     <message>
         <source>No such channel</source>
@@ -745,7 +752,7 @@
     <name>vantor::ChannelChooser</name>
     <message>
         <source>%1 · “%2”</source>
-        <translation>%1 · « %2 »</translation>
+        <translation>%1 · «&#xa0;%2&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -907,7 +914,7 @@
     <name>vantor::NextEpisode</name>
     <message>
         <source>Plays in %1 s</source>
-        <translation>Lecture dans %1 s</translation>
+        <translation>Lecture dans %1&#xa0;s</translation>
     </message>
     <message>
         <source>Return plays it</source>
@@ -976,7 +983,7 @@
     </message>
     <message>
         <source>Volume %1 %</source>
-        <translation>Volume %1 %</translation>
+        <translation>Volume %1&#xa0;%</translation>
     </message>
     <message>
         <source>Muted</source>
@@ -988,7 +995,7 @@
     </message>
     <message>
         <source>Sound: %1</source>
-        <translation>Son : %1</translation>
+        <translation>Son&#xa0;: %1</translation>
     </message>
     <message>
         <source>No subtitles</source>
@@ -996,7 +1003,7 @@
     </message>
     <message>
         <source>Subtitles: %1</source>
-        <translation>Sous-titres : %1</translation>
+        <translation>Sous-titres&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1023,7 +1030,7 @@
     </message>
     <message>
         <source>Showing 2,500 titles. Choose a category or search to narrow the results.</source>
-        <translation>2 500 titres affichés. Choisissez une catégorie ou lancez une recherche pour affiner les résultats.</translation>
+        <translation>2&#xa0;500 titres affichés. Choisissez une catégorie ou lancez une recherche pour affiner les résultats.</translation>
     </message>
 </context>
 <context>
@@ -1115,7 +1122,7 @@
     </message>
     <message>
         <source>Provider connection limit: %1</source>
-        <translation>Nombre maximal de connexions du fournisseur : %1</translation>
+        <translation>Nombre maximal de connexions du fournisseur&#xa0;: %1</translation>
     </message>
     <message>
         <source>Xtream Codes parameters</source>
@@ -1169,7 +1176,7 @@ Ctrl O  Ouvrir un fichier
     </message>
     <message>
         <source>The guide automatically loads your provider&apos;s Now / Next information for visible channels. The highlighted channel stays centered as you browse.</source>
-        <translation>Le guide charge automatiquement les informations « En cours / À suivre » de votre fournisseur pour les chaînes visibles. La chaîne en surbrillance reste au centre pendant la navigation.</translation>
+        <translation>Le guide charge automatiquement les informations «&#xa0;En cours / À suivre&#xa0;» de votre fournisseur pour les chaînes visibles. La chaîne en surbrillance reste au centre pendant la navigation.</translation>
     </message>
     <message>
         <source>Refresh guide information</source>
@@ -1181,7 +1188,7 @@ Ctrl O  Ouvrir un fichier
     </message>
     <message>
         <source>This version shows Now / Next information.</source>
-        <translation>Cette version affiche les informations « En cours / À suivre ».</translation>
+        <translation>Cette version affiche les informations «&#xa0;En cours / À suivre&#xa0;».</translation>
     </message>
     <message>
         <source>Vantor Player for Mac
@@ -1275,7 +1282,7 @@ Ctrl O  Ouvrir un fichier
     <message>
         <source>%1: %2</source>
         <comment>a fact and its value</comment>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Codec</source>

@@ -69,6 +69,7 @@ ListView {
         width: list.width - list.leftMargin - list.rightMargin
         height: list.rowHeight
         focused: list.focused
+        count: list.count
         artworkStore: list.artwork
         onOpened: row => list.opened(row)
     }

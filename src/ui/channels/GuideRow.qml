@@ -18,6 +18,7 @@ Item {
     required property bool isOn
     required property ArtworkStore artworkStore
     property bool focused: false
+    property int count: 0
     readonly property string bookmarkSymbol: isFavorite ? "bookmark.fill" : "bookmark"
     readonly property color ink: isSelected ? Style.canvas : Style.focusWhite
     readonly property real programmeWidth: (width - channel.width - 2 * Style.gap) / 2
@@ -28,7 +29,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: nowText + " / " + nextText
+    Accessible.description: nowText + " / " + nextText + ", " + Assistive.place(index, count)
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.onPressAction: row.opened(row.index)

@@ -1,6 +1,7 @@
 #include "ui/entries/assistive.h"
 
 #include <QAccessible>
+#include <QLocale>
 
 namespace vantor {
 
@@ -10,6 +11,11 @@ void Assistive::highlight(QQuickItem* row) {
     QAccessibleEvent event(row, kind);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+QString Assistive::place(int index, int count) {
+  const QLocale locale;
+  return tr("%1 of %2").arg(locale.toString(index + 1), locale.toString(count));
 }
 
 }  // namespace vantor

@@ -14,6 +14,8 @@ class Assistive : public QObject {
  public:
   /// `row` of a list that has the keys is the one that they act on now; nothing when it is null.
   Q_INVOKABLE void highlight(QQuickItem* row);
+  /// Where an entry stands: "3 of 57,000" for index 2.
+  Q_INVOKABLE static QString place(int index, int count);
 };
 
 }  // namespace vantor

@@ -131,6 +131,7 @@ FocusScope {
         delegate: EpisodeRow {
             width: list.width
             focused: list.activeFocus && ListView.isCurrentItem
+            count: list.count
             onChosen: row => {
                 list.forceActiveFocus(Qt.MouseFocusReason);
                 list.currentIndex = row;

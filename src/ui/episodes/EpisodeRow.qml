@@ -10,6 +10,7 @@ Rectangle {
     required property string name
     required property bool isPlaying
     property bool focused: false
+    property int count: 0
 
     signal chosen(int row)
 
@@ -19,7 +20,7 @@ Rectangle {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: label
+    Accessible.description: label + ", " + Assistive.place(index, count)
     Accessible.focusable: true
     Accessible.focused: focused
     Accessible.onPressAction: row.chosen(row.index)

@@ -98,6 +98,7 @@ Rectangle {
             textAlignment: Text.AlignLeft
             focusPolicy: Qt.NoFocus
             selected: rail.categories.current === categoryID
+            Accessible.description: Assistive.place(index, list.count)
             Accessible.selectable: true
             Accessible.selected: selected
             onClicked: {

@@ -13,6 +13,7 @@ Item {
     required property bool isFavorite
     required property ArtworkStore store
     property bool focused: false
+    property int count: 0
     property bool inUse: true
     readonly property real border: 3
 
@@ -23,6 +24,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
+    Accessible.description: Assistive.place(index, count)
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true

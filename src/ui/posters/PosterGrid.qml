@@ -125,6 +125,7 @@ FocusScope {
                 y: area.rowGap / 2
                 width: cell.width - area.columnGap
                 index: cell.index
+                count: grid.count
                 name: cell.name
                 artwork: cell.artwork
                 kindSymbol: cell.kindSymbol
