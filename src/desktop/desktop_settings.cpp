@@ -3,6 +3,7 @@
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <algorithm>
 #include <cmath>
 
@@ -38,9 +39,10 @@ void DesktopSettings::follow(Worker& worker) {
 }
 
 void DesktopSettings::useBus(const QDBusConnection& bus) {
-  // With a sender's name the connection would wait to hear who that is.
+  // With a sender's name the connection would wait to hear who that is. A slot with a QDBusVariant
+  // is refused as long as nobody has used one.
   QDBusConnection(bus).connect(QString(), path, interface, u"SettingChanged"_s, this,
-                               SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+                               SLOT(onSettingChanged(QDBusMessage)));
   QDBusMessage question = QDBusMessage::createMethodCall(portal, path, interface, u"ReadAll"_s);
   question << QStringList{appearance, gnome, gnomeAccess};
   auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
@@ -58,9 +60,11 @@ void DesktopSettings::useBus(const QDBusConnection& bus) {
   });
 }
 
-void DesktopSettings::onSettingChanged(const QString& space, const QString& key,
-                                       const QDBusVariant& value) {
-  take(space, key, value.variant());
+void DesktopSettings::onSettingChanged(const QDBusMessage& change) {
+  const QVariantList arguments = change.arguments();
+  if (change.signature() != "ssv"_L1) return;
+  take(arguments[0].toString(), arguments[1].toString(),
+       arguments[2].value<QDBusVariant>().variant());
   tell();
 }
 

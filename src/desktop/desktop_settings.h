@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 #include "platform/job.h"
@@ -32,7 +32,7 @@ class DesktopSettings final : public QObject {
   void changed();
 
  private Q_SLOTS:
-  void onSettingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+  void onSettingChanged(const QDBusMessage& change);
 
  private:
   void useBus(const QDBusConnection& bus);
