@@ -150,14 +150,15 @@ void checkFocus(Subject& on, QHash<const QObject*, int>& menus, Faults& faults) 
   }
 }
 
-/// A menu is of the entry that it was opened for.
+/// A menu is of the entry that it was opened for, until it is opened for another row.
 void checkMenus(Subject& on, const QHash<const QObject*, int>& menus, Faults& faults) {
-  QHash<const QObject*, QString> entries;
+  QHash<const QObject*, MenuEntry> entries;
   const ItemListModel& rows = *on.on().views.items();
   for (const auto& [menu, row] : menus.asKeyValueRange()) {
-    const QString entry = row < rows.rowCount() ? rows.entry(row).id : QString();
+    const MenuEntry entry{row, row < rows.rowCount() ? rows.entry(row).id : QString()};
     entries.insert(menu, entry);
-    faults.unless(on.menuEntries.value(menu, entry) == entry, u"menu: of another entry"_s);
+    const MenuEntry before = on.menuEntries.value(menu, entry);
+    faults.unless(before.row != row || before.id == entry.id, u"menu: of another entry"_s);
   }
   on.menuEntries = entries;
 }

@@ -35,6 +35,12 @@ class Animations final : public QAnimationDriver {
   QVariantAnimation forever_;
 };
 
+/// What an open menu is of.
+struct MenuEntry {
+  int row = -1;
+  QString id;
+};
+
 /// The player that the monkey plays with: everything that a program has, in its order, over a
 /// transport, an engine and a clock that wait for the monkey. Nothing in it happens by itself.
 class Subject : public test::ModelFixture {
@@ -81,10 +87,10 @@ class Subject : public test::ModelFixture {
   QQuickWindow& window() const { return *running_->window; }
 
   Animations animations;
-  QStringList warnings;                        // since the last look
-  bool ended = false;                          // somebody has quit the program
-  int recordings = 0;                          // that the engine has yet to answer
-  QHash<const QObject*, QString> menuEntries;  // of the menus that were open
+  QStringList warnings;                          // since the last look
+  bool ended = false;                            // somebody has quit the program
+  int recordings = 0;                            // that the engine has yet to answer
+  QHash<const QObject*, MenuEntry> menuEntries;  // of the menus that were open
   static constexpr auto applicationPath = "/tv/vantor/player";
 
  private:
