@@ -19,6 +19,8 @@ Popup {
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     scale: parent ? Math.min(Style.textScale, parent.width / (width + 2 * away), parent.height / (height + 2 * away)) : 1
+    // Its place is reckoned with the size that is shown.
+    transformOrigin: Popup.TopLeft
     modal: true
     focus: true
     padding: 0
