@@ -17,9 +17,10 @@ Popup {
     signal escaped
 
     parent: T.Overlay.overlay
-    anchors.centerIn: parent
+    // By hand: what Qt puts into the middle stays where it was when its scale changes.
+    x: parent ? (parent.width - width * scale) / 2 : 0
+    y: parent ? (parent.height - height * scale) / 2 : 0
     scale: parent ? Math.min(Style.textScale, parent.width / (width + 2 * away), parent.height / (height + 2 * away)) : 1
-    // Its place is reckoned with the size that is shown.
     transformOrigin: Popup.TopLeft
     modal: true
     focus: true
