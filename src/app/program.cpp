@@ -106,15 +106,19 @@ void Program::makeWindow() {
   connect(&remote, &PlayerRemote::smallChanged, windowPlace_.get(),
           [this, &remote] { windowPlace_->setSmall(remote.small()); });
   connect(&desktopSettings_, &DesktopSettings::changed, this, &Program::followWishes);
-  followWishes();
+  // Which may have come already.
+  if (desktopSettings_.wishes() != DesktopSettings::Wishes()) followWishes();
   startUp();
 }
 
 void Program::followWishes() {
   const auto& [textScale, reducedMotion, highContrast] = desktopSettings_.wishes();
   const int type = qmlTypeId("Vantor.Style", 1, 0, "Style");
-  qml_.singletonInstance<Style*>(type)->setWishes(textScale, reducedMotion, highContrast);
-  if (textScale > 1) windowPlace_->makeRoom(textScale);
+  auto* const style = qml_.singletonInstance<Style*>(type);
+  const bool grows = textScale > style->textScale();
+  style->setWishes(textScale, reducedMotion, highContrast);
+  // Once: the window is the user's again afterwards.
+  if (grows) windowPlace_->makeRoom(textScale);
 }
 
 void Program::startUp() {

@@ -1,6 +1,6 @@
 #include "desktop/desktop_settings.h"
 
-#include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -27,10 +27,6 @@ double textScale(double factor) {
   return std::isfinite(factor) ? std::clamp(factor, 1.0, 2.0) : 1;
 }
 
-bool isAny(const QHash<QString, bool>& marks) {
-  return std::any_of(marks.begin(), marks.end(), [](bool mark) { return mark; });
-}
-
 }  // namespace
 
 void DesktopSettings::follow(Worker& worker) {
@@ -43,16 +39,15 @@ void DesktopSettings::useBus(const QDBusConnection& bus) {
   // is refused as long as nobody has used one.
   QDBusConnection(bus).connect(QString(), path, interface, u"SettingChanged"_s, this,
                                SLOT(onSettingChanged(QDBusMessage)));
+  qDBusRegisterMetaType<Settings>();
   QDBusMessage question = QDBusMessage::createMethodCall(portal, path, interface, u"ReadAll"_s);
   question << QStringList{appearance, gnome, gnomeAccess};
   auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
     answer->deleteLater();
-    const QVariant said = answer->reply().arguments().value(0);
-    if (answer->isError() || said.userType() != qMetaTypeId<QDBusArgument>()) return;
-    const auto argument = said.value<QDBusArgument>();
-    if (argument.currentSignature() != "a{sa{sv}}"_L1) return;
-    const auto settings = qdbus_cast<Settings>(argument);
+    const QDBusPendingReply<Settings> reply = *answer;
+    if (reply.isError()) return;
+    const Settings settings = reply.value();
     for (auto space = settings.begin(); space != settings.end(); ++space)
       for (auto value = space->begin(); value != space->end(); ++value)
         take(space.key(), value.key(), *value);
@@ -78,13 +73,13 @@ void DesktopSettings::take(const QString& space, const QString& key, const QVari
   else if (space == gnome && key == "enable-animations"_L1)
     still_[space] = !value.toBool();
   else if (space == gnome && key == "text-scaling-factor"_L1)
-    wishes_.textScale = textScale(value.toDouble());
+    textScale_ = textScale(value.toDouble());
 }
 
 void DesktopSettings::tell() {
-  wishes_.reducedMotion = isAny(still_);
-  wishes_.highContrast = isAny(contrasting_);
-  Q_EMIT changed();
+  const Wishes said{textScale_, still_.values().contains(true),
+                    contrasting_.values().contains(true)};
+  if (std::exchange(wishes_, said) != said) Q_EMIT changed();
 }
 
 }  // namespace vantor

@@ -37,10 +37,12 @@ class DesktopSettings final : public QObject {
  private:
   void useBus(const QDBusConnection& bus);
   void take(const QString& space, const QString& key, const QVariant& value);
+  /// All settings come by, also those that are no wishes.
   void tell();
 
   Job joining_;
   Wishes wishes_;
+  double textScale_ = 1;
   // Each desktop says it in its own way; one of them is enough.
   QHash<QString, bool> still_;
   QHash<QString, bool> contrasting_;

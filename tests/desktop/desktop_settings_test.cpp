@@ -71,6 +71,8 @@ class DesktopSettingsTest : public ::testing::Test {
 };
 
 TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
+  int changes = 0;
+  QObject::connect(&settings, &DesktopSettings::changed, &settings, [&] { ++changes; });
   ASSERT_TRUE(follow(QVariant::fromValue(QMap<QString, QVariantMap>{
       {gnomeSpace, {{u"text-scaling-factor"_s, 1.5}, {u"enable-animations"_s, false}}},
       {appearanceSpace, {{u"contrast"_s, 1u}}}})));
@@ -98,6 +100,7 @@ TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
     change(row.space, row.key, row.value);
     EXPECT_TRUE(become(row.wishes)) << row.key.toStdString();
   }
+  EXPECT_EQ(changes, 5) << "only what differs";
 }
 
 TEST_F(DesktopSettingsTest, AnswersOfAnyFormAreBorne) {
