@@ -13,8 +13,6 @@ Popup {
     property Item firstFocus: null
     // Of the window's edges at least.
     readonly property int away: 12
-    // What the frame of the window takes above it, and as much below.
-    readonly property int headroom: 64
 
     signal escaped
 
@@ -22,7 +20,7 @@ Popup {
     // By hand: what Qt puts into the middle stays where it was when its scale changes.
     x: parent ? (parent.width - width * scale) / 2 : 0
     y: parent ? (parent.height - height * scale) / 2 : 0
-    scale: parent ? Math.min(Style.textScale, parent.width / (width + 2 * away), parent.height / (height + 2 * headroom)) : 1
+    scale: parent ? Math.min(Style.textScale, parent.width / (width + 2 * away), parent.height / (height + 2 * Style.headroom)) : 1
     transformOrigin: Popup.TopLeft
     modal: true
     focus: true

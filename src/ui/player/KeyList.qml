@@ -44,16 +44,13 @@ Sheet {
 
     name: qsTr("Keys")
     padding: 2 * textSize
-    // In languages that need more room than the window has.
-    readonly property real fit: Math.min(1, (parent?.width - 2 * (away + padding)) / rows.implicitWidth || 1, (parent?.height - 2 * (away + padding)) / rows.implicitHeight || 1)
-    width: rows.implicitWidth * fit + 2 * padding
-    height: rows.implicitHeight * fit + 2 * padding
+    // Its own, which may exceed the window's: the sheet is reduced as a whole then.
+    width: rows.implicitWidth + 2 * padding
+    height: rows.implicitHeight + 2 * padding
     onEscaped: close()
 
     RowLayout {
         id: rows
-        scale: sheet.fit
-        transformOrigin: Item.TopLeft
         spacing: 3 * sheet.textSize
         focus: true
         Keys.onPressed: event => {

@@ -37,6 +37,7 @@ class Style : public QObject {
   Q_PROPERTY(int radius MEMBER radius CONSTANT)
   Q_PROPERTY(int gap MEMBER gap CONSTANT)
   Q_PROPERTY(int inset MEMBER inset CONSTANT)
+  Q_PROPERTY(int headroom MEMBER headroom CONSTANT)
   Q_PROPERTY(double disabledOpacity MEMBER disabledOpacity CONSTANT)
 
  public:
@@ -49,8 +50,9 @@ class Style : public QObject {
   const QColor warning{255, 159, 10};
 
   const int radius = 5;
-  const int gap = 10;    // between things that belong together
-  const int inset = 22;  // from the edge of the content
+  const int gap = 10;       // between things that belong together
+  const int inset = 22;     // from the edge of the content
+  const int headroom = 64;  // that the window's frame takes above a sheet, and as much below
   const double disabledOpacity = 0.4;
 
   QColor secondary() const { return faded(focusWhite, highContrast_ ? 0.9 : 0.59); }

@@ -15,8 +15,8 @@ Item {
     Loader {
         active: frame.sheetOpen
         width: parent.width
-        // As high as the highest sheet leaves free in the smallest window, and in one that is too small.
-        height: 64 * Math.min(1, Style.zoom)
+        // A window that is too small has its sheets reduced, and this with them.
+        height: Style.headroom * Math.min(1, Style.zoom)
 
         sourceComponent: WindowDrag {
             window: frame.window
