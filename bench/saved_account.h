@@ -2,7 +2,6 @@
 
 #include <chrono>
 
-#include "library/catalog_stored_form.h"
 #include "platform/folders.h"
 #include "platform/secret_service_store.h"
 #include "provider/catalog_parsing.h"
@@ -11,9 +10,8 @@
 #include "sim/library.h"
 #include "sim/server.h"
 #include "storage/catalog_disk_store.h"
-#include "storage/private_file.h"
-#include "storage/sealed_box.h"
 #include "storage/secure_store.h"
+#include "support/awaited.h"
 
 namespace vantor::bench {
 
@@ -28,13 +26,7 @@ class SavedAccount {
     SecretServiceStore desktop;
     const SecureStore secrets(desktop, ServiceValues::ofBuild().bundleIdentifier);
     secrets.write(account_.toJSON(), providerItem, {});
-    secrets.write(key_, catalogKeyItem, {});
-    makePrivateFolder(folder());
-  }
-
-  static QString folder() {
-    return Folders::ofUser().applicationSupport +
-           QStringLiteral("/Vantor Player Mac Preview/Catalog");
+    copies_ = CatalogDiskStore::create(secrets, Folders::ofUser(), {});
   }
 
   /// Keeps a copy of the simulator's library; its pictures are nowhere.
@@ -44,14 +36,12 @@ class SavedAccount {
     const Catalog catalog =
         parseCatalog(rows, QByteArray::fromStdString(sim::categoriesJson(simulated)), kind,
                      std::chrono::system_clock::now());
-    const QString file = account_.idText() + u'-' + rawValue(kind) + QStringLiteral(".bin");
-    private_file::replace(folder() + u'/' + file,
-                          sealed_box::seal(CatalogWriter::toJSON(catalog), key_));
+    test::awaited<Done>(copies_->save(catalog, account_.id, kind));
   }
 
  private:
   ProviderAccount account_;
-  QByteArray key_ = sealed_box::randomBytes(sealed_box::keySize);
+  std::shared_ptr<CatalogDiskStore> copies_;
 };
 
 }  // namespace vantor::bench

@@ -124,6 +124,21 @@
     </message>
 </context>
 <context>
+    <name>Guide</name>
+    <message>
+        <source>Guide unavailable</source>
+        <translation>Programm nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>No programme information</source>
+        <translation>Keine Informationen</translation>
+    </message>
+    <message>
+        <source>Loading guide…</source>
+        <translation>Programm wird geladen…</translation>
+    </message>
+</context>
+<context>
     <name>GuideHeading</name>
     <message>
         <source>CHANNEL GUIDE</source>
@@ -756,11 +771,14 @@
     </message>
 </context>
 <context>
-    <name>vantor::ChannelView</name>
+    <name>vantor::ChannelGroups</name>
     <message>
         <source>All channels</source>
         <translation>Alle Sender</translation>
     </message>
+</context>
+<context>
+    <name>vantor::ChannelView</name>
     <message>
         <source>Live TV</source>
         <translation>Live-TV</translation>
@@ -882,18 +900,6 @@
     <message>
         <source>Preview channel</source>
         <translation>Beispielsender</translation>
-    </message>
-    <message>
-        <source>Guide unavailable</source>
-        <translation>Programm nicht verfügbar</translation>
-    </message>
-    <message>
-        <source>No programme information</source>
-        <translation>Keine Informationen</translation>
-    </message>
-    <message>
-        <source>Loading guide…</source>
-        <translation>Programm wird geladen…</translation>
     </message>
 </context>
 <context>

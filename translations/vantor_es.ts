@@ -124,6 +124,21 @@
     </message>
 </context>
 <context>
+    <name>Guide</name>
+    <message>
+        <source>Guide unavailable</source>
+        <translation>Guía no disponible</translation>
+    </message>
+    <message>
+        <source>No programme information</source>
+        <translation>Sin información</translation>
+    </message>
+    <message>
+        <source>Loading guide…</source>
+        <translation>Cargando la guía…</translation>
+    </message>
+</context>
+<context>
     <name>GuideHeading</name>
     <message>
         <source>CHANNEL GUIDE</source>
@@ -756,11 +771,14 @@
     </message>
 </context>
 <context>
-    <name>vantor::ChannelView</name>
+    <name>vantor::ChannelGroups</name>
     <message>
         <source>All channels</source>
         <translation>Todos los canales</translation>
     </message>
+</context>
+<context>
+    <name>vantor::ChannelView</name>
     <message>
         <source>Live TV</source>
         <translation>TV en directo</translation>
@@ -882,18 +900,6 @@
     <message>
         <source>Preview channel</source>
         <translation>Canal de muestra</translation>
-    </message>
-    <message>
-        <source>Guide unavailable</source>
-        <translation>Guía no disponible</translation>
-    </message>
-    <message>
-        <source>No programme information</source>
-        <translation>Sin información</translation>
-    </message>
-    <message>
-        <source>Loading guide…</source>
-        <translation>Cargando la guía…</translation>
     </message>
 </context>
 <context>

@@ -124,6 +124,21 @@
     </message>
 </context>
 <context>
+    <name>Guide</name>
+    <message>
+        <source>Guide unavailable</source>
+        <translation>Guide indisponible</translation>
+    </message>
+    <message>
+        <source>No programme information</source>
+        <translation>Aucune information</translation>
+    </message>
+    <message>
+        <source>Loading guide…</source>
+        <translation>Chargement du guide…</translation>
+    </message>
+</context>
+<context>
     <name>GuideHeading</name>
     <message>
         <source>CHANNEL GUIDE</source>
@@ -756,11 +771,14 @@
     </message>
 </context>
 <context>
-    <name>vantor::ChannelView</name>
+    <name>vantor::ChannelGroups</name>
     <message>
         <source>All channels</source>
         <translation>Toutes les chaînes</translation>
     </message>
+</context>
+<context>
+    <name>vantor::ChannelView</name>
     <message>
         <source>Live TV</source>
         <translation>TV en direct</translation>
@@ -882,18 +900,6 @@
     <message>
         <source>Preview channel</source>
         <translation>Chaîne d’exemple</translation>
-    </message>
-    <message>
-        <source>Guide unavailable</source>
-        <translation>Guide indisponible</translation>
-    </message>
-    <message>
-        <source>No programme information</source>
-        <translation>Aucune information</translation>
-    </message>
-    <message>
-        <source>Loading guide…</source>
-        <translation>Chargement du guide…</translation>
     </message>
 </context>
 <context>

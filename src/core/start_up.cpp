@@ -8,8 +8,6 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
-namespace {}  // namespace
-
 /// What the credential store held; a failure leaves what was restored before it.
 struct AppModel::Restored {
   std::optional<ProviderAccount> account;

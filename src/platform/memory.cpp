@@ -10,7 +10,7 @@ namespace vantor {
 
 void returnLargeBlocks() {
 #ifdef __GLIBC__
-  // Above the pictures that come and go while something plays.
+  // Answers and copies lie above it; pictures that play are taken from pools.
   mallopt(M_MMAP_THRESHOLD, 1 << 20);
 #endif
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "ui/channels/channel_view.h"
 #include "ui/entries/one_line.h"
 
 namespace vantor {
@@ -10,7 +9,7 @@ namespace vantor {
 using namespace Qt::StringLiterals;
 
 QStringList ChannelGroups::names() const {
-  QStringList names = {ChannelView::tr("All channels")};
+  QStringList names = {tr("All channels")};
   for (const MediaCategory& category : catalog_.categories()) names.append(oneLine(category.name));
   return names;
 }

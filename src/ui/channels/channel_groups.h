@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <optional>
 
@@ -10,6 +11,8 @@ namespace vantor {
 /// The groups that channels are chosen by, each known by its place: all channels, then every
 /// category of the catalogue.
 class ChannelGroups {
+  Q_DECLARE_TR_FUNCTIONS(vantor::ChannelGroups)
+
  public:
   explicit ChannelGroups(Catalog catalog) : catalog_(std::move(catalog)) {}
 

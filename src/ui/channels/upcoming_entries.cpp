@@ -1,10 +1,10 @@
 #include "ui/channels/upcoming_entries.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <iterator>
 
 #include "core/programme_guide.h"
-#include "ui/channels/guide_list_model.h"
 
 namespace vantor {
 
@@ -23,9 +23,10 @@ GuideEntries upcomingEntries(const ProgrammeGuide& guide, const QString& channel
 }
 
 QString absentProgramme(const ProgrammeGuide& guide, const QString& channelID) {
-  if (guide.guideFailed(channelID)) return GuideListModel::tr("Guide unavailable");
-  return guide.guideOf(channelID) ? GuideListModel::tr("No programme information")
-                                  : GuideListModel::tr("Loading guide…");
+  if (guide.guideFailed(channelID))
+    return QCoreApplication::translate("Guide", "Guide unavailable");
+  return guide.guideOf(channelID) ? QCoreApplication::translate("Guide", "No programme information")
+                                  : QCoreApplication::translate("Guide", "Loading guide…");
 }
 
 }  // namespace vantor
