@@ -3,11 +3,11 @@
 // its own.
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QThread>
 
 #include "measure.h"
+#include "process_figures.h"
 #include "saved_account.h"
 
 namespace vantor::bench {
@@ -18,36 +18,12 @@ struct Resident {
   double most = 0;
 };
 
-double megabytes(const QByteArray& status, const char* field) {
-  const qsizetype at = status.indexOf(field);
-  if (at < 0) return 0;
-  const qsizetype begin = at + qstrlen(field) + 1;
-  const QByteArray line = status.mid(begin, status.indexOf('\n', begin) - begin).trimmed();
-  return line.left(line.indexOf(' ')).toDouble() * 1024 / 1e6;
-}
-
-Resident resident(const QProcess& process) {
-  QFile file(QStringLiteral("/proc/%1/status").arg(process.processId()));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  const QByteArray status = file.readAll();
-  return {megabytes(status, "VmRSS"), megabytes(status, "VmHWM")};
-}
-
-/// Ticks of processor time so far.
-qint64 spent(const QProcess& process) {
-  QFile file(QStringLiteral("/proc/%1/stat").arg(process.processId()));
-  if (!file.open(QIODevice::ReadOnly)) return 0;
-  const QByteArray stat = file.readAll();
-  const QList<QByteArray> fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-  return fields.value(11).toLongLong() + fields.value(12).toLongLong();
-}
-
 /// Waits until the process does nothing for two seconds.
 void rest(const QProcess& process) {
-  qint64 before = -1;
+  double before = -1;
   for (int i = 0; i < 60; ++i) {
-    const qint64 now = spent(process);
-    if (now - before <= 2) return;
+    const double now = processorSeconds(process);
+    if (now - before <= 0.02) return;
     before = now;
     QThread::sleep(2);
   }
@@ -65,7 +41,7 @@ Resident measure(const QString& program, const QStringList& sections) {
     QThread::sleep(2);
     rest(process);
   }
-  const Resident result = resident(process);
+  const Resident result = {statusMegabytes(process, "VmRSS"), statusMegabytes(process, "VmHWM")};
   process.terminate();
   if (!process.waitForFinished(8000)) process.kill();
   process.waitForFinished();

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QGuiApplication>
+#include <QQuickGraphicsConfiguration>
 #include <QQuickWindow>
 #include <QTimer>
 #include <utility>
@@ -101,6 +102,10 @@ void Program::makeWindow() {
     QCoreApplication::exit(1);
     return;
   }
+  QQuickGraphicsConfiguration graphics = window_->graphicsConfiguration();
+  // Little lies over anything else, and without a graphics card a depth test costs a tenth.
+  graphics.setDepthBufferFor2D(false);
+  window_->setGraphicsConfiguration(graphics);
   windowPlace_ = std::make_unique<WindowPlace>(*window_, preferences_);
   PlayerRemote& remote = *views_.remote();
   connect(&remote, &PlayerRemote::smallChanged, windowPlace_.get(),

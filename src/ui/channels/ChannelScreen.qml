@@ -38,6 +38,11 @@ Browsable {
             anchors.rightMargin: -endMargin
             focus: true
             views: screen.views
+
+            DrawnOnce {
+                parent: list
+                wanted: screen.views.player.surfaceVisible
+            }
         }
 
         OnDemand {

@@ -63,6 +63,10 @@ Browsable {
             view: screen.views.posters
             shell: screen.views.shell
             artwork: screen.views.artwork
+
+            DrawnOnce {
+                wanted: screen.views.player.surfaceVisible
+            }
         }
 
         EmptyStateCard {

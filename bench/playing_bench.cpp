@@ -1,0 +1,108 @@
+// The processor time of playing: the program with its window around the picture, beside a Qt Quick
+// window of the same size that holds the picture alone, and beside libVLC alone. Needs a display, a
+// session bus and a secret service of its own.
+#include <QCoreApplication>
+#include <QDBusInterface>
+#include <QDBusVariant>
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include "measure.h"
+#include "process_figures.h"
+#include "saved_account.h"
+#include "support/test_media.h"
+
+namespace vantor::bench {
+namespace {
+
+constexpr int seconds = 6;
+const QString panel = QStringLiteral("943,82,355x200");
+const QString windowSize = QStringLiteral("1320x820");
+const QString screenSize = QStringLiteral("1600x1000");
+
+struct Film {
+  const char* name;
+  const char* pictures;
+};
+
+/// The share of one core that the program takes once it plays, in percent.
+double share(const QString& program, const QStringList& arguments, bool fullScreen = false) {
+  QProcess process;
+  process.start(program, arguments);
+  process.waitForStarted();
+  QThread::sleep(3);
+  if (fullScreen) {
+    QDBusInterface player(QStringLiteral("org.mpris.MediaPlayer2.vantor"),
+                          QStringLiteral("/org/mpris/MediaPlayer2"),
+                          QStringLiteral("org.freedesktop.DBus.Properties"));
+    player.call(QStringLiteral("Set"), QStringLiteral("org.mpris.MediaPlayer2"),
+                QStringLiteral("Fullscreen"), QVariant::fromValue(QDBusVariant(true)));
+  }
+  // The controls over the picture are gone by then.
+  QThread::sleep(5);
+  const double before = processorSeconds(process);
+  QThread::sleep(seconds);
+  const double spent = processorSeconds(process) - before;
+  process.terminate();
+  if (!process.waitForFinished(8000)) process.kill();
+  process.waitForFinished();
+  return spent / seconds * 100;
+}
+
+std::string percent(double share) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.0f %% of a core", share);
+  return text;
+}
+
+void tell(const std::string& what, double ours, double alone, double bare) {
+  row("playing " + what, percent(ours),
+      "picture alone " + percent(alone) + ", libVLC alone " + percent(bare),
+      factor(ours / alone) + " (1.3 x)", ours <= 1.3 * alone);
+}
+
+void bench(const QDir& programs, const QString& folder, const Film& film) {
+  const QString once = QDir(folder).filePath(QStringLiteral("once.mp4"));
+  const QString file = QDir(folder).filePath(QStringLiteral("film.mp4"));
+  QFile::remove(file);
+  if (!test::makeMedia(QString::fromLatin1(film.pictures), once) ||
+      !test::makeMedia(QStringLiteral("-stream_loop 30 -i %1 -c copy").arg(once), file))
+    return;
+  const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));
+  const QString window = programs.filePath(QStringLiteral("picture_window"));
+  const QString ours = QStringLiteral("ours");
+  const QString bare = QStringLiteral("bare");
+  const std::string name = film.name;
+  tell(name + " in the panel", share(player, {file}),
+       share(window, {ours, file, windowSize, panel}),
+       share(window, {bare, file, QStringLiteral("355x200")}));
+  tell(name + " in full screen", share(player, {file}, true),
+       share(window, {ours, file, screenSize}), share(window, {bare, file, screenSize}));
+}
+
+}  // namespace
+}  // namespace vantor::bench
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  using namespace vantor::bench;
+  sim::Options options;
+  options.streams = false;
+  const sim::Server server(options);
+  qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
+  qputenv("VANTOR_AUDIO", "none");
+  SavedAccount(server, options).saveCopy(vantor::LibraryKind::live, sim::Kind::live, 500);
+  const QDir programs(QCoreApplication::applicationDirPath());
+  const QTemporaryDir folder;
+  const Film films[] = {
+      {"720p25",
+       "-f lavfi -i testsrc2=size=1280x720:rate=25:duration=4 -pix_fmt yuv420p -b:v 2500k"},
+      {"1080i50",
+       "-f lavfi -i testsrc2=size=1920x1080:rate=50:duration=4 -vf tinterlace=interleave_top "
+       "-flags +ilme+ildct -pix_fmt yuv420p -b:v 6000k"},
+  };
+  for (const Film& film : films) bench(programs, folder.path(), film);
+  return 0;
+}
