@@ -3,9 +3,11 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QQuickStyle::setStyle(u"Basic"_s);
   QQmlApplicationEngine engine;
   engine.loadData(
       "import QtQuick\nimport QtQuick.Controls\n"

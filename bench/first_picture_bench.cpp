@@ -18,6 +18,8 @@
 #include "sim/library.h"
 #include "sim/server.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vantor::bench {
 namespace {
 
@@ -110,9 +112,9 @@ class OurPlayer {
     QElapsedTimer timer;
     timer.start();
     playback_.play({.url = address,
-                    .title = QStringLiteral("Channel"),
-                    .id = QStringLiteral("live:1"),
-                    .agent = QStringLiteral("VantorPlayerMac/0.1.0")});
+                    .title = u"Channel"_s,
+                    .id = u"live:1"_s,
+                    .agent = u"VantorPlayerMac/0.1.0"_s});
     waiting.exec();
     const double time = static_cast<double>(timer.nsecsElapsed()) / 1e6;
     playback_.stop();
@@ -157,7 +159,7 @@ int main(int argc, char** argv) {
   const sim::Server server(options);
   const QString channel = QString::fromStdString(server.url() + "/live/user/secret/" +
                                                  std::to_string(sim::entryId(sim::Kind::live, 0)));
-  vantor::bench::bench("TS", QUrl(channel + QStringLiteral(".ts")));
-  vantor::bench::bench("HLS", QUrl(channel + QStringLiteral(".m3u8")));
+  vantor::bench::bench("TS", QUrl(channel + u".ts"_s));
+  vantor::bench::bench("HLS", QUrl(channel + u".m3u8"_s));
   return 0;
 }

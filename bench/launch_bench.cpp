@@ -13,6 +13,8 @@
 #include "measure.h"
 #include "saved_account.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vantor::bench {
 namespace {
 
@@ -70,8 +72,8 @@ int main(int argc, char** argv) {
   qputenv("VANTOR_AUDIO", "none");
   SavedAccount(server, options).saveCopy(vantor::LibraryKind::live, sim::Kind::live, channels);
   const QDir programs(QCoreApplication::applicationDirPath());
-  const QString empty = programs.filePath(QStringLiteral("empty_window"));
-  const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));
+  const QString empty = programs.filePath(u"empty_window"_s);
+  const QString player = programs.filePath(u"../src/app/vantor"_s);
   Times emptyTimes;
   Times playerTimes;
   for (int i = 0; i < rounds; ++i) {

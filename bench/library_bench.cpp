@@ -21,6 +21,8 @@
 #include "storage/sealed_box.h"
 
 namespace vantor::bench {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int rounds = 9;
@@ -65,7 +67,7 @@ void benchParsing(const QByteArray& body) {
 void benchStored(const QByteArray& body) {
   const Catalog catalog = parse(body, LibraryKind::movies);
   const QTemporaryDir home;
-  const QString path = home.filePath(QStringLiteral("library.bin"));
+  const QString path = home.filePath(u"library.bin"_s);
   const QByteArray key = sealed_box::randomBytes(sealed_box::keySize);
   Times simdjson;
   Times save;

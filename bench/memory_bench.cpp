@@ -10,6 +10,8 @@
 #include "process_figures.h"
 #include "saved_account.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vantor::bench {
 namespace {
 
@@ -37,7 +39,7 @@ Resident measure(const QString& program, const QStringList& sections) {
   rest(process);
   for (const QString& section : sections) {
     // The program that runs already is told.
-    QProcess::execute(program, {QStringLiteral("--show"), section});
+    QProcess::execute(program, {u"--show"_s, section});
     QThread::sleep(2);
     rest(process);
   }
@@ -75,10 +77,9 @@ int main(int argc, char** argv) {
   qputenv("VANTOR_AUDIO", "none");
   const SavedAccount account(server, options);
   const QDir programs(QCoreApplication::applicationDirPath());
-  const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));
-  const QStringList sections = {QStringLiteral("movies"), QStringLiteral("shows"),
-                                QStringLiteral("live")};
-  const Resident empty = measure(programs.filePath(QStringLiteral("empty_window")), {});
+  const QString player = programs.filePath(u"../src/app/vantor"_s);
+  const QStringList sections = {u"movies"_s, u"shows"_s, u"live"_s};
+  const Resident empty = measure(programs.filePath(u"empty_window"_s), {});
   const Resident fetched = measure(player, sections);
   const Resident copied = measure(player, sections);
   // The largest answer is the one that the program's transport still takes.

@@ -11,12 +11,14 @@
 #include "playback/libvlc_engine.h"
 #include "playback/video_surface.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vantor::bench {
 namespace {
 
 /// "640x360" or "10,20,640x360".
 QRect rectangle(const QString& text) {
-  static const QRegularExpression form(QStringLiteral("^(?:(\\d+),(\\d+),)?(\\d+)x(\\d+)$"));
+  static const QRegularExpression form(u"^(?:(\\d+),(\\d+),)?(\\d+)x(\\d+)$"_s);
   const QRegularExpressionMatch match = form.match(text);
   return {match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(),
           match.captured(4).toInt()};
@@ -65,7 +67,7 @@ int main(int argc, char** argv) {
   if (arguments.size() < 4) return 2;
   using namespace vantor::bench;
   const QRect window = rectangle(arguments.at(3));
-  if (arguments.at(1) == QStringLiteral("bare")) return showBare(arguments.at(2), window.size());
+  if (arguments.at(1) == u"bare"_s) return showBare(arguments.at(2), window.size());
   const QRect picture = arguments.size() > 4 ? rectangle(arguments.at(4)) : window;
   return showOurs(arguments.at(2), window.size(), picture);
 }

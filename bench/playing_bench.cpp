@@ -15,12 +15,14 @@
 #include "support/test_media.h"
 
 namespace vantor::bench {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int seconds = 6;
-const QString panel = QStringLiteral("943,82,355x200");
-const QString windowSize = QStringLiteral("1320x820");
-const QString screenSize = QStringLiteral("1600x1000");
+const QString panel = u"943,82,355x200"_s;
+const QString windowSize = u"1320x820"_s;
+const QString screenSize = u"1600x1000"_s;
 
 struct Film {
   const char* name;
@@ -34,11 +36,10 @@ double share(const QString& program, const QStringList& arguments, bool fullScre
   process.waitForStarted();
   QThread::sleep(3);
   if (fullScreen) {
-    QDBusInterface player(QStringLiteral("org.mpris.MediaPlayer2.vantor"),
-                          QStringLiteral("/org/mpris/MediaPlayer2"),
-                          QStringLiteral("org.freedesktop.DBus.Properties"));
-    player.call(QStringLiteral("Set"), QStringLiteral("org.mpris.MediaPlayer2"),
-                QStringLiteral("Fullscreen"), QVariant::fromValue(QDBusVariant(true)));
+    QDBusInterface player(u"org.mpris.MediaPlayer2.vantor"_s, u"/org/mpris/MediaPlayer2"_s,
+                          u"org.freedesktop.DBus.Properties"_s);
+    player.call(u"Set"_s, u"org.mpris.MediaPlayer2"_s, u"Fullscreen"_s,
+                QVariant::fromValue(QDBusVariant(true)));
   }
   // The controls over the picture are gone by then.
   QThread::sleep(5);
@@ -64,20 +65,19 @@ void tell(const std::string& what, double ours, double alone, double bare) {
 }
 
 void bench(const QDir& programs, const QString& folder, const Film& film) {
-  const QString once = QDir(folder).filePath(QStringLiteral("once.mp4"));
-  const QString file = QDir(folder).filePath(QStringLiteral("film.mp4"));
+  const QString once = QDir(folder).filePath(u"once.mp4"_s);
+  const QString file = QDir(folder).filePath(u"film.mp4"_s);
   QFile::remove(file);
   if (!test::makeMedia(QString::fromLatin1(film.pictures), once) ||
-      !test::makeMedia(QStringLiteral("-stream_loop 30 -i %1 -c copy").arg(once), file))
+      !test::makeMedia(u"-stream_loop 30 -i %1 -c copy"_s.arg(once), file))
     return;
-  const QString player = programs.filePath(QStringLiteral("../src/app/vantor"));
-  const QString window = programs.filePath(QStringLiteral("picture_window"));
-  const QString ours = QStringLiteral("ours");
-  const QString bare = QStringLiteral("bare");
+  const QString player = programs.filePath(u"../src/app/vantor"_s);
+  const QString window = programs.filePath(u"picture_window"_s);
+  const QString ours = u"ours"_s;
+  const QString bare = u"bare"_s;
   const std::string name = film.name;
   tell(name + " in the panel", share(player, {file}),
-       share(window, {ours, file, windowSize, panel}),
-       share(window, {bare, file, QStringLiteral("355x200")}));
+       share(window, {ours, file, windowSize, panel}), share(window, {bare, file, u"355x200"_s}));
   tell(name + " in full screen", share(player, {file}, true),
        share(window, {ours, file, screenSize}), share(window, {bare, file, screenSize}));
 }

@@ -7,9 +7,11 @@
 
 namespace vantor::bench {
 
+using namespace Qt::StringLiterals;
+
 /// What the kernel says of a running process: proc(5).
 inline QByteArray processFile(const QProcess& process, const char* name) {
-  QFile file(QStringLiteral("/proc/%1/%2").arg(process.processId()).arg(QLatin1String(name)));
+  QFile file(u"/proc/%1/%2"_s.arg(process.processId()).arg(QLatin1String(name)));
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 

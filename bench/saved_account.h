@@ -15,14 +15,16 @@
 
 namespace vantor::bench {
 
+using namespace Qt::StringLiterals;
+
 /// The account of a simulated provider as the program keeps it, in a secret service and a home of
 /// the bench's own.
 class SavedAccount {
  public:
   SavedAccount(const sim::Server& server, const sim::Options& options)
-      : account_(ProviderAccount::validated(
-            QStringLiteral("Vantor TV"), QString::fromStdString(server.url()),
-            QString::fromStdString(options.username), QString::fromStdString(options.password))) {
+      : account_(ProviderAccount::validated(u"Vantor TV"_s, QString::fromStdString(server.url()),
+                                            QString::fromStdString(options.username),
+                                            QString::fromStdString(options.password))) {
     SecretServiceStore desktop;
     const SecureStore secrets(desktop, ServiceValues::ofBuild().bundleIdentifier);
     secrets.write(account_.toJSON(), providerItem, {});

@@ -14,10 +14,10 @@
 #include "measure.h"
 #include "screens/stage.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vantor::bench {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 constexpr int frames = 300;
 constexpr double step = 90;  // of the content, each frame: 5,400 a second
@@ -119,7 +119,7 @@ void report(const std::string& what, const Scroll& ours, const Scroll& plain) {
 int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QQuickStyle::setStyle(u"Basic"_s);
   using namespace vantor;
   using namespace vantor::bench;
   const Scroll plainList = scrollPlain(

@@ -12,16 +12,17 @@
 #include "scenes/scenes.h"
 #include "test_language.h"
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
   using namespace vantor::screens;
   const QGuiApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QQuickStyle::setStyle(u"Basic"_s);
   QAccessible::setActive(true);
   QCommandLineParser parser;
-  const QCommandLineOption inLanguage(QStringLiteral("language"), {}, QStringLiteral("CODE"),
-                                      QStringLiteral("en"));
+  const QCommandLineOption inLanguage(u"language"_s, {}, u"CODE"_s, u"en"_s);
   parser.addOption(inLanguage);
   parser.process(application);
   const QStringList arguments = parser.positionalArguments();

@@ -22,6 +22,8 @@
 
 namespace vantor::monkey {
 
+using namespace Qt::StringLiterals;
+
 /// Time for what moves on the screen, which passes only when told to.
 class Animations final : public QAnimationDriver {
  public:
@@ -105,8 +107,7 @@ class Subject : public test::ModelFixture {
   ArtworkStore artwork_{transport, clock, worker};
   Opener opener_;
   ApplicationObject application_;
-  QDBusConnection client_ =
-      QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("monkey"));
+  QDBusConnection client_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"monkey"_s);
   std::unique_ptr<Running> running_;
 };
 

@@ -21,6 +21,8 @@
 #include "diagnosis/versions.h"
 #include "platform/memory.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using vantor::LaunchArguments;
@@ -29,7 +31,7 @@ LaunchArguments launchArguments(const QStringList& arguments) {
   LaunchArguments launch =
       LaunchArguments::read(arguments, vantor::ServiceValues::ofBuild().bundleIdentifier);
   if (launch.mistake.isEmpty() && !launch.show.isEmpty() && !vantor::sectionNamed(launch.show))
-    launch.mistake = QStringLiteral("There is no section '%1'.").arg(launch.show);
+    launch.mistake = u"There is no section '%1'."_s.arg(launch.show);
   return launch;
 }
 
@@ -50,9 +52,9 @@ bool isAnswered(const LaunchArguments& launch, int argc, char** argv) {
 }
 
 QByteArray aboutThisRun() {
-  QString about = QStringLiteral("Vantor Player ended unexpectedly\n");
+  QString about = u"Vantor Player ended unexpectedly\n"_s;
   for (const auto& [name, value] : vantor::versions())
-    about += name + QStringLiteral(": ") + vantor::withoutHome(value) + QLatin1Char('\n');
+    about += name + u": "_s + vantor::withoutHome(value) + QLatin1Char('\n');
   return about.toUtf8();
 }
 
@@ -66,9 +68,9 @@ QByteArray activationToken() {
 
 int main(int argc, char** argv) {
   vantor::returnLargeBlocks();
-  QGuiApplication::setApplicationName(QStringLiteral("vantor"));
+  QGuiApplication::setApplicationName(u"vantor"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Vantor Player"));
+  QGuiApplication::setApplicationDisplayName(u"Vantor Player"_s);
   QGuiApplication::setDesktopFileName(QStringLiteral(VANTOR_BUNDLE_ID));
   QStringList typed;
   for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
@@ -99,13 +101,13 @@ int main(int argc, char** argv) {
   if (!launch.isolated)
     vantor::reportCrashes(vantor::crash_reports::ofThisRun(vantor::Folders::ofUser().notes()),
                           aboutThisRun());
-  if (launch.verbose) QLoggingCategory::setFilterRules(QStringLiteral("vantor.*=true"));
+  if (launch.verbose) QLoggingCategory::setFilterRules(u"vantor.*=true"_s);
   // libVLC's decoders read numbers with the C library, which Qt has given the user's locale.
   std::setlocale(LC_NUMERIC, "C");
   // Quitting waits for playback; see AppDelegate.
   QGuiApplication::setQuitOnLastWindowClosed(false);
   const vantor::Language language(QLocale::system().uiLanguages());
-  QQuickStyle::setStyle(QStringLiteral("Basic"));
+  QQuickStyle::setStyle(u"Basic"_s);
   vantor::Program program(launch);
   program.obey(*object);
   QObject::connect(&program, &vantor::Program::quitting, &program, [&] {

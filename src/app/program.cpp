@@ -15,6 +15,8 @@
 #include "ui/style/style.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 using namespace std::chrono_literals;
@@ -26,7 +28,7 @@ constexpr auto longestQuitting = 9s;
 
 /// Where the program's own files are, installed as in its build; empty when it has none.
 QString resourceFolder() {
-  const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/vantor"));
+  const QDir folder(QCoreApplication::applicationDirPath() + u"/../share/vantor"_s);
   return folder.exists() ? folder.canonicalPath() : QString();
 }
 
@@ -71,10 +73,10 @@ void Program::quit() {
 }
 
 void Program::open() {
-  qml_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+  qml_.addImportPath(u"qrc:/qt/qml"_s);
   connect(&component_, &QQmlComponent::statusChanged, this, &Program::makeWindow);
   desktopSettings_.follow(busWorker_);
-  component_.loadUrl(QUrl(QStringLiteral("qrc:/qt/qml/Vantor/Ui/VantorWindow.qml")),
+  component_.loadUrl(QUrl(u"qrc:/qt/qml/Vantor/Ui/VantorWindow.qml"_s),
                      QQmlComponent::Asynchronous);
   // The first window of a process looks for a graphics driver, which takes as long as QML takes to
   // read its files on the other thread.
@@ -95,8 +97,7 @@ void Program::obey(const ApplicationObject& object) {
 void Program::makeWindow() {
   if (component_.isLoading()) return;
   window_.reset(qobject_cast<QQuickWindow*>(component_.createWithInitialProperties(
-      {{QStringLiteral("views"), QVariant::fromValue(&views_)},
-       {QStringLiteral("visible"), false}})));
+      {{u"views"_s, QVariant::fromValue(&views_)}, {u"visible"_s, false}})));
   if (!window_) {
     qCritical().noquote() << component_.errorString();
     QCoreApplication::exit(1);
@@ -144,7 +145,7 @@ void Program::startUp() {
   PlayRequest request;
   request.url = QUrl::fromLocalFile(QDir::current().absoluteFilePath(*launch_.smokeTest));
   request.title = tr("Local playback test");
-  request.id = QStringLiteral("smoke");
+  request.id = u"smoke"_s;
   request.agent = defaultUserAgent;
   request.kind = SourceKind::file;
   model_.playback().play(request);
@@ -169,7 +170,7 @@ void Program::showWindow() {
         idleInhibitor_.join(busWorker_, values_.bundleIdentifier);
         networkWatch_.listen(busWorker_);
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
-          qWarning().noquote() << "No font for" << missing.join(QStringLiteral(", "))
+          qWarning().noquote() << "No font for" << missing.join(u", "_s)
                                << "here; Debian has fonts-noto-core and fonts-noto-cjk";
       },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));

@@ -9,6 +9,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 void AppModel::play(MediaItem item) {
   if (item.isExample) {
     notice_.set(
@@ -67,7 +69,7 @@ void AppModel::playFile(const QUrl& file) {
   PlayRequest request;
   request.url = file;
   request.title = QFileInfo(file.toLocalFile()).completeBaseName();
-  request.id = QStringLiteral("local");
+  request.id = u"local"_s;
   request.agent = defaultUserAgent;
   request.kind = SourceKind::file;
   if (trackMemory_) request.tracks = trackMemory_->choicesFor({});

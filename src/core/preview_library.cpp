@@ -5,6 +5,8 @@
 #include "library/catalog_builder.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 struct SampleLibrary {
@@ -58,10 +60,8 @@ Catalog sampleCatalog(const SampleLibrary& library, Catalog::Time now) {
     builder.add(entry);
     ++index;
   }
-  builder.add(MediaCategory{QStringLiteral("1"),
-                            translated(QT_TRANSLATE_NOOP("SampleLibrary", "Featured"))});
-  builder.add(MediaCategory{QStringLiteral("2"),
-                            translated(QT_TRANSLATE_NOOP("SampleLibrary", "Discover"))});
+  builder.add(MediaCategory{u"1"_s, translated(QT_TRANSLATE_NOOP("SampleLibrary", "Featured"))});
+  builder.add(MediaCategory{u"2"_s, translated(QT_TRANSLATE_NOOP("SampleLibrary", "Discover"))});
   return builder.build(now);
 }
 

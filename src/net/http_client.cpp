@@ -9,6 +9,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 /// The transfers under way, by number; lives on the network thread.
 class TransferThread final : public Mailbox {
  public:
@@ -34,7 +36,7 @@ class TransferThread final : public Mailbox {
 };
 
 HTTPClient::HTTPClient(TransferTimes times) : transfers_(new TransferThread), times_(times) {
-  thread_.setObjectName(QStringLiteral("network"));
+  thread_.setObjectName(u"network"_s);
   transfers_->moveToThread(&thread_);
   QObject::connect(&thread_, &QThread::finished, transfers_, &QObject::deleteLater);
   thread_.start();

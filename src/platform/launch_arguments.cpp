@@ -4,33 +4,27 @@
 #include <QDir>
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 struct Parser : QCommandLineParser {
-  const QCommandLineOption demo{QStringLiteral("demo"),
-                                QStringLiteral("Show a sample library, without an account.")};
+  const QCommandLineOption demo{u"demo"_s, u"Show a sample library, without an account."_s};
   const QCommandLineOption diagnose{
-      QStringLiteral("diagnose"),
-      QStringLiteral("Tell what a report of a fault needs, without names and addresses.")};
+      u"diagnose"_s, u"Tell what a report of a fault needs, without names and addresses."_s};
   const QCommandLineOption show{
-      QStringLiteral("show"),
-      QStringLiteral("Begin with live, movies, shows, search or list (yours)."),
-      QStringLiteral("SECTION")};
+      u"show"_s, u"Begin with live, movies, shows, search or list (yours)."_s, u"SECTION"_s};
   const QCommandLineOption smokeTest{
-      QStringLiteral("smoke-test"),
-      QStringLiteral("Play a media file, without account and settings."), QStringLiteral("FILE")};
-  const QCommandLineOption verbose{QStringLiteral("verbose"),
-                                   QStringLiteral("Tell on standard error what fails, and how.")};
-  const QCommandLineOption version{QStringLiteral("version"),
-                                   QStringLiteral("Say which version this is.")};
-  const QCommandLineOption help{QStringLiteral("help"), QStringLiteral("Say this.")};
+      u"smoke-test"_s, u"Play a media file, without account and settings."_s, u"FILE"_s};
+  const QCommandLineOption verbose{u"verbose"_s, u"Tell on standard error what fails, and how."_s};
+  const QCommandLineOption version{u"version"_s, u"Say which version this is."_s};
+  const QCommandLineOption help{u"help"_s, u"Say this."_s};
 
   Parser() {
-    setApplicationDescription(QStringLiteral("Watch Vantor TV: channels, movies and shows."));
+    setApplicationDescription(u"Watch Vantor TV: channels, movies and shows."_s);
     setSingleDashWordOptionMode(ParseAsLongOptions);
     addOptions({demo, diagnose, show, smokeTest, verbose, version, help});
-    addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("A media file to play."),
-                          QStringLiteral("[FILE]"));
+    addPositionalArgument(u"FILE"_s, u"A media file to play."_s, u"[FILE]"_s);
   }
 };
 
@@ -72,9 +66,9 @@ LaunchArguments LaunchArguments::read(const QStringList& arguments,
   if (!understood && !onlyFileIsMissing)
     launch.mistake = parser.errorText();
   else if (files.size() > 1)
-    launch.mistake = QStringLiteral("One file can be played at a time.");
+    launch.mistake = u"One file can be played at a time."_s;
   else if (!files.isEmpty() && launch.file.isEmpty())
-    launch.mistake = QStringLiteral("Only files of this machine can be played.");
+    launch.mistake = u"Only files of this machine can be played."_s;
   return launch;
 }
 

@@ -13,6 +13,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 /// What waits to be written; a value that changes again before its turn is written once.
 struct Preferences::Writer {
   QString file;
@@ -49,7 +51,7 @@ Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>
   QDir().mkpath(QFileInfo(file).absolutePath());
   // Qt's lock of the file. Who is killed while making it leaves it empty, and every write would
   // wait half a minute for an owner.
-  const QString lock = file + QStringLiteral(".lock");
+  const QString lock = file + u".lock"_s;
   if (QFileInfo(lock).size() == 0) QFile::remove(lock);
   const QSettings settings(file, QSettings::IniFormat);
   for (const QString& key : settings.allKeys())

@@ -13,6 +13,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 Q_LOGGING_CATEGORY(sessionTrace, "vantor.session", QtWarningMsg)
 Q_LOGGING_CATEGORY(providerTrace, "vantor.provider", QtWarningMsg)
 Q_LOGGING_CATEGORY(storageTrace, "vantor.storage", QtWarningMsg)
@@ -45,9 +47,9 @@ QString kindOf(const std::exception& failure) {
       abi::__cxa_demangle(typeid(failure).name(), nullptr, nullptr, nullptr), &std::free);
   QString kind = QString::fromUtf8(name ? name.get() : typeid(failure).name());
   if (const auto* numbered = dynamic_cast<const NumberedFailure*>(&failure))
-    kind += QStringLiteral(" %1").arg(numbered->number());
+    kind += u" %1"_s.arg(numbered->number());
   if (const auto* system = dynamic_cast<const std::system_error*>(&failure))
-    kind += QStringLiteral(" %1").arg(system->code().value());
+    kind += u" %1"_s.arg(system->code().value());
   return kind;
 }
 
@@ -70,13 +72,12 @@ void Attempt::failed(const std::exception_ptr& failure) const {
   } catch (const std::exception& known) {
     if (!isCancellation(known)) failed(kindOf(known));
   } catch (...) {
-    failed(QStringLiteral("an unknown failure"));
+    failed(u"an unknown failure"_s);
   }
 }
 
 void Attempt::failed(const QString& kind) const {
-  const QString line = QStringLiteral("%1: %2, failure %3, after %4 ms")
-                           .arg(QLatin1String(tried_), kind)
+  const QString line = u"%1: %2, failure %3, after %4 ms"_s.arg(QLatin1String(tried_), kind)
                            .arg(countOf(tried_))
                            .arg(sinceStart_.elapsed());
   qCInfo(category_).noquote() << line;

@@ -6,6 +6,8 @@
 #include "provider/catalog_parsing.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 // Several times what the largest providers have; together they bound memory, time and traffic.
@@ -22,7 +24,7 @@ std::vector<AskedCategory> CatalogByCategory::readCategories(QByteArray answer,
   if (named.empty() || named.size() > mostCategories) throw OversizedBody();
   std::vector<AskedCategory> asked;
   for (const MediaCategory& category : named) asked.push_back({category.id});
-  const QString none = QStringLiteral("0");
+  const QString none = u"0"_s;
   if (std::ranges::find(named, none, &MediaCategory::id) == named.end())
     asked.push_back({none, false});
   progress_.categories = asked.size();

@@ -12,6 +12,8 @@
 #include "platform/cancelled.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 struct EpisodeRow {
@@ -143,13 +145,13 @@ QList<MediaItem> parseEpisodes(QByteArray answer, const MediaItem& show,
       if (!seen.insert(row.id).second) continue;
       MediaItem episode;
       episode.providerID = QString::fromStdString(row.id);
-      episode.id = QStringLiteral("episode:") + episode.providerID;
+      episode.id = u"episode:"_s + episode.providerID;
       episode.kind = LibraryKind::shows;
       episode.name = QString::fromStdString(row.title);
       episode.category = show.category;
       episode.artwork = show.artwork;
-      episode.fileExtension = row.fileExtension.empty() ? QStringLiteral("mkv")
-                                                        : QString::fromStdString(row.fileExtension);
+      episode.fileExtension =
+          row.fileExtension.empty() ? u"mkv"_s : QString::fromStdString(row.fileExtension);
       episode.episode = shownNumber(row.number);
       episode.season = shownNumber(season.number);
       episode.show = show.name;

@@ -15,6 +15,8 @@
 #include "platform/canonical_text.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 AppError addressError() {
@@ -51,11 +53,11 @@ QByteArray percentEncoded(const QString& text) {
 QString pathSegment(LibraryKind kind) {
   switch (kind) {
     case LibraryKind::live:
-      return QStringLiteral("live");
+      return u"live"_s;
     case LibraryKind::movies:
-      return QStringLiteral("movie");
+      return u"movie"_s;
     case LibraryKind::shows:
-      return QStringLiteral("series");
+      return u"series"_s;
   }
   return {};
 }
@@ -87,13 +89,13 @@ ProviderAccount ProviderAccount::validated(const QString& name, const QString& s
   if (account.username.isEmpty() || password.isEmpty())
     throw AppError(AppError::tr("Enter your provider username and password."));
   account.name = name.trimmed();
-  if (account.name.isEmpty()) account.name = QStringLiteral("My provider");
+  if (account.name.isEmpty()) account.name = u"My provider"_s;
   return account;
 }
 
 QUrl ProviderAccount::api(const QString& action, const QueryItems& extra) const {
-  QueryItems items{{QStringLiteral("username"), username}, {QStringLiteral("password"), password}};
-  if (!action.isEmpty()) items.append({QStringLiteral("action"), action});
+  QueryItems items{{u"username"_s, username}, {u"password"_s, password}};
+  if (!action.isEmpty()) items.append({u"action"_s, action});
   items.append(extra);
   QByteArray address = server.toEncoded() + "/player_api.php";
   char separator = '?';
@@ -106,7 +108,7 @@ QUrl ProviderAccount::api(const QString& action, const QueryItems& extra) const 
 
 QUrl ProviderAccount::stream(const QString& streamID, LibraryKind kind,
                              const QString& fileExtension) const {
-  static const QRegularExpression extensionForm(QStringLiteral("\\A[A-Za-z0-9]{1,8}\\z"));
+  static const QRegularExpression extensionForm(u"\\A[A-Za-z0-9]{1,8}\\z"_s);
   if (!isNumeric(streamID) || !extensionForm.match(fileExtension).hasMatch())
     throw AppError(AppError::tr("This provider item has an invalid playback address."));
   const QByteArray address = server.toEncoded() + '/' + pathSegment(kind).toLatin1() + '/' +

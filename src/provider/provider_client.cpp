@@ -11,6 +11,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 ProviderClient::ProviderClient(ProviderAccount account, HTTPTransport& transport, Worker& worker)
     : account_(std::move(account)), transport_(&transport), worker_(&worker) {}
 
@@ -112,7 +114,7 @@ QCoro::Task<Catalog> ProviderClient::loadByCategory(ProviderClient client, Libra
   if (onPart) onPart(part);
   for (const AskedCategory& category : categoriesToAsk) {
     throwIfStopped(token);
-    const QueryItems extra{std::pair(QStringLiteral("category_id"), category.id)};
+    const QueryItems extra{std::pair(u"category_id"_s, category.id)};
     const QCoro::Task<QByteArray> answered = client.request(action(kind), extra, token);
     const Attempt attempt(providerTrace, "loading the entries without a category");
     QByteArray answer = "[]";
@@ -139,9 +141,8 @@ QCoro::Task<Catalog> ProviderClient::loadByCategory(ProviderClient client, Libra
 
 QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client, MediaItem show,
                                                            std::stop_token token) {
-  const QueryItems extra{std::pair(QStringLiteral("series_id"), show.providerID)};
-  const QCoro::Task<QByteArray> answered =
-      client.request(QStringLiteral("get_series_info"), extra, token);
+  const QueryItems extra{std::pair(u"series_id"_s, show.providerID)};
+  const QCoro::Task<QByteArray> answered = client.request(u"get_series_info"_s, extra, token);
   QByteArray answer = co_await answered;
   const auto parsed =
       client.worker_->run([answer = std::move(answer), show = std::move(show), token]() mutable {
@@ -153,10 +154,9 @@ QCoro::Task<QList<MediaItem>> ProviderClient::loadEpisodes(ProviderClient client
 
 QCoro::Task<GuideEntries> ProviderClient::loadGuide(ProviderClient client, MediaItem channel,
                                                     std::stop_token token) {
-  const QueryItems extra{std::pair(QStringLiteral("stream_id"), channel.providerID),
-                         std::pair(QStringLiteral("limit"), QStringLiteral("8"))};
-  const QCoro::Task<QByteArray> answered =
-      client.request(QStringLiteral("get_short_epg"), extra, token);
+  const QueryItems extra{std::pair(u"stream_id"_s, channel.providerID),
+                         std::pair(u"limit"_s, u"8"_s)};
+  const QCoro::Task<QByteArray> answered = client.request(u"get_short_epg"_s, extra, token);
   QByteArray answer = co_await answered;
   const auto parsed =
       client.worker_->run([answer = std::move(answer), id = channel.id, token]() mutable {

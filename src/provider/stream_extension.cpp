@@ -2,12 +2,13 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 QString streamExtension(const MediaItem& item, const std::optional<ProviderDetails>& subscription) {
   const bool transportStreamOnly = subscription &&
                                    subscription->formats.contains(QLatin1String("ts")) &&
                                    !subscription->formats.contains(QLatin1String(liveExtension));
-  return item.kind == LibraryKind::live && transportStreamOnly ? QStringLiteral("ts")
-                                                               : item.fileExtension;
+  return item.kind == LibraryKind::live && transportStreamOnly ? u"ts"_s : item.fileExtension;
 }
 
 }  // namespace vantor

@@ -7,9 +7,11 @@
 #include "platform/trace.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
-const QString serverKey = QStringLiteral("vantor.server");
+const QString serverKey = u"vantor.server"_s;
 
 AppError invalid() {
   return AppError(AppError::tr("Invalid Vantor TV server configuration."));

@@ -14,10 +14,12 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
+
+using namespace Qt::StringLiterals;
 namespace {
 
 QString catalogFolder(const Folders& folders) {
-  return folders.applicationSupport + QStringLiteral("/Vantor Player Mac Preview/Catalog");
+  return folders.applicationSupport + u"/Vantor Player Mac Preview/Catalog"_s;
 }
 
 /// Removes the catalogue files but those whose names begin with `kept`, unless that is empty.
@@ -55,7 +57,7 @@ std::shared_ptr<CatalogDiskStore> CatalogDiskStore::create(const SecureStore& se
 
 QString CatalogDiskStore::file(const QUuid& account, LibraryKind kind) const {
   return folder_ + QLatin1Char('/') + canonicalText(account) + QLatin1Char('-') + rawValue(kind) +
-         QStringLiteral(".bin");
+         u".bin"_s;
 }
 
 Pending<std::optional<Catalog>> CatalogDiskStore::load(const QUuid& account, LibraryKind kind) {
@@ -94,7 +96,7 @@ QList<CatalogDiskStore::Copy> CatalogDiskStore::copies(const Folders& folders) {
   const QDir folder(catalogFolder(folders));
   for (const LibraryKind kind : allLibraryKinds)
     for (const QFileInfo& file :
-         folder.entryInfoList({QStringLiteral("*-%1.bin").arg(rawValue(kind))}, QDir::Files))
+         folder.entryInfoList({u"*-%1.bin"_s.arg(rawValue(kind))}, QDir::Files))
       found.append({kind, file.size(), file.lastModified()});
   return found;
 }

@@ -6,6 +6,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
@@ -86,7 +88,7 @@ QCoro::Task<> ConnectView::attempt(QPointer<ConnectView> self, QString username,
     const QString server = co_await resolving;
     if (!self || stop.stop_requested()) co_return;
     const ProviderAccount account =
-        ProviderAccount::validated(QStringLiteral("Vantor TV"), server, username, password);
+        ProviderAccount::validated(u"Vantor TV"_s, server, username, password);
     const QCoro::Task<> connecting = self->model_.connectAccount(account, stop);
     co_await connecting;
   } catch (...) {

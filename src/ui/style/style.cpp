@@ -6,6 +6,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 Style::Style(QObject* parent) : QObject(parent) {}
 
 void Style::setWishes(double textScale, bool reducedMotion, bool highContrast) {
@@ -18,14 +20,14 @@ void Style::setWishes(double textScale, bool reducedMotion, bool highContrast) {
 QFont Style::font(int size, int weight, double letterSpacing) {
   // Names of channels come in every writing system; Qt tries hundreds of fonts one after the other
   // for a character that none of these has.
-  static const QStringList families = {QStringLiteral("Inter"),
-                                       QStringLiteral("Noto Sans"),
-                                       QStringLiteral("DejaVu Sans"),
-                                       QStringLiteral("Noto Sans Arabic"),
-                                       QStringLiteral("Noto Sans CJK SC"),
-                                       QStringLiteral("Droid Sans Fallback"),
-                                       QStringLiteral("Noto Color Emoji"),
-                                       QStringLiteral("sans-serif")};
+  static const QStringList families = {u"Inter"_s,
+                                       u"Noto Sans"_s,
+                                       u"DejaVu Sans"_s,
+                                       u"Noto Sans Arabic"_s,
+                                       u"Noto Sans CJK SC"_s,
+                                       u"Droid Sans Fallback"_s,
+                                       u"Noto Color Emoji"_s,
+                                       u"sans-serif"_s};
   QFont font(families);
   font.setPixelSize(size);
   font.setWeight(static_cast<QFont::Weight>(weight));
@@ -38,8 +40,7 @@ int Style::distantSize(double height) {
 }
 
 QFont Style::serifFont(int size) {
-  static const QStringList families = {QStringLiteral("Noto Serif"), QStringLiteral("DejaVu Serif"),
-                                       QStringLiteral("serif")};
+  static const QStringList families = {u"Noto Serif"_s, u"DejaVu Serif"_s, u"serif"_s};
   QFont font(families);
   font.setPixelSize(size);
   return font;
@@ -47,7 +48,7 @@ QFont Style::serifFont(int size) {
 
 QFont Style::iconFont(int size) {
   // As the system has it: a font that the program loads itself makes Qt look at all fonts again.
-  QFont font(QStringLiteral("Material Design Icons"));
+  QFont font(u"Material Design Icons"_s);
   font.setStyleStrategy(QFont::NoFontMerging);
   font.setPixelSize(size);
   return font;
