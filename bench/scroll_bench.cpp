@@ -1,16 +1,14 @@
 // Scrolling the channel guide and the poster grid fast, beside lists of plain rectangles of the
 // same geometry. Needs a display and a secret service of its own.
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTest>
-#include <algorithm>
-#include <atomic>
 #include <utility>
 
+#include "frame_watch.h"
 #include "measure.h"
 #include "screens/stage.h"
 
@@ -41,33 +39,14 @@ QQuickItem* viewIn(QQuickItem* item) {
 }
 
 Scroll scroll(QQuickWindow& window, QQuickItem& view) {
-  QElapsedTimer timer;
-  std::atomic<qint64> begun = 0;
-  std::atomic<qint64> handingOver = 0;
-  std::atomic<qint64> drawing = 0;
-  std::atomic<int> shown = 0;
-  QObject context;
-  const auto on = [&](auto signal, auto action) {
-    QObject::connect(&window, signal, &context, action, Qt::DirectConnection);
-  };
-  on(&QQuickWindow::afterAnimating, [&] { begun = timer.nsecsElapsed(); });
-  on(&QQuickWindow::afterSynchronizing, [&] {
-    handingOver = timer.nsecsElapsed() - begun;
-    begun = timer.nsecsElapsed();
-  });
-  on(&QQuickWindow::afterRendering, [&] { drawing = timer.nsecsElapsed() - begun; });
-  on(&QQuickWindow::frameSwapped, [&] { ++shown; });
+  FrameWatch watch(window);
   Scroll result;
-  timer.start();
-  using Milliseconds = std::chrono::duration<double, std::milli>;
   for (int i = 0; i < frames; ++i) {
-    const int before = shown;
-    const qint64 start = timer.nsecsElapsed();
-    view.setProperty("contentY", view.property("contentY").toDouble() + step);
-    const qint64 moved = timer.nsecsElapsed() - start;
-    if (!QTest::qWaitFor([&] { return shown > before; }, 5000)) break;
-    result.prepared.add(Milliseconds(static_cast<double>(moved + handingOver) / 1e6));
-    result.drawn.add(Milliseconds(static_cast<double>(drawing) / 1e6));
+    const FrameWatch::Frame frame = watch.after(
+        [&] { view.setProperty("contentY", view.property("contentY").toDouble() + step); }, 5000);
+    if (!frame.shown) break;
+    result.prepared.add(frame.prepared);
+    result.drawn.add(frame.drawn);
   }
   return result;
 }

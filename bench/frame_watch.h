@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QQuickWindow>
+#include <QTest>
+#include <atomic>
+#include <chrono>
+
+namespace vantor::bench {
+
+/// Measures what single frames of a window take.
+class FrameWatch {
+ public:
+  using Milliseconds = std::chrono::duration<double, std::milli>;
+
+  struct Frame {
+    Milliseconds prepared{0};  // on the main thread, with the action that led to it
+    Milliseconds drawn{0};
+    bool shown = false;
+  };
+
+  explicit FrameWatch(QQuickWindow& window) {
+    timer_.start();
+    const auto on = [&](auto signal, auto action) {
+      QObject::connect(&window, signal, &context_, action, Qt::DirectConnection);
+    };
+    on(&QQuickWindow::afterAnimating, [this] { begun_ = timer_.nsecsElapsed(); });
+    on(&QQuickWindow::afterSynchronizing, [this] {
+      handingOver_ = timer_.nsecsElapsed() - begun_;
+      begun_ = timer_.nsecsElapsed();
+    });
+    on(&QQuickWindow::afterRendering, [this] { drawing_ = timer_.nsecsElapsed() - begun_; });
+    on(&QQuickWindow::frameSwapped, [this] { ++shown_; });
+  }
+
+  /// Does `action` and waits so long for the frame after it.
+  template <class Action>
+  Frame after(Action action, int milliseconds) {
+    const int before = shown_;
+    const qint64 start = timer_.nsecsElapsed();
+    action();
+    const qint64 acted = timer_.nsecsElapsed() - start;
+    Frame frame;
+    frame.shown = QTest::qWaitFor([&] { return shown_ > before; }, milliseconds);
+    frame.prepared = time(acted + (frame.shown ? handingOver_.load() : 0));
+    frame.drawn = time(frame.shown ? drawing_.load() : 0);
+    return frame;
+  }
+
+ private:
+  static Milliseconds time(qint64 nanoseconds) {
+    return Milliseconds(static_cast<double>(nanoseconds) / 1e6);
+  }
+
+  QObject context_;
+  QElapsedTimer timer_;
+  std::atomic<qint64> begun_ = 0;
+  std::atomic<qint64> handingOver_ = 0;
+  std::atomic<qint64> drawing_ = 0;
+  std::atomic<int> shown_ = 0;
+};
+
+}  // namespace vantor::bench
