@@ -11,18 +11,18 @@ namespace vantor::bench {
 /// The times of one thing over several runs, in milliseconds.
 class Times {
  public:
+  using Milliseconds = std::chrono::duration<double, std::milli>;
+
   template <class Work>
   void run(Work work) {
     const auto begin = std::chrono::steady_clock::now();
     work();
     add(std::chrono::steady_clock::now() - begin);
   }
-  void add(std::chrono::duration<double, std::milli> time) { times_.push_back(time.count()); }
-  double median() const {
-    std::vector<double> sorted = times_;
-    std::sort(sorted.begin(), sorted.end());
-    return sorted.empty() ? 0 : sorted[sorted.size() / 2];
-  }
+  void add(Milliseconds time) { times_.push_back(time.count()); }
+  double median() const { return quantile(0.5); }
+  /// What 95 of 100 do not exceed.
+  double high() const { return quantile(0.95); }
   double worst() const {
     return times_.empty() ? 0 : *std::max_element(times_.begin(), times_.end());
   }
@@ -31,6 +31,13 @@ class Times {
   }
 
  private:
+  double quantile(double share) const {
+    std::vector<double> sorted = times_;
+    std::sort(sorted.begin(), sorted.end());
+    const auto place = static_cast<std::size_t>(share * static_cast<double>(sorted.size()));
+    return sorted.empty() ? 0 : sorted[std::min(place, sorted.size() - 1)];
+  }
+
   std::vector<double> times_;
 };
 
