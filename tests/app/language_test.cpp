@@ -48,7 +48,7 @@ TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
       {"en_US", {"0 items", "1 item", "2 items"}, "8:15 PM–9:00 PM"},
       {"de_DE", {"0 Einträge", "1 Eintrag", "2 Einträge"}, "20:15–21:00"},
       {"fr_FR", {"0 élément", "1 élément", "2 éléments"}, "20:15–21:00"},
-      {"es_MX", {"0 elementos", "1 elemento", "2 elementos"}, "20:15–21:00"},
+      {"es_ES", {"0 elementos", "1 elemento", "2 elementos"}, "20:15–21:00"},
   };
   const ProviderTime start =
       std::chrono::floor<ProviderTime::duration>(std::chrono::system_clock::from_time_t(
