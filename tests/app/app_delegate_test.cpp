@@ -2,10 +2,8 @@
 
 #include "playback/playback_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class AppDelegateTest : public PlaybackFixture {
  protected:
@@ -61,4 +59,4 @@ TEST_F(AppDelegateTest, EndsAtOnceWithoutPlayback) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

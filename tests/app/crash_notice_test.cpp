@@ -1,22 +1,16 @@
-#include <gtest/gtest.h>
-
-#include <QDir>
 #include <QFile>
 
 #include "app/crash_notice.h"
+#include "support/files.h"
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 TEST(CrashNotice, WaitsForTheSignInSheetAndOtherNoticesAndComesOnce) {
   ModelFixture fixture;
   const QString folder = fixture.home.filePath(u"notes"_s);
-  QDir().mkpath(folder);
-  QFile report(folder + u"/crash-1.new"_s);
-  ASSERT_TRUE(report.open(QFile::WriteOnly));
+  writeFile(folder + u"/crash-1.new"_s);
   AppModel& model = fixture.launch();
   model.setShowingConnect(true);
   const CrashNotice notice(model, fixture.worker, folder);
@@ -34,4 +28,4 @@ TEST(CrashNotice, WaitsForTheSignInSheetAndOtherNoticesAndComesOnce) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

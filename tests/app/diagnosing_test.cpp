@@ -1,18 +1,14 @@
 // What the program says and keeps for people who help, and that none of it tells of the user.
-#include <gtest/gtest.h>
 
 #include "program_fixture.h"
 
 #include <QDirIterator>
-#include <QFile>
 #include <QLocalServer>
 
 #include <sys/resource.h>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class DiagnosingTest : public ProgramFixture {
  protected:
@@ -23,10 +19,6 @@ class DiagnosingTest : public ProgramFixture {
     const ProviderAccount account = ProviderAccount::validated(
         u"Jane's\nTV"_s, u"http://jane.invalid:9/jane"_s, u"jane"_s, u"jane secret"_s);
     secrets.write(account.toJSON(), providerItem, {});
-  }
-  QByteArray contentOf(const QString& file) {
-    QFile opened(file);
-    return opened.open(QFile::ReadOnly) ? opened.readAll() : QByteArray();
   }
   QStringList reports(const char* ending) {
     return notes.entryList({u"crash-*."_s + QLatin1String(ending)}, QDir::Files);
@@ -54,16 +46,16 @@ TEST_F(DiagnosingTest, ACrashLeavesAReportThatTheNextStartTells) {
   });
   ASSERT_TRUE(start());
   EXPECT_TRUE(
-      eventually([&] { return contentOf(notes.filePath(u"log"_s)).contains("vantor.provider"); }));
+      eventually([&] { return readFile(notes.filePath(u"log"_s)).contains("vantor.provider"); }));
   ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
   ASSERT_TRUE(program.waitForFinished(20'000));
   EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
   ASSERT_EQ(reports("new").size(), 1);
-  const QByteArray report = contentOf(notes.filePath(reports("new").front()));
+  const QByteArray report = readFile(notes.filePath(reports("new").front()));
   for (const char* part : {"SIGSEGV", "program: ", "libVLC: 3", "libQt6Core.so.6", " vantor+0x"})
     EXPECT_TRUE(report.contains(part)) << part << " in " << report.constData();
   expectToTellNothing(report);
-  expectToTellNothing(contentOf(notes.filePath(u"log"_s)));
+  expectToTellNothing(readFile(notes.filePath(u"log"_s)));
 
   ASSERT_TRUE(start({u"--demo"_s}));
   EXPECT_TRUE(eventually([&] { return answersSignals(); }));
@@ -88,23 +80,18 @@ TEST_F(DiagnosingTest, AnIsolatedRunLeavesNoReport) {
 TEST_F(DiagnosingTest, TellsWhatIsThereAndNothingOfTheUser) {
   saveMarkedAccount();
   const QString folder = home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s);
-  ASSERT_TRUE(QDir().mkpath(folder));
-  QFile copy(folder + u"/01234567-89AB-CDEF-0123-456789ABCDEF-live.bin"_s);
-  ASSERT_TRUE(copy.open(QFile::WriteOnly) && copy.resize(4321));
+  writeFile(folder + u"/01234567-89AB-CDEF-0123-456789ABCDEF-live.bin"_s, QByteArray(4321, 'x'));
   environment.insert(u"HOME"_s, home.path());
   environment.insert(u"XDG_CURRENT_DESKTOP"_s, home.path());
   const QStringList before = files();
-  ASSERT_TRUE(start({u"--diagnose"_s}));
-  ASSERT_TRUE(program.waitForFinished(20'000));
-  EXPECT_EQ(program.exitCode(), 0);
-  const QByteArray said = program.readAll();
+  const QByteArray told = said({u"--diagnose"_s});
   for (const char* part :
        {"desktop: ~,", "platform: ", "graphics: ", "plugins that are missing: none",
         "keyring: unlocked", "saved account: there\n", "library of live: 4321 bytes",
         "preferences: none", "reports of crashes: none", "~/state/Vantor Player"})
-    EXPECT_TRUE(said.contains(part)) << part << " in " << said.constData();
-  EXPECT_FALSE(said.contains("01234567"));
-  expectToTellNothing(said);
+    EXPECT_TRUE(told.contains(part)) << part << " in " << told.constData();
+  EXPECT_FALSE(told.contains("01234567"));
+  expectToTellNothing(told);
   EXPECT_EQ(files(), before);
 }
 
@@ -114,14 +101,11 @@ TEST_F(DiagnosingTest, TellsWhatItCanWithoutADisplayAndWithABusThatSaysNothing) 
   environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + bus.fullServerName());
   environment.insert(u"QT_QPA_PLATFORM"_s, u"none"_s);
   environment.insert(u"LC_ALL"_s, u"xx_YY.bogus"_s);
-  ASSERT_TRUE(start({u"--diagnose"_s}));
-  ASSERT_TRUE(program.waitForFinished(20'000));
-  EXPECT_EQ(program.exitCode(), 0);
-  const QByteArray said = program.readAll();
+  const QByteArray told = said({u"--diagnose"_s});
   for (const char* part : {"Qt cannot open a display", "Keyring\n  no answer", "libraries: none",
                            "reports of crashes: none"})
-    EXPECT_TRUE(said.contains(part)) << part << " in " << said.constData();
+    EXPECT_TRUE(told.contains(part)) << part << " in " << told.constData();
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

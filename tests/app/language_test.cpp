@@ -1,7 +1,5 @@
 #include "app/language.h"
 
-#include <gtest/gtest.h>
-
 #include <QGuiApplication>
 #include <QKeySequence>
 #include <QLocale>
@@ -10,10 +8,8 @@
 #include "ui/channels/programme_times.h"
 #include "ui/shell/status_view.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(LanguageTest, TheToolkitSpeaksTheSame) {
   const QKeySequence keys(Qt::CTRL | Qt::Key_Space);
@@ -35,7 +31,7 @@ TEST(LanguageTest, TheFirstOfTheUsersLanguagesThatThereIs) {
     EXPECT_EQ(Language(wanted).code(), code) << wanted.join(u' ').toStdString();
 }
 
-class LocaleTest : public ::testing::Test, protected test::ModelFixture {};
+class LocaleTest : public ModelTest {};
 
 TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
   struct Case {
@@ -72,4 +68,4 @@ TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

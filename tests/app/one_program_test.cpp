@@ -7,15 +7,13 @@
 
 #include "program_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class OneProgramTest : public ProgramFixture {
  protected:
   const QString name = ServiceValues::ofBuild().bundleIdentifier;
-  const QString film = QString::fromStdString(server.mediaPath("movie.mkv"));
+  const QString film = media("movie.mkv");
 
   /// Starts it, and waits until it has the name.
   bool startFirst(const QStringList& arguments = {}) {
@@ -176,15 +174,10 @@ TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
 }
 
 TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
-  environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
-  environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
+  prepare();
   environment.insert(u"XDG_DATA_DIRS"_s, home.filePath(u"system"_s));
-  environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
-  ASSERT_TRUE(QDir(home.path()).mkpath(u"system/dbus-1/services"_s));
-  QFile service(home.filePath(u"system/dbus-1/services/%1.service"_s.arg(name)));
-  ASSERT_TRUE(service.open(QFile::WriteOnly));
-  service.write("[D-BUS Service]\nName=" + name.toUtf8() + "\nExec=" VANTOR_PROGRAM "\n");
-  service.close();
+  writeFile(home.filePath(u"system/dbus-1/services/%1.service"_s.arg(name)),
+            "[D-BUS Service]\nName=" + name.toUtf8() + "\nExec=" VANTOR_PROGRAM "\n");
   QProcess bus;
   QDBusConnection other = QDBusConnection::connectToBus(startBus(bus), u"activation"_s);
   const QDBusMessage opened =
@@ -217,16 +210,16 @@ TEST_F(OneProgramTest, IsSeenByTheDesktopsControls) {
     return playerctl({u"metadata"_s, u"mpris:length"_s}).toLongLong() > 0;
   }));
   EXPECT_EQ(playerctl({u"metadata"_s, u"xesam:title"_s}), u"movie"_s);
-  EXPECT_EQ(playerctl({u"pause"_s}), QString());
-  EXPECT_EQ(playerctl({u"status"_s}), u"Paused"_s);
   EXPECT_EQ(playerctl({u"position"_s, u"30"_s}), QString());
   EXPECT_TRUE(eventually([&] { return playerctl({u"position"_s}).toDouble() > 25; }));
-  EXPECT_EQ(playerctl({u"play-pause"_s}), QString());
-  EXPECT_EQ(playerctl({u"status"_s}), u"Playing"_s);
   EXPECT_EQ(playerctl({u"volume"_s, u"0.25"_s}), QString());
   EXPECT_EQ(playerctl({u"volume"_s}).toDouble(), 0.25);
-  EXPECT_EQ(playerctl({u"stop"_s}), QString());
-  EXPECT_EQ(playerctl({u"status"_s}), u"Stopped"_s);
+  for (const auto& [command, status] : {std::pair(u"pause"_s, u"Paused"_s),
+                                        {u"play-pause"_s, u"Playing"_s},
+                                        {u"stop"_s, u"Stopped"_s}}) {
+    EXPECT_EQ(playerctl({command}), QString());
+    EXPECT_EQ(playerctl({u"status"_s}), status);
+  }
   EXPECT_EQ(quit(), 0);
 }
 
@@ -242,4 +235,4 @@ TEST_F(OneProgramTest, GoesOnWhenTheBusEnds) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

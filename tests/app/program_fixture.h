@@ -15,11 +15,10 @@
 #include "provider/service_values.h"
 #include "sim/server.h"
 #include "storage/secure_store.h"
+#include "support/files.h"
 #include "support/waiting.h"
 
 namespace vantor::test {
-
-using namespace Qt::StringLiterals;
 
 inline sim::Options withStreams() {
   sim::Options options;
@@ -42,28 +41,38 @@ class ProgramFixture : public ::testing::Test {
     kill(program);
     secrets.remove(providerItem, {});
   }
+  QString media(const char* name) const { return QString::fromStdString(server.mediaPath(name)); }
   void saveAccount() {
     const ProviderAccount account = ProviderAccount::validated(
         u"Vantor TV"_s, QString::fromStdString(server.url()),
         QString::fromStdString(options.username), QString::fromStdString(options.password));
     secrets.write(account.toJSON(), providerItem, {});
   }
-  bool start(const QStringList& arguments = {}) {
+  /// Gives the program folders of its own, and the simulated provider.
+  void prepare() {
     environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
     environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
     environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
     environment.insert(u"XDG_STATE_HOME"_s, home.filePath(u"state"_s));
     environment.insert(u"VANTOR_AUDIO"_s, u"none"_s);
-    program.setProcessEnvironment(environment);
-    program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(QStringLiteral(VANTOR_PROGRAM), arguments);
+  }
+  bool start(const QStringList& arguments = {}) {
+    prepare();
+    startToo(program, arguments);
     return program.waitForStarted();
   }
   /// Starts one more beside it.
   void startToo(QProcess& other, const QStringList& arguments = {}) const {
-    other.setProcessEnvironment(program.processEnvironment());
+    other.setProcessEnvironment(environment);
     other.setProcessChannelMode(QProcess::MergedChannels);
     other.start(QStringLiteral(VANTOR_PROGRAM), arguments);
+  }
+  /// Starts it for an answer on its output, and waits for its end.
+  QByteArray said(const QStringList& arguments, int status = 0) {
+    EXPECT_TRUE(start(arguments) && program.waitForFinished(20'000));
+    QByteArray all = program.readAll();
+    EXPECT_EQ(program.exitCode(), status) << all.constData();
+    return all;
   }
   static void kill(QProcess& process) {
     process.kill();
@@ -79,9 +88,7 @@ class ProgramFixture : public ::testing::Test {
   }
   /// Whether SIGTERM is the program's own to answer, and not yet that of the system.
   bool answersSignals() {
-    QFile status(u"/proc/%1/status"_s.arg(program.processId()));
-    if (!status.open(QFile::ReadOnly)) return false;
-    const QByteArray all = status.readAll();
+    const QByteArray all = readFile(u"/proc/%1/status"_s.arg(program.processId()));
     const QByteArray caught = all.mid(all.indexOf("SigCgt:") + 7, 20).trimmed().left(16);
     return (caught.toULongLong(nullptr, 16) >> (SIGTERM - 1)) & 1;
   }

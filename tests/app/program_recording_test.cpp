@@ -5,16 +5,13 @@
 #include "program_fixture.h"
 #include "support/test_media.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class ProgramRecordingTest : public ProgramFixture {
  protected:
   const QDir recordings{home.filePath(u"data/Vantor Player/Recordings"_s)};
 
-  QString media(const char* name) const { return QString::fromStdString(server.mediaPath(name)); }
   static QDBusMessage call(const QString& method) {
     return QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
         ServiceValues::ofBuild().bundleIdentifier, u"/tv/vantor/player/Recording"_s,
@@ -90,4 +87,4 @@ TEST_F(ProgramRecordingTest, PlaysWithoutASessionBus) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

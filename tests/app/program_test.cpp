@@ -1,5 +1,4 @@
 // The program as a process: what it plays at start, and that it ends well whatever it is doing.
-#include <gtest/gtest.h>
 
 #include "program_fixture.h"
 
@@ -7,15 +6,13 @@
 #include <QFile>
 #include <QLocalServer>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 using ProgramTest = ProgramFixture;
 
 TEST_F(ProgramTest, QuitsWithAPlayingFile) {
-  const QString file = QString::fromStdString(server.mediaPath("movie.mkv"));
+  const QString file = media("movie.mkv");
   ASSERT_TRUE(start({u"--smoke-test"_s, file}));
   EXPECT_TRUE(eventually([&] { return hasOpen(file); }));
   EXPECT_EQ(quit(), 0);
@@ -33,17 +30,16 @@ TEST_F(ProgramTest, QuitsWithTheSignInSheetOpen) {
 }
 
 TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
-  QFile only(home.filePath(u"fonts.conf"_s));
-  ASSERT_TRUE(only.open(QFile::WriteOnly));
-  only.write("<fontconfig><dir>/usr/share/fonts/opentype/inter</dir></fontconfig>");
-  only.close();
-  environment.insert(u"FONTCONFIG_FILE"_s, only.fileName());
+  environment.insert(
+      u"FONTCONFIG_FILE"_s,
+      writeFile(home.filePath(u"fonts.conf"_s),
+                "<fontconfig><dir>/usr/share/fonts/opentype/inter</dir></fontconfig>"));
   ASSERT_TRUE(start({u"--demo"_s}));
-  QByteArray said;
-  EXPECT_TRUE(eventually([&] { return (said += program.readAll()).contains("No font for"); }));
+  QByteArray told;
+  EXPECT_TRUE(eventually([&] { return (told += program.readAll()).contains("No font for"); }));
   for (const char* name : {"Arabic", "Chinese", "Japanese", "Korean"})
-    EXPECT_TRUE(said.contains(name)) << name;
-  EXPECT_FALSE(said.contains("Cyrillic"));
+    EXPECT_TRUE(told.contains(name)) << name;
+  EXPECT_FALSE(told.contains("Cyrillic"));
   EXPECT_EQ(quit(), 0);
 }
 
@@ -96,11 +92,9 @@ TEST_F(ProgramTest, LoadsTheSavedAccountsLibraryAndKeepsItEncrypted) {
   const QByteArray password = QByteArray::fromStdString(options.password);
   QDirIterator files(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   while (files.hasNext()) {
-    QFile file(files.next());
-    ASSERT_TRUE(file.open(QFile::ReadOnly));
-    const QByteArray content = file.readAll();
+    const QByteArray content = readFile(files.next());
     for (const QByteArray& form : {password, password.toPercentEncoding()})
-      EXPECT_FALSE(content.contains(form)) << file.fileName().toStdString();
+      EXPECT_FALSE(content.contains(form)) << files.fileName().toStdString();
   }
 }
 
@@ -114,20 +108,14 @@ TEST_F(ProgramTest, ShowsThePreviewWithoutAskingAnyone) {
 }
 
 TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
-  const QString arguments[] = {QStringLiteral("--help"), QStringLiteral("--version"),
-                               QStringLiteral("--demmo")};
-  for (const QString& argument : arguments) {
-    const bool mistake = argument == arguments[2];
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"),
-                       mistake ? QStringLiteral("offscreen") : QStringLiteral("none"));
-    ASSERT_TRUE(start({QStringLiteral("-reverse"), argument}));
-    ASSERT_TRUE(program.waitForFinished(20'000));
-    const QByteArray said = program.readAll();
-    EXPECT_EQ(program.exitCode(), mistake ? 1 : 0) << said.constData();
-    EXPECT_TRUE(said.contains("vantor")) << said.constData();
-    EXPECT_EQ(said.contains("'demmo'. See --help"), mistake) << said.constData();
+  for (const QString& argument : {u"--help"_s, u"--version"_s, u"--demmo"_s}) {
+    const bool mistake = argument == u"--demmo"_s;
+    environment.insert(u"QT_QPA_PLATFORM"_s, mistake ? u"offscreen"_s : u"none"_s);
+    const QByteArray told = said({u"-reverse"_s, argument}, mistake ? 1 : 0);
+    EXPECT_TRUE(told.contains("vantor")) << told.constData();
+    EXPECT_EQ(told.contains("'demmo'. See --help"), mistake) << told.constData();
   }
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

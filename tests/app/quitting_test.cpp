@@ -9,10 +9,8 @@
 #include "app/termination_signals.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 TEST(TerminationSignals, AreToldOnceAndLeaveErrnoAlone) {
   TerminationSignals signals;
@@ -22,7 +20,7 @@ TEST(TerminationSignals, AreToldOnceAndLeaveErrnoAlone) {
   // More than a pipe holds.
   for (int i = 0; i < 100'000 && errno == 0; ++i) std::raise(SIGTERM);
   EXPECT_EQ(errno, 0);
-  EXPECT_TRUE(test::eventually([&] { return received > 0; }));
+  EXPECT_TRUE(eventually([&] { return received > 0; }));
   EXPECT_EQ(received, 1);
   limitQuitting(0, 0ms);  // takes back what the signal set
 }
@@ -38,4 +36,4 @@ TEST(QuitLimitDeathTest, EndsTheProcessWhateverItWaitsFor) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

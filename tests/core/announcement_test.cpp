@@ -1,15 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <QDebug>
 #include <QSet>
 
 #include "support/model_fixture.h"
 #include "support/model_signals.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 /// What a listener can read of the model.
 QString state(const AppModel& app) {
@@ -64,7 +60,7 @@ class Listener {
   const ModelSignals signals_;
 };
 
-struct AnnouncementTest : public ::testing::Test, protected ModelFixture {};
+struct AnnouncementTest : public ModelTest {};
 
 TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   AppModel& app = launch();
@@ -74,7 +70,7 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   signIn(rows(LibraryKind::live, 1, 9));
   always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
   always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
-  transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"5"}]}})");
+  transport.always(episodesRequest, R"({"episodes":{"1":[{"id":"5"}]}})");
   for (const Section section : {Section::movies, Section::shows, Section::live, Section::favorites,
                                 Section::search, Section::movies}) {
     app.navigate(section);
@@ -109,7 +105,7 @@ TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
   AppModel& app = launch();
   signIn(rows(LibraryKind::live, 1, 9));
   app.select(item(0));
-  transport.answer(u"get_short_epg"_s, R"({"epg_listings":[]})");
+  transport.answer(guideRequest, R"({"epg_listings":[]})");
   settle();
   const Listener listener(app);
   app.navigate(app.browsing().section());
@@ -144,4 +140,4 @@ TEST(ItemListTest, AnIndexThatItDoesNotHaveIsRefused) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

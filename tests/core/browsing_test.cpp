@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 /// The names in the list, each followed by a comma.
 QString names(const AppModel& app) {
@@ -15,19 +11,14 @@ QString names(const AppModel& app) {
   return list;
 }
 
-class PreviewTest : public ::testing::Test, protected ModelFixture {
+class PreviewTest : public ModelTest {
  protected:
   AppModel& app = launch({u"--demo"_s});
 };
 
 TEST_F(PreviewTest, HoldsThreeLibrariesThatAreFilteredByCategoryAndSearch) {
   EXPECT_EQ(app.libraries().catalogs().size(), 3u);
-  const struct {
-    Section section;
-    QString category;
-    QString search;
-    QString listed;
-  } cases[] = {
+  const std::tuple<Section, QString, QString, QString> cases[] = {
       {Section::movies, u"2"_s, {}, u"The long way home,A place to begin,Open horizons,"_s},
       {Section::movies, u"2"_s, u"PLACE"_s, u"A place to begin,"_s},
       {Section::search,
@@ -36,12 +27,12 @@ TEST_F(PreviewTest, HoldsThreeLibrariesThatAreFilteredByCategoryAndSearch) {
        u"The outdoors,At the table,The quiet hour,Across the valley,The long way home,"
        "After the rain,The night garden,The art of living,Outside the frame,Along the coast,"_s},
   };
-  for (const auto& row : cases) {
-    app.navigate(row.section);
-    app.setCategory(row.category);
-    app.browsing().setSearch(row.search);
-    EXPECT_EQ(names(app), row.listed);
-    if (!row.category.isEmpty()) {
+  for (const auto& [section, category, search, listed] : cases) {
+    app.navigate(section);
+    app.setCategory(category);
+    app.browsing().setSearch(search);
+    EXPECT_EQ(names(app), listed);
+    if (!category.isEmpty()) {
       EXPECT_EQ(app.browsing().selected()->name, u"The long way home"_s);
     }
   }
@@ -147,7 +138,7 @@ TEST_F(PreviewTest, SamplesAreNotPlayed) {
   EXPECT_EQ(app.notice(), std::nullopt);
 }
 
-class LibraryTest : public ::testing::Test, protected ModelFixture {
+class LibraryTest : public ModelTest {
  protected:
   AppModel& app = launch();
 };
@@ -189,4 +180,4 @@ TEST_F(LibraryTest, SearchAsksForAllLibrariesAndListsThemInOrder) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

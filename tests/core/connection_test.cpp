@@ -1,22 +1,18 @@
-#include <gtest/gtest.h>
-
 #include <QDir>
-#include <QFile>
 #include <future>
 
+#include "support/files.h"
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
 using Operation = FakeCredentialStore::Operation;
 
 const QString liveRequest = action(LibraryKind::live);
 const QString moviesRequest = action(LibraryKind::movies);
-const QString serviceDocument = u"vantor-config.json"_s;
 
-class ConnectionTest : public ::testing::Test, protected ModelFixture {
+class ConnectionTest : public ModelTest {
  protected:
   AppModel& app = launch();
   const QString copies = home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s);
@@ -53,26 +49,23 @@ TEST_F(ConnectionTest, AFailureLeavesEverythingAsItWas) {
   const QByteArray saved = *credentials.value(providerItem);
   ProviderAccount other = account;
   other.id = QUuid::createUuid();
-  const struct {
-    Operation failing;
-    QByteArray answer;
-  } signIns[] = {{Operation::remove, "{}"},
-                 {Operation::update, acceptedSignIn()},
-                 {Operation::copyMatching, acceptedSignIn()}};
+  const std::pair<Operation, QByteArray> signIns[] = {{Operation::remove, "{}"},
+                                                      {Operation::update, acceptedSignIn()},
+                                                      {Operation::copyMatching, acceptedSignIn()}};
   const auto expectAsItWas = [&] {
     EXPECT_FALSE(app.session().signingInOrOut());
     EXPECT_EQ(app.session().account(), account);
     EXPECT_EQ(app.browsing().items().size(), 4u);
     EXPECT_EQ(credentials.value(providerItem), saved);
   };
-  for (const auto& row : signIns) {
-    credentials.fail(row.failing);
+  for (const auto& [failing, answer] : signIns) {
+    credentials.fail(failing);
     connectAccount(other);
-    transport.answer(QString(), row.answer);
+    transport.answer(QString(), answer);
     ASSERT_TRUE(eventually([&] { return signInOver; }));
     EXPECT_NE(signInFailure, nullptr);
     expectAsItWas();
-    credentials.work(row.failing);
+    credentials.work(failing);
   }
   credentials.fail(Operation::remove);
   disconnectAccount();
@@ -203,17 +196,14 @@ TEST_F(ConnectionTest, ALibraryInPartsIsShownAsItComesAndSavedWhole) {
   EXPECT_EQ(app.libraries().progress(), Progress());
 }
 
-/// What can replace the world while a load is suspended.
-enum class Change { connect, disconnect, destroy };
-
-class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterface<Change> {
+/// What replaces the world while a load is suspended.
+class StaleLoadTest : public ConnectionTest, public ::testing::WithParamInterface<std::string> {
  protected:
   void change() {
-    if (GetParam() == Change::disconnect) return signOut();
-    if (GetParam() == Change::destroy) return quit();
-    ProviderAccount other = account;
-    other.id = QUuid::createUuid();
-    connectAccount(other);
+    if (GetParam() == "Disconnect") return signOut();
+    if (GetParam() == "Destroy") return quit();
+    account.id = QUuid::createUuid();
+    connectAccount(account);
     acceptSignIn();
   }
   void expectNoMovies() {
@@ -235,7 +225,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterItsRequest) {
   if (!model) return;
   expectNoMovies();
   EXPECT_TRUE(app.libraries().errors().empty());
-  if (GetParam() != Change::connect) return;
+  if (GetParam() != "Connect") return;
   app.load(LibraryKind::movies, LoadMode::copyFirst);
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 2));
   EXPECT_TRUE(app.libraries().catalogs().contains(LibraryKind::movies))
@@ -248,7 +238,7 @@ TEST_P(StaleLoadTest, AppliesNothingAfterReadingItsCopy) {
   answer(LibraryKind::movies, rows(LibraryKind::movies, 0, 3));
   ASSERT_TRUE(idle());
   launch();
-  transport.answer(serviceDocument, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+  nameServer();
   ASSERT_TRUE(
       eventually([&] { return model->libraries().catalogs().contains(LibraryKind::live); }));
   const int before = transport.requests(moviesRequest);
@@ -273,12 +263,8 @@ TEST_P(StaleLoadTest, AppliesNothingWhileItsCopyIsBeingSaved) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Changes, StaleLoadTest,
-                         ::testing::Values(Change::connect, Change::disconnect, Change::destroy),
-                         [](const auto& change) -> std::string {
-                           return change.param == Change::connect      ? "Connect"
-                                  : change.param == Change::disconnect ? "Disconnect"
-                                                                       : "Destroy";
-                         });
+                         ::testing::Values("Connect", "Disconnect", "Destroy"),
+                         [](const auto& change) { return change.param; });
 
 TEST_F(ConnectionTest, TheListAndTheProgressGoWithTheUser) {
   transport.always(QString(), acceptedSignIn());
@@ -309,17 +295,12 @@ TEST_F(ConnectionTest, TheListAndTheProgressGoWithTheUser) {
   EXPECT_EQ(progress.size(), 2);
   EXPECT_EQ(preferences->text(u"progress-"_s + first), std::nullopt);
   quit();
-  QFile file(home.filePath(u"preferences.ini"_s));
-  ASSERT_TRUE(file.open(QFile::ReadOnly));
-  EXPECT_FALSE(file.readAll().contains("somebody"));
+  const QByteArray written = readFile(home.filePath(u"preferences.ini"_s));
+  EXPECT_FALSE(written.isEmpty() || written.contains("somebody"));
 }
 
 TEST_F(ConnectionTest, FilesOfAccountsThatAreGoneAreRemoved) {
-  const auto leave = [&](const char* name) {
-    QDir().mkpath(copies);
-    QFile file(copies + u'/' + QLatin1String(name));
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-  };
+  const auto leave = [&](const char* name) { writeFile(copies + u'/' + QLatin1String(name)); };
   const QStringList own{account.idText() + u"-live.bin"_s};
   leave("0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-live.bin");
   leave("0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C-movies.bin.new");
@@ -347,11 +328,7 @@ TEST_F(ConnectionTest, AServiceCheckNeverUndoesWhatTheUserDoes) {
       }
   };
   const std::map<char, std::function<void()>> step = {
-      {'c',
-       [&] {
-         transport.answer(serviceDocument,
-                          R"({"schemaVersion":1,"serverUrl":"http://new.example"})");
-       }},
+      {'c', [&] { nameServer("http://new.example"); }},
       {'d', [&] { answerSignIn("new.example"); }},
       {'i', [&] { connectAccount(other); }},
       {'j', [&] { answerSignIn("other.example"); }},
@@ -397,4 +374,4 @@ TEST_F(ConnectionTest, DestroyingTheModelEndsASignIn) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

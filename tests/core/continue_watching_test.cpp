@@ -1,15 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 constexpr double length = 5000;  // seconds
 
-class ContinueWatchingTest : public ::testing::Test, protected ModelFixture {
+class ContinueWatchingTest : public ModelTest {
  protected:
   /// The movies 1 to 9 are shown, and begun in this order.
   void begin(std::initializer_list<int> movies) {
@@ -51,11 +47,7 @@ class ContinueWatchingTest : public ::testing::Test, protected ModelFixture {
 
 TEST_F(ContinueWatchingTest, HoldsWhatWasBegunUntilItsEndNewestFirst) {
   start();
-  const struct {
-    const char* what;
-    std::function<void()> happens;
-    QString begun;
-  } steps[] = {
+  const std::tuple<const char*, std::function<void()>, QString> steps[] = {
       {"a few seconds are no beginning", [&] { watch(2, 10); }, u""_s},
       {"going on is one", [&] { report(u"movies:2"_s, 10.5); }, u"movies:2"_s},
       {"another", [&] { watch(3, 100); }, u"movies:3 movies:2"_s},
@@ -69,9 +61,9 @@ TEST_F(ContinueWatchingTest, HoldsWhatWasBegunUntilItsEndNewestFirst) {
       {"the same user again", [&] { account.id = QUuid::createUuid(), signIn(); }, u"movies:2"_s},
       {"the end", [&] { watch(2, length); }, u""_s},
   };
-  for (const auto& step : steps) {
-    step.happens();
-    EXPECT_EQ(begun(), step.begun) << step.what;
+  for (const auto& [what, happens, expected] : steps) {
+    happens();
+    EXPECT_EQ(begun(), expected) << what;
   }
   watch(4, 100);
   signOut();
@@ -200,4 +192,4 @@ TEST_F(ContinueWatchingTest, ForgetsWhatHasNoProgress) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,31 +1,24 @@
-#include <gtest/gtest.h>
-
 #include <QSemaphore>
 #include <atomic>
 
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
-using namespace test;
-
-const QString episodesRequest = u"get_series_info"_s;
-const QString guideRequest = u"get_short_epg"_s;
 
 MediaItem show(int number) {
   return ModelFixture::entry(LibraryKind::shows, number);
 }
 
-QByteArray episode(const char* title) {
-  return QByteArray("{\"episodes\":{\"1\":[{\"id\":7,\"title\":\"") + title + "\"}]}}";
+QByteArray seasons(const char* title) {
+  return QByteArray("{\"1\":[{\"id\":7,\"title\":\"") + title + "\"}]}";
 }
 
-const QByteArray oneProgramme =
-    R"({"epg_listings":[{"title":"a b","start_timestamp":1,"stop_timestamp":2}]})";
+QByteArray episode(const char* title) {
+  return "{\"episodes\":" + seasons(title) + '}';
+}
 
-class DetailsTest : public ::testing::Test, protected ModelFixture {
+class DetailsTest : public ModelTest {
  protected:
   AppModel& app = launch();
 
@@ -39,8 +32,7 @@ class DetailsTest : public ::testing::Test, protected ModelFixture {
   }
   void selectWhole(int number) {
     select(show(number));
-    ASSERT_TRUE(transport.answer(episodesRequest, episode("one")));
-    ASSERT_TRUE(loaded());
+    answerEpisodes(seasons("one"));
   }
   QString firstTitle() const {
     return app.details().episodes().isEmpty() ? QString() : app.details().episodes().first().name;
@@ -60,8 +52,7 @@ TEST_F(DetailsTest, AShowIsAskedForOnceMoviesAndSamplesNever) {
   EXPECT_TRUE(app.details().detailsLoading());
   EXPECT_EQ(transport.exchanges().back()->request.address.query(),
             u"username=user&password=secret&action=get_series_info&series_id=1"_s);
-  transport.answer(episodesRequest, episode("one"));
-  ASSERT_TRUE(loaded());
+  answerEpisodes(seasons("one"));
   EXPECT_EQ(firstTitle(), u"one"_s);
   select(entry(LibraryKind::movies, 1));
   EXPECT_TRUE(app.details().episodes().isEmpty());
@@ -80,18 +71,17 @@ TEST_F(DetailsTest, TheThirtyFirstShowStartsTheCacheAfresh) {
 }
 
 TEST_F(DetailsTest, AFailureIsShownAndTheNextSelectionTriesAgain) {
-  const auto expectError = [&](const QString& sentence) {
+  const std::pair<std::function<void()>, QString> failures[] = {
+      {[&] { answerEpisodes("[]"); }, u"This show's episodes could not be read."_s},
+      {[&] { transport.fail(episodesRequest, HTTPFailure(500)); },
+       u"Unable to connect. Check your internet connection and provider details, then try again."_s}};
+  for (const auto& [fail, sentence] : failures) {
+    select(show(1));
+    fail();
     ASSERT_TRUE(loaded());
     EXPECT_EQ(app.details().detailsError(), sentence);
     EXPECT_TRUE(app.details().episodes().isEmpty());
-  };
-  select(show(1));
-  transport.answer(episodesRequest, R"({"episodes":[]})");
-  expectError(u"This show's episodes could not be read."_s);
-  select(show(1));
-  ASSERT_TRUE(transport.fail(episodesRequest, HTTPFailure(500)));
-  expectError(
-      u"Unable to connect. Check your internet connection and provider details, then try again."_s);
+  }
   app.select(entry(LibraryKind::movies, 1));
   EXPECT_EQ(app.details().detailsError(), std::nullopt);
 }
@@ -100,7 +90,7 @@ TEST_F(DetailsTest, AChannelsGuideIsUsedForFiveMinutes) {
   const MediaItem channel = entry(LibraryKind::live, 1);
   app.guide().prefetchGuide(channel);
   settle();
-  transport.answer(guideRequest, oneProgramme);
+  transport.answer(guideRequest, guide({{"News", 0s, 1h}}));
   ASSERT_TRUE(eventually([&] { return app.guide().guideOf(channel.id).has_value(); }));
   clock.advance(10s);
   app.select(channel);
@@ -120,34 +110,21 @@ TEST_F(DetailsTest, AChannelsGuideIsUsedForFiveMinutes) {
   EXPECT_EQ(transport.requests(guideRequest), 3) << "the failed selection set no time";
 }
 
-/// What replaces the selection of show 1 while its episodes are on their way.
-enum class Departure { otherShow, sameShow, movie, navigate, disconnect, connect, destroy };
-
+/// What replaces the selection of show 1 while its episodes are on their way; whether they fail.
 class StaleDetailsTest : public DetailsTest,
-                         public ::testing::WithParamInterface<std::tuple<Departure, bool>> {
+                         public ::testing::WithParamInterface<std::tuple<std::string, bool>> {
  protected:
-  const Departure kind = std::get<Departure>(GetParam());
+  const std::string kind = std::get<std::string>(GetParam());
   const bool fails = std::get<bool>(GetParam());
+  const std::map<std::string, std::function<void()>> changes = {
+      {"OtherShow", [this] { select(show(2)); }},
+      {"SameShow", [this] { select(show(1)); }},
+      {"Movie", [this] { select(entry(LibraryKind::movies, 1)); }},
+      {"Navigate", [this] { app.navigate(Section::favorites); }},
+      {"Disconnect", [this] { signOut(); }},
+      {"Connect", [this] { connectAccount(account), acceptSignIn(); }},
+      {"Destroy", [this] { model.reset(); }}};
 
-  void change() {
-    switch (kind) {
-      case Departure::otherShow:
-        return select(show(2));
-      case Departure::sameShow:
-        return select(show(1));
-      case Departure::movie:
-        return select(entry(LibraryKind::movies, 1));
-      case Departure::navigate:
-        return app.navigate(Section::favorites);
-      case Departure::disconnect:
-        return signOut();
-      case Departure::connect:
-        connectAccount(account);
-        return acceptSignIn();
-      case Departure::destroy:
-        model.reset();
-    }
-  }
   /// Lets the worker finish what it was given.
   bool drainWorker() {
     std::atomic<bool> drained = false;
@@ -158,16 +135,15 @@ class StaleDetailsTest : public DetailsTest,
   }
   void expectNothingOfShowOne() {
     if (!model) return;
-    const bool loadsAnew = kind == Departure::otherShow || kind == Departure::sameShow;
+    const bool loadsAnew = kind == "OtherShow" || kind == "SameShow";
     EXPECT_TRUE(app.details().episodes().isEmpty());
     EXPECT_EQ(app.details().detailsError(), std::nullopt);
     EXPECT_EQ(app.details().detailsLoading(), loadsAnew);
     if (loadsAnew) {
-      ASSERT_TRUE(transport.answer(episodesRequest, episode("new")));
-      ASSERT_TRUE(loaded());
+      answerEpisodes(seasons("new"));
       EXPECT_EQ(firstTitle(), u"new"_s);
     }
-    if (!app.session().account() || kind == Departure::sameShow) return;
+    if (!app.session().account() || kind == "SameShow") return;
     app.select(show(1));
     EXPECT_TRUE(app.details().detailsLoading()) << "the late answer is not in the cache";
   }
@@ -185,9 +161,9 @@ TEST_P(StaleDetailsTest, ALateResultChangesNothing) {
   };
   // What changes at once can come while the answer is under way; the others take turns of their
   // own.
-  const bool atOnce = kind != Departure::connect && kind != Departure::disconnect;
+  const bool atOnce = kind != "Connect" && kind != "Disconnect";
   if (atOnce) settleRequest();
-  change();
+  changes.at(kind)();
   if (!atOnce) {
     EXPECT_TRUE(request->cancelled) << "not worth finishing";
     settleRequest();
@@ -199,34 +175,27 @@ TEST_P(StaleDetailsTest, ALateResultChangesNothing) {
 
 TEST_P(StaleDetailsTest, AnAnswerThatIsBeingReadChangesNothing) {
   // A sign-in is itself read on the thread that is held here.
-  if (kind == Departure::connect) return;
+  if (kind == "Connect") return;
   select(show(1));
   QSemaphore gate;
   const auto held = worker.run([&gate] { gate.acquire(); });
   transport.answer(episodesRequest, fails ? QByteArray("{}") : episode("late"));
   settle();
-  change();
+  changes.at(kind)();
   gate.release();
   ASSERT_TRUE(drainWorker());
   expectNothingOfShowOne();
 }
 
-std::string departureName(const ::testing::TestParamInfo<std::tuple<Departure, bool>>& info) {
-  static constexpr const char* names[] = {"OtherShow",  "SameShow", "Movie",  "Navigate",
-                                          "Disconnect", "Connect",  "Destroy"};
-  const auto [departure, fails] = info.param;
-  return std::string(names[static_cast<int>(departure)]) +
-         (fails ? "BeforeAFailure" : "BeforeAnAnswer");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Departures, StaleDetailsTest,
-    ::testing::Combine(::testing::Values(Departure::otherShow, Departure::sameShow,
-                                         Departure::movie, Departure::navigate,
-                                         Departure::disconnect, Departure::connect,
-                                         Departure::destroy),
-                       ::testing::Bool()),
-    departureName);
+INSTANTIATE_TEST_SUITE_P(Departures, StaleDetailsTest,
+                         ::testing::Combine(::testing::Values("OtherShow", "SameShow", "Movie",
+                                                              "Navigate", "Disconnect", "Connect",
+                                                              "Destroy"),
+                                            ::testing::Bool()),
+                         [](const auto& row) {
+                           return std::get<0>(row.param) +
+                                  (std::get<1>(row.param) ? "BeforeAFailure" : "BeforeAnAnswer");
+                         });
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,27 +1,21 @@
 #include "core/episode_queue.h"
 
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-
-class EpisodeQueueTest : public ::testing::Test, protected ModelFixture {
+class EpisodeQueueTest : public ModelTest {
  protected:
   EpisodeQueueTest() {
     signIn();
     always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
     app.navigate(Section::shows);
-    EXPECT_TRUE(eventually([&] { return app.browsing().items().size() == 2; }));
+    EXPECT_TRUE(idle());
   }
-  void openShow(std::size_t row, const QByteArray& episodes) {
+  void openShow(std::size_t row, const QByteArray& seasons) {
     app.select(item(row));
-    EXPECT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
-    transport.answer(u"get_series_info"_s, R"({"episodes":)" + episodes + "}");
-    EXPECT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
+    answerEpisodes(seasons);
   }
   void play(const MediaItem& item) {
     app.play(item);
@@ -62,4 +56,4 @@ TEST_F(EpisodeQueueTest, FollowsTheShowThatWasStarted) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

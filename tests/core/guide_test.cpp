@@ -1,31 +1,21 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
-using namespace test;
-
-const QString shortGuide = u"get_short_epg"_s;
-
-QByteArray programme(const QString& title = u"a b"_s) {
-  return R"({"epg_listings":[{"start_timestamp":1,"stop_timestamp":2,"title":")" + title.toUtf8() +
-         "\"}]}";
-}
 
 MediaItem channel(int number) {
   return ModelFixture::entry(LibraryKind::live, number);
 }
 
-class GuideTest : public ::testing::Test, protected ModelFixture {
+class GuideTest : public ModelTest {
  protected:
   AppModel& app = launch();
 
   void SetUp() override { signIn(rows(LibraryKind::live, 0, 200)); }
-  int requests() const { return transport.requests(shortGuide); }
-  int open() const { return transport.open(shortGuide); }
+  int requests() const { return transport.requests(guideRequest); }
+  QByteArray programme(const QString& title = u"a b"_s) const {
+    return guide({{title.toUtf8(), 0s, 1h}});
+  }
   void prefetch(int number) {
     app.guide().prefetchGuide(channel(number));
     settle();
@@ -44,12 +34,12 @@ class GuideTest : public ::testing::Test, protected ModelFixture {
   /// Fetches a channel's guide whole, from request to cache.
   void fetch(int number, const QString& title = u"a b"_s) {
     prefetch(number);
-    ASSERT_TRUE(transport.answer(shortGuide, programme(title)));
+    ASSERT_TRUE(transport.answer(guideRequest, programme(title)));
     ASSERT_TRUE(eventually([&] { return titleOf(number) == title; }));
   }
   /// As many as are kept.
   void fillCache() {
-    transport.always(shortGuide, programme());
+    transport.always(guideRequest, programme());
     for (int number = 0; number < 128; ++number) {
       prefetch(number);
       ASSERT_TRUE(eventually([&] { return titleOf(number) == u"a b"_s; }));
@@ -57,7 +47,7 @@ class GuideTest : public ::testing::Test, protected ModelFixture {
   }
   void failFetch(int number) {
     prefetch(number);
-    ASSERT_TRUE(transport.fail(shortGuide, HTTPFailure(500)));
+    ASSERT_TRUE(transport.fail(guideRequest, HTTPFailure(500)));
     settle();
   }
 };
@@ -66,7 +56,7 @@ TEST_F(GuideTest, AsksOnceInFiveMinutes) {
   prefetch(1);
   prefetch(1);
   EXPECT_EQ(requests(), 1);
-  transport.answer(shortGuide, programme());
+  transport.answer(guideRequest, programme());
   ASSERT_TRUE(eventually([&] { return titleOf(1) == u"a b"_s; }));
   for (const auto& [passed, asks] : {std::pair{200s, 1}, {100s, 1}, {1s, 2}}) {
     clock.advance(passed);
@@ -74,7 +64,7 @@ TEST_F(GuideTest, AsksOnceInFiveMinutes) {
     EXPECT_EQ(requests(), asks);
   }
   EXPECT_TRUE(app.guide().guide().isEmpty()) << "another entry's guide is not shown";
-  transport.answer(shortGuide, programme());
+  transport.answer(guideRequest, programme());
 
   failFetch(2);
   EXPECT_TRUE(fails(2));
@@ -89,9 +79,9 @@ TEST_F(GuideTest, AsksOnceInFiveMinutes) {
 
 TEST_F(GuideTest, RunsTwentyFourFetches) {
   for (int number = 0; number < 25; ++number) prefetch(number);
-  transport.always(shortGuide, programme());
-  transport.answer(shortGuide, programme());
-  transport.answer(shortGuide, programme());
+  transport.always(guideRequest, programme());
+  transport.answer(guideRequest, programme());
+  transport.answer(guideRequest, programme());
   for (int number = 0; number < 24; ++number) ASSERT_TRUE(becomes(number)) << number;
   EXPECT_EQ(titleOf(24), u"unknown"_s) << "dropped, not queued";
   prefetch(24);
@@ -120,7 +110,7 @@ TEST_F(GuideTest, AClockThatIsSetAsksOnceMoreAndNoMore) {
     clock.set(set);
     const int before = requests();
     const QString title = u"set %1"_s.arg(set.count());
-    transport.always(shortGuide, programme(title));
+    transport.always(guideRequest, programme(title));
     for (int round = 0; round < 3; ++round) {
       for (const int number : {3, 200, 201, 202}) prefetch(number);
       for (const int number : {3, 200, 201, 202}) EXPECT_TRUE(becomes(number, title)) << round;
@@ -149,8 +139,8 @@ TEST_F(GuideTest, TheChannelThatAHeldKeyStopsAtGetsItsGuide) {
   prefetch(41);
   EXPECT_FALSE(app.details().detailsError().has_value());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.always(shortGuide, programme());
-  while (transport.answer(shortGuide, programme())) settle();
+  transport.always(guideRequest, programme());
+  while (transport.answer(guideRequest, programme())) settle();
   EXPECT_TRUE(eventually([&] {
     clock.advance(100ms);
     return !app.guide().guide().isEmpty() && app.guide().guideOf(channel(41).id).has_value();
@@ -164,14 +154,14 @@ TEST_F(GuideTest, ReachesTheSelectedChannelAndTakesItsErrorAway) {
   settle();
   prefetch(1);
   EXPECT_EQ(requests(), 1) << "both wait for one request";
-  transport.answer(shortGuide, programme());
+  transport.answer(guideRequest, programme());
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
   ASSERT_EQ(app.guide().guide().size(), 1);
   EXPECT_EQ(app.guide().guide().at(0).title, u"a b"_s);
 
   app.select(channel(2));
   settle();
-  transport.fail(shortGuide, HTTPFailure(500));
+  transport.fail(guideRequest, HTTPFailure(500));
   ASSERT_TRUE(eventually([&] { return app.details().detailsError().has_value(); }));
   fetch(2);
   EXPECT_FALSE(app.details().detailsError().has_value());
@@ -192,7 +182,7 @@ TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
   EXPECT_FALSE(fails(2));
   EXPECT_TRUE(app.guide().guide().isEmpty());
   EXPECT_TRUE(app.details().detailsLoading());
-  transport.answer(shortGuide, programme(u"c d"_s));
+  transport.answer(guideRequest, programme(u"c d"_s));
   ASSERT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
   EXPECT_EQ(titleOf(1), u"c d"_s);
   fetch(3);
@@ -221,39 +211,27 @@ TEST_F(GuideTest, NothingIsFetchedWithoutAProvider) {
   EXPECT_EQ(requests(), 0);
 }
 
-enum class GuideChange { refresh, connect, disconnect, destroy };
-
 /// What ends the world of a guide's fetch; whether that is a selection's; whether its request is
 /// open already.
-class StaleGuideTest : public GuideTest,
-                       public ::testing::WithParamInterface<std::tuple<GuideChange, bool, bool>> {
+using StaleGuide = std::tuple<std::string, bool, bool>;
+
+class StaleGuideTest : public GuideTest, public ::testing::WithParamInterface<StaleGuide> {
  protected:
-  void makeChange() {
-    switch (std::get<GuideChange>(GetParam())) {
-      case GuideChange::refresh:
-        return app.refreshGuide();
-      case GuideChange::connect:
-        connectAccount(account);
-        return acceptSignIn();
-      case GuideChange::disconnect:
-        return signOut();
-      case GuideChange::destroy:
-        model.reset();
-    }
-  }
+  const std::map<std::string, std::function<void()>> changes = {
+      {"Refresh", [this] { app.refreshGuide(); }},
+      {"Connect", [this] { connectAccount(account), acceptSignIn(); }},
+      {"Disconnect", [this] { signOut(); }},
+      {"Destroy", [this] { model.reset(); }}};
 };
 
 TEST_P(StaleGuideTest, AppliesNothing) {
-  const auto [change, ofSelection, requested] = GetParam();
+  const auto& [change, ofSelection, requested] = GetParam();
   failFetch(9);
   const auto begin = transport.exchanges().size();
-  if (ofSelection)
-    app.select(channel(1));
-  else
-    app.guide().prefetchGuide(channel(1));
+  ofSelection ? app.select(channel(1)) : app.guide().prefetchGuide(channel(1));
   if (requested) settle();
-  ASSERT_EQ(open(), requested ? 1 : 0);
-  makeChange();
+  ASSERT_EQ(transport.open(guideRequest), requested ? 1 : 0);
+  changes.at(change)();
   settle();
   if (requested) {
     const auto request = transport.exchanges().at(begin);
@@ -265,27 +243,21 @@ TEST_P(StaleGuideTest, AppliesNothing) {
   EXPECT_EQ(titleOf(1), u"unknown"_s);
   EXPECT_TRUE(app.guide().guide().isEmpty());
   EXPECT_FALSE(fails(1) || fails(9));
-  const bool selectedAgain = ofSelection && change == GuideChange::refresh;
-  EXPECT_EQ(app.details().detailsLoading(), selectedAgain);
+  EXPECT_EQ(app.details().detailsLoading(), ofSelection && change == "Refresh");
   if (!app.session().account()) return;
   fetch(1, u"new one"_s);
   EXPECT_EQ(titleOf(1), u"new one"_s) << "the new world is not hindered";
 }
 
-std::string guideChangeName(const ::testing::TestParamInfo<StaleGuideTest::ParamType>& info) {
-  static constexpr const char* changes[] = {"Refresh", "Connect", "Disconnect", "Destroy"};
-  const auto [change, ofSelection, requested] = info.param;
-  return std::string(changes[static_cast<int>(change)]) +
-         (ofSelection ? "OfASelection" : "OfAPrefetch") +
-         (requested ? "DuringItsRequest" : "BeforeItBegins");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Changes, StaleGuideTest,
-    ::testing::Combine(::testing::Values(GuideChange::refresh, GuideChange::connect,
-                                         GuideChange::disconnect, GuideChange::destroy),
-                       ::testing::Bool(), ::testing::Bool()),
-    guideChangeName);
+INSTANTIATE_TEST_SUITE_P(Changes, StaleGuideTest,
+                         ::testing::Combine(::testing::Values("Refresh", "Connect", "Disconnect",
+                                                              "Destroy"),
+                                            ::testing::Bool(), ::testing::Bool()),
+                         [](const auto& row) {
+                           return std::get<0>(row.param) +
+                                  (std::get<1>(row.param) ? "OfASelection" : "OfAPrefetch") +
+                                  (std::get<2>(row.param) ? "DuringItsRequest" : "BeforeItBegins");
+                         });
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-
-class PlaybackHandoffTest : public ::testing::Test, protected ModelFixture {
+class PlaybackHandoffTest : public ModelTest {
  protected:
   AppModel& app = launch();
   const MediaItem movie = entry(LibraryKind::movies, 7);
@@ -90,23 +86,17 @@ TEST_F(PlaybackHandoffTest, RecordsHowFarEntriesWereWatchedButNotLocalFiles) {
 }
 
 TEST_F(PlaybackHandoffTest, ACancelledPanelChangesNothingAndOneIsOpenAtATime) {
-  app.openFile();
-  settle();
-  app.openFile();
-  settle();
-  EXPECT_EQ(filePanel.shown, 1);
-  filePanel.choice.resolve(std::nullopt);
-  settle();
-  EXPECT_FALSE(app.playback().source());
-  app.openFile();
-  settle();
-  EXPECT_EQ(filePanel.shown, 2);
-  filePanel.choice.resolve(std::nullopt);
-  settle();
+  for (const int shown : {1, 2}) {
+    for (int times = 0; times < 2; ++times) app.openFile(), settle();
+    EXPECT_EQ(filePanel.shown, shown);
+    filePanel.choice.resolve(std::nullopt);
+    settle();
+    EXPECT_FALSE(app.playback().source());
+  }
   app.openFile();
   quit();
   EXPECT_EQ(filePanel.shown, 2) << "the program ended before its turn";
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

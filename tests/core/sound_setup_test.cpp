@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-using namespace std::chrono_literals;
-
-class SoundSetupTest : public ::testing::Test, protected ModelFixture {
+class SoundSetupTest : public ModelTest {
  protected:
   SoundSetupTest() {
     launch();
@@ -64,4 +59,4 @@ TEST_F(SoundSetupTest, StoredDelaysAreBounded) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,27 +1,20 @@
-#include <gtest/gtest.h>
-
 #include <future>
 
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
 using Operation = FakeCredentialStore::Operation;
 
-const QString config = u"vantor-config.json"_s;
-const QByteArray sameServer = R"({"schemaVersion":1,"serverUrl":"http://tv.example"})";
-const QByteArray newServer = R"({"schemaVersion":1,"serverUrl":"http://new.example"})";
-
-class StartUpTest : public ::testing::Test, protected ModelFixture {
+class StartUpTest : public ModelTest {
  protected:
   void saveAccount() { credentials.put(providerItem, account.toJSON()); }
   /// The program starts, the service names a new server, and that is asked to accept the account.
   AppModel& launchAtNewServer() {
     saveAccount();
     launch();
-    transport.answer(config, newServer);
+    nameServer("http://new.example");
     EXPECT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
     return *model;
   }
@@ -55,9 +48,9 @@ TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChann
   EXPECT_EQ(app.browsing().search(), QString());
   EXPECT_TRUE(app.session().restoringLibrary());
   settle();
-  EXPECT_EQ(transport.open(config), 1);
+  EXPECT_EQ(transport.open(serviceDocument), 1);
   EXPECT_TRUE(app.libraries().loading().empty()) << "the server is checked first";
-  transport.answer(config, sameServer);
+  nameServer();
   ASSERT_TRUE(isAskedFor(LibraryKind::live));
   EXPECT_EQ(app.libraries().loading(), std::set{LibraryKind::live});
   EXPECT_FALSE(app.session().restoringLibrary());
@@ -93,14 +86,12 @@ TEST_F(StartUpTest, KeepsTheSavedServerWhenTheNewOneFails) {
 TEST_F(StartUpTest, WhatCannotBeReadEndsInASentence) {
   credentials.put(providerItem, "{\"id\":7}");
   EXPECT_TRUE(launch().notice().has_value());
-  EXPECT_FALSE(model->session().account().has_value());
-
+  EXPECT_EQ(model->session().account(), std::nullopt);
   credentials.fail(Operation::copyMatching);
   EXPECT_EQ(
       launch().notice(),
       u"Vantor could not read its saved account from Keychain. Allow access and try again."_s);
-  EXPECT_FALSE(model->session().account().has_value());
-
+  EXPECT_EQ(model->session().account(), std::nullopt);
   credentials.work(Operation::copyMatching);
   credentials.fail(Operation::add);
   saveAccount();
@@ -126,4 +117,4 @@ TEST_F(StartUpTest, WithoutAnAccountOrIsolatedNothingIsAsked) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,17 +1,12 @@
 #include "platform/trace.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QDir>
-#include <QFile>
 
+#include "support/files.h"
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 QStringList* lines = nullptr;
 
@@ -20,7 +15,7 @@ void collect(QtMsgType, const QMessageLogContext& context, const QString& text) 
 }
 
 /// A model whose account, libraries and answers are full of what no log may hold.
-class TraceTest : public ::testing::Test, protected ModelFixture {
+class TraceTest : public ModelTest {
  protected:
   void SetUp() override {
     lines = &log;
@@ -76,21 +71,17 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   const QByteArray channels = R"([{"stream_id":1,"name":"mark entry"}])";
   signIn(channels);
   const QString folder = home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s);
-  for (const QFileInfo& copy : QDir(folder).entryInfoList(QDir::Files)) {
-    QFile damagedCopy(copy.filePath());
-    ASSERT_TRUE(damagedCopy.open(QFile::WriteOnly));
-    damagedCopy.write(damaged);
-  }
+  for (const QFileInfo& copy : QDir(folder).entryInfoList(QDir::Files))
+    writeFile(copy.filePath(), damaged);
   launch();
-  transport.fail(u"vantor-config.json"_s, unreachable);
+  transport.fail(serviceDocument, unreachable);
   EXPECT_TRUE(eventually([&] { return says("reading the service configuration", "URLError"); }));
   answer(LibraryKind::live, channels);
   EXPECT_TRUE(says("reading the copy of a library", "Failure"));
 
   // Where the folder of the copies was is a file.
   ASSERT_TRUE(QDir(folder).removeRecursively());
-  QFile obstacle(folder);
-  ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+  writeFile(folder);
   AppModel& app = *model;
   app.load(LibraryKind::live, LoadMode::refresh);
   answer(LibraryKind::live, channels);
@@ -105,18 +96,17 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   }
   EXPECT_TRUE(says("loading a library", "URLError 2, failure 2"));
   app.load(LibraryKind::movies, LoadMode::refresh);
-  ASSERT_TRUE(eventually([&] { return transport.open(action(LibraryKind::movies)) == 1; }));
-  transport.fail(action(LibraryKind::movies),
-                 std::make_exception_ptr(URLError(URLError::Code::cancelled)));
-  ASSERT_TRUE(eventually([&] { return app.libraries().loading().empty(); }));
+  ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+  transport.fail(action(LibraryKind::movies), URLError(URLError::Code::cancelled));
+  ASSERT_TRUE(idle());
   EXPECT_FALSE(says("loading a library", "failure 3"));
   app.guide().prefetchGuide(channel);
   settle();
-  transport.answer(u"get_short_epg"_s, damaged);
+  transport.answer(guideRequest, damaged);
   EXPECT_TRUE(eventually([&] { return says("loading the guide of a row", "JSONError"); }));
   app.select(channel);
   settle();
-  transport.fail(u"get_short_epg"_s, refused);
+  transport.fail(guideRequest, refused);
   EXPECT_TRUE(eventually([&] { return says("loading episodes or a guide", "HTTPFailure"); }));
 
   app.play(channel);
@@ -135,8 +125,7 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
 
   credentials.put(providerItem, account.toJSON());
   launch();
-  transport.answer(u"vantor-config.json"_s,
-                   R"({"schemaVersion":1,"serverUrl":"http://mark-new.example"})");
+  nameServer("http://mark-new.example");
   EXPECT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
   transport.fail(QString(), refused);
   EXPECT_TRUE(eventually([&] { return says("following the service to another server", "503"); }));
@@ -155,4 +144,4 @@ TEST_F(TraceTest, NothingIsSaidUnlessItIsAskedFor) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

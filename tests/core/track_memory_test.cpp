@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-using namespace std::chrono_literals;
-
-class TrackMemoryTest : public ::testing::Test, protected ModelFixture {
+class TrackMemoryTest : public ModelTest {
  protected:
   static MediaItem episode(int number, const QString& showID) {
     MediaItem item = entry(LibraryKind::shows, number);
@@ -120,4 +115,4 @@ TEST_F(TrackMemoryTest, IsBoundedAndKeepsNoAddress) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-
-class ViewingHabitsTest : public ::testing::Test, protected ModelFixture {
+class ViewingHabitsTest : public ModelTest {
  protected:
   void play(const MediaItem& item) {
     model->play(item);
@@ -34,14 +30,14 @@ class ViewingHabitsTest : public ::testing::Test, protected ModelFixture {
 };
 
 TEST_F(ViewingHabitsTest, VolumeAndMutingComeBack) {
-  launch();
-  EXPECT_EQ(playback().transport()->volume(), 100);
+  const auto launched = [&](const QStringList& arguments = {}) {
+    return launch(arguments).playback().transport()->volume();
+  };
+  EXPECT_EQ(launched(), 100);
   playback().setVolume(42.5);
-  launch();
-  EXPECT_EQ(playback().transport()->volume(), 42.5);
+  EXPECT_EQ(launched(), 42.5);
   playback().toggleMuted();
-  launch();
-  EXPECT_EQ(playback().transport()->volume(), 0);
+  EXPECT_EQ(launched(), 0);
   signIn();
   play(channel);
   EXPECT_TRUE(engine.calls.contains(u"setVolume 0"_s));
@@ -49,15 +45,12 @@ TEST_F(ViewingHabitsTest, VolumeAndMutingComeBack) {
   EXPECT_EQ(playback().transport()->volume(), 42.5);
   playback().setVolume(0);
   signOut();
-  launch();
-  EXPECT_EQ(playback().transport()->volume(), 0);
+  EXPECT_EQ(launched(), 0);
   playback().toggleMuted();
   EXPECT_EQ(playback().transport()->volume(), 50) << "no volume is known that it had";
-  launch({u"--demo"_s});
-  EXPECT_EQ(playback().transport()->volume(), 100);
+  EXPECT_EQ(launched({u"--demo"_s}), 100);
   playback().setVolume(1);
-  launch();
-  EXPECT_EQ(playback().transport()->volume(), 50) << "an isolated run keeps nothing";
+  EXPECT_EQ(launched(), 50) << "an isolated run keeps nothing";
 }
 
 TEST_F(ViewingHabitsTest, AVolumeThatIsNoneIsTheUsualOne) {
@@ -71,8 +64,7 @@ TEST_F(ViewingHabitsTest, AVolumeThatIsNoneIsTheUsualOne) {
                                                   {{u"30"_s, u"muted"_s}, 0}};
   for (const auto& [stored, volume] : cases) {
     leave(u"volume"_s, stored);
-    launch();
-    EXPECT_EQ(playback().transport()->volume(), volume) << stored.join(u' ').toStdString();
+    EXPECT_EQ(launch().playback().transport()->volume(), volume) << stored.join(u' ').toStdString();
   }
 }
 
@@ -112,8 +104,7 @@ TEST_F(ViewingHabitsTest, TheLastChannelIsSelectedAfterALaunch) {
   };
   const auto launched = [&] {
     launch();
-    transport.answer(u"vantor-config.json"_s,
-                     R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+    nameServer();
     EXPECT_TRUE(eventually([&] { return !model->session().restoringLibrary(); }) && idle());
     return selectedID();
   };
@@ -155,4 +146,4 @@ TEST_F(ViewingHabitsTest, ShapesAreBoundedAndUnknownOnesStay) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

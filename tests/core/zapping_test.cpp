@@ -1,16 +1,11 @@
 #include "core/zapping.h"
 
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-using namespace std::chrono_literals;
-
-class ZappingTest : public ::testing::Test, protected ModelFixture {
+class ZappingTest : public ModelTest {
  protected:
   ZappingTest() { signIn(rows(LibraryKind::live, 1, 9)); }
 
@@ -18,9 +13,9 @@ class ZappingTest : public ::testing::Test, protected ModelFixture {
     app.play(item);
     opened();
   }
-  /// Numbers of the channels that the engine was given since the last look.
-  QStringList opened() {
-    settle();
+  /// Numbers of the channels that the engine is given until then, since the last look.
+  QStringList opened(std::chrono::milliseconds time = 0ms) {
+    clock.advance(time);
     QStringList numbers;
     for (const QString& call : engine.takeCalls())
       if (call.startsWith(u"load "_s))
@@ -49,34 +44,26 @@ TEST_F(ZappingTest, AHeldKeyOpensOnlyWhereItRests) {
   EXPECT_EQ(zapping.number(), 2U);
   EXPECT_EQ(app.playback().title(), u"Title 7"_s);
   EXPECT_EQ(opened(), QStringList());
-  clock.advance(250ms);
-  EXPECT_EQ(opened(), QStringList{u"2"_s});
+  EXPECT_EQ(opened(250ms), QStringList{u"2"_s});
   zapping.step(-3);
-  clock.advance(250ms);
-  EXPECT_EQ(opened(), QStringList{u"8"_s});
+  EXPECT_EQ(opened(250ms), QStringList{u"8"_s});
   zapping.step(1);
   zapping.step(-1);
-  clock.advance(1s);
-  EXPECT_EQ(opened(), QStringList()) << "what plays is not opened again";
+  EXPECT_EQ(opened(1s), QStringList()) << "what plays is not opened again";
 }
 
 TEST_F(ZappingTest, TypedNumbers) {
-  struct Case {
-    const char* digits;
-    bool entered;
-    QString file;  // empty: what plays goes on
-  };
-  const Case cases[] = {{"3", false, u"3"_s},     {"3", true, u"3"_s}, {"0009", true, u"9"_s},
-                        {"10", true, {}},         {"0", false, {}},    {"999999", true, {}},
-                        {"9999992", true, u"2"_s}};
+  // The last is the file that is opened, unless what plays goes on.
+  const std::tuple<const char*, bool, QString> cases[] = {
+      {"3", false, u"3"_s}, {"3", true, u"3"_s},  {"0009", true, u"9"_s},   {"10", true, {}},
+      {"0", false, {}},     {"999999", true, {}}, {"9999992", true, u"2"_s}};
   for (const auto& [digits, entered, file] : cases) {
     SCOPED_TRACE(digits);
     play(item(4));
     EXPECT_TRUE(number(QString::fromLatin1(digits)));
     EXPECT_NE(zapping.typed(), QString());
     EXPECT_EQ(chosen(), u"Title 5"_s);
-    clock.advance(1400ms);
-    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(opened(1400ms), QStringList());
     if (entered)
       EXPECT_TRUE(zapping.enter());
     else
@@ -84,13 +71,11 @@ TEST_F(ZappingTest, TypedNumbers) {
     EXPECT_EQ(zapping.typed(), QString());
     EXPECT_EQ(opened(), file.isEmpty() ? QStringList() : QStringList{file});
     EXPECT_FALSE(zapping.enter());
-    clock.advance(2s);
-    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(opened(2s), QStringList());
   }
   number(u"7"_s);
   zapping.step(1);
-  clock.advance(2s);
-  EXPECT_EQ(opened(), QStringList{u"3"_s}) << "a step is the later wish";
+  EXPECT_EQ(opened(2s), QStringList{u"3"_s}) << "a step is the later wish";
 }
 
 TEST_F(ZappingTest, TheLastChannelAndBack) {
@@ -100,8 +85,7 @@ TEST_F(ZappingTest, TheLastChannelAndBack) {
   zapping.step(1);
   for (const char* file : {"2", "6", "2"}) {
     EXPECT_TRUE(zapping.goBack());
-    clock.advance(1s);
-    EXPECT_EQ(opened(), QStringList{QString::fromLatin1(file)});
+    EXPECT_EQ(opened(1s), QStringList{QString::fromLatin1(file)});
   }
 }
 
@@ -122,8 +106,7 @@ TEST_F(ZappingTest, TheListIsThatOfTheStart) {
   for (std::size_t i = 0; i < std::size(changes); ++i) {
     changes[i]();
     zapping.step(1);
-    clock.advance(250ms);
-    EXPECT_EQ(opened(), QStringList{files[i]});
+    EXPECT_EQ(opened(250ms), QStringList{files[i]});
     EXPECT_EQ(zapping.number(), i + 1);
   }
 }
@@ -147,22 +130,20 @@ TEST_F(ZappingTest, OnlyChannelsOfTheProvider) {
     EXPECT_EQ(chosen(), QString());
     opened();
     EXPECT_FALSE(zapping.step(1) || zapping.type(1) || zapping.enter() || zapping.goBack());
-    clock.advance(5s);
-    EXPECT_EQ(opened(), QStringList());
+    EXPECT_EQ(opened(5s), QStringList());
   }
 }
 
 TEST_F(ZappingTest, ARecordingKeepsItsChannel) {
   play(item(0));
-  engine.now = {
-      .state = EngineState::playing, .hasMedia = true, .recordable = true, .decodedVideo = 1};
+  engine.now = filmAt(0, 0);
+  engine.now.recordable = true;
   clock.advance(1s);
   ASSERT_EQ(app.playback().startRecording(home.path()), std::nullopt);
   zapping.step(3);
-  clock.advance(250ms);
-  EXPECT_EQ(opened(), QStringList());
+  EXPECT_EQ(opened(250ms), QStringList());
   EXPECT_EQ(chosen(), u"Title 1"_s) << "the choice comes back to what plays";
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

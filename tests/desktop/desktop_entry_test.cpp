@@ -1,23 +1,21 @@
 // What is installed beside the program says of it what it says itself.
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 
 #include "core/section.h"
 #include "desktop/media_files.h"
 #include "platform/launch_arguments.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
 
 QString installed(const QString& name) {
-  QFile file(QStringLiteral(VANTOR_PACKAGING) + u'/' + name);
-  EXPECT_TRUE(file.open(QFile::ReadOnly)) << name.toStdString();
-  return QString::fromUtf8(file.readAll());
+  return QString::fromUtf8(readFile(QStringLiteral(VANTOR_PACKAGING) + u'/' + name));
 }
 
 /// Every first group of the pattern.
@@ -59,4 +57,4 @@ TEST(DesktopEntry, CompletionsKnowEveryOptionAndSection) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -12,11 +12,8 @@
 #include "platform/worker.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace Qt::StringLiterals;
 
 const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
 const QString settingsPath = u"/org/freedesktop/portal/desktop"_s;
@@ -78,12 +75,7 @@ TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
       {appearanceSpace, {{u"contrast"_s, 1u}}}})));
   EXPECT_TRUE(become({1.5, true, true}));
   EXPECT_EQ(portal.asked, u"ReadAll"_s);
-  const struct {
-    QString space;
-    QString key;
-    QVariant value;
-    QVariantList wishes;
-  } rows[] = {
+  const std::tuple<QString, QString, QVariant, QVariantList> rows[] = {
       {gnomeSpace, u"text-scaling-factor"_s, 9.0, {2.0, true, true}},
       {gnomeSpace, u"text-scaling-factor"_s, -1.0, {1.0, true, true}},
       {gnomeSpace, u"text-scaling-factor"_s, u"large"_s, {1.0, true, true}},
@@ -96,9 +88,9 @@ TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
       {u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s, false, {1.0, false, false}},
       {u"org.kde.kdeglobals"_s, u"contrast"_s, 1u, {1.0, false, false}},
   };
-  for (const auto& row : rows) {
-    change(row.space, row.key, row.value);
-    EXPECT_TRUE(become(row.wishes)) << row.key.toStdString();
+  for (const auto& [space, key, value, wishes] : rows) {
+    change(space, key, value);
+    EXPECT_TRUE(become(wishes)) << key.toStdString();
   }
   EXPECT_EQ(changes, 5) << "only what differs";
 }
@@ -110,4 +102,4 @@ TEST_F(DesktopSettingsTest, AnswersOfAnyFormAreBorne) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -14,10 +14,8 @@
 #include "playback/video_frame_queue.h"
 #include "support/fake_transport.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 enum class Manner { absent, answers, refuses, silent, talksNonsense };
 
@@ -298,4 +296,4 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,9 +1,6 @@
 // Calls the player over the D-Bus session bus that the tests run in, from a connection of its own.
 #include "desktop/mpris_service.h"
 
-#include <gtest/gtest.h>
-
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -21,13 +18,12 @@
 #include "desktop/media_files.h"
 #include "playback/stream_keeper.h"
 #include "playback/video_frame_queue.h"
+#include "support/files.h"
 #include "support/model_fixture.h"
+#include "support/picture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace std::chrono_literals;
 
 const QString playerPath = u"/org/mpris/MediaPlayer2"_s;
 const QString rootInterface = u"org.mpris.MediaPlayer2"_s;
@@ -52,7 +48,7 @@ class Follower final : public QObject {
   void noteSeek(qlonglong position) { seeks.append(position); }
 };
 
-class MprisTest : public ::testing::Test, protected ModelFixture {
+class MprisTest : public ModelTest {
  protected:
   const Settled settled;
   const QString name = u"mpris test"_s;
@@ -148,11 +144,12 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
         .value(0)
         .toString();
   }
-  /// Everything that was told so far has arrived.
-  void hear() {
+  /// The follower, when everything that was told so far has arrived.
+  Follower& heard() {
     settle();
     get(u"CanControl"_s);
     settle();
+    return follower;
   }
 
   void see(EngineState state, std::int64_t time, std::int64_t length = 0) {
@@ -172,7 +169,6 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
   void playMovieAt(std::int64_t time) {
     playMovie(time);
     see(EngineState::playing, time, 500'000);
-    hear();
   }
   /// Plays on for so long, as the engine would.
   void playOn(std::chrono::milliseconds length, double speed = 1) {
@@ -182,7 +178,11 @@ class MprisTest : public ::testing::Test, protected ModelFixture {
       clock.advance(250ms);
     }
   }
-  QString playing() const { return app.playback().itemID().value_or(QString()); }
+  QString playingAfter(const QString& method) {
+    call(method);
+    clock.advance(250ms);
+    return app.playback().itemID().value_or(QString());
+  }
 };
 
 TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
@@ -230,10 +230,9 @@ TEST_F(MprisTest, CanDoWhatItSays) {
     return able.join(u' ');
   };
   const auto stands = [&](const QString& status, const QString& able) {
-    hear();
+    EXPECT_EQ(heard().player.value(u"PlaybackStatus"_s, status), status) << "it was told";
     EXPECT_EQ(get(u"PlaybackStatus"_s), status);
     EXPECT_EQ(abilities(), able);
-    EXPECT_EQ(follower.player.value(u"PlaybackStatus"_s, status), status) << "it was told";
   };
   const QString none = u"Control"_s;
   const QString channel = u"GoNext GoPrevious Play Pause Control"_s;
@@ -275,14 +274,12 @@ TEST_F(MprisTest, CanDoWhatItSays) {
 
 TEST_F(MprisTest, IsPlayingWhileAChannelIsOnItsWayBack) {
   playChannel(0);
-  hear();
-  follower.changes.clear();
+  heard().changes.clear();
   see(EngineState::error, 500);
   clock.advance(1s);
-  hear();
   ASSERT_TRUE(keeper.bringingBack());
   EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
-  EXPECT_EQ(follower.changes, QStringList());
+  EXPECT_EQ(heard().changes, QStringList());
   call(u"Pause"_s);
   EXPECT_FALSE(keeper.bringingBack());
   EXPECT_NE(get(u"PlaybackStatus"_s), u"Playing"_s);
@@ -292,32 +289,23 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   playChannel(2);
   const QVariant track = trackID();
   EXPECT_EQ(track.userType(), qMetaTypeId<QDBusObjectPath>());
-  call(u"Next"_s);
-  clock.advance(250ms);
-  EXPECT_EQ(playing(), u"live:1"_s);
+  EXPECT_EQ(playingAfter(u"Next"_s), u"live:1"_s);
   EXPECT_NE(trackID(), track);
-  call(u"Previous"_s);
-  clock.advance(250ms);
-  EXPECT_EQ(playing(), u"live:3"_s);
+  EXPECT_EQ(playingAfter(u"Previous"_s), u"live:3"_s);
   engine.now.recordable = true;
   see(EngineState::playing, 1'000);
   app.playback().startRecording();
   EXPECT_EQ(get(u"CanGoNext"_s), false) << "a recording keeps the channel";
-  call(u"Next"_s);
-  clock.advance(250ms);
-  EXPECT_EQ(playing(), u"live:3"_s);
+  EXPECT_EQ(playingAfter(u"Next"_s), u"live:3"_s);
   engine.onRecordingStopped({});
   EXPECT_EQ(get(u"CanGoNext"_s), true);
 
   always(LibraryKind::shows, rows(LibraryKind::shows, 1, 1));
   app.navigate(Section::shows);
-  ASSERT_TRUE(eventually([&] { return app.browsing().items().size() == 1; }));
+  ASSERT_TRUE(idle());
   app.select(item(0));
-  ASSERT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
-  transport.answer(u"get_series_info"_s,
-                   R"({"episodes":{"2":[{"id":"21","episode_num":7,"title":"Seventh"},
-                                        {"id":"22","episode_num":8,"title":"Eighth"}]}})");
-  ASSERT_TRUE(eventually([&] { return app.details().episodes().size() == 2; }));
+  answerEpisodes(R"({"2":[{"id":"21","episode_num":7,"title":"Seventh"},
+                          {"id":"22","episode_num":8,"title":"Eighth"}]})");
   app.play(app.details().episodes().first());
   settle();
   EXPECT_EQ(get(u"CanGoNext"_s), true);
@@ -335,52 +323,36 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   EXPECT_EQ(metadata()[u"xesam:title"_s], u"Eighth"_s);
   EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
   EXPECT_EQ(get(u"CanGoNext"_s), false);
-  call(u"Next"_s);
-  EXPECT_EQ(playing(), u"episode:22"_s);
-  call(u"Previous"_s);
-  EXPECT_EQ(playing(), u"episode:21"_s);
+  EXPECT_EQ(playingAfter(u"Next"_s), u"episode:22"_s);
+  EXPECT_EQ(playingAfter(u"Previous"_s), u"episode:21"_s);
 }
 
 TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
-  transport.onDemand(u"get_short_epg"_s);
+  transport.onDemand(guideRequest);
   playChannel(0);
   EXPECT_EQ(metadata()[u"xesam:title"_s], u"Title 1"_s);
   EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
   EXPECT_FALSE(metadata().contains(u"mpris:length"_s));
-  const auto now = std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
-  const auto listing = [&](const char* title, int from, int to) {
-    return R"({"title":")" + QByteArray(title).toBase64() + R"(","start_timestamp":")" +
-           QByteArray::number(qint64{now.count()} + from) + R"(","stop_timestamp":")" +
-           QByteArray::number(qint64{now.count()} + to) + R"("})";
-  };
+  const QByteArray programmes = guide({{"News", -1min, 90s}, {"Film", 90s, 1h}});
   playOn(1min);
-  ASSERT_TRUE(eventually([&] { return transport.open(u"get_short_epg"_s) == 1; }));
+  ASSERT_TRUE(eventually([&] { return transport.open(guideRequest) == 1; }));
   follower.changes.clear();
-  transport.answer(u"get_short_epg"_s, R"({"epg_listings":[)" + listing("News", -60, 90) + ',' +
-                                           listing("Film", 90, 3600) + "]}");
+  transport.answer(guideRequest, programmes);
   EXPECT_TRUE(eventually([&] { return metadata().value(u"xesam:title"_s) == u"News"_s; }));
-  hear();
-  EXPECT_EQ(follower.changes, QStringList{u"Metadata"_s});
+  EXPECT_EQ(heard().changes, QStringList{u"Metadata"_s});
   playOn(1min);
-  hear();
-  EXPECT_EQ(follower.changes.size(), 2);
+  EXPECT_EQ(heard().changes.size(), 2);
   EXPECT_EQ(metadata().value(u"xesam:title"_s), u"Film"_s);
   playOn(10min);
-  hear();
-  EXPECT_EQ(follower.changes.size(), 2) << "nothing else has changed";
+  EXPECT_EQ(heard().changes.size(), 2) << "nothing else has changed";
 }
 
 TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
-  QImage image(40, 60, QImage::Format_RGB32);
-  image.fill(Qt::green);
-  QBuffer png;
-  image.save(&png, "PNG");
-  transport.always(u"poster.png"_s, png.data());
+  transport.always(u"poster.png"_s, pictureOf(Qt::green));
   MediaItem movie = entry(LibraryKind::movies, 7);
   movie.artwork = QUrl(u"http://tv.example/secret/poster.png"_s);
   app.play(movie);
   ASSERT_TRUE(eventually([&] { return metadata().contains(u"mpris:artUrl"_s); }));
-  hear();
   const QUrl picture(metadata()[u"mpris:artUrl"_s].toString());
   ASSERT_TRUE(picture.isLocalFile());
   EXPECT_EQ(QImage(picture.toLocalFile()).pixelColor(5, 5), QColor(Qt::green));
@@ -396,7 +368,7 @@ TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
     }
   }
   app.play(entry(LibraryKind::movies, 8));
-  hear();
+  heard();
   EXPECT_FALSE(metadata().contains(u"mpris:artUrl"_s));
   EXPECT_FALSE(QFile::exists(picture.toLocalFile()));
 }
@@ -407,11 +379,7 @@ TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
   EXPECT_EQ(get(u"Position"_s), 20'000'000LL);
   const QDBusObjectPath track = trackID().value<QDBusObjectPath>();
   const auto path = [](const QString& text) { return QVariant::fromValue(QDBusObjectPath(text)); };
-  const struct {
-    const char* method;
-    QVariantList arguments;
-    QString engine;
-  } rows[] = {
+  const std::tuple<const char*, QVariantList, QString> rows[] = {
       {"SetPosition", {path(track.path()), 100'000'000LL}, u"setTime 100000"_s},
       {"SetPosition", {path(track.path()), 0LL}, u"setTime 0"_s},
       {"SetPosition", {path(track.path()), 500'000'000LL}, u"setTime 500000"_s},
@@ -426,11 +394,9 @@ TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
       {"Seek", {std::numeric_limits<qlonglong>::max()}, {}},
   };
   for (const auto& [method, arguments, expected] : rows) {
-    SCOPED_TRACE(testing::Message() << method << " " << (&expected - &rows[0].engine));
-    engine.now.time = engine.now.time == 20'000 ? 20'001 : 20'000;  // the engine has been there
-    clock.advance(250ms);
-    engine.now.time = 20'000;
-    clock.advance(250ms);
+    SCOPED_TRACE(testing::Message() << method << " " << arguments.last().toLongLong());
+    see(EngineState::playing, 20'001, 500'000);  // the engine has been there
+    see(EngineState::playing, 20'000, 500'000);
     engine.takeCalls();
     EXPECT_EQ(call(QString::fromLatin1(method), arguments), QString());
     EXPECT_EQ(engine.takeCalls(), expected.isEmpty() ? QStringList() : QStringList{expected});
@@ -444,7 +410,7 @@ TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
 
 TEST_F(MprisTest, TellsOfJumpsAndOfNothingElseOfThePosition) {
   playMovieAt(20'000);
-  follower.seeks.clear();
+  heard().seeks.clear();
   follower.changes.clear();
   playOn(20s);
   call(u"Pause"_s);
@@ -452,31 +418,26 @@ TEST_F(MprisTest, TellsOfJumpsAndOfNothingElseOfThePosition) {
   call(u"Play"_s);
   engine.now.state = EngineState::playing;
   playOn(2s);
-  hear();
-  EXPECT_TRUE(follower.seeks.isEmpty());
+  EXPECT_TRUE(heard().seeks.isEmpty());
   EXPECT_EQ(follower.changes, (QStringList{u"PlaybackStatus"_s, u"PlaybackStatus"_s}));
   engine.now.time = 300'000;
   clock.advance(250ms);
   playOn(10s);
-  hear();
-  EXPECT_EQ(follower.seeks, QList<qlonglong>{300'000'000});
+  EXPECT_EQ(heard().seeks, QList<qlonglong>{300'000'000});
 
   set(u"Rate"_s, 2.0);
   playOn(10s, 2);
-  hear();
-  EXPECT_EQ(follower.seeks.size(), 1) << "twice as fast is no jump";
+  EXPECT_EQ(heard().seeks.size(), 1) << "twice as fast is no jump";
   follower.seeks.clear();
 
   // It takes its time, and begins elsewhere.
   app.play(entry(LibraryKind::movies, 3));
   settle();
   clock.advance(5s);
-  hear();
-  EXPECT_TRUE(follower.seeks.isEmpty());
+  EXPECT_TRUE(heard().seeks.isEmpty());
   EXPECT_EQ(get(u"Position"_s), 0LL);
   see(EngineState::playing, 100, 500'000);
-  hear();
-  EXPECT_EQ(follower.seeks, QList<qlonglong>{100'000});
+  EXPECT_EQ(heard().seeks, QList<qlonglong>{100'000});
 }
 
 TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
@@ -485,11 +446,7 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
   set(u"Rate"_s, 2.0);
   EXPECT_EQ(get(u"Rate"_s), 1.0);
   playMovieAt(20'000);
-  const struct {
-    QString property;
-    QVariant value;
-    QVariant becomes;
-  } rows[] = {
+  const std::tuple<QString, QVariant, QVariant> rows[] = {
       {u"Volume"_s, 0.4, 0.4},
       {u"Volume"_s, -3.0, 0.0},
       {u"Volume"_s, 7.5, 1.0},
@@ -502,12 +459,11 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
       {u"Rate"_s, std::nan(""), 2.0},
   };
   for (const auto& [property, value, becomes] : rows) {
-    follower.changes.clear();
+    heard().changes.clear();
     const bool differs = get(property) != becomes;
     EXPECT_EQ(set(property, value), QString());
-    hear();
     EXPECT_EQ(get(property), becomes) << value.toDouble();
-    EXPECT_EQ(follower.changes, differs ? QStringList{property} : QStringList());
+    EXPECT_EQ(heard().changes, differs ? QStringList{property} : QStringList());
   }
   EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
   set(u"Rate"_s, 0.0);
@@ -516,9 +472,8 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
 
   EXPECT_EQ(get(rootInterface, u"CanSetFullscreen"_s), true);
   set(u"Fullscreen"_s, true, rootInterface);
-  hear();
   EXPECT_TRUE(app.playback().fullScreen());
-  EXPECT_EQ(follower.root[u"Fullscreen"_s], true);
+  EXPECT_EQ(heard().root[u"Fullscreen"_s], true);
   EXPECT_EQ(follower.root[u"CanSetFullscreen"_s], true);
   set(u"Fullscreen"_s, false, rootInterface);
   EXPECT_FALSE(app.playback().fullScreen());
@@ -527,13 +482,12 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
 }
 
 TEST_F(MprisTest, OpensFilesOnly) {
-  QFile file(home.filePath(u"a film.mkv"_s));
-  ASSERT_TRUE(file.open(QFile::WriteOnly));
-  const QString good = QUrl::fromLocalFile(file.fileName()).toString(QUrl::FullyEncoded);
+  const QString file = writeFile(home.filePath(u"a film.mkv"_s));
+  const QString good = QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
   const std::pair<QString, QString> refused[] = {
       {u"http://tv.example/live/1.ts"_s, u"NotSupported"_s},
       {u"rtsp://x"_s, u"NotSupported"_s},
-      {file.fileName(), u"NotSupported"_s},
+      {file, u"NotSupported"_s},
       {QString(), u"NotSupported"_s},
       {u"file:///nowhere/at/all.mkv"_s, u"InvalidArgs"_s},
       {u"file://"_s + home.path(), u"InvalidArgs"_s},
@@ -552,20 +506,13 @@ TEST_F(MprisTest, OpensFilesOnly) {
 
 TEST_F(MprisTest, BearsCallsOfAnyKind) {
   playMovieAt(20'000);
-  const QVariantList values = {1,
-                               -1LL,
-                               2.5,
-                               true,
-                               u"text"_s,
-                               QString(100'000, u'x'),
-                               QStringList{u"a"_s, u"b"_s},
-                               QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
-                               QVariant::fromValue(QDBusVariant(3)),
-                               QVariantMap{{u"a"_s, 1}}};
-  const QStringList methods = {u"Next"_s,    u"Previous"_s, u"Pause"_s,       u"PlayPause"_s,
-                               u"Stop"_s,    u"Play"_s,     u"Seek"_s,        u"SetPosition"_s,
-                               u"OpenUri"_s, u"Raise"_s,    u"Quit"_s,        u"Get"_s,
-                               u"Set"_s,     u"GetAll"_s,   u"deleteLater"_s, u"tell"_s};
+  const QVariantList values =
+      QVariantList{1, -1LL, 2.5, true, u"text"_s, QString(100'000, u'x')} +
+      QVariantList{QStringList{u"a"_s, u"b"_s}, QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
+                   QVariant::fromValue(QDBusVariant(3)), QVariantMap{{u"a"_s, 1}}};
+  const QStringList methods =
+      u"Next Previous Pause PlayPause Stop Play Seek SetPosition OpenUri "
+      "Raise Quit Get Set GetAll deleteLater tell"_s.split(u' ');
   // In a fixed order that looks like none.
   std::minstd_rand random(20);
   const auto any = [&](const auto& list) { return list.at(qsizetype(random()) % list.size()); };
@@ -601,6 +548,6 @@ TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
 
 #include "mpris_test.moc"

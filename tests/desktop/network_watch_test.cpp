@@ -11,11 +11,8 @@
 #include "platform/worker.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace Qt::StringLiterals;
 
 const QString login = u"/org/freedesktop/login1"_s;
 const QString loginInterface = u"org.freedesktop.login1.Manager"_s;
@@ -73,10 +70,7 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
     settle();
   };
   arrive();
-  const struct {
-    QDBusMessage message;
-    bool news;
-  } rows[] = {
+  const std::pair<QDBusMessage, bool> rows[] = {
       {sleep(true), false},
       {sleep(false), true},
       {state(20), false},  // disconnected
@@ -92,12 +86,11 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
       {QDBusMessage::createSignal(networkPath, networkInterface, u"StateChanged"_s) << u"70"_s,
        false},
   };
-  for (std::size_t row = 0; row < std::size(rows); ++row) {
-    SCOPED_TRACE(row);
+  for (const auto& [message, isNews] : rows) {
     const int before = changes;
-    system.send(rows[row].message);
+    system.send(message);
     arrive();
-    EXPECT_EQ(changes - before, rows[row].news ? 1 : 0);
+    EXPECT_EQ(changes - before, isNews ? 1 : 0) << message.member().toStdString();
   }
 }
 
@@ -110,4 +103,4 @@ TEST_F(NetworkWatchTest, MayGoWhileItJoins) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -5,11 +5,10 @@
 #include <QDBusPendingReply>
 
 #include "playback/playback_fixture.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 const QString path = u"/tv/vantor/player/Recording"_s;
 const QString interfaceName = u"tv.vantor.player.Recording"_s;
@@ -89,12 +88,7 @@ TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
   EXPECT_EQ(call(u"Stop"_s), QString());
   EXPECT_EQ(call(u"Stop"_s), u"Refused: Saving recording…"_s);
   EXPECT_EQ(call(u"Start"_s), u"Refused: Saving recording…"_s);
-  QFile file(playback.recording().folder() + u"/engine.ts"_s);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("x");
-  file.close();
-  engine.onRecordingStopped(file.fileName());
-
+  engine.onRecordingStopped(writeFile(playback.recording().folder() + u"/engine.ts"_s, "x"));
   ASSERT_EQ(playback.recording().files().size(), 1);
   EXPECT_EQ(call(u"ListRecordings"_s), playback.recording().files().first().toLocalFile());
   ASSERT_TRUE(QFile::remove(playback.recording().files().first().toLocalFile()));
@@ -167,6 +161,6 @@ TEST_F(RecordingServiceTest, NotifiesOfWhatNoScreenShows) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
 
 #include "recording_service_test.moc"

@@ -7,6 +7,16 @@
 
 namespace vantor::test {
 
+/// What an engine tells of a film of that length at that place, in milliseconds.
+inline EngineStatus filmAt(std::int64_t time, std::int64_t length) {
+  return {.state = EngineState::playing,
+          .hasMedia = true,
+          .time = time,
+          .length = length,
+          .seekable = true,
+          .decodedVideo = 5};
+}
+
 /// An engine whose media do what a test says.
 class FakeEngine final : public MediaEngine {
  public:

@@ -131,6 +131,16 @@ void ModelFixture::always(LibraryKind kind, const QByteArray& entries,
   transport.always(categoryAction(kind), categories);
 }
 
+void ModelFixture::answerEpisodes(const QByteArray& seasons) {
+  require([&] { return transport.open(episodesRequest) == 1; }, "no episodes were asked for");
+  transport.answer(episodesRequest, R"({"episodes":)" + seasons + "}");
+  require([&] { return !model->details().detailsLoading(); }, "the episodes did not come");
+}
+
+void ModelFixture::nameServer(const QByteArray& server) {
+  transport.answer(serviceDocument, R"({"schemaVersion":1,"serverUrl":")" + server + "\"}");
+}
+
 bool ModelFixture::isAskedFor(LibraryKind kind) {
   return eventually([&] { return transport.open(action(kind)) == 1; });
 }
@@ -177,6 +187,17 @@ QByteArray ModelFixture::rows(LibraryKind kind, int first, int count) {
             "\",\"category_id\":" + QByteArray::number(i % 3) + "}";
   }
   return json + ']';
+}
+
+QByteArray ModelFixture::guide(const QList<Programme>& programmes) const {
+  const auto now = std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch());
+  QByteArrayList listings;
+  for (const auto& [title, begin, end, description] : programmes)
+    listings.append(R"({"title":")" + title.toBase64() + R"(","description":")" +
+                    description.toBase64() + R"(","start_timestamp":)" +
+                    QByteArray::number(qint64{(now + begin).count()}) + R"(,"stop_timestamp":)" +
+                    QByteArray::number(qint64{(now + end).count()}) + '}');
+  return R"({"epg_listings":[)" + listings.join(',') + "]}";
 }
 
 }  // namespace vantor::test

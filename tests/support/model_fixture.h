@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <QTemporaryDir>
 #include <memory>
 
@@ -18,7 +20,16 @@
 
 namespace vantor::test {
 
-using namespace Qt::StringLiterals;
+inline const QString guideRequest = u"get_short_epg"_s;
+inline const QString episodesRequest = u"get_series_info"_s;
+inline const QString serviceDocument = u"vantor-config.json"_s;
+
+/// A programme of a channel, whose times count from now.
+struct Programme {
+  QByteArray title;
+  std::chrono::seconds begin, end;
+  QByteArray description = {};
+};
 
 /// A whole model over fakes; destroying the model and making another is the next launch.
 struct ModelFixture {
@@ -56,6 +67,11 @@ struct ModelFixture {
   void answer(LibraryKind kind, const QByteArray& entries, const QByteArray& categories = "[]");
   /// Every later request for the library is answered at once.
   void always(LibraryKind kind, const QByteArray& entries, const QByteArray& categories = "[]");
+  /// Answers the request for a show's episodes, of which it is given the seasons, and waits until
+  /// they are there.
+  void answerEpisodes(const QByteArray& seasons);
+  /// The service's document names this server.
+  void nameServer(const QByteArray& server = "http://tv.example");
   bool isAskedFor(LibraryKind kind);
   /// Nothing loads, and nobody signs in or out.
   bool idle();
@@ -70,6 +86,8 @@ struct ModelFixture {
   static QByteArray acceptedSignIn();
   /// Rows with the ids first, first + 1, …, and names "Title <id>".
   static QByteArray rows(LibraryKind kind, int first, int count);
+  /// The answer with a channel's guide.
+  QByteArray guide(const QList<Programme>& programmes) const;
 
   ProviderAccount account =
       ProviderAccount::validated(u"Vantor TV"_s, u"http://tv.example"_s, u"user"_s, u"secret"_s);
@@ -96,5 +114,7 @@ struct ModelFixture {
   std::exception_ptr signInFailure;
   bool signInOver = false;
 };
+
+class ModelTest : public ::testing::Test, protected ModelFixture {};
 
 }  // namespace vantor::test

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QString>
+#include <chrono>
 #include <functional>
 
 namespace vantor::test {
+
+// Of every test.
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 /// Delivers what is posted to the main thread, and what that posts, until no call and no deletion
 /// is left.

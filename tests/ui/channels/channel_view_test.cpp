@@ -1,7 +1,5 @@
 #include "ui/channels/channel_view.h"
 
-#include <gtest/gtest.h>
-
 #include <QDateTime>
 #include <QLocale>
 #include <QSignalSpy>
@@ -9,15 +7,10 @@
 #include "support/model_fixture.h"
 #include "ui/entries/item_list_model.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace std::chrono_literals;
-using namespace test;
-
-const QString guideRequest = u"get_short_epg"_s;
-
-class ChannelViewTest : public ::testing::Test, protected ModelFixture {
+class ChannelViewTest : public ModelTest {
  protected:
   void open(int channels, const QStringList& arguments = {}) {
     launch(arguments);
@@ -39,21 +32,15 @@ class ChannelViewTest : public ::testing::Test, protected ModelFixture {
     });
   }
   int requests() const { return transport.requests(guideRequest); }
-  int running() const { return transport.open(guideRequest); }
 
   /// A guide of half-hour programmes with these titles, the first of which ends in `left`.
-  QByteArray guide(const QByteArrayList& titles, std::chrono::seconds left) const {
-    const auto at = std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch()) + left;
-    auto end = at.count();
-    QByteArrayList programmes;
+  QByteArray halfHours(const QByteArrayList& titles, std::chrono::seconds left) const {
+    QList<Programme> programmes;
     for (const QByteArray& title : titles) {
-      programmes.append("{\"title\":\"" + title.toBase64() + "\",\"description\":\"" +
-                        ("About " + title).toBase64() +
-                        "\",\"start_timestamp\":" + QByteArray::number(qint64(end - 1800)) +
-                        ",\"stop_timestamp\":" + QByteArray::number(qint64(end)) + '}');
-      end += 1800;
+      programmes.append({title, left - 30min, left, "About " + title});
+      left += 30min;
     }
-    return "{\"epg_listings\":[" + programmes.join(',') + "]}";
+    return guide(programmes);
   }
   void arrive(int row, const QByteArray& body) {
     ASSERT_TRUE(eventually([&] { return transport.answer(guideRequest, body); }));
@@ -71,8 +58,8 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   EXPECT_EQ(row(0), u"Loading guide…, then —"_s);
   view->showRows(0, 3);
   settle();
-  arrive(0, guide({"Morning news", "Harbour lights"}, 10min));
-  arrive(1, guide({"Only one"}, 10min));
+  arrive(0, halfHours({"Morning news", "Harbour lights"}, 10min));
+  arrive(1, halfHours({"Only one"}, 10min));
   clock.advance(1s);  // the loader looks again for what had to wait
   QSignalSpy changes(view->rows(), &QAbstractItemModel::dataChanged);
   ASSERT_TRUE(eventually([&] { return transport.fail(guideRequest, HTTPFailure(500)); }));
@@ -83,7 +70,7 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
     EXPECT_EQ(change[1].toModelIndex().row(), 2);
   }
   clock.advance(1s);
-  arrive(3, guide({"Over", "Over as well"}, -2h));
+  arrive(3, halfHours({"Over", "Over as well"}, -2h));
   EXPECT_EQ(row(0), u"Morning news, then Harbour lights"_s);
   EXPECT_EQ(row(1), u"Only one, then —"_s);
   EXPECT_EQ(row(2), u"Guide unavailable, then —"_s);
@@ -104,7 +91,7 @@ TEST_F(ChannelViewTest, SampleChannelsHaveNoGuide) {
 TEST_F(ChannelViewTest, ListsTheFirst2500Channels) {
   open(3000);
   EXPECT_EQ(view->rows()->rowCount(), 2500);
-  transport.always(guideRequest, guide({"Now"}, 10min));
+  transport.always(guideRequest, halfHours({"Now"}, 10min));
   view->showRows(2495, 2999);
   EXPECT_TRUE(becomes(2499, u"Now, then —"_s));
   clock.advance(1s);
@@ -115,7 +102,7 @@ TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
   open(1);
   view->showRows(0, 0);
   settle();
-  arrive(0, guide({"First", "Second", "Third"}, 90s));
+  arrive(0, halfHours({"First", "Second", "Third"}, 90s));
   model->select(item(0));
   EXPECT_EQ(view->programmeTitle(), u"First"_s);
   QSignalSpy rowChanges(view->rows(), &QAbstractItemModel::dataChanged);
@@ -129,7 +116,7 @@ TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
   EXPECT_EQ(row(0), u"Third, then —"_s);
   EXPECT_EQ(requests(), 2) << "a row that stays on screen is kept from running out";
   view->showRows(0, -1);
-  arrive(0, guide({}, 0s));
+  arrive(0, halfHours({}, 0s));
   clock.advance(1h);
   EXPECT_EQ(requests(), 2) << "the row is gone from the screen";
 }
@@ -138,8 +125,8 @@ TEST_F(ChannelViewTest, RowsTurnedAwayAreAskedForWhenThereIsRoom) {
   open(40);
   view->showRows(0, 29);
   settle();
-  transport.always(guideRequest, guide({"Now", "Next"}, 10min));
-  while (transport.answer(guideRequest, guide({"Now", "Next"}, 10min))) continue;
+  transport.always(guideRequest, halfHours({"Now", "Next"}, 10min));
+  while (transport.answer(guideRequest, halfHours({"Now", "Next"}, 10min))) continue;
   EXPECT_TRUE(becomes(29, u"Now, then Next"_s));
   EXPECT_EQ(row(30), u"Loading guide…, then —"_s) << "not on screen";
   model->browsing().setSearch(u"title 3"_s);
@@ -150,14 +137,14 @@ TEST_F(ChannelViewTest, RefreshFetchesTheRowsOnScreenAnew) {
   open(2);
   view->showRows(0, 1);
   settle();
-  arrive(0, guide({"Old"}, 10min));
-  arrive(1, guide({"Old"}, 10min));
+  arrive(0, halfHours({"Old"}, 10min));
+  arrive(1, halfHours({"Old"}, 10min));
   model->refreshGuide();
   EXPECT_EQ(row(0), u"Loading guide…, then —"_s);
   settle();
-  arrive(0, guide({"New"}, 10min));
+  arrive(0, halfHours({"New"}, 10min));
   EXPECT_EQ(row(0), u"New, then —"_s);
-  EXPECT_EQ(running(), 1);
+  EXPECT_EQ(transport.open(guideRequest), 1);
 }
 
 TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
@@ -174,7 +161,7 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
   EXPECT_EQ(view->channelName(), u"Title 1"_s);
   EXPECT_EQ(view->programmeHint(), u"Loading programme information…"_s);
   settle();
-  arrive(1, guide({"Concert", "Talk"}, 10min));
+  arrive(1, halfHours({"Concert", "Talk"}, 10min));
   ASSERT_TRUE(eventually([&] { return !model->details().detailsLoading(); }));
   EXPECT_EQ(view->programmeHint(), QString());
   EXPECT_EQ(view->programmeTitle(), u"Concert"_s);
@@ -225,4 +212,4 @@ TEST_F(ChannelViewTest, TheGroupIsTheCategory) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

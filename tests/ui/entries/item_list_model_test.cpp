@@ -1,17 +1,13 @@
 #include "ui/entries/item_list_model.h"
 
-#include <gtest/gtest.h>
-
 #include <QSignalSpy>
 
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-
-class ItemListModelTest : public ::testing::Test, protected ModelFixture {
+class ItemListModelTest : public ModelTest {
  protected:
   AppModel& app = launch();
   ItemListModel list{app.browsing(), app.record(), app.playback()};
@@ -61,4 +57,4 @@ TEST_F(ItemListModelTest, FollowsSelectionPlayingAndFavourites) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

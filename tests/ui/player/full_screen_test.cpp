@@ -1,48 +1,32 @@
-#include <QSignalSpy>
 #include <QTest>
 
 #include "playback/playback.h"
 #include "ui/player/persistent_video_overlay.h"
 #include "ui/window/window_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-
-class FullScreenTest : public test::WindowTest {
+class FullScreenTest : public WindowTest {
  protected:
   void SetUp() override {
     WindowTest::SetUp();
-    transport.always(action(LibraryKind::live), rows(LibraryKind::live, 1, 60));
-    transport.always(categoryAction(LibraryKind::live), "[]");
-    open();
-    connectAccount(account);
-    transport.answer(QString(), acceptedSignIn());
-    ASSERT_TRUE(
-        test::eventually([&] { return signInOver && app->browsing().items().size() == 60; }));
-    views->connectView()->close();
+    open(60);
     overlay = window->findChild<PersistentVideoOverlay*>();
     ASSERT_TRUE(overlay);
   }
   void play() {
-    app->play(app->browsing().items().item(0));
-    test::settle();
+    app->play(item(0));
     showPicture();
   }
   void playMovie() {
     app->playback().play(
         {.url = QUrl(u"http://tv.example/1.mp4"_s), .title = u"Film"_s, .id = u"movies:1"_s});
-    test::settle();
-    engine.now = {.state = EngineState::playing,
-                  .hasMedia = true,
-                  .time = 30'000,
-                  .length = 90'000,
-                  .seekable = true,
-                  .decodedVideo = 5};
+    settle();
+    engine.now = filmAt(30'000, 90'000);
     clock.advance(250ms);
   }
+  QString title() const { return app->playback().title(); }
   bool isFull() {
     QTest::qWait(0);
     return window->visibility() == QWindow::FullScreen;
@@ -56,14 +40,6 @@ class FullScreenTest : public test::WindowTest {
     EXPECT_EQ(find("text", u"Live TV"_s) == nullptr, full);
   }
 
-  /// Also keys that QTest does not know.
-  void send(Qt::Key key) {
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-      QKeyEvent event(type, key, Qt::NoModifier);
-      QCoreApplication::sendEvent(window, &event);
-    }
-  }
-
   /// Where the engine was told to go since the last look, in milliseconds.
   QStringList jumps() { return engine.takeCalls().filter(u"setTime"_s); }
 
@@ -71,19 +47,14 @@ class FullScreenTest : public test::WindowTest {
 };
 
 TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
-  press(Qt::Key_F11);
-  press(Qt::Key_F);
+  press(Qt::Key_F11, Qt::Key_F);
   expectFull(false);
 
   play();
-  const auto doubleClick = [&] {
-    const QPoint place = overlay->mapToScene(overlay->boundingRect().center()).toPoint();
-    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, place);
-  };
   const std::function<void()> ways[] = {
       [&] { press(Qt::Key_F11); },
       [&] { press(Qt::Key_F); },
-      doubleClick,
+      [&] { doubleClick(middleOf(overlay)); },
       [&] { views->remote()->toggleFullScreen(); },
   };
   for (const auto& in : ways)
@@ -97,8 +68,7 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
   expectMoves("full screen");
 
   views->player()->toggleExpanded();
-  press(Qt::Key_F);
-  press(Qt::Key_Escape);
+  press(Qt::Key_F, Qt::Key_Escape);
   expectFull(false);
   EXPECT_TRUE(app->playback().expanded());
   press(Qt::Key_Escape);
@@ -108,12 +78,12 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
 TEST_F(FullScreenTest, WhatNeedsTheWindowEndsIt) {
   play();
   const std::function<void()> ends[] = {
-      [&] { press(Qt::Key_2, Qt::ControlModifier); },
-      [&] { press(Qt::Key_1, Qt::ControlModifier); },
+      [&] { press(Qt::CTRL | Qt::Key_2); },
+      [&] { press(Qt::CTRL | Qt::Key_1); },
       [&] { window->showNormal(); },
       [&] { app->setShowingSettings(true); },
       [&] { app->setShowingSettings(false), app->setShowingConnect(true); },
-      [&] { press(Qt::Key_Period, Qt::ControlModifier); },
+      [&] { press(Qt::CTRL | Qt::Key_Period); },
   };
   for (const auto& end : ends) {
     app->playback().setFullScreen(true);
@@ -135,15 +105,14 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
     EXPECT_EQ(overlay->size(), window->contentItem()->size());
     EXPECT_EQ(find("text", u"Live TV"_s), nullptr);
   };
-  const auto doubleClick = [&] {
-    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, QPoint(300, 200));
-  };
   const std::function<void()> ends[] = {
       [&] { press(Qt::Key_P); },
       [&] { press(Qt::Key_Escape); },
-      doubleClick,
+      [&] {
+        doubleClick({300, 200});
+      },
       [&] { click(appears("help", u"Back to the window"_s)); },
-      [&] { press(Qt::Key_2, Qt::ControlModifier), press(Qt::Key_1, Qt::ControlModifier); },
+      [&] { press(Qt::CTRL | Qt::Key_2, Qt::CTRL | Qt::Key_1); },
       [&] { app->setShowingSettings(true), app->setShowingSettings(false); },
       [&] { press(Qt::Key_F), expectFull(true), press(Qt::Key_F); },
   };
@@ -155,14 +124,13 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
     expectFull(false);
     EXPECT_FALSE(app->playback().paused());
   }
-  press(Qt::Key_F);
-  press(Qt::Key_P);
+  press(Qt::Key_F, Qt::Key_P);
   EXPECT_TRUE(remote.small());
   EXPECT_FALSE(app->playback().fullScreen());
   press(Qt::Key_Up);
   clock.advance(250ms);
   showPicture();
-  EXPECT_EQ(app->playback().title(), u"Title 2"_s) << "the keys are the player's";
+  EXPECT_EQ(title(), u"Title 2"_s) << "the keys are the player's";
   press(Qt::Key_Return);
   EXPECT_FALSE(remote.chooser()) << "there is no room for it";
   click(appears("help", u"Stop playback"_s));
@@ -173,52 +141,44 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
 TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   play();
   PlayerRemote& remote = *views->remote();
+  const auto shownAfter = [&](std::chrono::milliseconds time) {
+    clock.advance(time);
+    return remote.controlsShown();
+  };
   press(Qt::Key_F);
-  EXPECT_TRUE(remote.controlsShown());
-  clock.advance(2900ms);
-  EXPECT_TRUE(remote.controlsShown());
-  clock.advance(200ms);
-  EXPECT_FALSE(remote.controlsShown());
-
+  EXPECT_TRUE(shownAfter(0ms));
+  EXPECT_TRUE(shownAfter(2900ms));
+  EXPECT_FALSE(shownAfter(200ms));
   QTest::mouseMove(window, QPoint(300, 200));
   QTest::mouseMove(window, QPoint(320, 220));
-  EXPECT_TRUE(remote.controlsShown());
-  clock.advance(3s);
-  EXPECT_FALSE(remote.controlsShown());
-
+  EXPECT_TRUE(shownAfter(0ms));
+  EXPECT_FALSE(shownAfter(3s));
   press(Qt::Key_Space);
-  clock.advance(10s);
-  EXPECT_TRUE(remote.controlsShown());
+  EXPECT_TRUE(shownAfter(10s)) << "it is paused";
   press(Qt::Key_Space);
-  EXPECT_FALSE(remote.controlsShown());
-
+  EXPECT_FALSE(shownAfter(0ms));
   remote.moved();
   press(Qt::Key_Tab);
   EXPECT_TRUE(remote.busy());
-  clock.advance(10s);
-  EXPECT_TRUE(remote.controlsShown());
+  EXPECT_TRUE(shownAfter(10s));
 }
 
 TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   playMovie();
-  press(Qt::Key_Right);
-  press(Qt::Key_M);
+  press(Qt::Key_Right, Qt::Key_M);
   clock.advance(1s);
   EXPECT_EQ(app->playback().transport()->volume(), 100);
   EXPECT_EQ(jumps(), QStringList());
 
   press(Qt::Key_F);
-  struct Skip {
-    QList<std::pair<Qt::Key, bool>> keys;  // and whether Shift is held
-    std::int64_t to;                       // milliseconds
-  };
-  const Skip skips[] = {{{{Qt::Key_Right, false}}, 40'000},
-                        {{{Qt::Key_Right, false}, {Qt::Key_Right, false}}, 50'000},
-                        {{{Qt::Key_Right, false}, {Qt::Key_Left, false}}, 30'000},
-                        {{{Qt::Key_Left, true}}, 0},
-                        {{{Qt::Key_Right, true}, {Qt::Key_Right, true}}, 90'000}};
+  const std::pair<QList<QKeyCombination>, std::int64_t> skips[] = {
+      {{Qt::Key_Right}, 40'000},  // milliseconds
+      {{Qt::Key_Right, Qt::Key_Right}, 50'000},
+      {{Qt::Key_Right, Qt::Key_Left}, 30'000},
+      {{Qt::SHIFT | Qt::Key_Left}, 0},
+      {{Qt::SHIFT | Qt::Key_Right, Qt::SHIFT | Qt::Key_Right}, 90'000}};
   for (const auto& [keys, to] : skips) {
-    for (const auto& [key, shift] : keys) press(key, shift ? Qt::ShiftModifier : Qt::NoModifier);
+    for (const QKeyCombination key : keys) press(key);
     EXPECT_EQ(jumps(), QStringList());
     EXPECT_EQ(views->transport()->sliderValue() * 1000, to);
     clock.advance(300ms);
@@ -249,9 +209,9 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
 }
 
 TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
-  const auto notes = [&](QList<Qt::Key> keys) {
+  const auto notes = [&](const QList<QKeyCombination>& keys) {
     QStringList seen;
-    for (const Qt::Key key : keys) press(key), seen.append(views->remote()->note());
+    for (const QKeyCombination key : keys) press(key), seen.append(views->remote()->note());
     return seen;
   };
   playMovie();
@@ -276,14 +236,9 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
   clock.advance(250ms);
   EXPECT_EQ(notes({Qt::Key_A}), QStringList{u"Sound: English"_s});
 
-  const auto delay = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    press(key, modifiers);
-    return views->remote()->note();
-  };
-  EXPECT_EQ((QStringList{delay(Qt::Key_Minus, Qt::ControlModifier),
-                         delay(Qt::Key_Equal, Qt::ControlModifier),
-                         delay(Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier),
-                         delay(Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier)}),
+  EXPECT_EQ(notes({Qt::CTRL | Qt::Key_Minus, Qt::CTRL | Qt::Key_Equal,
+                   Qt::CTRL | Qt::SHIFT | Qt::Key_Plus,
+                   QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier, Qt::Key_Plus)}),
             (QStringList{u"Sound 25 ms before the picture"_s, u"Sound with the picture"_s,
                          u"Sound 25 ms after the picture"_s, u"Sound 50 ms after the picture"_s}));
   engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}}, .inForce = u"bar"_s};
@@ -305,7 +260,7 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return row->property("highlighted").toBool(); })) << inForce;
     EXPECT_TRUE(row->property("marked").toBool()) << inForce;
     press(Qt::Key_Escape);
-    EXPECT_TRUE(test::eventually([&] { return !find("text", name); }));
+    EXPECT_TRUE(eventually([&] { return !find("text", name); }));
   }
   EXPECT_TRUE(isFull());
 }
@@ -313,61 +268,49 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
 TEST_F(FullScreenTest, TheKeysOfChannels) {
   press(Qt::Key_3);
   play();
-  press(Qt::Key_3);
-  press(Qt::Key_PageDown);
+  press(Qt::Key_3, Qt::Key_PageDown);
   clock.advance(2s);
-  EXPECT_EQ(app->playback().title(), u"Title 1"_s) << "beside the list the keys are the list's";
+  EXPECT_EQ(title(), u"Title 1"_s) << "beside the list the keys are the list's";
 
-  const std::function<void()> places[] = {[&] { press(Qt::Key_F); },
-                                          [&] {
-                                            press(Qt::Key_Escape);
-                                            views->player()->toggleExpanded();
-                                          }};
-  struct Case {
-    QList<Qt::Key> keys;
-    const char* title;
-  };
-  const Case cases[] = {{{Qt::Key_Up}, "Title 2"},
-                        {{Qt::Key_PageUp, Qt::Key_ChannelUp, Qt::Key_MediaNext}, "Title 5"},
-                        {{Qt::Key_Down}, "Title 4"},
-                        {{Qt::Key_PageDown, Qt::Key_ChannelDown, Qt::Key_MediaPrevious}, "Title 1"},
-                        {{Qt::Key_Backspace}, "Title 4"},
-                        {{Qt::Key_Backspace}, "Title 1"},
-                        {{Qt::Key_0, Qt::Key_3, Qt::Key_Return}, "Title 3"},
-                        {{Qt::Key_1}, "Title 1"}};
+  const std::function<void()> places[] = {
+      [&] { press(Qt::Key_F); }, [&] { press(Qt::Key_Escape), views->player()->toggleExpanded(); }};
+  const std::pair<QList<Qt::Key>, QString> cases[] = {
+      {{Qt::Key_Up}, u"Title 2"_s},
+      {{Qt::Key_PageUp, Qt::Key_ChannelUp, Qt::Key_MediaNext}, u"Title 5"_s},
+      {{Qt::Key_Down}, u"Title 4"_s},
+      {{Qt::Key_PageDown, Qt::Key_ChannelDown, Qt::Key_MediaPrevious}, u"Title 1"_s},
+      {{Qt::Key_Backspace}, u"Title 4"_s},
+      {{Qt::Key_Backspace}, u"Title 1"_s},
+      {{Qt::Key_0, Qt::Key_3, Qt::Key_Return}, u"Title 3"_s},
+      {{Qt::Key_1}, u"Title 1"_s}};
   for (const auto& enter : places) {
     enter();
-    for (const auto& [keys, title] : cases) {
-      for (const Qt::Key key : keys) send(key);
+    for (const auto& [keys, expected] : cases) {
+      for (const Qt::Key key : keys)  // also those that QTest's clicks do not know
+        for (const bool pressed : {true, false})
+          QTest::simulateEvent(window, pressed, key, Qt::NoModifier, QString(), false);
       clock.advance(1500ms);
-      test::settle();
       showPicture();
-      EXPECT_EQ(app->playback().title(), QString::fromLatin1(title));
+      EXPECT_EQ(title(), expected);
     }
   }
 }
 
 TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
-  const QString guide = u"get_short_epg"_s;
-  const qint64 now = clock.now().time_since_epoch() / 1s;
-  const auto programme = [&](qint64 from, const char* title) {
-    return QByteArray("{\"start_timestamp\":") + QByteArray::number(now + from) +
-           ",\"stop_timestamp\":" + QByteArray::number(now + from + 3600) + ",\"title\":\"" +
-           QByteArray(title).toBase64() + "\"}";
-  };
-  transport.always(guide, "{\"epg_listings\":[" + programme(-900, "News") + "," +
-                              programme(2700, "Film") + "]}");
+  const QByteArray programmes = guide({{"News", -15min, 45min}, {"Film", 45min, 105min}});
+  transport.always(guideRequest, programmes);
+  while (transport.answer(guideRequest, programmes)) settle();  // to the list
   play();
   press(Qt::Key_F);
   const ChannelBanner& banner = *views->banner();
-  for (const Qt::Key key : {Qt::Key_4, Qt::Key_0, Qt::Key_Return}) press(key);
+  press(Qt::Key_4, Qt::Key_0, Qt::Key_Return);
   clock.advance(5s);
   for (int i = 0; i < 3; ++i) press(Qt::Key_Up), clock.advance(100ms);
   EXPECT_TRUE(banner.shown());
   EXPECT_NE(find("text", u"Title 43"_s), nullptr);
   EXPECT_EQ(banner.number(), u"43"_s);
   clock.advance(150ms);
-  EXPECT_TRUE(test::eventually([&] {
+  EXPECT_TRUE(eventually([&] {
     // No faster than real time, or a slow answer finds a channel that was given up.
     QTest::qWait(1);
     clock.advance(1ms);
@@ -395,13 +338,10 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
 
 TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
   const PlayerRemote& remote = *views->remote();
-  const auto title = [&] { return app->playback().title(); };
   const auto load = [&](const QByteArray& entries, const QByteArray& categories) {
-    transport.always(action(LibraryKind::live), entries);
-    transport.always(categoryAction(LibraryKind::live), categories);
-    const QSignalSpy loaded(&app->libraries(), &Libraries::catalogsChanged);
+    always(LibraryKind::live, entries, categories);
     app->load(LibraryKind::live, LoadMode::refresh);
-    ASSERT_TRUE(test::eventually([&] { return !loaded.isEmpty(); }));
+    ASSERT_TRUE(idle());
   };
   const auto channel = [](int id, const char* category) {
     return QByteArray("{\"stream_id\":%1,\"name\":\"Title %1\",\"category_id\":\"%2\"}")
@@ -412,12 +352,8 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
   press(Qt::Key_Return);
   EXPECT_EQ(remote.chooser(), nullptr) << "the list has the keys";
   for (const bool full : {true, false}) {
-    if (full) {
-      press(Qt::Key_F);
-    } else {
-      press(Qt::Key_Escape);
-      views->player()->toggleExpanded();
-    }
+    press(full ? Qt::Key_F : Qt::Key_Escape);
+    if (!full) views->player()->toggleExpanded();
     press(Qt::Key_Return);
     ASSERT_TRUE(remote.chooser());
     EXPECT_EQ(remote.chooser()->currentRow(), full ? 0 : 2);
@@ -432,9 +368,7 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
       press(key), clock.advance(1s);
     EXPECT_EQ(remote.chooser()->currentRow(), 0);
     EXPECT_EQ(engine.takeCalls(), QStringList()) << "nothing is opened on the way";
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
+    press(Qt::Key_Down, Qt::Key_Down, Qt::Key_Return);
     EXPECT_FALSE(remote.chooser());
     showPicture();
     EXPECT_EQ(title(), u"Title 3"_s);
@@ -446,8 +380,7 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
        R"([{"category_id":"a","category_name":"A"},{"category_id":"b","category_name":"B"},
            {"category_id":"c","category_name":"C"}])");
   EXPECT_EQ(remote.chooser()->currentRow(), 0);
-  const QString groups[] = {u"A"_s, u"B"_s, u"C"_s, u"All channels"_s, u"A"_s};
-  for (const QString& group : groups) {
+  for (const QString& group : {u"A"_s, u"B"_s, u"C"_s, u"All channels"_s, u"A"_s}) {
     press(Qt::Key_Right);
     EXPECT_EQ(remote.chooser()->group(), group);
     EXPECT_EQ(remote.chooser()->currentRow(), group == u"C"_s ? -1 : 0);
@@ -465,8 +398,7 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
 
   press(Qt::Key_Return);
   load("[]", "[]");
-  press(Qt::Key_Down);
-  press(Qt::Key_Return);
+  press(Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(title(), u"Title 4"_s);
   app->playback().stop();
   EXPECT_FALSE(remote.chooser());
@@ -483,7 +415,7 @@ TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
                         .shown = 100,
                         .lost = 2};
   const auto shown = [&] { return views->statistics()->text(); };
-  press(Qt::Key_I, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_I);
   EXPECT_EQ(shown(),
             u"Codec: H264\nPicture: 1920 × 1080, 8 bit\n"
             u"Decoded by: graphics card (VA-API)\nIn the source: 25.0 pictures a second\n"
@@ -495,9 +427,9 @@ TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
   engine.now.picture = {};
   clock.advance(1s);
   EXPECT_EQ(shown(), u"Lost: 0 pictures\nBuffer: 1200 ms"_s) << "another source counts anew";
-  press(Qt::Key_I, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_I);
   EXPECT_EQ(shown(), QString());
-  press(Qt::Key_I, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_I);
   app->playback().stop();
   EXPECT_FALSE(views->statistics()->shown());
 }
@@ -511,7 +443,7 @@ TEST_F(FullScreenTest, TheKeysAreListed) {
       EXPECT_NE(appears("text", u"List of channels"_s), nullptr);
       const QString before = selectedID();
       press(end);
-      EXPECT_TRUE(test::eventually([&] { return !find("text", u"List of channels"_s); }));
+      EXPECT_TRUE(eventually([&] { return !find("text", u"List of channels"_s); }));
       EXPECT_EQ(selectedID(), before);
       EXPECT_EQ(isFull(), full);
     }
@@ -520,23 +452,17 @@ TEST_F(FullScreenTest, TheKeysAreListed) {
 }
 
 TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
-  transport.always(action(LibraryKind::shows), rows(LibraryKind::shows, 1, 1));
-  transport.always(categoryAction(LibraryKind::shows), "[]");
-  transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"1","title":"One"},
-      {"id":"2","title":"Two"},{"id":"3","title":"Three"},{"id":"4","title":"Four"}]}})");
+  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 1));
   app->navigate(Section::shows);
-  ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 1; }));
-  app->select(app->browsing().items().item(0));
-  ASSERT_TRUE(test::eventually([&] { return app->details().episodes().size() == 4; }));
+  ASSERT_TRUE(idle());
+  app->select(item(0));
+  answerEpisodes(R"({"1":[{"id":"1","title":"One"},{"id":"2","title":"Two"},
+                          {"id":"3","title":"Three"},{"id":"4","title":"Four"}]})");
   const NextEpisode& next = *views->nextEpisode();
   const auto at = [&](EngineState state, std::int64_t seconds) {
-    test::settle();
-    engine.now = {.state = state,
-                  .hasMedia = true,
-                  .time = seconds * 1000,
-                  .length = 1'000'000,
-                  .seekable = true,
-                  .decodedVideo = 5};
+    settle();
+    engine.now = filmAt(seconds * 1000, 1'000'000);
+    engine.now.state = state;
     clock.advance(250ms);
     QTest::qWait(0);
   };
@@ -547,8 +473,7 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   at(EngineState::playing, 100);
   press(Qt::Key_N);
   EXPECT_EQ(playing(), u"episode:1"_s) << "the list has the keys";
-  press(Qt::Key_F);
-  press(Qt::Key_N);
+  press(Qt::Key_F, Qt::Key_N);
   EXPECT_EQ(playing(), u"episode:2"_s);
   at(EngineState::playing, 969);
   EXPECT_FALSE(next.offered());
@@ -583,4 +508,4 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "playback/playback_fixture.h"
 #include "playback/stream_keeper.h"
 #include "playback/video_frame_queue.h"
@@ -7,10 +5,8 @@
 #include "ui/player/player_pane.h"
 #include "ui/player/transport_controls.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 TEST(TransportClock, WritesMinutesAndHours) {
   const std::pair<double, const char16_t*> cases[] = {
@@ -32,14 +28,7 @@ class PlayerViewsTest : public PlaybackFixture {
     engine.now = status;
     clock.advance(250ms);
   }
-  static EngineStatus movie() {
-    return {.state = EngineState::playing,
-            .hasMedia = true,
-            .time = 30'000,
-            .length = 90'000,
-            .seekable = true,
-            .decodedVideo = 5};
-  }
+  static EngineStatus movie() { return filmAt(30'000, 90'000); }
 };
 
 TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
@@ -57,9 +46,7 @@ TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
   pane.toggleExpanded();
   EXPECT_EQ(pane.expandSymbol(), u"arrow.down.right.and.arrow.up.left"_s);
   pane.togglePause();
-  EngineStatus failed = movie();
-  failed.state = EngineState::error;
-  advance(failed);
+  see(EngineState::error);
   EXPECT_TRUE(pane.surfaceVisible()) << "which holds the last picture";
   EXPECT_EQ(pane.message(), QString());
   EXPECT_EQ(pane.interruption(), u"Interrupted. Trying again…"_s);
@@ -97,10 +84,9 @@ TEST_F(PlayerViewsTest, ADragMovesPlaybackOnceAtItsEnd) {
   EXPECT_EQ(engine.calls.filter(u"setTime"_s).size(), 1);
   EXPECT_EQ(controls.sliderValue(), 30);
 
-  EngineStatus live = movie();
-  live.length = 0;
-  live.seekable = false;
-  advance(live);
+  engine.now.length = 0;
+  engine.now.seekable = false;
+  clock.advance(250ms);
   EXPECT_EQ(controls.sliderEnd(), 1);
   EXPECT_EQ(controls.sliderValue(), 0);
   controls.beginSeek();
@@ -113,10 +99,10 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
   ASSERT_EQ(controls.subtitles().size(), 1);
   EXPECT_EQ(controls.subtitles().first().toMap().value(u"name"_s), u"Off"_s);
   open(channel(u"1"_s));
-  EngineStatus status = movie();
-  status.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
-  status.subtitleTracks = {{5, u"English"_s}};
-  advance(status);
+  advance(movie());
+  engine.now.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
+  engine.now.subtitleTracks = {{5, u"English"_s}};
+  clock.advance(250ms);
   EXPECT_TRUE(controls.audioEnabled());
   EXPECT_EQ(controls.subtitles().size(), 2);
   const struct {
@@ -125,10 +111,10 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
     QList<int> choices;  // of sound, subtitles and speed
   } cases[] = {{1, -1, 1, {0, 0, 1}}, {2, 5, 2, {1, 1, 4}}, {-1, 9, 3, {-1, 0, -1}}};
   for (const auto& [audio, subtitle, rate, choices] : cases) {
-    status.audioTrack = audio;
-    status.subtitleTrack = subtitle;
-    status.rate = rate;
-    advance(status);
+    engine.now.audioTrack = audio;
+    engine.now.subtitleTrack = subtitle;
+    engine.now.rate = rate;
+    clock.advance(250ms);
     EXPECT_EQ((QList{controls.audioChoice(), controls.subtitleChoice(), controls.speedChoice()}),
               choices);
   }
@@ -174,4 +160,4 @@ TEST_F(PlayerViewsTest, OutputsAndDelaysOfTheSoundAreOffered) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,14 +1,10 @@
 #include "ui/settings/settings_view.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/opener.h"
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class FakeOpener final : public Opener {
  public:
@@ -16,7 +12,7 @@ class FakeOpener final : public Opener {
   QList<QUrl> opened;
 };
 
-class SettingsViewTest : public ::testing::Test, protected ModelFixture {
+class SettingsViewTest : public ModelTest {
  protected:
   FakeOpener opener;
   AppModel& app = launch();
@@ -29,10 +25,13 @@ class SettingsViewTest : public ::testing::Test, protected ModelFixture {
       list.append(block.toMap().value(u"text"_s).toString());
     return list;
   }
-  void activate(const QString& text) {
-    const auto index = texts().indexOf(text);
-    ASSERT_GE(index, 0) << text.toStdString();
-    view.activate(static_cast<int>(index));
+  /// One row after the other.
+  void activate(const QStringList& rows) {
+    for (const QString& row : rows) {
+      const auto index = texts().indexOf(row);
+      ASSERT_GE(index, 0) << row.toStdString();
+      view.activate(static_cast<int>(index));
+    }
   }
 };
 
@@ -40,7 +39,7 @@ TEST_F(SettingsViewTest, EscLeadsFromAPageToTheMainOneAndOut) {
   EXPECT_EQ(texts(), (QStringList{u"Playlists"_s, u"Playback"_s, u"TV guide"_s, u"About"_s}));
   EXPECT_EQ(view.backLabel(), u"Done"_s);
   for (const QString& page : texts()) {
-    activate(page);
+    activate({page});
     EXPECT_EQ(view.title(), page);
     EXPECT_FALSE(view.blocks().isEmpty());
     EXPECT_EQ(view.backLabel(), u"Back"_s);
@@ -49,13 +48,13 @@ TEST_F(SettingsViewTest, EscLeadsFromAPageToTheMainOneAndOut) {
   }
   view.back();
   EXPECT_FALSE(app.showingSettings());
-  activate(u"Playback"_s);
+  activate({u"Playback"_s});
   app.setShowingSettings(true);
   EXPECT_EQ(view.title(), u"Settings"_s) << "opens at the main page";
 }
 
 TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
-  activate(u"Playlists"_s);
+  activate({u"Playlists"_s});
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
   connectAccount(account);
@@ -64,15 +63,14 @@ TEST_F(SettingsViewTest, PlaylistsShowTheAccountAndItsLimit) {
   EXPECT_EQ(texts().first(), u"Vantor TV"_s);
   EXPECT_TRUE(texts().contains(u"Provider connection limit: 2"_s));
   signOut();
-  activate(u"Playlists"_s);
+  activate({u"Playlists"_s});
   EXPECT_EQ(texts().first(), u"No provider connected"_s);
   EXPECT_EQ(texts().filter(u"limit"_s).size(), 0);
 }
 
 TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesOrTheGuideAndSaysSo) {
   signIn(rows(LibraryKind::live, 0, 1));
-  activate(u"Playlists"_s);
-  activate(u"Refresh playlists"_s);
+  activate({u"Playlists"_s, u"Refresh playlists"_s});
   EXPECT_EQ(app.libraries().loading().size(), 3u);
   EXPECT_EQ(view.message(), u"Refresh requested. Your saved library remains available."_s);
   view.back();
@@ -80,45 +78,38 @@ TEST_F(SettingsViewTest, RefreshAsksForAllLibrariesOrTheGuideAndSaysSo) {
 
   app.select(item(0));
   settle();
-  activate(u"TV guide"_s);
-  activate(u"Refresh guide information"_s);
+  activate({u"TV guide"_s, u"Refresh guide information"_s});
   settle();
-  EXPECT_EQ(transport.requests(u"get_short_epg"_s), 2) << "that of the selected channel again";
+  EXPECT_EQ(transport.requests(guideRequest), 2) << "that of the selected channel again";
   EXPECT_EQ(view.message(), u"Guide information will reload when you select a channel."_s);
 }
 
 TEST_F(SettingsViewTest, RemovalAsksFirst) {
   signIn(rows(LibraryKind::live, 0, 2));
-  activate(u"Playlists"_s);
-  activate(u"Remove saved provider"_s);
+  activate({u"Playlists"_s, u"Remove saved provider"_s});
   EXPECT_TRUE(view.confirmingRemoval());
   view.cancelRemoval();
   settle();
   EXPECT_FALSE(view.confirmingRemoval());
   EXPECT_EQ(app.browsing().items().size(), 2u);
-  activate(u"Remove saved provider"_s);
+  activate({u"Remove saved provider"_s});
   view.removeProvider();
-  ASSERT_TRUE(
-      eventually([&] { return !app.session().account() && !app.session().signingInOrOut(); }));
+  ASSERT_TRUE(eventually([&] { return !app.session().account(); }) && idle());
   EXPECT_FALSE(app.showingSettings());
 }
 
 TEST_F(SettingsViewTest, RowsLeadWhereTheySay) {
-  activate(u"Playlists"_s);
-  activate(u"Xtream Codes parameters"_s);
+  activate({u"Playlists"_s, u"Xtream Codes parameters"_s});
   EXPECT_TRUE(app.showingConnect());
   EXPECT_FALSE(app.showingSettings());
-  activate(u"About"_s);
-  activate(u"Open-source licenses"_s);
-  activate(u"Help & support"_s);
+  activate({u"About"_s, u"Open-source licenses"_s, u"Help & support"_s});
   EXPECT_EQ(opener.opened, (QList<QUrl>{QUrl(u"file:///usr/share/vantor/Licenses"_s),
                                         QUrl(u"https://support.example/"_s)}));
   view.back();
-  activate(u"Playback"_s);
-  activate(u"Open media file"_s);
+  activate({u"Playback"_s, u"Open media file"_s});
   settle();
   EXPECT_EQ(filePanel.shown, 1);
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

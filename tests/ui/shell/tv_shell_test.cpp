@@ -1,20 +1,17 @@
 #include "ui/shell/tv_shell.h"
 
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 #include "ui/posters/category_list_model.h"
 #include "ui/shell/commands.h"
 #include "ui/shell/empty_state.h"
 #include "ui/shell/status_view.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
 using Direction = TVShell::Direction;
 
-class TVShellTest : public ::testing::Test, protected ModelFixture {
+class TVShellTest : public ModelTest {
  protected:
   void open(const QStringList& arguments = {}) {
     launch(arguments);
@@ -127,20 +124,16 @@ TEST_F(TVShellTest, ArrowKeysMoveTheHighlightWithinTheEntries) {
   open({u"--demo"_s});
   model->navigate(Section::movies);
   // Six entries; nothing is selected at first, which counts as the first.
-  const struct {
-    Direction direction;
-    int columns;
-    QString selected;
-  } cases[] = {
+  const std::tuple<Direction, int, QString> cases[] = {
       {Direction::Left, 1, u"Across the valley"_s},  {Direction::Down, 1, u"The long way home"_s},
       {Direction::Down, 4, u"Open horizons"_s},      {Direction::Right, 4, u"Open horizons"_s},
       {Direction::Down, 4, u"Open horizons"_s},      {Direction::Up, 4, u"The long way home"_s},
       {Direction::Up, 4, u"Across the valley"_s},    {Direction::Left, 4, u"Across the valley"_s},
       {Direction::Right, 4, u"The long way home"_s},
   };
-  for (const auto& row : cases) {
-    shell->moveSelection(row.direction, row.columns);
-    EXPECT_EQ(selected(), row.selected);
+  for (const auto& [direction, columns, expected] : cases) {
+    shell->moveSelection(direction, columns);
+    EXPECT_EQ(selected(), expected);
   }
   shell->setSearch(u"nothing like it"_s);
   shell->moveSelection(Direction::Down, 1);
@@ -244,4 +237,4 @@ TEST_F(TVShellTest, CategoriesFollowTheSection) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,17 +1,11 @@
 #include "ui/sign_in/connect_view.h"
 
-#include <gtest/gtest.h>
-
 #include "support/model_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-
-const QString config = u"vantor-config.json"_s;
-
-class ConnectViewTest : public ::testing::Test, protected ModelFixture {
+class ConnectViewTest : public ModelTest {
  protected:
   AppModel& app = launch();
   std::unique_ptr<ConnectView> view = std::make_unique<ConnectView>(app);
@@ -25,10 +19,12 @@ class ConnectViewTest : public ::testing::Test, protected ModelFixture {
   void begin() {
     view->connectAccount();
     settle();
-    transport.answer(config, R"({"schemaVersion":1,"serverUrl":"http://tv.example"})");
+    nameServer();
     settle();
   }
-  bool asks() {
+  /// The same, when that is asked to accept the account.
+  bool begins() {
+    begin();
     return eventually([&] { return transport.open(QString()) == 1; });
   }
   bool ends() {
@@ -50,8 +46,7 @@ TEST_F(ConnectViewTest, ConnectsOnlyWithBothFields) {
 
 TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
   type(u"user"_s, u"secret"_s);
-  begin();
-  ASSERT_TRUE(asks());
+  ASSERT_TRUE(begins());
   EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"tv.example"_s);
   EXPECT_TRUE(view->working());
   EXPECT_FALSE(view->canConnect() || view->closable());
@@ -71,8 +66,7 @@ TEST_F(ConnectViewTest, SignsInAtTheServersThatTheServiceNames) {
 
 TEST_F(ConnectViewTest, AFailureKeepsWhatWasTyped) {
   type(u"user"_s, u"wrong"_s);
-  begin();
-  ASSERT_TRUE(asks());
+  ASSERT_TRUE(begins());
   transport.answer(QString(), R"({"user_info":{"auth":0}})");
   ASSERT_TRUE(ends());
   EXPECT_EQ(view->error(),
@@ -81,9 +75,8 @@ TEST_F(ConnectViewTest, AFailureKeepsWhatWasTyped) {
   EXPECT_EQ(view->username(), u"user"_s);
   EXPECT_EQ(view->password(), u"wrong"_s);
   EXPECT_TRUE(view->canConnect());
-  begin();
+  ASSERT_TRUE(begins());
   EXPECT_EQ(view->error(), QString());
-  ASSERT_TRUE(asks());
   transport.fail(QString(), URLError(URLError::Code::unreachable));
   ASSERT_TRUE(ends());
   EXPECT_EQ(view->error(),
@@ -95,7 +88,7 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
   type(u"user"_s, u"secret"_s);
   view->connectAccount();
   settle();
-  ASSERT_EQ(transport.open(config), 1);
+  ASSERT_EQ(transport.open(serviceDocument), 1);
   view->close();
   settle();
   EXPECT_TRUE(transport.exchanges().back()->cancelled);
@@ -103,8 +96,7 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
 
   app.setShowingConnect(true);
   type(u"user"_s, u"secret"_s);
-  begin();
-  ASSERT_TRUE(asks());
+  ASSERT_TRUE(begins());
   view.reset();
   settle();
   EXPECT_TRUE(transport.exchanges().back()->cancelled);
@@ -112,4 +104,4 @@ TEST_F(ConnectViewTest, ClosingOrEndingTheViewEndsItsAttempt) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

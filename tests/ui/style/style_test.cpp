@@ -6,7 +6,7 @@
 
 #include "ui/style/symbols.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -28,4 +28,4 @@ TEST(Symbols, EveryOneThatAScreenNamesHasAGlyphInTheIconFont) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -4,24 +4,21 @@
 #include "screens/test_language.h"
 #include "ui/window/window_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 QByteArray named(QByteArray rows) {
   // Names without a letter, since these are not the program's.
   return rows.replace("Title ", "# ");
 }
 
-class LanguageTest : public test::WindowTest {
+class LanguageTest : public WindowTest {
  protected:
   void begin(const QString& name, const QStringList& arguments = {}) {
     language.emplace(name);
     QAccessible::setActive(true);
-    transport.always(u"get_short_epg"_s, guide());
-    transport.always(u"get_series_info"_s, R"({"episodes":{"1":[{"id":"1","title":"1"},
+    transport.always(guideRequest, guide({{"#", -15min, 15min}, {"#", 15min, 45min}}));
+    transport.always(episodesRequest, R"({"episodes":{"1":[{"id":"1","title":"1"},
         {"id":"2","title":"2"}],"2":[{"id":"3","title":"3"}]}})");
     for (const LibraryKind kind : allLibraryKinds)
       always(kind, named(rows(kind, 1, 30)), R"([{"category_id":"1","category_name":"#"}])");
@@ -30,16 +27,7 @@ class LanguageTest : public test::WindowTest {
   void signInAgainst() {
     connectAccount(account);
     acceptSignIn();
-    ASSERT_TRUE(test::eventually([&] { return app->browsing().items().size() == 30; }));
-  }
-  QByteArray guide() const {
-    const auto now = std::chrono::floor<std::chrono::seconds>(clock.now().time_since_epoch());
-    const auto row = [](qint64 begin) {
-      return R"({"title":")" + QByteArray("#").toBase64() + R"(","start_timestamp":)" +
-             QByteArray::number(begin) + R"(,"stop_timestamp":)" +
-             QByteArray::number(begin + 1800) + '}';
-    };
-    return R"({"epg_listings":[)" + row(now.count() - 900) + ',' + row(now.count() + 900) + "]}";
+    ASSERT_TRUE(idle());
   }
   void look(const char* state) {
     ++engine.now.decoded;  // what stands still would be opened again
@@ -54,13 +42,9 @@ class LanguageTest : public test::WindowTest {
     QTest::qWait(50);
   }
   void play() {
-    engine.now = {.state = EngineState::playing,
-                  .hasMedia = true,
-                  .time = 30'000,
-                  .length = 90'000,
-                  .seekable = true,
-                  .decodedVideo = 5,
-                  .picture = {.codec = u"#"_s, .decoder = PictureDecoder::vaapi, .lost = 1}};
+    settle();
+    engine.now = filmAt(30'000, 90'000);
+    engine.now.picture = {.codec = u"#"_s, .decoder = PictureDecoder::vaapi, .lost = 1};
     clock.advance(250ms);
   }
 
@@ -75,18 +59,15 @@ TEST_F(LanguageTest, OfTheScreens) {
   views->connectView()->setUsername(u"1"_s);
   views->connectView()->setPassword(u"1"_s);
   views->connectView()->connectAccount();
-  ASSERT_TRUE(
-      test::eventually([&] { return transport.fail(u"vantor-config.json"_s, HTTPFailure(500)); }));
-  ASSERT_TRUE(test::eventually([&] { return transport.fail(QString(), HTTPFailure(500)); }));
+  ASSERT_TRUE(eventually([&] { return transport.fail(serviceDocument, HTTPFailure(500)); }));
+  ASSERT_TRUE(eventually([&] { return transport.fail(QString(), HTTPFailure(500)); }));
   look("a sign-in that failed");
   views->connectView()->close();
   signInAgainst();
   look("the channels");
   press(Qt::Key_F10);
   look("every command");
-  press(Qt::Key_Escape);
-  press(Qt::Key_Down);
-  press(Qt::Key_Menu);
+  press(Qt::Key_Escape, Qt::Key_Down, Qt::Key_Menu);
   look("what can be done with a channel");
   press(Qt::Key_Escape);
   app->browsing().setSearch(u"0000"_s);
@@ -133,7 +114,6 @@ TEST_F(LanguageTest, OfThePlayer) {
   engine.announce();
   look("a channel that cannot be");
   app->playback().retry();
-  test::settle();
   play();
   app->playback().setExpanded(true);
   look("the player in the whole window");
@@ -146,10 +126,9 @@ TEST_F(LanguageTest, OfThePlayer) {
   press(Qt::Key_Escape);
   EXPECT_TRUE(views->statistics()->toggle());
   look("what is known of it");
-  press(Qt::Key_Question, Qt::ShiftModifier);
+  press(Qt::SHIFT | Qt::Key_Question);
   look("all keys");
   press(Qt::Key_Escape);
-  test::settle();
   play();
   engine.now.state = EngineState::ended;
   engine.announce();
@@ -157,10 +136,9 @@ TEST_F(LanguageTest, OfThePlayer) {
   app->playback().stop();
   show(Section::shows);
   views->shell()->openRow(0);
-  ASSERT_TRUE(test::eventually([&] { return views->episodes()->rowCount() > 0; }));
+  ASSERT_TRUE(eventually([&] { return views->episodes()->rowCount() > 0; }));
   views->episodes()->play(0);
   app->playback().setExpanded(true);
-  test::settle();
   play();
   engine.now.time = 89'000;
   clock.advance(500ms);
@@ -200,4 +178,4 @@ TEST_F(LanguageTest, FromRightToLeftEverythingIsOnTheOtherSide) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -27,7 +25,7 @@ inline void collect(QtMsgType, const QMessageLogContext&, const QString& text) {
 }
 
 /// The real window over the real model, driven by key and mouse events.
-class WindowTest : public ::testing::Test, protected ModelFixture {
+class WindowTest : public ModelTest {
  protected:
   void open(const QStringList& arguments = {}) {
     app = &launch(arguments);
@@ -44,9 +42,11 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
   }
 
-  /// Signed in, with so many channels.
-  void open(int channels) {
+  /// Signed in, with so many channels, movies and shows.
+  void open(int channels, int movies = 0, int shows = 0) {
     open();
+    if (movies > 0) always(LibraryKind::movies, rows(LibraryKind::movies, 1, movies));
+    if (shows > 0) always(LibraryKind::shows, rows(LibraryKind::shows, 1, shows));
     signIn(rows(LibraryKind::live, 1, channels));
   }
 
@@ -63,9 +63,12 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     EXPECT_EQ(messages.join(u'\n').toStdString(), "");
   }
 
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(window, key, modifiers);
-    QTest::qWait(0);
+  /// Presses the keys one after the other.
+  void press(std::convertible_to<QKeyCombination> auto... keys) {
+    for (const QKeyCombination key : {QKeyCombination(keys)...}) {
+      QTest::keyClick(window, key.key(), key.keyboardModifiers());
+      QTest::qWait(0);
+    }
   }
   void type(const QString& text) {
     for (const QChar letter : text) QTest::keyClick(window, letter.toLatin1());
@@ -86,10 +89,16 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
       if (QQuickItem* found = find(property, value, child)) return found;
     return nullptr;
   }
-  void click(QQuickItem* item) {
+  static QPoint middleOf(const QQuickItem* item) {
+    return item->mapToScene(item->boundingRect().center()).toPoint();
+  }
+  void click(const QQuickItem* item) {
     ASSERT_TRUE(item);
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier,
-                      item->mapToScene(item->boundingRect().center()).toPoint());
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, middleOf(item));
+    QTest::qWait(0);
+  }
+  void doubleClick(QPoint place) {
+    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, place);
     QTest::qWait(0);
   }
   /// The same, once it is there.
@@ -98,6 +107,16 @@ class WindowTest : public ::testing::Test, protected ModelFixture {
     EXPECT_TRUE(QTest::qWaitFor([&] { return (found = find(property, value)) != nullptr; }))
         << value.toString().toStdString();
     return found ? found : window->contentItem();
+  }
+  /// Goes from control to control until it is at the one with that text.
+  QQuickItem* tabTo(const QString& text) {
+    for (int i = 0; i < 60 && window->activeFocusItem(); ++i) {
+      QQuickItem* item = window->activeFocusItem();
+      if (item->property("text") == text) return item;
+      press(Qt::Key_Tab);
+    }
+    ADD_FAILURE() << text.toStdString() << " is not reached";
+    return window->contentItem();
   }
   /// What was opened shows its first picture.
   void showPicture() {

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QQmlAbstractUrlInterceptor>
 #include <QRegularExpression>
 #include <QScreen>
@@ -10,10 +8,8 @@
 #include "ui/window/window_place.h"
 #include "window_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 /// What the window's frame does, and what works in the whole window.
 class WindowFrameTest : public WindowTest {
@@ -50,16 +46,16 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
     QTest::qWait(50);
     const QQuickItem* focused = window->activeFocusItem();
     const int asked = filePanel.shown;
-    press(Qt::Key_O, Qt::ControlModifier);
+    press(Qt::CTRL | Qt::Key_O);
     settle();
     EXPECT_EQ(filePanel.shown, asked + 1);
     filePanel.choice.resolve(std::nullopt);
     settle();
     engine.takeCalls();
-    press(Qt::Key_Q, Qt::ControlModifier);
+    press(Qt::CTRL | Qt::Key_Q);
     EXPECT_EQ(quits.count(), 1);
     quits.clear();
-    press(Qt::Key_2, Qt::ControlModifier);
+    press(Qt::CTRL | Qt::Key_2);
     EXPECT_EQ(app->browsing().section(), Section::live) << "the screen behind stays";
 
     EXPECT_EQ(cursorAt({window->width() - 2, 400}), Qt::SizeHorCursor);
@@ -67,7 +63,7 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
     EXPECT_EQ(cursorAt({400, 400}), Qt::ArrowCursor);
     for (const QPoint header :
          {QPoint(500, 30), QPoint(80, 12), QPoint(window->width() - 250, 38)}) {
-      QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, header);
+      doubleClick(header);
       EXPECT_TRUE(becomes(Qt::WindowMaximized)) << header.x();
       window->setWindowState(Qt::WindowNoState);
       EXPECT_TRUE(becomes(Qt::WindowNoState));
@@ -96,17 +92,13 @@ TEST_F(WindowFrameTest, AnOpenSheetLeavesTheWindowItsFrameAndTheKeysThatNeedNoSc
 }
 
 TEST_F(WindowFrameTest, ScrollBarsAtTheEdgeAreGrabbedInTheirWholeWidth) {
-  open();
-  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 60));
-  signIn(rows(LibraryKind::live, 1, 3));
-  press(Qt::Key_2, Qt::ControlModifier);
-  ASSERT_TRUE(eventually([&] { return app->browsing().items().size() == 60; }));
+  open(3, 60);
+  press(Qt::CTRL | Qt::Key_2);
+  ASSERT_TRUE(idle());
   QTest::qWait(100);
-  QQuickItem* bar = find("atWindowEdge", true);
-  ASSERT_TRUE(bar);
+  const QQuickItem* bar = appears("atWindowEdge", true);
   const auto* handle = bar->property("contentItem").value<QQuickItem*>();
-  ASSERT_TRUE(handle);
-  ASSERT_GT(handle->width(), 4);
+  ASSERT_TRUE(handle && handle->width() > 4);
   for (int x = -2; x < handle->width() + 2; ++x) {
     const QPoint place = handle->mapToScene({x + 0.5, handle->height() / 2}).toPoint();
     if (place.x() >= window->width() - 6) break;
@@ -137,14 +129,14 @@ TEST_F(WindowFrameTest, AFileIsAskedForAgainAfterADialogThatDoesNotLoad) {
 TEST_F(WindowFrameTest, ThePathInTheToolkitsOwnDialogCanBeRead) {
   open();
   const Pending<std::optional<QUrl>> file = dialog.chooseMediaFile();
-  QQuickItem* path = nullptr;
-  const auto looksAt = [&](auto& self, QQuickItem* item) -> void {
+  const QQuickItem* path = nullptr;
+  const auto looksAt = [&](auto& self, const QQuickItem* item) -> void {
     if (item->property("upButton").isValid()) path = item;
-    for (QQuickItem* child : item->childItems()) self(self, child);
+    for (const QQuickItem* child : item->childItems()) self(self, child);
   };
   ASSERT_TRUE(QTest::qWaitFor([&] {
-    for (QWindow* each : QGuiApplication::topLevelWindows())
-      if (auto* const quick = qobject_cast<QQuickWindow*>(each))
+    for (const QWindow* each : QGuiApplication::topLevelWindows())
+      if (const auto* const quick = qobject_cast<const QQuickWindow*>(each))
         looksAt(looksAt, quick->contentItem());
     return path != nullptr;
   }));
@@ -152,7 +144,7 @@ TEST_F(WindowFrameTest, ThePathInTheToolkitsOwnDialogCanBeRead) {
   ASSERT_TRUE(ground);
   EXPECT_LT(ground->property("color").value<QColor>().lightnessF(), 0.3);
   press(Qt::Key_Escape);
-  EXPECT_EQ(test::awaited<std::optional<QUrl>>(file), std::nullopt);
+  EXPECT_EQ(awaited<std::optional<QUrl>>(file), std::nullopt);
 }
 
 TEST(FilePanelTypes, CoverMoviesAndAudioInAnySpelling) {
@@ -197,7 +189,7 @@ TEST_F(WindowFrameTest, WhatTheDesktopMakesTooSmallStaysWithinReach) {
     click(reach("text", u"Settings"_s));
     click(reach("text", u"Done"_s));
     EXPECT_FALSE(app->showingSettings());
-    press(Qt::Key_K, Qt::ControlModifier);
+    press(Qt::CTRL | Qt::Key_K);
     reach("text", u"Connect"_s);
     click(reach("text", u"Close"_s));
     EXPECT_FALSE(app->showingConnect());
@@ -221,36 +213,35 @@ TEST_F(WindowFrameTest, TheWindowComesBackWhereItWas) {
       {u"1"_s, {0, 0, 1320, 820}, false},
   };
   Preferences stored(home.filePath(u"window.ini"_s));
-  const auto make = [] {
-    auto made = std::make_unique<QWindow>();
-    made->setFlags(Qt::Window | Qt::FramelessWindowHint);
-    made->setMinimumSize({1100, 720});
-    made->resize(1320, 820);
-    return made;
+  struct Window : QWindow {
+    Window() {
+      setFlags(Qt::Window | Qt::FramelessWindowHint);
+      setMinimumSize({1100, 720});
+      resize(1320, 820);
+    }
   };
   for (const auto& [place, expected, placed] : cases) {
     SCOPED_TRACE(place.toStdString());
     if (!place.isEmpty()) stored.setTextList(u"windowPlace"_s, place.split(u','));
-    const auto next = make();
-    const WindowPlace restored(*next, stored);
-    EXPECT_EQ(next->size(), expected.size());
-    EXPECT_TRUE(!placed || next->position() == expected.topLeft());
+    Window next;
+    const WindowPlace restored(next, stored);
+    EXPECT_EQ(next.size(), expected.size());
+    EXPECT_TRUE(!placed || next.position() == expected.topLeft());
   }
   const QRect moved(70, 60, 1180, 730);
   for (const bool maximized : {false, true}) {
     {
-      const auto first = make();
-      const WindowPlace kept(*first, stored);
-      first->show();
-      ASSERT_TRUE(QTest::qWaitForWindowExposed(first.get()));
-      if (!maximized) first->setGeometry(moved);
-      if (maximized) first->setWindowState(Qt::WindowMaximized);
+      Window first;
+      const WindowPlace kept(first, stored);
+      first.show();
+      ASSERT_TRUE(QTest::qWaitForWindowExposed(&first));
+      maximized ? first.setWindowState(Qt::WindowMaximized) : first.setGeometry(moved);
       QTest::qWait(50);
     }
-    const auto second = make();
-    const WindowPlace restored(*second, stored);
-    EXPECT_EQ(second->geometry(), moved);
-    EXPECT_EQ(second->windowState() == Qt::WindowMaximized, maximized);
+    Window second;
+    const WindowPlace restored(second, stored);
+    EXPECT_EQ(second.geometry(), moved);
+    EXPECT_EQ(second.windowState() == Qt::WindowMaximized, maximized);
   }
 }
 
@@ -293,31 +284,28 @@ TEST_F(WindowFrameTest, TheSmallWindowHasAPlaceOfItsOwn) {
 
 TEST_F(WindowFrameTest, NamesStandLeftOnOneLineAndTheLogoIsThereAtOnce) {
   open();
-  const QQuickItem* brand = nullptr;
-  for (const QQuickItem* image : window->findChildren<QQuickItem*>())
-    if (image->property("source").toUrl().fileName() == "brand.svg"_L1) brand = image;
-  ASSERT_TRUE(brand);
-  EXPECT_GT(brand->property("paintedWidth").toReal(), 0);
+  const QList<QQuickItem*> all = window->findChildren<QQuickItem*>();
+  EXPECT_TRUE(std::ranges::any_of(all, [](const QQuickItem* image) {
+    return image->property("source").toUrl().fileName() == "brand.svg"_L1 &&
+           image->property("paintedWidth").toReal() > 0;
+  }));
   signIn(R"([{"stream_id":1,"name":"أخبار"},{"stream_id":2,"name":"One\nTwo"}])");
   always(LibraryKind::movies,
          R"([{"stream_id":1,"name":"חדשות"},{"stream_id":2,"name":"One\r\nTwo"}])");
-  for (const auto& [key, names] : {std::pair(Qt::Key_1, QStringList{u"أخبار"_s, u"One Two"_s}),
-                                   std::pair(Qt::Key_2, QStringList{u"חדשות"_s, u"One Two"_s})}) {
-    press(key, Qt::ControlModifier);
-    for (const QString& name : names) {
+  for (const auto& [key, name] : {std::pair(Qt::Key_1, u"أخبار"_s), {Qt::Key_2, u"חדשות"_s}}) {
+    press(Qt::CTRL | key);
+    for (const QString& text : {name, u"One Two"_s}) {
+      SCOPED_TRACE(text.toStdString());
       const QQuickItem* label = nullptr;
-      ASSERT_TRUE(QTest::qWaitFor([&] {
-        return (label = elidedLabel(name, window->contentItem()));
-      })) << name.toStdString();
+      ASSERT_TRUE(
+          QTest::qWaitFor([&] { return (label = elidedLabel(text, window->contentItem())); }));
       // The artwork's stand-in has the name in its middle.
-      if (name != u"One Two"_s) {
-        EXPECT_EQ(label->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft))
-            << name.toStdString();
-      }
+      const int alignment = label->property("effectiveHorizontalAlignment").toInt();
+      EXPECT_TRUE(text != name || alignment == Qt::AlignLeft);
       EXPECT_FALSE(label->property("truncated").toBool());
     }
   }
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

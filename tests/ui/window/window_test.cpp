@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <QAccessible>
 #include <QQuickItem>
 #include <QRawFont>
@@ -12,18 +10,15 @@
 #include "ui/style/symbols.h"
 #include "window_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
-using namespace test;
 
 /// From every section to every section, with lists of every length on either side.
 TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
   open();
   const auto go = [&](Section section) {
     if (const auto kind = libraryOf(section))
-      press(static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(*kind)), Qt::ControlModifier);
+      press(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(*kind)));
     else
       app->navigate(section);
     QTest::qWait(0);
@@ -66,9 +61,8 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
       walk();
     }
     for (const LibraryKind kind : {LibraryKind::live, LibraryKind::movies})
-      if (const auto loaded = app->libraries().catalogs().find(kind);
-          loaded != app->libraries().catalogs().end() && loaded->second.size() > 0)
-        app->favorite(loaded->second.item(0));
+      if (const Catalog loaded = app->libraries().catalog(kind); loaded.size() > 0)
+        app->favorite(loaded.item(0));
     go(channels > 1 ? Section::favorites : Section::shows);
     signOut();
     walk();
@@ -89,7 +83,7 @@ TEST_F(WindowTest, OnlyMovementRepeats) {
   hold(Qt::Key_F10);
   EXPECT_TRUE(find("startsMenu", true));
   hold(Qt::Key_Escape);
-  QSignalSpy opened(&app->playback(), &Playback::stateChanged);
+  const QSignalSpy opened(&app->playback(), &Playback::stateChanged);
   hold(Qt::Key_Return);
   EXPECT_EQ(app->playback().itemID(), u"live:5"_s);
   EXPECT_EQ(opened.size(), 1);
@@ -108,14 +102,16 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
          R"([{"category_id":"1","category_name":"One"}])");
   signIn(rows(LibraryKind::live, 1, 20));
   QQuickItem* group = find("name", u"Group"_s);
-  click(group);
-  press(Qt::Key_Return);
-  expectMoves("a group that was chosen by the pointer");
-  click(group);
-  press(Qt::Key_Escape);
-  expectMoves("groups of which none was chosen by the pointer");
+  QQuickItem* search = find("objectName", u"library-search"_s);
+  for (const auto& [key, after] :
+       {std::pair(Qt::Key_Return, "a group that was chosen by the pointer"),
+        {Qt::Key_Escape, "groups of which none was chosen by the pointer"}}) {
+    click(group);
+    press(key);
+    expectMoves(after);
+  }
   group->forceActiveFocus(Qt::MouseFocusReason);
-  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  search->forceActiveFocus(Qt::MouseFocusReason);
   press(Qt::Key_Return);
   const auto listIsOpen = [&] {
     return group->property("popup").value<QObject*>()->property("visible").toBool();
@@ -127,9 +123,8 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   EXPECT_FALSE(listIsOpen()) << "the key was pressed elsewhere";
   press(Qt::Key_Return);
   EXPECT_TRUE(QTest::qWaitFor(listIsOpen));
-  press(Qt::Key_Escape);
-  press(Qt::Key_Backtab, Qt::ShiftModifier);
-  find("objectName", u"library-search"_s)->forceActiveFocus(Qt::MouseFocusReason);
+  press(Qt::Key_Escape, Qt::SHIFT | Qt::Key_Backtab);
+  search->forceActiveFocus(Qt::MouseFocusReason);
   press(Qt::Key_Return);
   app->play(*app->browsing().selected());
   showPicture();
@@ -144,7 +139,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   press(Qt::Key_Return);
   expectMoves("a notice that was dismissed");
 
-  press(Qt::Key_2, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_2);
   ASSERT_TRUE(idle());
   QQuickItem* rail = find("text", u"One"_s);
   click(rail);
@@ -153,8 +148,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
   list->forceActiveFocus(Qt::TabFocusReason);
   EXPECT_EQ(list->property("keyRow"), rail->property("index")) << "the ring is where the click was";
   signOut();
-  press(Qt::Key_2, Qt::ControlModifier);
-  press(Qt::Key_Tab);
+  press(Qt::CTRL | Qt::Key_2, Qt::Key_Tab);
   ASSERT_TRUE(window->activeFocusItem());
   EXPECT_TRUE(window->activeFocusItem()->activeFocusOnTab()) << "an empty section has keys too";
   press(Qt::Key_Escape);
@@ -164,16 +158,7 @@ TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
 /// What was pressed is gone afterwards, or what had the keys was made anew.
 TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   open();
-  press(Qt::Key_2, Qt::ControlModifier);
-  const auto tabTo = [&](const QString& text) {
-    for (int i = 0; i < 60; ++i) {
-      if (QQuickItem* item = window->activeFocusItem(); item && item->property("text") == text)
-        return item;
-      press(Qt::Key_Tab);
-    }
-    ADD_FAILURE() << text.toStdString() << " is not reached";
-    return window->contentItem();
-  };
+  press(Qt::CTRL | Qt::Key_2);
   tabTo(u"Connect provider"_s);
   press(Qt::Key_Return);
   ASSERT_TRUE(views->connectView()->shown());
@@ -182,7 +167,7 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   ASSERT_FALSE(views->connectView()->shown());
   expectMoves("the button of an empty section, and a sign-in");
 
-  press(Qt::Key_1, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_1);
   for (const QString& way : {u"Retry"_s, u"Close"_s}) {
     engine.now = {};
     press(Qt::Key_Return);
@@ -198,15 +183,14 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
   press(Qt::Key_Return);
   showPicture();
   engine.takeCalls();
-  press(Qt::Key_Space, Qt::ControlModifier);
-  press(Qt::Key_Space, Qt::AltModifier);
+  press(Qt::CTRL | Qt::Key_Space, Qt::ALT | Qt::Key_Space);
   EXPECT_EQ(engine.takeCalls(), QStringList()) << "the key is Space alone";
 
   QQuickItem* search = tabTo(u"Search"_s);
   press(Qt::Key_Up);
   EXPECT_EQ(window->activeFocusItem(), search) << "nothing is above the first section";
 
-  press(Qt::Key_Comma, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_Comma);
   for (const QString& back : {u"Done"_s, u"Back"_s}) {
     tabTo(back);
     press(Qt::Key_Down);
@@ -223,20 +207,14 @@ TEST_F(WindowTest, TheKeysComeBackFromWhatVanishes) {
 }
 
 TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
-  open();
-  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
-  signIn(rows(LibraryKind::live, 1, 2));
-  press(Qt::Key_3, Qt::ControlModifier);
-  ASSERT_TRUE(idle() && !app->browsing().items().empty());
+  open(2, 0, 2);
+  press(Qt::CTRL | Qt::Key_3);
+  ASSERT_TRUE(idle());
   press(Qt::Key_Return);
-  ASSERT_TRUE(eventually([&] { return transport.open(u"get_series_info"_s) == 1; }));
-  transport.answer(u"get_series_info"_s, R"({"episodes":{"1":[
-      {"id":"11","title":"One","season":1,"episode_num":1},
-      {"id":"12","title":"Two","season":1,"episode_num":2},
-      {"id":"13","title":"Three","season":1,"episode_num":3}]}})");
-  ASSERT_TRUE(eventually([&] { return app->details().episodes().size() == 3; }));
-  press(Qt::Key_Down);
-  press(Qt::Key_Return);
+  answerEpisodes(R"({"1":[{"id":"11","title":"One","season":1,"episode_num":1},
+                          {"id":"12","title":"Two","season":1,"episode_num":2},
+                          {"id":"13","title":"Three","season":1,"episode_num":3}]})");
+  press(Qt::Key_Down, Qt::Key_Return);
   app->playback().setExpanded(true);
   QTest::qWait(0);
   press(Qt::Key_Escape);
@@ -254,18 +232,11 @@ TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
 TEST_F(WindowTest, TheListTakesKeysFromTheStartAndDoubleClicks) {
   open(3);
   EXPECT_EQ(window->title(), u"Vantor Player"_s);
-  const QQuickItem* row = appears("name", u"Title 3"_s);
-  ASSERT_TRUE(row);
-  const auto doubleClick = [&](qreal y) {
-    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
-                       row->mapToScene({row->width() / 2, y}).toPoint());
-    QTest::qWait(0);
-  };
-  press(Qt::Key_Down);
-  press(Qt::Key_Down);
+  const QPoint row = middleOf(appears("name", u"Title 3"_s));
+  press(Qt::Key_Down, Qt::Key_Down);
   EXPECT_EQ(selectedID(), u"live:3"_s);
   press(Qt::Key_Left);
-  doubleClick(3 * row->height());
+  doubleClick(row + QPoint(0, 200));
   EXPECT_EQ(app->playback().itemID(), std::nullopt) << "no row is there";
   press(Qt::Key_Return);
   EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
@@ -277,27 +248,21 @@ TEST_F(WindowTest, TheListTakesKeysFromTheStartAndDoubleClicks) {
   engine.takeCalls();
   press(Qt::Key_Space);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
-  doubleClick(row->height() / 2);
+  doubleClick(row);
   EXPECT_EQ(app->playback().itemID(), u"live:3"_s) << "the row under the pointer";
 }
 
 TEST_F(WindowTest, AFingerChoosesAndOneThatStaysOpensTheMenu) {
-  open(3);
-  always(LibraryKind::movies, rows(LibraryKind::movies, 1, 3));
+  open(3, 3);
   QPointingDevice* screen = QTest::createTouchDevice();
-  const struct {
-    Section section;
-    const char* menuText;
-  } lists[] = {{Section::live, "Watch channel"}, {Section::movies, "Play"}};
-  for (const auto& list : lists) {
-    SCOPED_TRACE(list.menuText);
-    app->navigate(list.section);
-    const QQuickItem* row = appears("name", u"Title 2"_s);
-    const QPoint place = row->mapToScene(row->boundingRect().center()).toPoint();
-    const auto menu = [&] {
+  for (const auto& [section, menuText] :
+       {std::pair(Section::live, "Watch channel"), {Section::movies, "Play"}}) {
+    SCOPED_TRACE(menuText);
+    app->navigate(section);
+    const QPoint place = middleOf(appears("name", u"Title 2"_s));
+    const auto menu = [&, text = QLatin1String(menuText)] {
       const QQuickItem* keys = window->activeFocusItem();
-      return keys && keys->inherits("QQuickMenuItem") &&
-             keys->property("text") == QLatin1String(list.menuText);
+      return keys && keys->inherits("QQuickMenuItem") && keys->property("text") == text;
     };
     QTest::mouseClick(window, Qt::RightButton, Qt::NoModifier, place);
     EXPECT_TRUE(QTest::qWaitFor(menu, 500));
@@ -324,7 +289,6 @@ TEST_F(WindowTest, TheSelectedRowStaysInTheMiddle) {
   open(200);
   app->select(item(100));
   const QQuickItem* row = appears("name", u"Title 101"_s);
-  ASSERT_TRUE(row);
   const auto* list = row->parentItem()->parentItem();
   const double middle = row->mapToItem(list, row->boundingRect().center()).y();
   EXPECT_NEAR(middle, list->height() / 2, 2);
@@ -335,13 +299,13 @@ TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
   const QQuickItem* before = window->activeFocusItem();
   const QQuickItem* shell = before;
   while (shell->parentItem() && shell->objectName() != u"shell"_s) shell = shell->parentItem();
-  press(Qt::Key_K, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_K);
   ASSERT_TRUE(app->showingConnect());
   // The user name is filled in, so the password is next.
   type(u"a b"_s);
   EXPECT_EQ(views->connectView()->password(), u"a b"_s);
   for (int i = 0; i < 12; ++i) {
-    press(Qt::Key_Tab, i < 6 ? Qt::NoModifier : Qt::ShiftModifier);
+    press(i < 6 ? QKeyCombination(Qt::Key_Tab) : Qt::SHIFT | Qt::Key_Tab);
     EXPECT_FALSE(focusIsIn(shell)) << "after Tab " << i;
   }
   press(Qt::Key_Down);
@@ -349,7 +313,7 @@ TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
   press(Qt::Key_Escape);
   EXPECT_FALSE(app->showingConnect());
   EXPECT_EQ(window->activeFocusItem(), before);
-  press(Qt::Key_K, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_K);
   for (const Section section : {Section::movies, Section::live}) {
     app->navigate(section);
     QTest::qWait(0);
@@ -406,8 +370,7 @@ TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
   type(u"the n"_s);
   EXPECT_EQ(app->browsing().search(), u"the n"_s);
   EXPECT_EQ(app->browsing().items().size(), 1u);
-  press(Qt::Key_Return);
-  press(Qt::Key_Return);
+  press(Qt::Key_Return, Qt::Key_Return);
   EXPECT_EQ(selectedID(), u"movies:example-4"_s);
   press(Qt::Key_Escape);
   EXPECT_EQ(app->browsing().section(), Section::live);
@@ -415,28 +378,16 @@ TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
 
 TEST_F(WindowTest, EveryPartIsReachedByTabAndButtonsTakeSpaceAndReturn) {
   open({u"--demo"_s});
-  QStringList reached;
-  const QQuickItem* first = window->activeFocusItem();
-  for (int i = 0; i < 60; ++i) {
-    press(Qt::Key_Tab);
-    QQuickItem* item = window->activeFocusItem();
-    ASSERT_TRUE(item);
-    if (item == first) break;
-    const QString help = item->property("help").toString();
-    reached.append(help.isEmpty() ? item->property("text").toString() : help);
-    if (reached.last() == u"Movies"_s) press(Qt::Key_Space);
-    if (app->browsing().section() == Section::movies) break;
-  }
+  tabTo(u"Movies"_s);
+  press(Qt::Key_Space);
   EXPECT_EQ(app->browsing().section(), Section::movies);
   // Entering a section gives the keys to its list.
   press(Qt::Key_Right);
   EXPECT_EQ(selectedID(), u"movies:example-1"_s);
   const auto inRail = [&] { return window->activeFocusItem()->property("keyRow").isValid(); };
-  for (int i = 0; i < 10 && !inRail(); ++i) press(Qt::Key_Backtab, Qt::ShiftModifier);
+  for (int i = 0; i < 10 && !inRail(); ++i) press(Qt::SHIFT | Qt::Key_Backtab);
   ASSERT_TRUE(inRail());
-  press(Qt::Key_Down);
-  press(Qt::Key_Down);
-  press(Qt::Key_Return);
+  press(Qt::Key_Down, Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(app->browsing().category(), u"2"_s);
 }
 
@@ -453,26 +404,23 @@ TEST_F(WindowTest, WhatWasBegunComesAndGoesByKeys) {
       LibraryKind::movies, rows(LibraryKind::movies, 1, 9),
       R"([{"category_id":"1","category_name":"One"},{"category_id":"2","category_name":"Two"}])");
   const QQuickItem* rail = appears("text", u"One"_s)->parentItem()->parentItem();
-  for (int i = 0; i < 10 && !focusIsIn(rail); ++i) press(Qt::Key_Backtab, Qt::ShiftModifier);
+  for (int i = 0; i < 10 && !focusIsIn(rail); ++i) press(Qt::SHIFT | Qt::Key_Backtab);
   ASSERT_TRUE(focusIsIn(rail));
   press(Qt::Key_Down);
   begin(3);
   begin(4);
   press(Qt::Key_Return);
   EXPECT_EQ(app->browsing().category(), u"1"_s) << "the keys stay where they stood";
-  press(Qt::Key_Up);
-  press(Qt::Key_Return);
+  press(Qt::Key_Up, Qt::Key_Return);
   EXPECT_EQ(app->browsing().items().size(), 2u);
 
   const auto inGrid = [&] { return window->activeFocusItem()->property("cellWidth").isValid(); };
   for (int i = 0; i < 20 && !inGrid(); ++i) press(Qt::Key_Tab);
-  press(Qt::Key_Menu);
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) press(key);
+  press(Qt::Key_Menu, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(app->record().begun(), QStringList{u"movies:3"_s});
   EXPECT_EQ(selectedID(), u"movies:3"_s);
   app->setCategory({});
-  press(Qt::Key_Menu);
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) press(key);
+  press(Qt::Key_Menu, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(app->record().favorites(), QSet{u"movies:1"_s}) << "the last thing to do with others";
 }
 
@@ -480,9 +428,7 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   open({u"--demo"_s});
   const QQuickItem* before = window->activeFocusItem();
   press(Qt::Key_F10);
-  QQuickItem* first = find("startsMenu", true);
-  ASSERT_TRUE(first);
-  EXPECT_TRUE(first->property("highlighted").toBool());
+  EXPECT_TRUE(appears("startsMenu", true)->property("highlighted").toBool());
   press(Qt::Key_Escape);
   EXPECT_EQ(window->activeFocusItem(), before);
   EXPECT_FALSE(find("keysText", u"Ctrl+3"_s));
@@ -490,25 +436,20 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   press(Qt::Key_F10);
   click(find("keysText", u"Ctrl+3"_s));
   EXPECT_EQ(app->browsing().section(), Section::shows);
-  press(Qt::Key_2, Qt::ControlModifier);
+  press(Qt::CTRL | Qt::Key_2);
   EXPECT_EQ(app->browsing().section(), Section::movies);
 }
 
 TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
   open();
-  press(Qt::Key_Comma, Qt::ControlModifier);
-  ASSERT_TRUE(app->showingSettings());
-  press(Qt::Key_Down);
+  const SettingsView& settings = *views->settingsView();
+  press(Qt::CTRL | Qt::Key_Comma, Qt::Key_Down, Qt::Key_Return);
+  EXPECT_EQ(settings.title(), u"Playback"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(settings.title(), u"Settings"_s);
   press(Qt::Key_Return);
-  EXPECT_EQ(views->settingsView()->title(), u"Playback"_s);
-  press(Qt::Key_Escape);
-  EXPECT_EQ(views->settingsView()->title(), u"Settings"_s);
-  press(Qt::Key_Return);
-  EXPECT_EQ(views->settingsView()->title(), u"Playlists"_s);
-  press(Qt::Key_Up);
-  press(Qt::Key_Up);
-  press(Qt::Key_Escape);
-  press(Qt::Key_Escape);
+  EXPECT_EQ(settings.title(), u"Playlists"_s);
+  press(Qt::Key_Up, Qt::Key_Up, Qt::Key_Escape, Qt::Key_Escape);
   EXPECT_FALSE(app->showingSettings());
 }
 
@@ -540,11 +481,9 @@ TEST_F(WindowTest, AnInterruptedChannelCanBeLetGo) {
     engine.now.state = EngineState::error;
     clock.advance(250ms);
     QTest::qWait(0);
-    QQuickItem* end = find("text", u"Stop trying"_s);
-    ASSERT_TRUE(end);
     EXPECT_TRUE(find("text", u"Interrupted. Trying again…"_s));
     EXPECT_FALSE(find("text", u"Retry"_s));
-    for (int i = 0; i < 60 && window->activeFocusItem() != end; ++i) press(Qt::Key_Tab);
+    tabTo(u"Stop trying"_s);
     press(Qt::Key_Return);
     EXPECT_FALSE(find("text", u"Stop trying"_s));
     EXPECT_TRUE(find("text", u"Retry"_s));
@@ -580,12 +519,11 @@ TEST_F(WindowTest, TheExpandedPlayerHasItsPictureAndItsKeys) {
   press(Qt::Key_Space);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
   press(Qt::Key_Tab);
-  QQuickItem* back = find("text", u"Back to browsing"_s);
-  for (int i = 0; i < 60 && window->activeFocusItem() != back; ++i) press(Qt::Key_Tab);
+  tabTo(u"Back to browsing"_s);
   press(Qt::Key_Space);
   EXPECT_FALSE(app->playback().expanded());
   EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
