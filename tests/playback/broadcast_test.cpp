@@ -1,5 +1,4 @@
 // What a channel does to its pictures while it goes on.
-#include <gmock/gmock.h>
 
 #include <QThread>
 #include <atomic>
@@ -9,10 +8,8 @@
 
 #include "engine_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 using BroadcastTest = EngineFixture;
 
@@ -64,25 +61,20 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
        u"setsar=1 -c:v libx265 -x265-params log-level=none -pix_fmt yuv420p10le"_s},
   };
   constexpr int partSeconds = 3;
-  QFile whole(path(u"whole.ts"_s));
-  ASSERT_TRUE(whole.open(QIODevice::WriteOnly));
+  QByteArray whole;
   int number = 0;
-  for (const auto& part : parts) {
-    const QSize size = part.shape.size;
-    const QString pixels = u"%1x%2"_s.arg(size.width()).arg(size.height());
-    whole.write(bytes(make(
+  for (const auto& [shape, format] : parts) {
+    const QString pixels = u"%1x%2"_s.arg(shape.size.width()).arg(shape.size.height());
+    whole += readFile(make(
         u"part.ts"_s,
-        solidColor(u"gray"_s, pixels, partSeconds) + u" -vf "_s + part.format +
-            u" -output_ts_offset %1 -tables_version %2"_s.arg(number * partSeconds).arg(number))));
+        solidColor(u"gray"_s, pixels, partSeconds) + u" -vf "_s + format +
+            u" -output_ts_offset %1 -tables_version %2"_s.arg(number * partSeconds).arg(number)));
     ++number;
   }
-  whole.close();
-
   frames->setShowsDeepSamples(true);
   const auto shapes = std::make_shared<Shapes>();
   watch(*frames, [shapes](const VideoFrame& frame) { shapes->see(frame); });
-  playFile(whole.fileName());
-  ASSERT_TRUE(starts());
+  ASSERT_TRUE(starts(writeFile(path(u"whole.ts"_s), whole)));
   EXPECT_TRUE(eventually([&] { return engine.status().state == EngineState::ended; }));
   const std::vector<Shape> seen = shapes->seen();
   ASSERT_EQ(seen.size(), std::size(parts));
@@ -111,8 +103,7 @@ TEST_F(BroadcastTest, LatePicturesAreDroppedAndCounted) {
     ++taken->pictures;
     QThread::msleep(100);
   });
-  playFile(file);
-  ASSERT_TRUE(starts());
+  ASSERT_TRUE(starts(file));
   ASSERT_TRUE(eventually([&] { return engine.status().time > 3'000; }));
   const double shownTime = (taken->brightness - 16) / 50.0;
   const EngineStatus status = engine.status();
@@ -129,8 +120,7 @@ TEST_F(BroadcastTest, TellsFactsOfItsPictures) {
            "-qp 10"_s);
   const double bitsPerSecond = static_cast<double>(QFileInfo(file).size()) * 8 / 4;
   EXPECT_EQ(engine.status().picture, PictureFacts());
-  playFile(file);
-  ASSERT_TRUE(starts());
+  ASSERT_TRUE(starts(file));
   PictureFacts facts;
   EXPECT_TRUE(eventually([&] {
     facts = engine.status().picture;
@@ -148,4 +138,4 @@ TEST_F(BroadcastTest, TellsFactsOfItsPictures) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

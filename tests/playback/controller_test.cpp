@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <QFile>
-
 #include "playback_fixture.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 class ControllerTest : public PlaybackFixture {};
 
@@ -101,11 +96,7 @@ TEST_F(ControllerTest, RetryOpensTheSameSourceFromItsBeginning) {
   settle();
   EXPECT_TRUE(
       engine.calls.contains(u"load http://tv.example/live/7.ts agent=Agent/1 caching=1200"_s));
-  engine.now = {.state = EngineState::playing,
-                .hasMedia = true,
-                .length = 60'000,
-                .seekable = true,
-                .decodedVideo = 1};
+  engine.now = filmAt(0, 60'000);
   clock.advance(250ms);
   EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty()) << "a retry does not resume";
   playback.stop();
@@ -155,8 +146,7 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
   EXPECT_EQ(look(), gone) << "a folder is no media file";
   ASSERT_TRUE(QDir().rmdir(path));
 
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  writeFile(path);
   playback.retry();
   settle();
   EXPECT_EQ(look(), (Look{u"local"_s, true, {}, false}));
@@ -179,4 +169,4 @@ TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

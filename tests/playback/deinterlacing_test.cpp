@@ -10,11 +10,8 @@
 #include "support/test_media.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace Qt::StringLiterals;
 
 // Those before the library has noticed that the source is interlaced.
 constexpr int firstPictures = 6;
@@ -116,4 +113,4 @@ TEST(Deinterlacing, ShowsEachFieldOfAMovingEdgeWithoutCombs) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

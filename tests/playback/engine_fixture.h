@@ -2,25 +2,46 @@
 
 #include <gmock/gmock.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "platform/worker.h"
 #include "playback/libvlc_engine.h"
 #include "playback/playback.h"
+#include "sim/library.h"
+#include "sim/server.h"
+#include "support/files.h"
 #include "support/test_media.h"
 #include "support/waiting.h"
 
 namespace vantor::test {
 
-using namespace Qt::StringLiterals;
+/// A simulated provider's options, with media for whoever signs in as "viewer".
+inline sim::Options simulated(const std::string& password) {
+  sim::Options options;
+  options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
+  options.username = "viewer";
+  options.password = password;
+  return options;
+}
+
+/// The address of its first stream of that kind.
+inline QUrl streamOf(const sim::Server& server, const sim::Options& options, sim::Kind kind,
+                     const QString& extension) {
+  return QUrl(QString::fromStdString(server.url()) +
+              u"/%1/viewer/%2/%3.%4"_s
+                  .arg(QString::fromLatin1(sim::kindName(kind).data()),
+                       QString::fromStdString(options.password))
+                  .arg(sim::entryId(kind, 0))
+                  .arg(extension));
+}
 
 /// The real engine under the real controller.
-class EngineFixture : public ::testing::Test {
+template <class Time>
+class EngineFixtureIn : public ::testing::Test {
  protected:
   const Settled settled;
   QTemporaryDir folder;
-  SystemClock clock;
+  Time clock;
   Worker worker;
   std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
   LibVLCEngine engine{frames, Output::shown};
@@ -44,16 +65,9 @@ class EngineFixture : public ::testing::Test {
                 solidColor(color, u"320x180"_s, 3) + tone(3) + u" -pix_fmt yuv420p -c:a aac"_s);
   }
 
-  QString write(const QString& name, const QByteArray& content) const {
-    QFile file(path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    return file.fileName();
-  }
-  QByteArray bytes(const QString& file) const {
-    QFile source(file);
-    EXPECT_TRUE(source.open(QIODevice::ReadOnly));
-    return source.readAll();
+  /// Plays for a minute.
+  QString longFilm() {
+    return make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60) + tone(60));
   }
 
   void playFile(const QString& file) {
@@ -80,5 +94,7 @@ class EngineFixture : public ::testing::Test {
     return playback.message()->toStdString();
   }
 };
+
+using EngineFixture = EngineFixtureIn<SystemClock>;
 
 }  // namespace vantor::test

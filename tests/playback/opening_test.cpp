@@ -1,14 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <future>
 
 #include "playback_fixture.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 /// The still of the previous source that is shown while the next one loads.
 class HeldFrameTest : public PlaybackFixture {
@@ -21,6 +18,7 @@ class HeldFrameTest : public PlaybackFixture {
     engine.takeCalls();
   }
 
+  bool nothingIsLeft() const { return playback.heldFrame().isNull() && leftOvers().isEmpty(); }
   bool loaded() const { return engine.calls.contains(u"play"_s); }
 };
 
@@ -49,8 +47,7 @@ TEST_F(HeldFrameTest, ShowsThePreviousPictureUntilTheNextSourceHasOneFailsOrIsSt
 
 TEST_F(HeldFrameTest, IsGivenUpAfterSixWaits) {
   engine.picture = {};
-  playback.play(channel(u"2"_s));
-  settle();
+  open(channel(u"2"_s));
   for (int wait = 1; wait <= 6; ++wait) {
     EXPECT_FALSE(loaded()) << "before wait " << wait;
     clock.advance(29ms);
@@ -58,14 +55,12 @@ TEST_F(HeldFrameTest, IsGivenUpAfterSixWaits) {
     clock.advance(1ms);
   }
   EXPECT_TRUE(loaded());
-  EXPECT_TRUE(playback.heldFrame().isNull());
-  EXPECT_TRUE(leftOvers().isEmpty());
+  EXPECT_TRUE(nothingIsLeft());
 }
 
 TEST_F(HeldFrameTest, ArrivesLateAndIsTaken) {
   const QImage picture = std::exchange(engine.picture, {});
-  playback.play(channel(u"2"_s));
-  settle();
+  open(channel(u"2"_s));
   clock.advance(30ms);
   ASSERT_FALSE(loaded());
   ASSERT_TRUE(picture.save(engine.snapshot, "PNG"));
@@ -77,8 +72,7 @@ TEST_F(HeldFrameTest, ArrivesLateAndIsTaken) {
 TEST_F(HeldFrameTest, BusyWorkerHoldsUpTheOpeningNoLongerThanAMissingPicture) {
   std::promise<void> free;
   worker.post([&] { free.get_future().wait(); });
-  playback.play(channel(u"2"_s));
-  settle();
+  open(channel(u"2"_s));
   EXPECT_FALSE(loaded());
   clock.advance(180ms);
   EXPECT_TRUE(loaded());
@@ -87,20 +81,17 @@ TEST_F(HeldFrameTest, BusyWorkerHoldsUpTheOpeningNoLongerThanAMissingPicture) {
   worker.post([&] { over = true; });
   EXPECT_TRUE(eventually([&] { return over.load(); }));
   settle();
-  EXPECT_TRUE(playback.heldFrame().isNull());
-  EXPECT_TRUE(leftOvers().isEmpty());
+  EXPECT_TRUE(nothingIsLeft());
 }
 
 TEST_F(HeldFrameTest, StopDuringTheWaitLeavesNoPictureAndNoFile) {
   engine.picture = {};
-  playback.play(channel(u"2"_s));
-  settle();
+  open(channel(u"2"_s));
   playback.stop();
   clock.advance(1s);
   EXPECT_FALSE(loaded());
   EXPECT_EQ(look(), Look{});
-  EXPECT_TRUE(playback.heldFrame().isNull());
-  EXPECT_TRUE(leftOvers().isEmpty());
+  EXPECT_TRUE(nothingIsLeft());
 }
 
 TEST_F(HeldFrameTest, IsNotTakenWithoutAPictureNorHeadless) {
@@ -119,14 +110,13 @@ TEST_F(HeldFrameTest, IsNotTakenWithoutAPictureNorHeadless) {
 
 TEST_F(HeldFrameTest, FailureToMakeTheFolderDoesNotStopTheOpening) {
   ASSERT_TRUE(temporary.remove());
-  QFile obstacle(temporary.path());
-  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  writeFile(temporary.path());
   playback.play(channel(u"2"_s));
   clock.advance(180ms);
   EXPECT_TRUE(loaded());
   EXPECT_TRUE(playback.heldFrame().isNull());
-  obstacle.remove();
+  QFile::remove(temporary.path());
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -7,7 +7,7 @@
 #include "playback/libvlc_internals.h"
 #include "playback/wrapping_count.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -23,10 +23,7 @@ TEST(LibVLCOptions, FitTheProcessorsAndTheOutput) {
 }
 
 TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {
-  const struct {
-    QString agent;
-    QList<QByteArray> options;
-  } cases[] = {
+  const std::pair<QString, QList<QByteArray>> cases[] = {
       {u"VantorPlayerMac/0.1.0"_s,
        {":http-user-agent=VantorPlayerMac/0.1.0", ":network-caching=1200"}},
       {u""_s, {":http-user-agent=", ":network-caching=1200"}},
@@ -36,16 +33,12 @@ TEST(LibVLCOptions, OfAMediaHoldNoControlCharacters) {
       {QString(QChar(0)), {":network-caching=1200"}},
       {u"A\u0085B"_s, {":network-caching=1200"}},
   };
-  for (const auto& row : cases) EXPECT_EQ(mediaOptions({.userAgent = row.agent}), row.options);
+  for (const auto& [agent, options] : cases) EXPECT_EQ(mediaOptions({.userAgent = agent}), options);
 }
 
 TEST(LibVLCInternals, AreUsedInTriedVersionsOnly) {
   const QByteArrayList tried{"3.0.23", "3.0.24"};
-  const struct {
-    QByteArray built;
-    QByteArray library;
-    LibVLCInternals internals;
-  } cases[] = {
+  const std::tuple<QByteArray, QByteArray, LibVLCInternals> cases[] = {
       {"3.0.24", "3.0.24 Vetinari", LibVLCInternals::used},
       {"3.0.23", "3.0.24 Vetinari", LibVLCInternals::used},
       {"3.0.24", "3.0.25 Vetinari", LibVLCInternals::left},
@@ -54,9 +47,9 @@ TEST(LibVLCInternals, AreUsedInTriedVersionsOnly) {
       {"3.0.24", "3.0.240", LibVLCInternals::left},
       {"3.0.24", "", LibVLCInternals::left},
   };
-  for (const auto& row : cases)
-    EXPECT_EQ(internalsOf(row.built, row.library, tried), row.internals)
-        << row.built.toStdString() << " with " << row.library.toStdString();
+  for (const auto& [built, library, internals] : cases)
+    EXPECT_EQ(internalsOf(built, library, tried), internals)
+        << built.toStdString() << " with " << library.toStdString();
 }
 
 TEST(WrappingCount, GrowsPastTheCountersEnd) {
@@ -64,13 +57,11 @@ TEST(WrappingCount, GrowsPastTheCountersEnd) {
   constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
   WrappingCount count;
   count.begin(largest - 10);
-  const struct {
-    std::int32_t now;
-    std::int64_t grown;
-  } steps[] = {{largest - 10, 0}, {largest, 10},          {least + 9, 20},
-               {least, 20},       {-1, (1LL << 31) + 10}, {largest - 10, 1LL << 32}};
-  for (const auto& step : steps) EXPECT_EQ(count.grownTo(step.now), step.grown) << step.now;
+  const std::pair<std::int32_t, std::int64_t> steps[] = {
+      {largest - 10, 0}, {largest, 10},          {least + 9, 20},
+      {least, 20},       {-1, (1LL << 31) + 10}, {largest - 10, 1LL << 32}};
+  for (const auto& [now, grown] : steps) EXPECT_EQ(count.grownTo(now), grown) << now;
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

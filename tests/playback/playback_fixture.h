@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <chrono>
 
 #include "platform/worker.h"
 #include "playback/playback.h"
@@ -13,9 +12,6 @@
 #include "support/waiting.h"
 
 namespace vantor::test {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 /// What one look at the player shows.
 struct Look {

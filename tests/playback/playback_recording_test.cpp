@@ -4,14 +4,10 @@
 #include <QDir>
 
 #include "engine_fixture.h"
-#include "sim/library.h"
-#include "sim/server.h"
 #include "stream_server.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 const QString savedNotice = u"Recording saved."_s;
 const QString noFile = u"No recording file was produced. This source may not support recording."_s;
@@ -32,17 +28,9 @@ struct SmallDisk {
 
 class EngineRecordingTest : public EngineFixture {
  protected:
-  const sim::Options options = simulated();
+  const sim::Options options = simulated("open-sesame");
   sim::Server server{options};
   const QString recordings = playback.recording().folder();
-
-  static sim::Options simulated() {
-    sim::Options options;
-    options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-    options.username = "viewer";
-    options.password = "open-sesame";
-    return options;
-  }
 
   void SetUp() override {
     if (libVLCInternals() == LibVLCInternals::left)
@@ -50,12 +38,9 @@ class EngineRecordingTest : public EngineFixture {
   }
 
   QUrl address(sim::Kind kind, const QString& extension) const {
-    const auto id = sim::entryId(kind, 0);
-    return QUrl(QString::fromStdString(server.url()) +
-                u"/%1/viewer/open-sesame/%2.%3?key=open-sesame"_s
-                    .arg(QString::fromLatin1(sim::kindName(kind).data()))
-                    .arg(id)
-                    .arg(extension));
+    QUrl stream = streamOf(server, options, kind, extension);
+    stream.setQuery(u"key=open-sesame"_s);
+    return stream;
   }
   testing::AssertionResult startsRecordable() {
     if (const auto started = starts(); !started) return started;
@@ -203,7 +188,7 @@ TEST_F(EngineRecordingTest, FileIsWholeHoweverTheSourceEnds) {
 }
 
 TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
-  StreamServer stalling(bytes(movie(u"a.ts"_s)));
+  StreamServer stalling(readFile(movie(u"a.ts"_s)));
   stalling.promised = 1 << 30;
   stalling.stalls = true;
   for (const bool before : {true, false}) {
@@ -227,8 +212,8 @@ TEST_F(EngineRecordingTest, SourceThatStallsKeepsWhatItHadGiven) {
 TEST_F(EngineRecordingTest, QuittingWaitsForASourceThatStallsButNotForEver) {
   // The engine cannot end this recording while it waits for more of the film.
   const QByteArray whole =
-      bytes(make(u"film.mkv"_s,
-                 u"-f lavfi -i testsrc2=s=1280x720:r=25:d=10"_s + tone(10) + u" -g 12 -c:a aac"_s));
+      readFile(make(u"film.mkv"_s, u"-f lavfi -i testsrc2=s=1280x720:r=25:d=10"_s + tone(10) +
+                                       u" -g 12 -c:a aac"_s));
   StreamServer stalling(whole.first(whole.size() / 2));
   stalling.type = "video/x-matroska";
   stalling.promised = static_cast<int>(whole.size());
@@ -305,4 +290,4 @@ TEST_F(EngineRecordingTest, DiskThatIsFullOrReadOnlyLeavesPlaybackAlone) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

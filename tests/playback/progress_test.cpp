@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 
 #include "playback_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 const QString notOpened =
     u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
@@ -31,11 +27,7 @@ TEST_F(ProgressTest, TheFirstLookDecidesTheOpening) {
   using enum EngineState;
   const Look loading{u"7"_s, true, {}, false};
   const Look started{u"7"_s, false, {}, false};
-  const struct {
-    const char* what;
-    EngineStatus status;
-    Look look;
-  } cases[] = {
+  const std::tuple<const char*, EngineStatus, Look> cases[] = {
       {"nothing decoded", {.state = playing, .hasMedia = true, .time = 5000}, loading},
       {"a picture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, started},
       {"counts without media", {.state = playing, .decodedVideo = 1}, loading},
@@ -54,15 +46,15 @@ TEST_F(ProgressTest, TheFirstLookDecidesTheOpening) {
        {.state = ended, .hasMedia = true, .decodedVideo = 3},
        {u"7"_s, false, {}, true}},
   };
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.what);
+  for (const auto& [what, status, expected] : cases) {
+    SCOPED_TRACE(what);
     open(channel(u"7"_s));
     ASSERT_TRUE(playback.loading());
-    engine.now = row.status;
+    engine.now = status;
     clock.advance(250ms);
-    EXPECT_EQ(look(), row.look);
-    EXPECT_EQ(clock.waiting(), row.status.state == playing ? 1u : 0u);
-    EXPECT_EQ(engine.now.hasMedia, row.status.hasMedia && !row.look.message)
+    EXPECT_EQ(look(), expected);
+    EXPECT_EQ(clock.waiting(), status.state == playing ? 1u : 0u);
+    EXPECT_EQ(engine.now.hasMedia, status.hasMedia && !expected.message)
         << "a failure unloads the media";
     playback.stop();
   }
@@ -206,19 +198,17 @@ TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
 
 TEST_F(ProgressTest, SeekConvertsToMilliseconds) {
   openMovie();
-  const struct {
-    double seconds;
-    qint64 expected;
-  } cases[] = {{-5, 0},
-               {0, 0},
-               {12.3456, 12'345},
-               {2'147'483.6475, 2'147'483'647},
-               {1e300, 2'147'483'647},
-               {std::numeric_limits<double>::infinity(), 2'147'483'647},
-               {std::nan(""), 0}};
-  for (const auto& row : cases) {
-    playback.seek(row.seconds);
-    EXPECT_EQ(engine.takeCalls(), QStringList{u"setTime %1"_s.arg(row.expected)}) << row.seconds;
+  const std::pair<double, qint64> cases[] = {
+      {-5, 0},
+      {0, 0},
+      {12.3456, 12'345},
+      {2'147'483.6475, 2'147'483'647},
+      {1e300, 2'147'483'647},
+      {std::numeric_limits<double>::infinity(), 2'147'483'647},
+      {std::nan(""), 0}};
+  for (const auto& [seconds, expected] : cases) {
+    playback.seek(seconds);
+    EXPECT_EQ(engine.takeCalls(), QStringList{u"setTime %1"_s.arg(expected)}) << seconds;
   }
 }
 
@@ -235,4 +225,4 @@ TEST_F(ProgressTest, VolumeTracksAndSpeedReachTheEngine) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
-
 #include <QFile>
 
 #include "playback_fixture.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 const QString refusal = u"Stop recording before changing sources."_s;
 const QString noFile = u"No recording file was produced. This source may not support recording."_s;
@@ -30,13 +27,6 @@ class RecordingTest : public PlaybackFixture {
     ASSERT_EQ(playback.recording().stage(), Recording::Stage::running);
   }
 
-  static QString write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    return path;
-  }
-
   QStringList names() {
     QStringList list;
     for (const QUrl& file : playback.recording().files()) list.append(file.fileName());
@@ -50,7 +40,7 @@ TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
   EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther),
             QFile::Permissions());
   playback.finishRecording();
-  engine.onRecordingStopped(write(folder + u"/vlc-record-1.TS"_s, "x"));
+  engine.onRecordingStopped(writeFile(folder + u"/vlc-record-1.TS"_s, "x"));
   ASSERT_EQ(names().size(), 1);
   EXPECT_THAT(names().first().toStdString(),
               testing::MatchesRegex("Vantor-1800000000-[0-9A-F]{8}\\.TS"));
@@ -58,13 +48,13 @@ TEST_F(RecordingTest, IsSavedUnderANameThatSortsByTime) {
   clock.advance(1500ms);
   begin();
   playback.finishRecording();
-  engine.onRecordingStopped(write(folder + u"/b.mp4"_s, "x"));
+  engine.onRecordingStopped(writeFile(folder + u"/b.mp4"_s, "x"));
   ASSERT_EQ(names().size(), 2);
   EXPECT_TRUE(names().first().startsWith(u"Vantor-1800000001-"_s));
 }
 
 TEST_F(RecordingTest, StartsOnceAndOnlyInAFolder) {
-  playback.startRecording(write(temporary.filePath(u"file"_s), "") + u"/below"_s);
+  playback.startRecording(writeFile(temporary.filePath(u"file"_s), "") + u"/below"_s);
   EXPECT_EQ(playback.recording().notice(), u"The recording folder could not be created."_s);
   begin();
   engine.takeCalls();
@@ -96,11 +86,7 @@ TEST_F(RecordingTest, StopAndFailureFinishIt) {
     playback.stop();
     begin();
     engine.takeCalls();
-    if (failing) {
-      see(EngineState::error);
-    } else {
-      playback.stop();
-    }
+    failing ? see(EngineState::error) : playback.stop();
     EXPECT_EQ(engine.calls, (QStringList{u"stopRecording"_s, u"unload"_s}));
     EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
     engine.onRecordingStopped({});
@@ -112,13 +98,8 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
   ASSERT_TRUE(QDir().mkpath(elsewhere));
   ASSERT_TRUE(QDir().mkpath(folder));
   ASSERT_TRUE(QFile::link(folder, temporary.filePath(u"link"_s)));
-  const QString foreign = write(elsewhere + u"/a.ts"_s, "x");
-  const struct {
-    QString path;
-    std::optional<QByteArray> written;
-    QString notice;
-    int files;
-  } cases[] = {
+  const QString foreign = writeFile(elsewhere + u"/a.ts"_s, "x");
+  const std::tuple<QString, std::optional<QByteArray>, QString, int> cases[] = {
       {foreign, {}, noFile, 0},
       {folder + u"/missing.ts"_s, {}, noFile, 0},
       {{}, {}, noFile, 0},
@@ -126,14 +107,14 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
        u"No video was recorded. Try recording for longer or choose another source."_s, 0},
       {temporary.filePath(u"link/through.ts"_s), QByteArray("x"), u"Recording saved."_s, 1},
   };
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.path.toStdString());
+  for (const auto& [path, written, notice, files] : cases) {
+    SCOPED_TRACE(path.toStdString());
     begin();
     playback.finishRecording();
-    if (row.written) write(row.path, *row.written);
-    engine.onRecordingStopped(row.path);
-    EXPECT_EQ(playback.recording().notice(), row.notice);
-    EXPECT_EQ(names().size(), row.files);
+    if (written) writeFile(path, *written);
+    engine.onRecordingStopped(path);
+    EXPECT_EQ(playback.recording().notice(), notice);
+    EXPECT_EQ(names().size(), files);
   }
   EXPECT_TRUE(QFile::exists(foreign));
   EXPECT_FALSE(QFile::exists(folder + u"/empty.ts"_s));
@@ -149,7 +130,7 @@ TEST_F(RecordingTest, OutcomesGetTheirSentences) {
 TEST_F(RecordingTest, ListShowsRecordingsOnly) {
   ASSERT_TRUE(QDir().mkpath(folder + u"/folder.ts"_s));
   for (const char* name : {"/a.ts", "/c.MKV", "/b.m4v", "/.hidden.ts", "/d.txt", "/e"})
-    write(folder + QLatin1String(name), "x");
+    writeFile(folder + QLatin1String(name), "x");
   playback.recording().refresh();
   EXPECT_EQ(names(), (QStringList{u"c.MKV"_s, u"b.m4v"_s, u"a.ts"_s}));
   Playback again(engine, clock, worker, folders(), Output::shown);
@@ -159,4 +140,4 @@ TEST_F(RecordingTest, ListShowsRecordingsOnly) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -2,41 +2,22 @@
 #include "engine_fixture.h"
 #include "net/http_client.h"
 #include "playback/stream_keeper.h"
-#include "sim/library.h"
-#include "sim/server.h"
 #include "stream_server.h"
 #include "support/quick_clock.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace test;
-using namespace std::chrono_literals;
-
-class ReturningStreamTest : public ::testing::TestWithParam<const char*> {
+class ReturningStreamTest : public EngineFixtureIn<QuickClock>,
+                            public ::testing::WithParamInterface<const char*> {
  protected:
-  const Settled settled;
-  QTemporaryDir folder;
-  sim::Server server{simulated()};
+  const sim::Options options = simulated("viewer");
+  sim::Server server{options};
   HTTPClient transport;
-  QuickClock clock;
-  Worker worker;
-  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
-  LibVLCEngine engine{frames, Output::shown};
-  Playback playback{engine, clock, worker, {.temporary = folder.path()}, Output::shown};
   StreamKeeper keeper{playback, engine, *frames, transport, clock};
   int openings = 0;
   int failures = 0;
   int dark = 0;  // of those, without a picture held
-
-  static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
-
-  static sim::Options simulated() {
-    sim::Options options;
-    options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-    options.username = options.password = "viewer";
-    return options;
-  }
 
   void SetUp() override {
     QObject::connect(&playback, &Playback::stateChanged, &playback, [this] {
@@ -48,11 +29,7 @@ class ReturningStreamTest : public ::testing::TestWithParam<const char*> {
   }
 
   void play(sim::Kind kind, const QString& extension) {
-    playback.play({.url = QUrl(QString::fromStdString(server.url()) +
-                               u"/%1/viewer/viewer/%2.%3"_s
-                                   .arg(QString::fromLatin1(sim::kindName(kind).data()))
-                                   .arg(sim::entryId(kind, 0))
-                                   .arg(extension)),
+    playback.play({.url = streamOf(server, options, kind, extension),
                    .title = u"Source"_s,
                    .id = u"1"_s,
                    .agent = u"Agent/1"_s,
@@ -160,9 +137,8 @@ TEST_P(ReturningStreamTest, CommandBetweenAttemptAndAnswerLeavesOneConnection) {
 
 TEST_P(ReturningStreamTest, OneThatStallsIsOpenedAgain) {
   if (!isTransportStream()) GTEST_SKIP() << "libVLC gives a segment up by itself";
-  QFile channel(QString::fromStdString(server.mediaPath("channel0.ts")));
-  ASSERT_TRUE(channel.open(QIODevice::ReadOnly));
-  StreamServer stalling(channel.read(1'000'000));
+  const QString channel = QString::fromStdString(server.mediaPath("channel0.ts"));
+  StreamServer stalling(readFile(channel).left(1'000'000));
   stalling.promised = 1 << 30;
   stalling.stalls = true;
   playback.play({.url = stalling.address("/1.ts"), .id = u"1"_s, .kind = SourceKind::broadcast});
@@ -183,9 +159,9 @@ using ReturningFilmTest = ReturningStreamTest;
 
 TEST_P(ReturningFilmTest, GoesOnFromWhereItWasCutOff) {
   // A server that knows no more of it; where it has the rest, libVLC goes on by itself.
-  QFile film(QString::fromStdString(server.mediaPath(std::string("movie.") + GetParam())));
-  ASSERT_TRUE(film.open(QIODevice::ReadOnly));
-  server.setBody("movie", film.read(film.size() / 2).toStdString(), "video/mp4");
+  const QByteArray film =
+      readFile(QString::fromStdString(server.mediaPath(std::string("movie.") + GetParam())));
+  server.setBody("movie", film.left(film.size() / 2).toStdString(), "video/mp4");
   play(sim::Kind::movie, QString::fromLatin1(GetParam()));
   ASSERT_TRUE(playsAgain());
   playback.setRate(8);
@@ -204,4 +180,4 @@ INSTANTIATE_TEST_SUITE_P(All, ReturningFilmTest, ::testing::Values("mkv", "mp4")
                          [](const auto& row) { return std::string(row.param); });
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -5,10 +5,8 @@
 #include "playback_fixture.h"
 #include "support/fake_transport.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 const QString question = u"1.ts"_s;
 
@@ -25,6 +23,11 @@ class StreamKeeperTest : public PlaybackFixture {
     return request;
   }
   void openBroadcast() { openPlaying(source(SourceKind::broadcast)); }
+  /// A broadcast that has played breaks off.
+  void breakOff() {
+    openBroadcast();
+    see(EngineState::ended);
+  }
   void openFilm(std::int64_t time, std::int64_t length) {
     openPlaying(source(SourceKind::onDemand));
     engine.now.seekable = true;
@@ -62,19 +65,14 @@ class StreamKeeperTest : public PlaybackFixture {
 
 TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
   using Step = std::function<void()>;
-  const auto both = [](const Step& first, const Step& second) {
-    return [=] { first(), second(); };
-  };
-  const auto repeated = [](int times, const Step& step) {
-    return [=] {
-      for (int time = 0; time < times; ++time) step();
-    };
-  };
   const auto quiet = [this](std::chrono::milliseconds time) {
     return [=, this] { clock.advance(time); };
   };
   const auto playing = [this](std::chrono::milliseconds time) {
     return [=, this] { plays(time); };
+  };
+  const auto lastPicture = [this] {
+    for (int times = 0; times < 10; ++times) ++engine.now.decodedVideo, clock.advance(1s);
   };
   const auto film = [this](std::int64_t time, std::int64_t length) {
     return [=, this] { openFilm(time, length); };
@@ -85,46 +83,40 @@ TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
   const auto ends = [this] { see(EngineState::ended); };
   const auto fails = [this] { see(EngineState::error); };
   const auto pause = [this] { playback.togglePause(); };
-  const auto samePicture = [this] { ++engine.now.decodedVideo; };
-  const struct {
-    const char* name;
-    Step opened;
-    Step happens;
-    bool comesBack;
-  } rows[] = {
-      {"broadcast ends", broadcast, ends, true},
-      {"broadcast fails", broadcast, fails, true},
-      {"broadcast is frozen", broadcast, quiet(10s), true},
-      {"broadcast stutters", broadcast, both(quiet(9'750ms), playing(1s)), false},
-      {"goes on", broadcast, playing(20s), false},
-      {"goes on slowly", broadcast, repeated(3, both(playing(250ms), quiet(9s))), false},
-      {"shows its last picture", broadcast, repeated(10, both(samePicture, quiet(1s))), true},
-      {"paused", broadcast, both(pause, quiet(5min)), false},
-      {"paused, then over", broadcast, both(pause, ends), false},
-      {"never started", unstarted, fails, false},
-      {"file fails", file, quiet(20s), false},
-      {"film is cut off", film(300'000, 900'000), ends, true},
-      {"film fails in the middle", film(300'000, 900'000), fails, true},
-      {"film is frozen", film(300'000, 900'000), quiet(10s), true},
-      {"film ends", film(899'000, 900'000), ends, false},
-      {"film ends in its credits", film(880'000, 900'000), ends, false},
-      {"film without a length ends", film(300'000, 0), ends, false},
+  const std::tuple<const char*, std::vector<Step>, bool> rows[] = {
+      {"broadcast ends", {broadcast, ends}, true},
+      {"broadcast fails", {broadcast, fails}, true},
+      {"broadcast is frozen", {broadcast, quiet(10s)}, true},
+      {"broadcast stutters", {broadcast, quiet(9'750ms), playing(1s)}, false},
+      {"goes on", {broadcast, playing(20s)}, false},
+      {"goes on slowly",
+       {broadcast, playing(250ms), quiet(9s), playing(250ms), quiet(9s), playing(250ms), quiet(9s)},
+       false},
+      {"shows its last picture", {broadcast, lastPicture}, true},
+      {"paused", {broadcast, pause, quiet(5min)}, false},
+      {"paused, then over", {broadcast, pause, ends}, false},
+      {"never started", {unstarted, fails}, false},
+      {"file fails", {file, quiet(20s)}, false},
+      {"film is cut off", {film(300'000, 900'000), ends}, true},
+      {"film fails in the middle", {film(300'000, 900'000), fails}, true},
+      {"film is frozen", {film(300'000, 900'000), quiet(10s)}, true},
+      {"film ends", {film(899'000, 900'000), ends}, false},
+      {"film ends in its credits", {film(880'000, 900'000), ends}, false},
+      {"film without a length ends", {film(300'000, 0), ends}, false},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    row.opened();
-    row.happens();
-    EXPECT_EQ(keeper->bringingBack(), row.comesBack);
+  for (const auto& [name, steps, comesBack] : rows) {
+    SCOPED_TRACE(name);
+    for (const Step& step : steps) step();
+    EXPECT_EQ(keeper->bringingBack(), comesBack);
     const qsizetype before = openings();
     clock.advance(2s);
-    EXPECT_EQ(openings(), before + (row.comesBack ? 1 : 0));
+    EXPECT_EQ(openings(), before + (comesBack ? 1 : 0));
     playback.stop();
   }
 }
 
 TEST_F(StreamKeeperTest, OpensAgainAfterGrowingWaitsForThreeMinutes) {
-  openBroadcast();
-  see(EngineState::ended);
+  breakOff();
   const SteadyTime interrupted = clock.steadyNow();
   for (const auto wait : {1s, 2s, 4s, 8s, 15s, 15s, 15s}) {
     EXPECT_THAT(untilOpened().count(),
@@ -147,8 +139,7 @@ TEST_F(StreamKeeperTest, OpensAgainAfterGrowingWaitsForThreeMinutes) {
 }
 
 TEST_F(StreamKeeperTest, AnAttemptThatSaysNothingEndsWithTheThreeMinutesToo) {
-  openBroadcast();
-  see(EngineState::ended);
+  breakOff();
   for (int failures = 0; failures < 3; ++failures) {
     untilOpened();
     engine.now.state = EngineState::opening;
@@ -168,8 +159,7 @@ TEST_F(StreamKeeperTest, AnAttemptThatSaysNothingEndsWithTheThreeMinutesToo) {
 }
 
 TEST_F(StreamKeeperTest, StartsAnewAfterPlayingSteadilyOnly) {
-  openBroadcast();
-  see(EngineState::ended);
+  breakOff();
   EXPECT_LE(untilOpened(), 1'300ms);
   starts();
   EXPECT_FALSE(keeper->bringingBack());
@@ -299,8 +289,7 @@ TEST_F(StreamKeeperTest, GivesUpWhenTheServerRefuses) {
   };
   for (const auto& [name, answer, refused] : rows) {
     SCOPED_TRACE(name);
-    openBroadcast();
-    see(EngineState::ended);
+    breakOff();
     untilOpened();
     see(EngineState::error);
     ASSERT_EQ(transport.open(question), 1);
@@ -317,8 +306,7 @@ TEST_F(StreamKeeperTest, GivesUpWhenTheServerRefuses) {
 }
 
 TEST_F(StreamKeeperTest, AsksOnlyWhenTheEngineHasLetGo) {
-  openBroadcast();
-  see(EngineState::ended);
+  breakOff();
   untilOpened();
   engine.releasesLate = true;
   see(EngineState::error);
@@ -329,44 +317,25 @@ TEST_F(StreamKeeperTest, AsksOnlyWhenTheEngineHasLetGo) {
   EXPECT_EQ(transport.open(question), 1);
 }
 
-/// Closes a connection some time after it was told to.
-class SlowTransport final : public HTTPTransport {
- public:
-  Pending<Done> closed;
-  bool asked = false;
-
- private:
-  QCoro::Task<QByteArray> transfer(HTTPRequest, std::int64_t, std::stop_token) override {
-    asked = true;
-    const Pending<Done> end = closed;
-    co_await end;
-    co_return QByteArray();
-  }
-};
-
 TEST_F(StreamKeeperTest, OpeningWaitsForTheEndOfTheQuestion) {
-  SlowTransport slow;
-  keeper.reset();
-  keeper = std::make_unique<StreamKeeper>(playback, engine, frames, slow, clock);
-  openBroadcast();
-  see(EngineState::ended);
+  transport.cancelsAtOnce = false;
+  breakOff();
   untilOpened();
   see(EngineState::error);
-  ASSERT_TRUE(slow.asked);
+  ASSERT_EQ(transport.open(question), 1);
   const qsizetype before = openings();
   playback.play(channel(u"2"_s));
   playback.play(channel(u"3"_s));
   clock.advance(1s);
   EXPECT_EQ(openings(), before);
-  slow.closed.resolve({});
+  transport.answer(question, "");
   settle();
   EXPECT_EQ(openings(), before + 1);
   EXPECT_EQ(engine.source.address.fileName(), u"3.ts"_s);
 }
 
 TEST_F(StreamKeeperTest, ChangedNetworkSavesTheWait) {
-  openBroadcast();
-  see(EngineState::ended);
+  breakOff();
   for (int times = 0; times < 2; ++times) {
     untilOpened();
     failsAgain();
@@ -451,4 +420,4 @@ TEST_F(StreamKeeperTest, HoldsTheLastPictureUntilItGivesUp) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

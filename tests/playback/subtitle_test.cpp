@@ -5,10 +5,8 @@
 #include "engine_fixture.h"
 #include "playback/still.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
 
 constexpr int seconds = 20;
 constexpr int width = 320;
@@ -85,7 +83,7 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
   frames->setShowsDeepSamples(true);
   for (const auto& row : cases) {
     SCOPED_TRACE((row.name + u' ' + row.pixels).toStdString());
-    const QString subtitles = write(row.name, row.content);
+    const QString subtitles = writeFile(path(row.name), row.content);
     ASSERT_TRUE(starts(make(
         row.name + u".mkv"_s,
         solidColor(u"black"_s, u"%1x%2"_s.arg(width).arg(height), seconds) +
@@ -108,4 +106,4 @@ TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -3,18 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QQuickWindow>
-#include <cstdlib>
 
 #include "playback/video_surface.h"
+#include "support/picture.h"
 #include "support/waiting.h"
 
 namespace vantor::test {
-
-inline bool near(const QColor& color, const QColor& expected, int tolerance = 6) {
-  return std::abs(color.red() - expected.red()) <= tolerance &&
-         std::abs(color.green() - expected.green()) <= tolerance &&
-         std::abs(color.blue() - expected.blue()) <= tolerance;
-}
 
 /// A surface in the corner of a window.
 class SurfaceFixture : public ::testing::Test {
@@ -41,7 +35,7 @@ class SurfaceFixture : public ::testing::Test {
       const QImage image = window.grabWindow();
       if (!image.valid(place)) return false;
       seen = image.pixelColor(place);
-      return near(seen, color);
+      return bool{isNear(seen, color)};
     });
     if (right) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "shows " << seen.name().toStdString();

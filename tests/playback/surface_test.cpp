@@ -1,16 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <functional>
 
 #include "playback/still.h"
 #include "surface_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace Qt::StringLiterals;
 
 using YUV = std::array<int, 3>;
 
@@ -46,9 +41,10 @@ SharedFrame frameOf(SourceNumber source, QSize size, const std::function<YUV(int
   return frame;
 }
 
-SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv, int padding = 0) {
+SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv,
+                       PictureLayout layout = PictureLayout::planar, int padding = 0) {
   return frameOf(
-      source, size, [yuv](int, int) { return yuv; }, PictureLayout::planar, padding);
+      source, size, [yuv](int, int) { return yuv; }, layout, padding);
 }
 
 using SurfaceTest = SurfaceFixture;
@@ -82,7 +78,7 @@ TEST_F(SurfaceTest, PaddingAndOddSizesDoNotShow) {
   frames->expect(1);
   for (const QSize size : {QSize(17, 9), QSize(1, 1), QSize(321, 181), QSize(64, 36)}) {
     SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height());
-    frames->present(solidFrame(1, size, red, 29));
+    frames->present(solidFrame(1, size, red, PictureLayout::planar, 29));
     EXPECT_TRUE(shows({200, 150}, Qt::red));
     const QRect picture(QPoint(), size.scaled(400, 300, Qt::KeepAspectRatio));
     const int right = 200 + picture.width() / 2 - 3;
@@ -130,12 +126,7 @@ TEST_F(SurfaceTest, LiesInItsAreaAsItIsAskedTo) {
 
 TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
   frames->expect(1);
-  const struct {
-    ColorMatrix matrix;
-    ColorRange range;
-    std::array<int, 3> yuv;
-    QColor color;
-  } cases[] = {
+  const std::tuple<ColorMatrix, ColorRange, std::array<int, 3>, QColor> cases[] = {
       {ColorMatrix::bt601, ColorRange::limited, {81, 90, 240}, Qt::red},
       {ColorMatrix::bt709, ColorRange::limited, {173, 42, 26}, Qt::green},
       {ColorMatrix::bt601, ColorRange::full, {76, 85, 255}, QColor(254, 0, 0)},
@@ -144,17 +135,16 @@ TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
       {ColorMatrix::bt709, ColorRange::limited, {235, 128, 128}, Qt::white},
       {ColorMatrix::bt709, ColorRange::limited, {16, 128, 128}, Qt::black},
   };
-  for (const auto& row : cases) {
+  for (const auto& [matrix, range, yuv, color] : cases) {
     for (const PictureLayout layout : layouts) {
       if (isDeep(layout) && !frames->showsDeepSamples()) continue;
-      SCOPED_TRACE(row.color.name().toStdString() + " " + std::to_string(static_cast<int>(layout)));
-      auto frame = std::make_shared<VideoFrame>(*frameOf(
-          1, {64, 48}, [&](int, int) { return row.yuv; }, layout));
-      frame->matrix = row.matrix;
-      frame->range = row.range;
+      SCOPED_TRACE(color.name().toStdString() + " " + std::to_string(static_cast<int>(layout)));
+      auto frame = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, yuv, layout));
+      frame->matrix = matrix;
+      frame->range = range;
       frames->present(frame);
-      EXPECT_TRUE(shows({200, 150}, row.color));
-      EXPECT_TRUE(near(stillOf(*frame, 8).pixelColor(4, 3), row.color));
+      EXPECT_TRUE(shows({200, 150}, color));
+      EXPECT_TRUE(isNear(stillOf(*frame, 8).pixelColor(4, 3), color));
     }
   }
 }
@@ -181,7 +171,7 @@ TEST_F(SurfaceTest, EveryLayoutShowsTheSameColors) {
         for (const int column : {0, 1}) {
           const QPoint place(100 + 200 * column, 75 + 150 * row);
           EXPECT_TRUE(shows(place, colors[row][column])) << row << column;
-          EXPECT_TRUE(near(still.pixelColor(place), colors[row][column]))
+          EXPECT_TRUE(isNear(still.pixelColor(place), colors[row][column]))
               << "a still at " << row << column;
         }
       }
@@ -197,10 +187,10 @@ TEST_F(SurfaceTest, TonesAreMappedForTheirOwnPicturesOnly) {
     mapped->tones = std::make_shared<const ToneTable>(light);
     const RGB expected = standardOf({0.502f, 0.502f, 0.502f}, light);
     const QColor color = QColor::fromRgbF(expected[0], expected[1], expected[2]);
-    ASSERT_FALSE(near(color, QColor(128, 128, 128), 0));
+    ASSERT_FALSE(isNear(color, QColor(128, 128, 128), 0));
     frames->present(mapped);
     EXPECT_TRUE(shows({200, 150}, color));
-    EXPECT_TRUE(near(stillOf(*mapped, 8).pixelColor(4, 3), color));
+    EXPECT_TRUE(isNear(stillOf(*mapped, 8).pixelColor(4, 3), color));
     frames->present(solidFrame(1, {64, 48}, gray));
     EXPECT_TRUE(shows({200, 150}, QColor(128, 128, 128)));
   }
@@ -247,4 +237,4 @@ TEST_F(SurfaceTest, SurvivesTheWindowLosingItsGraphics) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

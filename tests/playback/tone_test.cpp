@@ -1,7 +1,6 @@
 // Pictures of a wider range of light and of colours than the display's, beside what ffmpeg makes of
 // them with the same standards: its zscale filter knows the curves and primaries, and the mapping
 // of tones is given to it as a formula.
-#include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
@@ -10,11 +9,8 @@
 #include "support/test_media.h"
 #include "surface_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace test;
-using namespace Qt::StringLiterals;
 
 constexpr QSize size(320, 180);
 // 0.7 to 1.4 were seen; chroma is not interpolated alike.
@@ -83,10 +79,7 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
   const QString tones = u",lutrgb=r='%1':g='%1':b='%1',zscale=tin=smpte2084:"_s.arg(bent());
   const QString toDisplay =
       u"pin=2020:t=linear:npl=203:p=709,format=gbrpf32le,zscale=t=709,format=rgb24"_s;
-  const struct {
-    QString transfer;
-    QString filters;
-  } cases[] = {
+  const std::pair<QString, QString> cases[] = {
       {u"smpte2084"_s, toRGB + tones + toDisplay},
       {u"arib-std-b67"_s, toRGB + fromHLG() + tones + toDisplay},
       {u"bt2020-10"_s, toRGB + u",zscale=tin=709:"_s + toDisplay},
@@ -97,12 +90,12 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
   for (const bool deep : {true, false}) {
     if (deep && !frames->showsDeepSamples()) continue;
     frames->setShowsDeepSamples(deep);
-    for (const auto& row : cases) {
-      SCOPED_TRACE(row.transfer.toStdString() + (deep ? " in 10 bits" : " in 8 bits"));
-      const QString file = folder.filePath(row.transfer + u".mkv"_s);
-      const QString reference = folder.filePath(row.transfer + u".png"_s);
-      ASSERT_TRUE(makeMedia(ramps(row.transfer), file));
-      ASSERT_TRUE(makeMedia(u"-i %1 -frames:v 1 -vf "_s.arg(file) + row.filters, reference));
+    for (const auto& [transfer, filters] : cases) {
+      SCOPED_TRACE(transfer.toStdString() + (deep ? " in 10 bits" : " in 8 bits"));
+      const QString file = folder.filePath(transfer + u".mkv"_s);
+      const QString reference = folder.filePath(transfer + u".png"_s);
+      ASSERT_TRUE(makeMedia(ramps(transfer), file));
+      ASSERT_TRUE(makeMedia(u"-i %1 -frames:v 1 -vf "_s.arg(file) + filters, reference));
       const QImage expected(reference);
       ASSERT_EQ(expected.size(), size);
       engine.load({.address = QUrl::fromLocalFile(file)});
@@ -121,4 +114,4 @@ TEST_F(ToneTest, AreThoseThatAnotherProgramMakesOfThem) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -4,18 +4,14 @@
 
 #include "playback/media_engine.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
 
 TEST(TrackChoices, FindTheTrackByLanguageThenByName) {
   const QString names = u"Kommentar"_s;
-  const struct {
-    EngineTrack chosen;
-    QList<EngineTrack> tracks;
-    std::optional<std::int32_t> found;
-  } cases[] = {
+  const std::tuple<EngineTrack, QList<EngineTrack>, std::optional<std::int32_t>> cases[] = {
       {{9, {}, u"ger"_s}, {{1, {}, u"eng"_s}, {2, {}, u"deu"_s}}, 2},
       {{9, {}, u"de-AT"_s}, {{1, {}, u"DE"_s}}, 1},
       {{9, {}, u"fre"_s}, {{1, {}, u"fra"_s}, {2, {}, u"fr"_s}}, 1},
@@ -27,10 +23,10 @@ TEST(TrackChoices, FindTheTrackByLanguageThenByName) {
       {{9, u"Track 2"_s}, {{1, u"Track 1"_s}, {2, u"Track 2"_s}}, 2},
       {{9, {}, u"??"_s}, {{1, {}, u"und"_s}, {2}, {3, {}, u"\u00e4\u00e4\u00e4"_s}}, {}},
   };
-  for (const auto& row : cases)
-    EXPECT_EQ(trackOf({*choiceOf(9, {row.chosen})}, row.tracks), row.found)
-        << (row.chosen.language + u' ' + row.chosen.title).toStdString();
+  for (const auto& [chosen, tracks, found] : cases)
+    EXPECT_EQ(trackOf({*choiceOf(9, {chosen})}, tracks), found)
+        << (chosen.language + u' ' + chosen.title).toStdString();
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
