@@ -2,34 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QQuickWindow>
 
 #include "platform/worker.h"
 #include "support/fake_transport.h"
 #include "support/manual_clock.h"
+#include "support/picture.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using test::eventually;
-using test::settle;
 
 const QString red = u"red.png"_s;
 const QString blue = u"blue.png"_s;
 
 QUrl address(const QString& name) {
   return QUrl(u"http://cdn.example/"_s + name);
-}
-
-QByteArray picture(QColor color, QSize size = {40, 20}) {
-  QBuffer buffer;
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(color);
-  image.save(&buffer, "PNG");
-  return buffer.data();
 }
 
 class ArtworkItemTest : public ::testing::Test {
@@ -53,8 +41,8 @@ class ArtworkItemTest : public ::testing::Test {
     return eventually([&] { return window.grabWindow().pixelColor(place) == color; });
   }
 
-  test::FakeTransport transport;
-  test::ManualClock clock;
+  FakeTransport transport;
+  ManualClock clock;
   Worker worker;
   ArtworkStore store{transport, clock, worker};
   QQuickWindow window;
@@ -67,7 +55,7 @@ TEST_F(ArtworkItemTest, FollowsItsAddress) {
   EXPECT_FALSE(item.hasImage());
   show(blue);
   EXPECT_TRUE(cancelled(0)) << "the picture of another entry is not wanted any more";
-  transport.answer(blue, picture(Qt::blue));
+  transport.answer(blue, pictureOf(Qt::blue));
   ASSERT_TRUE(hasImage());
   item.setSource({});
   EXPECT_FALSE(item.hasImage());
@@ -122,7 +110,7 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
   ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
   show(red);
   EXPECT_TRUE(shows(Qt::green, {50, 50}));
-  transport.answer(red, picture(Qt::red));
+  transport.answer(red, pictureOf(Qt::red));
   for (const QPoint inside : {QPoint(50, 50), QPoint(2, 50), QPoint(50, 72)})
     EXPECT_TRUE(shows(Qt::red, inside));
   for (const QPoint outside : {QPoint(50, 78), QPoint(50, 22)})
@@ -133,7 +121,7 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
   EXPECT_TRUE(shows(Qt::green, {20, 65}));
   show(blue);
   EXPECT_TRUE(shows(Qt::green, {20, 50}));
-  transport.answer(blue, picture(Qt::blue, {10, 200}));
+  transport.answer(blue, pictureOf(Qt::blue, {10, 200}));
   EXPECT_TRUE(shows(Qt::blue, {20, 2}));
   EXPECT_TRUE(shows(Qt::green, {8, 50}));
 }
@@ -154,4 +142,4 @@ TEST_F(ArtworkItemTest, RunsItsGradientAlongTheDiagonal) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -2,29 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-
-#include "platform/job.h"
 #include "platform/worker.h"
+#include "support/awaited.h"
 #include "support/fake_transport.h"
 #include "support/manual_clock.h"
-#include "support/waiting.h"
+#include "support/picture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using test::eventually;
-using test::settle;
-
-QByteArray picture(int width = 8) {
-  QBuffer buffer;
-  QImage image(width, 4, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  image.save(&buffer, "PNG");
-  return buffer.data();
-}
 
 QString fileName(int number) {
   return QString::number(number) + u".png"_s;
@@ -35,43 +20,29 @@ QUrl address(int number) {
 }
 
 /// One request of the store.
-struct Call {
-  Job job;
-  bool over = false;
-  QImage image;
-};
-
-QCoro::Task<> follow(std::stop_token stop, ArtworkStore* store, QUrl source,
-                     std::shared_ptr<Call> call) {
-  const QCoro::Task<QImage> loading = store->image(source, stop);
-  call->image = co_await loading;
-  call->over = true;
-}
+using Call = Started<QImage>;
 
 class ArtworkStoreTest : public ::testing::Test {
  protected:
   std::shared_ptr<Call> request(int number) {
-    auto call = std::make_shared<Call>();
-    call->job = Job::start([target = store.get(), number, call](std::stop_token stop) {
-      return follow(stop, target, address(number), call);
+    return start<QImage>([target = store.get(), number](std::stop_token stop) {
+      return target->image(address(number), stop);
     });
-    settle();
-    return call;
   }
   bool ends(const std::shared_ptr<Call>& call) {
     return eventually([&] { return call->over; });
   }
   std::size_t downloads() const { return transport.exchanges().size(); }
-  bool deliver(int number) { return transport.answer(fileName(number), picture()); }
+  bool deliver(int number) { return transport.answer(fileName(number), pictureOf(Qt::red)); }
   void fetch(int number) {
     const auto call = request(number);
     deliver(number);
     ASSERT_TRUE(ends(call));
-    ASSERT_FALSE(call->image.isNull());
+    ASSERT_FALSE(call->value->isNull());
   }
 
-  test::FakeTransport transport;
-  test::ManualClock clock;
+  FakeTransport transport;
+  ManualClock clock;
   Worker worker;
   std::unique_ptr<ArtworkStore> store = std::make_unique<ArtworkStore>(transport, clock, worker);
 };
@@ -86,8 +57,8 @@ TEST_F(ArtworkStoreTest, DownloadsOnceAndRemembers) {
   EXPECT_EQ(transport.exchanges().front()->limit, 4'194'304);
   const auto again = request(1);
   EXPECT_TRUE(again->over);
-  EXPECT_EQ(again->image.size(), QSize(8, 4));
-  EXPECT_EQ(store->cached(address(1)), again->image);
+  EXPECT_EQ(again->value->size(), QSize(40, 20));
+  EXPECT_EQ(store->cached(address(1)), again->value);
   EXPECT_EQ(downloads(), 1u);
 }
 
@@ -95,12 +66,12 @@ TEST_F(ArtworkStoreTest, AnyFailureGivesNoneAndIsTriedAgain) {
   const auto failing = request(1);
   transport.fail(fileName(1), HTTPFailure(404));
   ASSERT_TRUE(ends(failing));
-  EXPECT_TRUE(failing->image.isNull());
+  EXPECT_TRUE(failing->value->isNull());
   for (const char* body : {"", "<html></html>", "\x89PNG\r\n\x1A\n"}) {
     const auto unreadable = request(1);
     transport.answer(fileName(1), body);
     ASSERT_TRUE(ends(unreadable));
-    EXPECT_TRUE(unreadable->image.isNull());
+    EXPECT_TRUE(unreadable->value->isNull());
   }
   fetch(1);
   EXPECT_EQ(downloads(), 5u) << "a failed one gives its slot back";
@@ -121,7 +92,7 @@ TEST_F(ArtworkStoreTest, AFourthWaitsInStepsForASlot) {
   clock.advance(1ms);
   EXPECT_EQ(downloads(), 4u);
   EXPECT_TRUE(sameAsFirst->over) << "answered from memory, although no slot was free";
-  EXPECT_FALSE(sameAsFirst->image.isNull());
+  EXPECT_FALSE(sameAsFirst->value->isNull());
   deliver(4);
   EXPECT_TRUE(ends(fourth));
 }
@@ -138,31 +109,25 @@ TEST_F(ArtworkStoreTest, CancellingEndsARequestWhereverItIs) {
   EXPECT_EQ(downloads(), 4u);
   calls[0]->job.cancel();
   settle();
-  EXPECT_TRUE(first->cancelled && calls[0]->over && calls[0]->image.isNull());
+  EXPECT_TRUE(first->cancelled && calls[0]->over && calls[0]->value->isNull());
   request(5);
   EXPECT_EQ(downloads(), 5u) << "its slot is free";
 
-  const auto stopped = std::make_shared<Call>();
   std::stop_source stop;
   stop.request_stop();
-  const Job late = Job::start(
-      [&](std::stop_token) { return follow(stop.get_token(), store.get(), address(6), stopped); });
-  settle();
-  EXPECT_TRUE(stopped->over);
+  EXPECT_TRUE(awaited<QImage>(store->image(address(6), stop.get_token())).isNull());
   EXPECT_EQ(downloads(), 5u);
 
   // AddressSanitizer tells of a worker that is gone when the answer arrives.
   auto own = std::make_unique<Worker>();
   ArtworkStore other(transport, clock, *own);
-  const auto answered = std::make_shared<Call>();
-  answered->job = Job::start(
-      [&](std::stop_token token) { return follow(token, &other, address(7), answered); });
-  settle();
-  transport.answer(fileName(7), picture());
+  const auto answered =
+      start<QImage>([&](std::stop_token token) { return other.image(address(7), token); });
+  transport.answer(fileName(7), pictureOf(Qt::red));
   answered->job.cancel();
   own.reset();
   settle();
-  EXPECT_TRUE(answered->over && answered->image.isNull());
+  EXPECT_TRUE(answered->over && answered->value->isNull());
 }
 
 TEST_F(ArtworkStoreTest, KeepsTheLastEighty) {
@@ -201,4 +166,4 @@ TEST_F(ArtworkStoreTest, DestroyingItLetsItsRequestsEnd) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -10,7 +10,7 @@
 
 #include <sys/resource.h>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 /// The left half red, the right half blue.
@@ -151,11 +151,7 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
   const QByteArray size("\x3F\0\0\x2F\0\0", 6);
   const QByteArray frame =
       riffChunk("ANMF", QByteArray(6, '\0') + size + QByteArray(4, '\0') + webp);
-  const struct {
-    const char* what;
-    QByteArray harmless;
-    QByteArray hostile;
-  } cases[] = {
+  const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
       {"texts before a PNG's pixels", png, png.left(33) + texts + png.mid(33)},
       {"texts behind them", png, png.chopped(12) + texts + png.right(12)},
       {"a JPEG's comments", jpeg, jpeg.left(2) + comments + jpeg.mid(2)},
@@ -176,15 +172,15 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
     decodeThumbnail(bytes);
     return std::clock() - before;
   };
-  for (const auto& example : cases) {
-    SCOPED_TRACE(example.what);
-    const QImage expected = decodeThumbnail(example.harmless);
+  for (const auto& [what, harmless, hostile] : cases) {
+    SCOPED_TRACE(what);
+    const QImage expected = decodeThumbnail(harmless);
     ASSERT_FALSE(expected.isNull());
-    const QImage thumbnail = decodeThumbnail(example.hostile);
+    const QImage thumbnail = decodeThumbnail(hostile);
     EXPECT_EQ(thumbnail.convertToFormat(expected.format()), expected);
     EXPECT_TRUE(thumbnail.textKeys().isEmpty());
     EXPECT_FALSE(thumbnail.colorSpace().isValid() && !expected.colorSpace().isValid());
-    EXPECT_LT(processorTime(example.hostile), 10 * processorTime(ordinary));
+    EXPECT_LT(processorTime(hostile), 10 * processorTime(ordinary));
   }
   rusage used;
   getrusage(RUSAGE_SELF, &used);
@@ -204,4 +200,4 @@ TEST(Thumbnail, IsNullForWhatIsNoPicture) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -12,12 +12,8 @@
 #include "support/awaited.h"
 #include "support/fake_transport.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using test::awaited;
-using test::settle;
 
 const QString tooLargeForAll =
     u"The provider response is larger than this preview can safely load."_s;
@@ -50,7 +46,7 @@ class CatalogByCategoryTest : public ::testing::Test {
     transport.always(u"get_vod_categories"_s, categories);
     auto loading = client.catalog(LibraryKind::movies, stop.get_token());
     for (const Answer& answer : answers) {
-      if (!test::eventually([&] { return transport.open(action) == 1; })) return u"not asked"_s;
+      if (!eventually([&] { return transport.open(action) == 1; })) return u"not asked"_s;
       if (const auto* body = std::get_if<QByteArray>(&answer))
         transport.answer(action, *body);
       else
@@ -59,7 +55,7 @@ class CatalogByCategoryTest : public ::testing::Test {
     return idsOrSentence(std::move(loading));
   }
 
-  test::FakeTransport transport;
+  FakeTransport transport;
   Worker worker;
   const ProviderClient client{
       ProviderAccount::validated(QString(), u"http://tv.example"_s, u"u"_s, u"p"_s), transport,
@@ -74,12 +70,7 @@ TEST_F(CatalogByCategoryTest, AnswersAreMergedOrTheirFailureEndsTheLoad) {
   QByteArray many = "[";
   for (int i = 1; i <= 5001; ++i) many += "{\"category_id\":" + QByteArray::number(i) + "},";
   many.back() = ']';
-  const struct {
-    const char* what;
-    QByteArray categories;
-    std::vector<Answer> answers;
-    QString outcome;
-  } cases[] = {
+  const std::tuple<const char*, QByteArray, std::vector<Answer>, QString> cases[] = {
       {"what fits is asked for once", two, {R"([{"stream_id":1}])"}, u"1"_s},
       {"numbers of the library, and none behind the one before",
        two,
@@ -111,10 +102,10 @@ TEST_F(CatalogByCategoryTest, AnswersAreMergedOrTheirFailureEndsTheLoad) {
        {oversized(), "{}"},
        u"The provider returned an unreadable library."_s},
   };
-  for (const auto& row : cases) {
-    ASSERT_EQ(outcomeOf(row.answers, row.categories), row.outcome) << row.what;
+  for (const auto& [what, categories, answers, outcome] : cases) {
+    ASSERT_EQ(outcomeOf(answers, categories), outcome) << what;
     settle();
-    ASSERT_EQ(transport.open(action), 0) << row.what;
+    ASSERT_EQ(transport.open(action), 0) << what;
   }
 }
 
@@ -128,9 +119,9 @@ TEST_F(CatalogByCategoryTest, NoAnswerIsAskedForAfterAStop) {
           parts += static_cast<int>(part.progress.answers);
           if (whileRead && part.progress.answers > 0) stop.request_stop();
         });
-    ASSERT_TRUE(test::eventually(isAsked));
+    ASSERT_TRUE(eventually(isAsked));
     transport.fail(action, OversizedBody());
-    ASSERT_TRUE(test::eventually(isAsked));
+    ASSERT_TRUE(eventually(isAsked));
     if (!whileRead) stop.request_stop();
     transport.answer(action, "[]");
     EXPECT_EQ(idsOrSentence(std::move(loading)), u"Canceled."_s);
@@ -197,4 +188,4 @@ TEST(CatalogByCategory, ALibraryBeyondTheLimitIsThatOfOneAnswer) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

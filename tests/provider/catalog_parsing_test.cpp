@@ -6,7 +6,7 @@
 #include "json/json_reading.h"
 #include "library/folded_text.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -171,4 +171,4 @@ TEST(CatalogParsing, ItsTimeGrowsWithTheSizeOfTheAnswerOnly) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -5,7 +5,7 @@
 #include "support/peak_memory.h"
 #include "support/sentence.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -75,7 +75,7 @@ TEST(Episodes, OnlyTheShapeOfAnAnswerFailsIt) {
   for (const char* shape :
        {"[]", "{}", R"({"episodes":[]})", R"({"episodes":null})", R"({"episodes":{"1":{}}})",
         R"({"episodes":{"1":[{"id":1},2]}})", R"({"episodes":{"1":"x","2":[]}})"})
-    EXPECT_EQ(test::sentence([&] { parseEpisodes(shape, someShow); }),
+    EXPECT_EQ(sentence([&] { parseEpisodes(shape, someShow); }),
               u"This show's episodes could not be read."_s)
         << shape;
 }
@@ -91,7 +91,7 @@ QByteArray answerOf(QByteArray row, int rows, const char* before = "{\"episodes\
 TEST(Episodes, RowsAreCountedAndThoseWithoutAnIdTakeNoMemory) {
   const int rows = 500'000;
   const auto peak = [](QByteArray answer) {
-    return test::peakMemory([&] { parseEpisodes(std::move(answer), someShow); });
+    return peakMemory([&] { parseEpisodes(std::move(answer), someShow); });
   };
   const auto unread = peak(answerOf("{}", rows, "{\"episodes\":{},\"x\":[", "]}"));
   EXPECT_LT(peak(answerOf("{}", rows)), 2 * unread + 4'000'000);
@@ -102,4 +102,4 @@ TEST(Episodes, RowsAreCountedAndThoseWithoutAnIdTakeNoMemory) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -2,20 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/cancelled.h"
-#include "platform/job.h"
 #include "platform/worker.h"
+#include "support/awaited.h"
 #include "support/fake_transport.h"
 #include "support/manual_clock.h"
-#include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using test::eventually;
-using test::settle;
 
 const QString guideRequest = u"get_short_epg"_s;
 const QByteArray oneProgramme =
@@ -29,36 +22,14 @@ MediaItem channel(int number) {
 }
 
 /// One caller of the loader.
-struct Call {
-  Job job;
-  bool over = false;
-  bool cancelled = false;
-  std::exception_ptr failure;
-  GuideEntries entries;
-};
-
-QCoro::Task<> follow(std::stop_token stop, GuideLoader* loader, MediaItem item,
-                     std::shared_ptr<Call> call) {
-  try {
-    const QCoro::Task<GuideEntries> loading = loader->load(item, stop);
-    call->entries = co_await loading;
-  } catch (const Cancelled&) {
-    call->cancelled = true;
-  } catch (...) {
-    call->failure = std::current_exception();
-  }
-  call->over = true;
-}
+using Call = Started<GuideEntries>;
 
 class GuideLoaderTest : public ::testing::Test {
  protected:
   std::shared_ptr<Call> load(int number) {
-    auto call = std::make_shared<Call>();
-    call->job = Job::start([target = loader.get(), number, call](std::stop_token stop) {
-      return follow(stop, target, channel(number), call);
+    return start<GuideEntries>([target = loader.get(), number](std::stop_token stop) {
+      return target->load(channel(number), stop);
     });
-    settle();
-    return call;
   }
   bool ends(const std::shared_ptr<Call>& call) {
     return eventually([&] { return call->over; });
@@ -71,8 +42,8 @@ class GuideLoaderTest : public ::testing::Test {
   }
   int requests() const { return transport.requests(guideRequest); }
 
-  test::FakeTransport transport;
-  test::ManualClock clock;
+  FakeTransport transport;
+  ManualClock clock;
   Worker worker;
   const ProviderAccount account =
       ProviderAccount::validated(QString(), u"http://tv.example"_s, u"u"_s, u"p"_s);
@@ -88,9 +59,9 @@ TEST_F(GuideLoaderTest, CallersOfOneChannelShareItsRequest) {
             u"username=u&password=p&action=get_short_epg&stream_id=1&limit=8"_s);
   transport.answer(guideRequest, oneProgramme);
   ASSERT_TRUE(ends(first) && ends(second));
-  ASSERT_EQ(first->entries.size(), 1);
-  EXPECT_EQ(first->entries.at(0).id, u"live:1:0"_s);
-  EXPECT_TRUE(second->entries.isSharedWith(first->entries));
+  ASSERT_EQ(first->value->size(), 1);
+  EXPECT_EQ(first->value->at(0).id, u"live:1:0"_s);
+  EXPECT_TRUE(second->value->isSharedWith(*first->value));
 }
 
 TEST_F(GuideLoaderTest, AnAnswerIsGoodForFiveMinutes) {
@@ -103,7 +74,7 @@ TEST_F(GuideLoaderTest, AnAnswerIsGoodForFiveMinutes) {
   EXPECT_EQ(requests(), 2);
   transport.answer(guideRequest, "{}");
   ASSERT_TRUE(ends(again));
-  EXPECT_TRUE(again->entries.isEmpty());
+  EXPECT_TRUE(again->value->isEmpty());
   EXPECT_TRUE(load(1)->over) << "an empty guide is an answer as well";
   EXPECT_EQ(requests(), 2);
 }
@@ -166,7 +137,7 @@ TEST_F(GuideLoaderTest, ACallerThatGivesUpLeavesTheLoadToTheOthers) {
   EXPECT_FALSE(transport.exchanges().front()->cancelled);
   transport.answer(guideRequest, oneProgramme);
   ASSERT_TRUE(ends(second));
-  EXPECT_EQ(second->entries.size(), 1);
+  EXPECT_EQ(second->value->size(), 1);
   EXPECT_TRUE(load(1)->over);
   EXPECT_EQ(requests(), 1);
 
@@ -186,10 +157,7 @@ TEST_F(GuideLoaderTest, ClearingEndsEverythingAndFreesTheSlots) {
     std::vector<std::shared_ptr<Call>> calls;
     for (int number = 2; number < 6; ++number) calls.push_back(load(number));
     const auto request = transport.exchanges().back();
-    if (destroy)
-      loader.reset();
-    else
-      loader->clear();
+    destroy ? loader.reset() : loader->clear();
     settle();
     for (const auto& call : calls) EXPECT_TRUE(call->cancelled);
     EXPECT_TRUE(request->cancelled);
@@ -217,8 +185,8 @@ TEST_F(GuideLoaderTest, AnAnswerThatComesAfterClearingIsNotKept) {
   EXPECT_EQ(requests(), 2);
   transport.answer(guideRequest, "{}");
   ASSERT_TRUE(ends(after));
-  EXPECT_TRUE(after->entries.isEmpty());
+  EXPECT_TRUE(after->value->isEmpty());
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -4,7 +4,7 @@
 
 #include "json/base64_text.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -77,4 +77,4 @@ TEST(Base64Text, IsDecodedOnlyInItsExactForm) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -7,11 +7,10 @@
 #include "json/json_reading.h"
 #include "support/sentence.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::sentence;
 
 const QString addressMessage =
     u"Enter a provider address beginning with https:// or http://, without account details in the "
@@ -114,4 +113,4 @@ TEST(ProviderAccount, StoredFormIsReadBackAndStrict) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

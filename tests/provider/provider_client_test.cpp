@@ -14,13 +14,8 @@
 #include <QTemporaryDir>
 #include <future>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using test::awaited;
-using test::FakeTransport;
-using test::settle;
 
 const QString unreachable =
     u"Unable to connect. Check your internet connection and provider details, then try again."_s;
@@ -75,7 +70,7 @@ TEST(SignInAnswer, IsReadLeniently) {
                              R"({"user_info":{"auth":1,"status":"Expired"}})",
                              R"({"user_info":{"auth":1}})", R"({"user_info":{"status":"Active"}})",
                              "[]", "{}", R"({"user_info":[]})", R"({"user_info":null})"})
-    EXPECT_EQ(test::sentence([&] { parseSignIn(answer); }),
+    EXPECT_EQ(sentence([&] { parseSignIn(answer); }),
               u"Your provider did not accept this account. Check the username, password and "
               "subscription status."_s)
         << answer;
@@ -223,4 +218,4 @@ TEST(ConfigurationDocument, IsCheckedStrictly) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
