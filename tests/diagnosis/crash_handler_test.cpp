@@ -15,8 +15,9 @@
 
 #include "diagnosis/crash_handler.h"
 #include "diagnosis/crash_reports.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -98,10 +99,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CrashReports, TheLastFiveAreKeptAndTheNewestIsToldOnce) {
   const QTemporaryDir folder;
   EXPECT_EQ(crash_reports::lookThrough(folder.path()), std::nullopt);
-  for (const int day : {7, 2, 5, 1, 6, 3, 4}) {
-    QFile file(folder.filePath(u"crash-2026110%1T000000Z-9.new"_s.arg(day)));
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-  }
+  for (const int day : {7, 2, 5, 1, 6, 3, 4})
+    writeFile(folder.filePath(u"crash-2026110%1T000000Z-9.new"_s.arg(day)));
   const std::optional<QString> newest = crash_reports::lookThrough(folder.path());
   ASSERT_EQ(newest, folder.filePath(u"crash-20261107T000000Z-9.new"_s));
   crash_reports::markTold(*newest);
@@ -112,4 +111,4 @@ TEST(CrashReports, TheLastFiveAreKeptAndTheNewestIsToldOnce) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -8,7 +8,7 @@
 #include "diagnosis/run_log.h"
 #include "platform/trace.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -59,4 +59,4 @@ TEST(RunLog, LeavesAloneWhatIsNotItsFile) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

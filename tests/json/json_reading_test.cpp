@@ -15,7 +15,7 @@
 #include "provider/provider_client.h"
 #include "provider/vantor_configuration.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -154,4 +154,4 @@ TEST(JSONReading, StopsWhileItReads) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

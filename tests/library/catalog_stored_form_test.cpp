@@ -9,7 +9,7 @@
 #include "json/json_reading.h"
 #include "library/catalog_builder.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -105,4 +105,4 @@ TEST(Catalog, FindsEntriesByTheirWholeId) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

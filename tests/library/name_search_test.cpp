@@ -5,7 +5,7 @@
 #include "library/catalog_builder.h"
 #include "library/folded_text.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using Rows = std::vector<std::uint32_t>;
@@ -85,4 +85,4 @@ TEST(NameSearch, FindsWhatALookAtEachNameFinds) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -13,12 +13,8 @@
 #include "sim/server.h"
 #include "support/awaited.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
-using test::awaited;
-using test::eventually;
 
 sim::Options withoutStreams() {
   sim::Options options;
@@ -266,4 +262,4 @@ TEST(RedirectRule, ComparesSchemeHostAndPortAsTexts) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -4,10 +4,8 @@
 #include "support/manual_clock.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 QCoro::Task<> sleepThenSet(std::stop_token token, Clock* clock, std::chrono::milliseconds duration,
                            bool* over) {
@@ -17,16 +15,16 @@ QCoro::Task<> sleepThenSet(std::stop_token token, Clock* clock, std::chrono::mil
 }
 
 TEST(Clock, CancelledSleepEndsAtOnce) {
-  test::ManualClock manual;
+  ManualClock manual;
   SystemClock system;
   for (Clock* clock : std::initializer_list<Clock*>{&manual, &system}) {
     bool over = false;
     Job job = Job::start(
         [&](std::stop_token token) { return sleepThenSet(token, clock, 3'600'000ms, &over); });
-    test::settle();
+    settle();
     EXPECT_FALSE(over);
     job.cancel();
-    test::settle();
+    settle();
     EXPECT_TRUE(over);
   }
   EXPECT_EQ(manual.waiting(), 0u) << "a cancelled sleep takes its call back";
@@ -38,9 +36,9 @@ TEST(SystemClock, SleepsForReal) {
   const auto begin = clock.steadyNow();
   const Job job =
       Job::start([&](std::stop_token token) { return sleepThenSet(token, &clock, 20ms, &over); });
-  ASSERT_TRUE(test::eventually([&] { return over; }));
+  ASSERT_TRUE(eventually([&] { return over; }));
   EXPECT_GE(clock.steadyNow() - begin, 20ms);
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -5,7 +5,7 @@
 
 #include "platform/secret_service_store.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -41,4 +41,4 @@ TEST_F(CredentialStoreTest, KeepsBytesExactlyUnderTheirName) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

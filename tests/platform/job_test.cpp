@@ -9,12 +9,8 @@
 #include "support/awaited.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using test::awaited;
-using test::eventually;
-using test::settle;
 
 struct Trace {
   bool began = false;
@@ -155,4 +151,4 @@ TEST(Worker, DestroyedFailsTheWaitsOfWhatItDrops) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -4,7 +4,7 @@
 
 #include "platform/launch_arguments.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -71,4 +71,4 @@ TEST(LaunchArguments, HelpAndVersionAreAskedForBesideArgumentsOfTheToolkit) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -6,12 +6,11 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include "support/files.h"
 #include "support/waiting.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 class PreferencesTest : public ::testing::Test {
  protected:
@@ -46,7 +45,7 @@ TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
     {
       Preferences preferences(file);
       preferences.setText(key, first);
-      test::settle();
+      settle();
       QThread::msleep(2 * run);
       preferences.setText(key, last);
     }
@@ -61,11 +60,9 @@ TEST_F(PreferencesTest, WhatIsSetTogetherIsWrittenTogether) {
     QThread::usleep(500);  // what an earlier one began could be written now
     preferences.setText(u"second"_s, QString::number(number));
     // As the next run finds it: in this one QSettings has a memory.
-    QFile left(file);
-    const QByteArrayList rows =
-        left.open(QFile::ReadOnly) ? left.readAll().split('\n') : QByteArrayList();
+    const QByteArrayList rows = readFile(file).split('\n');
     ASSERT_EQ(rows.value(1).split('=').value(1), rows.value(2).split('=').value(1));
-    test::settle();
+    settle();
   }
 }
 
@@ -88,13 +85,10 @@ TEST_F(PreferencesTest, WritesOnlyWhatChangesAndForgetsWhatIsRemoved) {
 }
 
 TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
-  QDir().mkpath(folder.filePath(u"sub folder"_s));
-  QFile raw(file);
-  ASSERT_TRUE(raw.open(QFile::WriteOnly));
-  raw.write("[General]\nfavorites-A=\"[\\\"live:1\\\",7]\"\nvantor.server=@ByteArray(\\x0)\n" +
-            key.toLatin1() + "=\"{\\\"movies:1\\\":[1,\\\"x\\\"]}\"\n" + '\0' +
-            "\xff garbage [[[\n");
-  raw.close();
+  writeFile(file,
+            "[General]\nfavorites-A=\"[\\\"live:1\\\",7]\"\nvantor.server=@ByteArray(\\x0)\n" +
+                key.toLatin1() + "=\"{\\\"movies:1\\\":[1,\\\"x\\\"]}\"\n" + '\0' +
+                "\xff garbage [[[\n");
   const Preferences preferences(file);
   EXPECT_TRUE(preferences.textList(u"favorites-A"_s).isEmpty());
   EXPECT_EQ(preferences.text(u"vantor.server"_s), std::nullopt);
@@ -102,4 +96,4 @@ TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -36,13 +36,10 @@ TEST(SimApi, LogInMustBeExactAfterDecoding) {
 
 TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
   const Server server({.channels = 30, .movies = 7, .shows = 12, .streams = false});
-  const struct {
-    const char* action;
-    const char* id;
-    std::size_t distinct;
-  } libraries[] = {{"get_live_streams", "stream_id", 30},
-                   {"get_vod_streams", "stream_id", 7},
-                   {"get_series", "series_id", 12}};
+  const std::tuple<const char*, const char*, std::size_t> libraries[] = {
+      {"get_live_streams", "stream_id", 30},
+      {"get_vod_streams", "stream_id", 7},
+      {"get_series", "series_id", 12}};
   for (const auto& [action, id, distinct] : libraries) {
     const auto rows = getJson(server, apiTarget(action));
     ASSERT_TRUE(rows.IsArray()) << action;

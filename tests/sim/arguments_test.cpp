@@ -20,18 +20,16 @@ TEST(SimArguments, LaterOptionsRefineEarlierOnes) {
 }
 
 TEST(SimArguments, MistakesAreRefusedWithAHint) {
-  const struct {
-    std::vector<std::string> words;
-    const char* hint;
-  } mistakes[] = {{{"--port"}, "--help"},
-                  {{"--port", "70000"}, "from 0 to 65535"},
-                  {{"--size", "many"}, "from 0 to 1000000"},
-                  {{"--fault", "live"}, "ACTION=FAULT"},
-                  {{"--fault", "live=odd"}, "ACTION=FAULT"},
-                  {{"--base-path", "base"}, "slash"},
-                  {{"--tls=yes"}, "--help"},
-                  {{"--tsl"}, "--help"},
-                  {{"stray"}, "--help"}};
+  const std::pair<std::vector<std::string>, const char*> mistakes[] = {
+      {{"--port"}, "--help"},
+      {{"--port", "70000"}, "from 0 to 65535"},
+      {{"--size", "many"}, "from 0 to 1000000"},
+      {{"--fault", "live"}, "ACTION=FAULT"},
+      {{"--fault", "live=odd"}, "ACTION=FAULT"},
+      {{"--base-path", "base"}, "slash"},
+      {{"--tls=yes"}, "--help"},
+      {{"--tsl"}, "--help"},
+      {{"stray"}, "--help"}};
   for (const auto& [words, hint] : mistakes) {
     try {
       parseArguments(words);

@@ -39,10 +39,7 @@ TEST(SimFaults, RedirectsLeadToTheAnswerAndStraysAreCounted) {
   // The client decodes the Location header, so nothing in it may need that.
   Server server({.password = "plain", .streams = false});
   const auto target = apiTarget("", "demo", "plain");
-  const struct {
-    Fault fault;
-    int strays;
-  } cases[] = {
+  const std::pair<Fault, int> cases[] = {
       {Fault::redirectSameOrigin, 0}, {Fault::redirectOtherPort, 1}, {Fault::redirectOtherHost, 1}};
   for (const auto& [fault, strays] : cases) {
     server.setFault("", fault);

@@ -105,12 +105,7 @@ TEST(SimStreams, RangesAreServedExactly) {
   const auto target = streamTarget("movie", "200001.mp4");
   const auto whole = client.Get(target)->body;
   const auto size = std::to_string(whole.size());
-  const struct {
-    std::string range;
-    int status;
-    std::string content;
-    std::string body;
-  } cases[] = {
+  const std::tuple<std::string, int, std::string, std::string> cases[] = {
       {"bytes=0-9", 206, "bytes 0-9/" + size, whole.substr(0, 10)},
       {"bytes=1000-", 206, "", whole.substr(1000)},
       {"bytes=-7", 206, "", whole.substr(whole.size() - 7)},

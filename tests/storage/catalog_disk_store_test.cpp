@@ -17,13 +17,12 @@
 #include "storage/secure_store.h"
 #include "support/awaited.h"
 #include "support/fake_credential_store.h"
+#include "support/files.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using namespace Qt::StringLiterals;
-using test::awaited;
-using Operation = test::FakeCredentialStore::Operation;
+using Operation = FakeCredentialStore::Operation;
 using MaybeCatalog = std::optional<Catalog>;
 
 Catalog library(int entries) {
@@ -43,7 +42,7 @@ mode_t mode(const QString& path) {
 class CatalogDiskStoreTest : public ::testing::Test {
  protected:
   QTemporaryDir home;
-  test::FakeCredentialStore credentials;
+  FakeCredentialStore credentials;
   SecureStore secrets{credentials, u"tv.vantor.player"_s};
   Folders folders{home.filePath(u"data"_s), home.path(), home.path()};
   const QString folder = home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s);
@@ -127,8 +126,7 @@ TEST_F(CatalogDiskStoreTest, CreationFailsWithoutAKeyOrAFolder) {
     credentials.work(operation);
   }
   EXPECT_FALSE(QDir(folder).exists()) << "no folder without a key";
-  QFile obstacle(home.filePath(u"data"_s));
-  ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+  writeFile(home.filePath(u"data"_s));
   EXPECT_ANY_THROW(create());
 }
 
@@ -151,4 +149,4 @@ TEST(PrivateFile, FollowsNoLinkOutOfItsFolder) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

@@ -5,19 +5,18 @@
 #include "support/fake_credential_store.h"
 #include "support/sentence.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-using test::sentence;
-using Operation = test::FakeCredentialStore::Operation;
+using Operation = FakeCredentialStore::Operation;
 
 const QString name = u"provider"_s;
 const std::stop_token token;
 
 class SecureStoreTest : public ::testing::Test {
  protected:
-  test::FakeCredentialStore credentials;
+  FakeCredentialStore credentials;
   SecureStore secure{credentials, u"tv.vantor.player"_s};
 };
 
@@ -41,4 +40,4 @@ TEST_F(SecureStoreTest, AFailedUpdateIsToldAndAddsNothing) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test
