@@ -18,6 +18,7 @@
 #include "storage/catalog_disk_store.h"
 #include "storage/private_file.h"
 #include "support/awaited.h"
+#include "support/environment_number.h"
 #include "support/model_fixture.h"
 
 namespace vantor::machine {
@@ -123,9 +124,13 @@ int killed(const QString& folder, double within) {
 }
 
 int kills() {
-  bool isNumber = false;
-  const int asked = qEnvironmentVariableIntValue("VANTOR_KILLS", &isNumber);
-  return isNumber ? asked : 40;
+  return environmentNumber("VANTOR_KILLS", 40);
+}
+
+/// Also what is none of the store's own.
+QFileInfoList catalogueFiles(const QTemporaryDir& home) {
+  return QDir(home.filePath(u"data/Vantor Player Mac Preview/Catalog"_s))
+      .entryInfoList(QDir::Files);
 }
 
 TEST(InterruptedWrites, AKilledSaveLeavesTheOldLibraryOrTheNew) {
@@ -144,8 +149,7 @@ TEST(InterruptedWrites, AKilledSaveLeavesTheOldLibraryOrTheNew) {
         Life(folder.path()).disk()->load(savedAccount, LibraryKind::live));
     ASSERT_TRUE(isVersion(found, last) || isVersion(found, last + 1)) << "after save " << last;
   }
-  const QDir copies(folder.filePath(u"data/Vantor Player Mac Preview/Catalog"_s));
-  EXPECT_LE(copies.entryList(QDir::Files).size(), 2) << "remains must not pile up";
+  EXPECT_LE(catalogueFiles(folder).size(), 2) << "remains must not pile up";
 }
 
 TEST(InterruptedWrites, AKilledSignInLeavesTheUserSignedInWithTheirList) {
@@ -212,15 +216,14 @@ TEST(InterruptedWrites, ADiskThatIsFullAtAnyByteKeepsTheOldLibrary) {
                      number);
   };
   ASSERT_TRUE(save(3000));
-  const QDir copies(folder.filePath(u"data/Vantor Player Mac Preview/Catalog"_s));
   qint64 bytes = 0;
   for (bool saved = false; !saved; ++bytes) {
     const FullDisk full(static_cast<rlim_t>(bytes));
     saved = save(6000);
     ASSERT_TRUE(isShown(saved ? 6000 : 3000)) << bytes;
-    ASSERT_EQ(copies.entryList(QDir::Files).size(), 1) << bytes;
+    ASSERT_EQ(catalogueFiles(folder).size(), 1) << bytes;
   }
-  EXPECT_EQ(copies.entryInfoList(QDir::Files).constFirst().size(), bytes - 1);
+  EXPECT_EQ(catalogueFiles(folder).constFirst().size(), bytes - 1);
 }
 
 TEST(InterruptedWrites, ADiskThatIsFullAtAnyByteKeepsThePreferencesForLater) {

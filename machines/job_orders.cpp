@@ -15,6 +15,7 @@
 #include "platform/app_error.h"
 #include "playback/stream_keeper.h"
 #include "playback/video_frame_queue.h"
+#include "support/environment_number.h"
 #include "support/model_fixture.h"
 #include "support/model_signals.h"
 
@@ -556,10 +557,8 @@ Steps shortened(Steps steps) {
 volatile std::sig_atomic_t running = 0;
 
 TEST(JobOrders, NoOrderOfAnswersHarmsTheModel) {
-  bool isNumber = false;
-  const int asked = qEnvironmentVariableIntValue("VANTOR_ORDERS", &isNumber);
-  const int count = isNumber ? asked : 300;
-  const int first = std::max(1, qEnvironmentVariableIntValue("VANTOR_SEED"));
+  const int count = environmentNumber("VANTOR_ORDERS", 300);
+  const int first = environmentNumber("VANTOR_SEED", 1);
   // A crash says which order it was.
   for (const int signal : {SIGSEGV, SIGABRT})
     std::signal(signal, [](int number) {

@@ -16,6 +16,7 @@
 #include "platform/secret_service_store.h"
 #include "provider/error_wording.h"
 #include "support/awaited.h"
+#include "support/environment_number.h"
 #include "support/model_fixture.h"
 
 namespace vantor::machine {
@@ -94,7 +95,7 @@ class Service final : public QDBusVirtualObject {
       return bus_.send(call.createErrorReply(QDBusError::NoReply, u"it has gone"_s));
     }
     const bool isSlow = manner_ == Manner::slow && call.member() == u"SearchItems"_s;
-    const int late = isSlow ? std::max(1, qEnvironmentVariableIntValue("VANTOR_SLOW")) : 0;
+    const int late = isSlow ? environmentNumber("VANTOR_SLOW", 1) : 0;
     QTimer::singleShot(late * 1000, this, [this, reply = replyTo(call)] { bus_.send(reply); });
     const bool answersPrompt = call.member() == u"Prompt"_s && manner_ != Manner::unanswered;
     if (answersPrompt || call.member() == u"Dismiss"_s)

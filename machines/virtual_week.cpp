@@ -9,13 +9,14 @@
 #include <atomic>
 #include <ctime>
 
+#include "machines/counted_transport.h"
 #include "machines/model_invariants.h"
-#include "net/http_client.h"
 #include "provider/guide_parsing.h"
 #include "sim/guide.h"
 #include "sim/library.h"
 #include "sim/server.h"
 #include "support/awaited.h"
+#include "support/environment_number.h"
 #include "support/model_fixture.h"
 #include "ui/channels/channel_view.h"
 #include "ui/entries/item_list_model.h"
@@ -29,28 +30,6 @@ using namespace std::chrono_literals;
 // The fifth channel has no programmes, and one that asks has all rows asked.
 constexpr int fewRows = 4;
 constexpr int manyRows = 9;
-
-/// Knows what is under way.
-class CountedTransport final : public HTTPTransport {
- public:
-  int open = 0;
-
- private:
-  QCoro::Task<QByteArray> transfer(HTTPRequest request, std::int64_t limit,
-                                   std::stop_token token) override {
-    ++open;
-    const QCoro::Task<QByteArray> fetched = client_.fetch(request, limit, token);
-    try {
-      QByteArray body = co_await fetched;
-      --open;
-      co_return body;
-    } catch (...) {
-      --open;
-      throw;
-    }
-  }
-  HTTPClient client_;
-};
 
 struct Network {
   std::atomic<long long> time = 0;  // of the provider's clock
@@ -201,9 +180,7 @@ TEST(VirtualWeek, TheGuideIsRightWhateverTheClockDoes) {
   qputenv("TZ", "Europe/Berlin");
   ::tzset();
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-  bool isNumber = false;
-  const int asked = qEnvironmentVariableIntValue("VANTOR_DAYS", &isNumber);
-  const int days = isNumber ? asked : 2;
+  const int days = environmentNumber("VANTOR_DAYS", 2);
   // Summer time ends, and begins, in the second night.
   for (const QDate begin : {QDate(2026, 10, 24), QDate(2027, 3, 27)})
     Week(QDateTime(begin, QTime(12, 0))).run(days);

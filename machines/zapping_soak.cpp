@@ -6,27 +6,18 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 #include <random>
 
-#include "net/http_client.h"
 #include "platform/memory.h"
-#include "platform/worker.h"
-#include "playback/libvlc_engine.h"
-#include "playback/playback.h"
-#include "playback/stream_keeper.h"
-#include "sim/library.h"
-#include "sim/server.h"
-#include "support/quick_clock.h"
+#include "support/environment_number.h"
+#include "support/simulated_playback.h"
 #include "support/test_media.h"
-#include "support/waiting.h"
 
 namespace vantor::machine {
 namespace {
 
 using namespace test;
-using namespace Qt::StringLiterals;
 
 /// What the process holds, the simulator in it included.
 struct Held {
@@ -59,40 +50,14 @@ void PrintTo(const Held& held, std::ostream* out) {
        << " descriptors, " << held.sockets << " sockets";
 }
 
-class ZappingSoak : public ::testing::Test {
+class ZappingSoak : public ::testing::Test, protected SimulatedPlayback {
  protected:
-  const Settled settled;
-  QTemporaryDir folder;
-  sim::Server server{simulated()};
-  HTTPClient transport;
-  QuickClock clock;
-  Worker worker;
-  std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
-  LibVLCEngine engine{frames, Output::shown};
-  Playback playback{engine, clock, worker, {.temporary = folder.path()}, Output::shown};
-  StreamKeeper keeper{playback, engine, *frames, transport, clock};
   std::mt19937 random;
 
-  static void SetUpTestSuite() {
-    qputenv("VANTOR_AUDIO", "none");
-    returnLargeBlocks();
-  }
-  static sim::Options simulated() {
-    sim::Options options;
-    options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-    options.username = options.password = "viewer";
-    return options;
-  }
+  static void SetUpTestSuite() { returnLargeBlocks(); }
 
   std::size_t below(std::size_t limit) {
     return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
-  }
-
-  QUrl address(sim::Kind kind, long long id, const QString& extension) const {
-    return QUrl(QString::fromStdString(server.url()) +
-                u"/%1/viewer/viewer/%2.%3"_s.arg(QString::fromLatin1(sim::kindName(kind).data()))
-                    .arg(id)
-                    .arg(extension));
   }
 
   PlayRequest source(int change) {
@@ -186,10 +151,9 @@ class ZappingSoak : public ::testing::Test {
 };
 
 TEST_F(ZappingSoak, LeavesNothingBehind) {
-  const int asked = qEnvironmentVariableIntValue("VANTOR_CHANGES");
-  const int changes = asked > 0 ? asked : 60;
+  const int changes = environmentNumber("VANTOR_CHANGES", 60);
   const int first = std::min(100, changes / 2);
-  const int seed = std::max(1, qEnvironmentVariableIntValue("VANTOR_SEED"));
+  const int seed = environmentNumber("VANTOR_SEED", 1);
   std::printf("%d changes, seed %d\n", changes, seed);
   random.seed(static_cast<unsigned>(seed));
   ASSERT_TRUE(makeMedia(tone(3) + u" -c:a libmp3lame"_s, folder.filePath(u"sound.mp3"_s)));

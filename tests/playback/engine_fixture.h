@@ -7,41 +7,18 @@
 #include "platform/worker.h"
 #include "playback/libvlc_engine.h"
 #include "playback/playback.h"
-#include "sim/library.h"
-#include "sim/server.h"
 #include "support/files.h"
 #include "support/test_media.h"
 #include "support/waiting.h"
 
 namespace vantor::test {
 
-/// A simulated provider's options, with media for whoever signs in as "viewer".
-inline sim::Options simulated(const std::string& password) {
-  sim::Options options;
-  options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-  options.username = "viewer";
-  options.password = password;
-  return options;
-}
-
-/// The address of its first stream of that kind.
-inline QUrl streamOf(const sim::Server& server, const sim::Options& options, sim::Kind kind,
-                     const QString& extension) {
-  return QUrl(QString::fromStdString(server.url()) +
-              u"/%1/viewer/%2/%3.%4"_s
-                  .arg(QString::fromLatin1(sim::kindName(kind).data()),
-                       QString::fromStdString(options.password))
-                  .arg(sim::entryId(kind, 0))
-                  .arg(extension));
-}
-
 /// The real engine under the real controller.
-template <class Time>
-class EngineFixtureIn : public ::testing::Test {
+class EngineFixture : public ::testing::Test {
  protected:
   const Settled settled;
   QTemporaryDir folder;
-  Time clock;
+  SystemClock clock;
   Worker worker;
   std::shared_ptr<VideoFrameQueue> frames = std::make_shared<VideoFrameQueue>();
   LibVLCEngine engine{frames, Output::shown};
@@ -94,7 +71,5 @@ class EngineFixtureIn : public ::testing::Test {
     return playback.message()->toStdString();
   }
 };
-
-using EngineFixture = EngineFixtureIn<SystemClock>;
 
 }  // namespace vantor::test

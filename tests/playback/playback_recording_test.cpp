@@ -5,6 +5,7 @@
 
 #include "engine_fixture.h"
 #include "stream_server.h"
+#include "support/simulated_streams.h"
 
 namespace vantor::test {
 namespace {
@@ -38,7 +39,7 @@ class EngineRecordingTest : public EngineFixture {
   }
 
   QUrl address(sim::Kind kind, const QString& extension) const {
-    QUrl stream = streamOf(server, options, kind, extension);
+    QUrl stream = streamOf(server, options, kind, sim::entryId(kind, 0), extension);
     stream.setQuery(u"key=open-sesame"_s);
     return stream;
   }

@@ -1,20 +1,20 @@
 // What the provider sees of streams that break off: the real engine, in quicker time.
-#include "engine_fixture.h"
-#include "net/http_client.h"
-#include "playback/stream_keeper.h"
+#include <gtest/gtest.h>
+
+#include <QFile>
+
 #include "stream_server.h"
-#include "support/quick_clock.h"
+#include "support/environment_number.h"
+#include "support/simulated_playback.h"
 
 namespace vantor::test {
 namespace {
 
-class ReturningStreamTest : public EngineFixtureIn<QuickClock>,
-                            public ::testing::WithParamInterface<const char*> {
+using namespace std::chrono_literals;
+
+class ReturningStreamTest : public ::testing::TestWithParam<const char*>,
+                            protected SimulatedPlayback {
  protected:
-  const sim::Options options = simulated("viewer");
-  sim::Server server{options};
-  HTTPClient transport;
-  StreamKeeper keeper{playback, engine, *frames, transport, clock};
   int openings = 0;
   int failures = 0;
   int dark = 0;  // of those, without a picture held
@@ -29,7 +29,7 @@ class ReturningStreamTest : public EngineFixtureIn<QuickClock>,
   }
 
   void play(sim::Kind kind, const QString& extension) {
-    playback.play({.url = streamOf(server, options, kind, extension),
+    playback.play({.url = address(kind, sim::entryId(kind, 0), extension),
                    .title = u"Source"_s,
                    .id = u"1"_s,
                    .agent = u"Agent/1"_s,
@@ -74,7 +74,7 @@ TEST_P(ReturningStreamTest, OneConnectionAtATimeHoweverItBreaksOff) {
   openings = failures = 0;
   playback.retry();
   // An hour of it: VANTOR_DROPS=1000.
-  const int enough = std::max(6, qEnvironmentVariableIntValue("VANTOR_DROPS"));
+  const int enough = environmentNumber("VANTOR_DROPS", 6);
   while (openings < enough) {
     const int before = openings;
     ASSERT_TRUE(eventually([&] { return openings > before || isGivenUp(); }));
