@@ -144,25 +144,68 @@ Range requestedRange(const Request& request, std::size_t size) {
   return begin < end ? Range{begin, end} : Range{0, 0};
 }
 
-bool sendFiller(Connection& connection, const Response& response,
+// What a response goes out through, which may break it off.
+class Outlet {
+ public:
+  Outlet(Connection& connection, const std::optional<BreakOff>& breakOff)
+      : connection_(connection), breakOff_(breakOff) {}
+
+  // These are false when the response ends here, or the client has gone.
+  bool writeHead(std::string_view head, unsigned long long bodySize) {
+    if (breakOff_) left_ = bytesBefore(breakOff_->moment, head.size(), bodySize);
+    return write(head);
+  }
+  bool write(std::string_view bytes) {
+    if (!breakOff_) return connection_.write(bytes);
+    const bool goesOn = bytes.size() < left_;
+    const auto written = goesOn ? bytes : bytes.substr(0, left_);
+    left_ -= written.size();
+    if (!connection_.write(written)) return false;
+    if (!goesOn && breakOff_->ending == Ending::silent) staySilent(connection_);
+    return goesOn;
+  }
+  bool pause(std::chrono::milliseconds duration) { return connection_.pause(duration); }
+
+ private:
+  static unsigned long long bytesBefore(Moment moment, unsigned long long head,
+                                        unsigned long long body) {
+    switch (moment) {
+      case Moment::beforeHead:
+        return 0;
+      case Moment::inHead:
+        return head / 2;
+      case Moment::inBody:
+        return head + body / 2;
+      case Moment::beforeLastByte:
+        return head + (body > 0 ? body - 1 : 0);
+    }
+    return 0;
+  }
+
+  Connection& connection_;
+  const std::optional<BreakOff> breakOff_;
+  unsigned long long left_ = 0;
+};
+
+bool sendFiller(Outlet& outlet, const Response& response,
                 std::optional<unsigned long long> announced, unsigned long long size) {
-  if (!connection.write(responseHead(response, announced, false))) return false;
+  if (!outlet.writeHead(responseHead(response, announced, false), size)) return false;
   const std::string filler(fillerPiece, ' ');
   for (unsigned long long sent = 0; sent < size; sent += filler.size()) {
-    if (!connection.write(filler)) return false;
+    if (!outlet.write(filler)) return false;
   }
   return false;
 }
 
-bool sendSlowly(Connection& connection, std::string_view body) {
+bool sendSlowly(Outlet& outlet, std::string_view body) {
   const auto piece = body.size() / 16 + 1;
   for (; !body.empty(); body.remove_prefix(std::min(piece, body.size()))) {
-    if (!connection.pause(250ms) || !connection.write(body.substr(0, piece))) return false;
+    if (!outlet.pause(250ms) || !outlet.write(body.substr(0, piece))) return false;
   }
   return true;
 }
 
-bool send(Connection& connection, const Request& request, Response response, Fault fault) {
+bool send(Outlet& outlet, const Request& request, Response response, Fault fault) {
   std::string_view body = *response.body;
   if (response.status == 200) {
     response.headers.emplace_back("Accept-Ranges", "bytes");
@@ -182,20 +225,23 @@ bool send(Connection& connection, const Request& request, Response response, Fau
   const auto head = responseHead(response, body.size(), request.keepAlive);
   if (request.method == "HEAD") body = {};
   if (fault == Fault::slow) {
-    return connection.pause(1s) && connection.write(head) && sendSlowly(connection, body) &&
+    return outlet.pause(1s) && outlet.writeHead(head, body.size()) && sendSlowly(outlet, body) &&
            request.keepAlive;
   }
-  if (fault == Fault::cutOff) {
-    connection.write(head + std::string(body.substr(0, body.size() / 2)));
-    return false;
-  }
-  return connection.write(head) && connection.write(body) && request.keepAlive;
+  return outlet.writeHead(head, body.size()) && outlet.write(body) && request.keepAlive;
+}
+
+std::optional<BreakOff> breakOffOf(const Trouble& trouble) {
+  if (trouble.fault == Fault::cutOff) return BreakOff{Moment::inBody, Ending::closed};
+  return trouble.breakOff;
 }
 
 }  // namespace
 
-bool deliver(Connection& connection, const Request& request, const Response& response, Fault fault,
-             const Origins& origins) {
+bool deliver(Connection& connection, const Request& request, const Response& response,
+             const Trouble& trouble, const Origins& origins) {
+  const auto fault = trouble.fault;
+  Outlet outlet(connection, breakOffOf(trouble));
   const bool followed = wasRedirected(request) && fault != Fault::redirectLoop;
   const auto sent = followed ? response : changed(request, response, fault, origins);
   switch (followed ? Fault::none : fault) {
@@ -206,13 +252,13 @@ bool deliver(Connection& connection, const Request& request, const Response& res
       connection.write(randomBytes(2000));
       return false;
     case Fault::redirectOversize:
-      return sendFiller(connection, sent, 1ULL << 35, 1ULL << 35);
+      return sendFiller(outlet, sent, 1ULL << 35, 1ULL << 35);
     case Fault::oversizeAnnounced:
-      return sendFiller(connection, response, 1ULL << 35, 1ULL << 35);
+      return sendFiller(outlet, response, 1ULL << 35, 1ULL << 35);
     case Fault::oversizeUnannounced:
-      return sendFiller(connection, response, std::nullopt, 256ULL * fillerPiece);
+      return sendFiller(outlet, response, std::nullopt, 256ULL * fillerPiece);
     default:
-      return send(connection, request, sent, fault);
+      return send(outlet, request, sent, fault);
   }
 }
 

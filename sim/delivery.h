@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "sim/connection.h"
@@ -16,10 +17,16 @@ struct Origins {
   std::string otherScheme;
 };
 
-// Sends the response, the part of it that a Range header asks for, or what the fault makes of it.
+// What happens to a response on its way.
+struct Trouble {
+  Fault fault = Fault::none;
+  std::optional<BreakOff> breakOff;
+};
+
+// Sends the response, the part of it that a Range header asks for, or what the trouble makes of it.
 // False when the connection cannot be used for another request.
-bool deliver(Connection& connection, const Request& request, const Response& response, Fault fault,
-             const Origins& origins);
+bool deliver(Connection& connection, const Request& request, const Response& response,
+             const Trouble& trouble, const Origins& origins);
 
 // Takes the request and says nothing until the client goes.
 void staySilent(Connection& connection);

@@ -46,6 +46,18 @@ enum class Fault {
   hugeImage,        // a small PNG of 30,000 by 30,000 pixels
 };
 
+// Where an answer breaks off.
+enum class Moment { beforeHead, inHead, inBody, beforeLastByte };
+
+// Whether the client hears that nothing more comes.
+enum class Ending { closed, silent };
+
+// Whatever the answer is, this is how much of it comes.
+struct BreakOff {
+  Moment moment;
+  Ending ending;
+};
+
 // Name as in the enumeration, such as "cutOff".
 std::string_view faultName(Fault fault);
 std::optional<Fault> faultNamed(std::string_view name);

@@ -5,10 +5,14 @@
 namespace sim {
 namespace {
 
-template <typename Map>
-auto findAction(const Map& map, const std::string& action) {
-  const auto exact = map.find(action);
-  return exact != map.end() ? exact : map.find("*");
+// Of the first of the actions that has one.
+template <typename Value>
+std::optional<Value> valueOf(const std::map<std::string, Value>& map,
+                             const std::vector<std::string>& actions) {
+  for (const auto& action : actions) {
+    if (const auto found = map.find(action); found != map.end()) return found->second;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -21,6 +25,11 @@ void Script::setFault(const std::string& action, Fault fault) {
 void Script::setBody(const std::string& action, Response response) {
   const std::lock_guard lock(mutex_);
   bodies_[action] = std::move(response);
+}
+
+void Script::breakOff(const std::string& action, BreakOff how) {
+  const std::lock_guard lock(mutex_);
+  breakOffs_.insert_or_assign(action, how);
 }
 
 void Script::hold(const std::string& action) {
@@ -37,22 +46,22 @@ void Script::reset() {
   const std::lock_guard lock(mutex_);
   faults_.clear();
   bodies_.clear();
+  breakOffs_.clear();
 }
 
 Fault Script::fault(const std::vector<std::string>& actions) const {
   const std::lock_guard lock(mutex_);
-  for (const auto& action : actions) {
-    const auto found = faults_.find(action);
-    if (found != faults_.end()) return found->second;
-  }
-  return Fault::none;
+  return valueOf(faults_, actions).value_or(Fault::none);
+}
+
+std::optional<BreakOff> Script::breakOff(const std::vector<std::string>& actions) const {
+  const std::lock_guard lock(mutex_);
+  return valueOf(breakOffs_, actions);
 }
 
 std::optional<Response> Script::body(const std::string& action) const {
   const std::lock_guard lock(mutex_);
-  const auto found = findAction(bodies_, action);
-  if (found == bodies_.end()) return std::nullopt;
-  return found->second;
+  return valueOf(bodies_, {action, "*"});
 }
 
 bool Script::isHeld(const std::string& action) const {

@@ -17,12 +17,14 @@ class Script {
  public:
   void setFault(const std::string& action, Fault fault);
   void setBody(const std::string& action, Response response);
+  void breakOff(const std::string& action, BreakOff how);
   void hold(const std::string& action);
   void release(const std::string& action);
   void reset();
 
-  // The fault of the first of these that has one.
+  // Of the first of these that has one.
   Fault fault(const std::vector<std::string>& actions) const;
+  std::optional<BreakOff> breakOff(const std::vector<std::string>& actions) const;
   std::optional<Response> body(const std::string& action) const;
   bool isHeld(const std::string& action) const;
 
@@ -30,6 +32,7 @@ class Script {
   mutable std::mutex mutex_;
   std::map<std::string, Fault> faults_;
   std::map<std::string, Response> bodies_;
+  std::map<std::string, BreakOff> breakOffs_;
   std::set<std::string> held_;
 };
 

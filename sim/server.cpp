@@ -69,7 +69,7 @@ struct Server::Parts {
   void serve(Connection& connection);
   bool respond(Connection& connection, const Request& request, const std::string& action);
   bool respondWithStream(Connection& connection, const Request& request, const std::string& action,
-                         Fault fault);
+                         const Trouble& trouble);
   bool waitWhileHeld(Connection& connection, const std::string& action) const;
 
   Options options;
@@ -113,23 +113,27 @@ bool Server::Parts::waitWhileHeld(Connection& connection, const std::string& act
 bool Server::Parts::respond(Connection& connection, const Request& request,
                             const std::string& action) {
   if (request.method != "GET" && request.method != "HEAD") {
-    deliver(connection, request, errorResponse(405), Fault::none, origins);
+    deliver(connection, request, errorResponse(405), {}, origins);
     return false;
   }
-  auto fault = script.fault({action + "/" + request.queryValue("category_id"), action, "*"});
+  const std::vector<std::string> actions{action + "/" + request.queryValue("category_id"), action,
+                                         "*"};
+  auto fault = script.fault(actions);
   if (fault == Fault::unsteady) fault = mishap(mishaps++);
+  const Trouble trouble{fault, script.breakOff(actions)};
   if (const auto body = script.body(action)) {
-    return deliver(connection, request, *body, fault, origins);
+    return deliver(connection, request, *body, trouble, origins);
   }
-  if (isStream(action)) return respondWithStream(connection, request, action, fault);
+  if (isStream(action)) return respondWithStream(connection, request, action, trouble);
   const auto response = provider->answer(request, action, fault, tally.streamsOpen());
-  return deliver(connection, request, response, fault, origins);
+  return deliver(connection, request, response, trouble, origins);
 }
 
 bool Server::Parts::respondWithStream(Connection& connection, const Request& request,
-                                      const std::string& action, Fault fault) {
+                                      const std::string& action, const Trouble& trouble) {
+  const auto fault = trouble.fault;
   const auto send = [&](const Response& response) {
-    return deliver(connection, request, response, fault, origins);
+    return deliver(connection, request, response, trouble, origins);
   };
   if (!streams) return send(errorResponse(404));
   if (action == "segment") {
@@ -193,6 +197,10 @@ void Server::setBody(const std::string& action, std::string body, std::string co
     response.headers.emplace_back("Content-Encoding", std::move(contentEncoding));
   }
   parts_->script.setBody(action, std::move(response));
+}
+
+void Server::breakOff(const std::string& action, BreakOff how) {
+  parts_->script.breakOff(action, how);
 }
 
 void Server::reset() {

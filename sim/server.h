@@ -58,8 +58,8 @@ struct Counters {
 };
 
 // A made-up provider on 127.0.0.1. All functions may be called from any thread. One that finds the
-// exact action set prefers it to "*", which stands for every action. A fault of a library's action
-// may be that for one category: "get_series/201".
+// exact action set prefers it to "*", which stands for every action. What happens to a library's
+// answers may be set for one category: "get_series/201".
 class Server {
  public:
   // Listens when it returns. Throws std::runtime_error when it cannot listen or make the media;
@@ -82,7 +82,9 @@ class Server {
   // takes.
   void setBody(const std::string& action, std::string body,
                std::string contentType = "application/json", std::string contentEncoding = "");
-  // Ends setFault and setBody of all actions.
+  // Breaks each answer off, but those of channels, faults and all.
+  void breakOff(const std::string& action, BreakOff how);
+  // Ends setFault, setBody and breakOff of all actions.
   void reset();
 
   // Requests of the action are counted and then wait until it is released.

@@ -35,6 +35,35 @@ TEST(SimFaults, EachAnswersAsItsNameSays) {
   }
 }
 
+TEST(SimFaults, AnswersBreakOffAtTheirMoments) {
+  Server server({.streams = false});
+  const auto target = apiTarget("get_vod_categories");
+  const auto size = clientOf(server).Get(target)->body.size();
+  const struct {
+    Moment moment;
+    bool headComes;
+    std::size_t bodyComes;
+  } cases[] = {{Moment::beforeHead, false, 0},
+               {Moment::inHead, false, 0},
+               {Moment::inBody, true, size / 2},
+               {Moment::beforeLastByte, true, size - 1}};
+  for (const auto ending : {Ending::closed, Ending::silent}) {
+    for (const auto& [moment, headComes, bodyComes] : cases) {
+      server.breakOff("get_vod_categories", {moment, ending});
+      bool head = false;
+      std::size_t body = 0;
+      auto client = clientOf(server);
+      if (ending == Ending::silent) client.set_read_timeout(0, 300'000);
+      const auto answer = client.Get(
+          target, [&](const httplib::Response&) { return head = true; },
+          [&](const char*, std::size_t count) { return (body += count) > 0; });
+      EXPECT_FALSE(answer);
+      EXPECT_EQ(head, headComes) << static_cast<int>(moment);
+      EXPECT_EQ(body, bodyComes) << static_cast<int>(moment);
+    }
+  }
+}
+
 TEST(SimFaults, RedirectsLeadToTheAnswerAndStraysAreCounted) {
   // The client decodes the Location header, so nothing in it may need that.
   Server server({.password = "plain", .streams = false});
