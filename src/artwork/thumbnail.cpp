@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QtEndian>
 
 #include "artwork/picture_parts.h"
 
@@ -10,6 +11,14 @@ namespace {
 
 // A few megabytes can decode to any number of pixels.
 constexpr qint64 maximumPixels = 25'000'000;
+
+/// Of a GIF file Qt tells the size of its first frame, and decodes the whole screen.
+QSize decodedSize(const QImageReader& reader, const QByteArray& file) {
+  const QSize size = reader.size();
+  if (size.isEmpty() || reader.format() != "gif" || file.size() < 10) return size;
+  return size.expandedTo({qFromLittleEndian<quint16>(file.constData() + 6),
+                          qFromLittleEndian<quint16>(file.constData() + 8)});
+}
 
 }  // namespace
 
@@ -22,7 +31,7 @@ QImage decodeThumbnail(const QByteArray& bytes) {
   QImageReader reader(&buffer, parts->format);
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
-  const QSize size = reader.size();
+  const QSize size = decodedSize(reader, parts->bytes);
   if (size.isEmpty() || qint64{size.width()} * size.height() > maximumPixels) return {};
   const QSize thumbnail(thumbnailSide, thumbnailSide);
   if (size.width() > thumbnailSide || size.height() > thumbnailSide)

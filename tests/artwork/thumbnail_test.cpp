@@ -106,6 +106,10 @@ TEST(Thumbnail, RefusesPicturesOfTooManyPixels) {
         declaredPNG(0x7FFFFFFF, 0x7FFFFFFF, oneRow), bitmap,
         QByteArray("GIF89a\xFF\xFF\xFF\xFF\x80\0\0\xFF\0\0\0\0\xFF"
                    "\x2C\0\0\0\0\xFF\xFF\xFF\xFF\0\2\2\x44\1\0;",
+                   35),
+        // One pixel on a screen of 6,000 by 5,000.
+        QByteArray("GIF89a\x70\x17\x88\x13\x80\0\0\xFF\0\0\0\0\xFF"
+                   "\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;",
                    35)})
     EXPECT_TRUE(decodeThumbnail(tooLarge).isNull()) << tooLarge.left(30).toHex().toStdString();
 }
