@@ -1,9 +1,58 @@
+#include <QBuffer>
+#include <QImageReader>
+#include <QtEndian>
 #include <array>
 
+#include "artwork/picture_parts.h"
 #include "artwork/thumbnail.h"
+#include "cost.h"
 #include "input.h"
 
 using namespace vantor;
+
+namespace {
+
+constexpr qsizetype bytesOfPixel = 4;
+
+/// Decoders never see what has no known beginning; such inputs get one.
+QByteArray withKnownBeginning(QByteArray bytes) {
+  static const std::array<QByteArray, 5> beginnings = {
+      "\x89PNG\r\n\x1A\n", "\xFF\xD8\xFF", "GIF89a", QByteArray("RIFF\xFF\0\0\0WEBPVP8", 15), "BM"};
+  for (const QByteArray& beginning : beginnings)
+    if (bytes.startsWith(beginning.left(4))) return bytes;
+  if (bytes.isEmpty()) return bytes;
+  const QByteArray& beginning =
+      beginnings[static_cast<unsigned char>(bytes[0]) % beginnings.size()];
+  return bytes.replace(0, beginning.size(), beginning);
+}
+
+/// What the picture says that it becomes, as far as pictures of that size are decoded.
+qsizetype decodedSize(const QByteArray& bytes) {
+  const std::optional<PictureParts> parts = pictureParts(bytes);
+  if (!parts) return 0;
+  QBuffer buffer;
+  buffer.setData(parts->bytes);
+  QImageReader reader(&buffer, parts->format);
+  QSize size = reader.size();
+  // Of which Qt tells the first frame's.
+  if (bytes.startsWith("GIF") && bytes.size() >= 10 && !size.isEmpty())
+    size = size.expandedTo({qFromLittleEndian<quint16>(bytes.constData() + 6),
+                            qFromLittleEndian<quint16>(bytes.constData() + 8)});
+  const qsizetype pixels = size.isEmpty() ? 0 : qsizetype{size.width()} * size.height();
+  return pixels > 25'000'000 ? 0 : pixels * bytesOfPixel;
+}
+
+QByteArray plainPicture(qsizetype size) {
+  const int rows = std::max(1, static_cast<int>(size / bytesOfPixel / 256));
+  QImage image(256, rows, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "bmp");
+  return buffer.data();
+}
+
+}  // namespace
 
 // The leak check crashes now and then on the decoders that are loaded while the target runs.
 extern "C" int __lsan_is_turned_off() {
@@ -11,17 +60,13 @@ extern "C" int __lsan_is_turned_off() {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  QByteArray bytes = inputBytes(data, size);
-  // Decoders never see what has no known beginning; such inputs get one.
-  static const std::array<QByteArray, 5> beginnings = {
-      "\x89PNG\r\n\x1A\n", "\xFF\xD8\xFF", "GIF89a", QByteArray("RIFF\xFF\0\0\0WEBPVP8", 15), "BM"};
-  bool known = false;
-  for (const QByteArray& beginning : beginnings) known |= bytes.startsWith(beginning.left(4));
-  if (!known && size > 0) {
-    const QByteArray& beginning = beginnings[data[0] % beginnings.size()];
-    bytes.replace(0, beginning.size(), beginning);
-  }
-  const QImage image = decodeThumbnail(bytes);
-  mustHold(image.width() <= thumbnailSide && image.height() <= thumbnailSide);
+  static Yardstick yardstick(plainPicture, [](const QByteArray& bytes) {
+    const QImage image = decodeThumbnail(bytes);
+    mustHold(image.width() <= thumbnailSide && image.height() <= thumbnailSide);
+  });
+  const QByteArray bytes = withKnownBeginning(inputBytes(data, size));
+  const qsizetype decoded = decodedSize(bytes);
+  const qsizetype memory = yardstick.measure(bytes, decoded);
+  mustHold(memory <= 4'194'304 + 16 * bytes.size() + 4 * decoded);
   return 0;
 }

@@ -1,24 +1,47 @@
+#include "cost.h"
 #include "input.h"
 #include "library/catalog_stored_form.h"
 #include "storage/sealed_box.h"
 
 using namespace vantor;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const QByteArray key(sealed_box::keySize, 'k');
-  const QByteArray bytes = inputBytes(data, size);
-  mayRefuse([&] { catalogFromJSON(sealed_box::open(bytes, key)); });
-  // What was sealed opens again, and not once a byte of it differs.
+namespace {
+
+const QByteArray key(sealed_box::keySize, 'k');
+
+/// What was sealed opens again, and not once a byte of it differs.
+void checkSeal(const QByteArray& bytes) {
   QByteArray box = QByteArray::fromStdString(sealed_box::seal(bytes.toStdString(), key));
   mustHold(sealed_box::open(box, key) == bytes);
-  const qsizetype place = size > 0 ? data[0] % box.size() : 0;
+  const qsizetype place = bytes.isEmpty() ? 0 : static_cast<unsigned char>(bytes[0]) % box.size();
   box[place] = static_cast<char>(box[place] ^ 1);
-  bool refused = false;
   try {
     sealed_box::open(box, key);
   } catch (const sealed_box::Failure&) {
-    refused = true;
+    return;
   }
-  mustHold(refused);
+  mustHold(false);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static Yardstick yardstick(
+      [](qsizetype plain) {
+        return QByteArray::fromStdString(
+            sealed_box::seal(R"({"categories":[],"savedAt":1,"items":[],"unknown":")" +
+                                 std::string(static_cast<std::size_t>(plain), 'a') + R"("})",
+                             key));
+      },
+      [](const QByteArray& bytes) {
+        try {
+          mayRefuse([&] { catalogFromJSON(sealed_box::open(bytes, key)); });
+        } catch (const sealed_box::Failure&) {
+        }
+      });
+  const QByteArray bytes = inputBytes(data, size);
+  const qsizetype memory = yardstick.measure(bytes);
+  mustHold(memory <= 65'536 + 64 * bytes.size());
+  checkSeal(bytes);
   return 0;
 }

@@ -2,7 +2,9 @@
 
 #include <QByteArray>
 #include <cstdint>
-#include <exception>
+
+#include "json/json_reading.h"
+#include "platform/app_error.h"
 
 namespace vantor {
 
@@ -10,12 +12,14 @@ inline QByteArray inputBytes(const std::uint8_t* data, std::size_t size) {
   return QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
 }
 
-/// Runs a parser that may refuse its input with any failure of its own; only a crash is a fault.
+/// Runs a parser that may refuse its input with a failure of the program's own; any other is a
+/// fault.
 template <class Parse>
 void mayRefuse(Parse parse) {
   try {
     parse();
-  } catch (const std::exception&) {
+  } catch (const AppError&) {
+  } catch (const JSONError&) {
   }
 }
 
