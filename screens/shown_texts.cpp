@@ -4,19 +4,12 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
-#include <functional>
 
 namespace vantor::screens {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void forEachShown(const QQuickItem* item, const std::function<void(const QQuickItem*)>& look) {
-  if (!item->isVisible() || item->opacity() == 0) return;
-  look(item);
-  for (const QQuickItem* child : item->childItems()) forEachShown(child, look);
-}
 
 bool isCut(const QQuickItem* text) {
   constexpr double rounding = 1.0;
@@ -33,9 +26,15 @@ QString outsideBrackets(QString text) {
 
 }  // namespace
 
+void forEachShown(QQuickItem* item, const std::function<void(QQuickItem*)>& look) {
+  if (!item->isVisible() || item->opacity() == 0) return;
+  look(item);
+  for (QQuickItem* child : item->childItems()) forEachShown(child, look);
+}
+
 QStringList cutTexts(const QQuickWindow& window) {
   QStringList cut;
-  forEachShown(window.contentItem(), [&](const QQuickItem* item) {
+  forEachShown(window.contentItem(), [&](QQuickItem* item) {
     const QString text = item->property("text").toString();
     if (item->inherits("QQuickText") && text.startsWith(u'⟦') && isCut(item)) cut.append(text);
   });
@@ -48,10 +47,10 @@ QStringList untranslatedTexts(const QQuickWindow& window) {
   const auto check = [&](const QString& text) {
     if (outsideBrackets(text).contains(word) && !found.contains(text)) found.append(text);
   };
-  forEachShown(window.contentItem(), [&](const QQuickItem* item) {
+  forEachShown(window.contentItem(), [&](QQuickItem* item) {
     if (item->inherits("QQuickText")) check(item->property("text").toString());
     check(item->property("placeholderText").toString());
-    auto* shown = QAccessible::queryAccessibleInterface(const_cast<QQuickItem*>(item));
+    auto* shown = QAccessible::queryAccessibleInterface(item);
     if (!shown) return;
     check(shown->text(QAccessible::Name));
     check(shown->text(QAccessible::Description));

@@ -43,6 +43,16 @@ void forgetAccount() {
 
 }  // namespace
 
+void Album::add(const QString& picture, const TextContrast& text) {
+  if (!text.suffices()) {
+    ++faintTexts;
+    std::printf("    contrast %.2f, not %.1f: %s\n", text.ratio, text.least, qPrintable(text.text));
+  }
+  if (!worstPicture.isEmpty() && text.ratio / text.least >= worst.ratio / worst.least) return;
+  worst = text;
+  worstPicture = picture;
+}
+
 Stage::Stage(Album& album, sim::Options options, const LaunchArguments& launch)
     : album_(album), options_(withMedia(std::move(options))), server_(options_) {
   forgetAccount();
@@ -134,6 +144,7 @@ void Stage::shot(const QString& name, const QString& what) {
     throw std::runtime_error("cannot write " + file.toStdString());
   std::printf("%s  %s\n", qPrintable(file), qPrintable(what));
   for (const QString& text : cutTexts(*window_)) std::printf("    cut: %s\n", qPrintable(text));
+  for (const TextContrast& text : textContrasts(*window_)) album_.add(file, text);
   std::fflush(stdout);
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "contrast.h"
 #include "platform/launch_arguments.h"
 #include "sim/server.h"
 #include "ui/views.h"
@@ -18,11 +19,17 @@ class Program;
 
 namespace vantor::screens {
 
-/// Where the pictures go, numbered in the order in which they are taken.
+/// Where the pictures go, numbered in the order in which they are taken, and what they had of faint
+/// texts.
 struct Album {
   QString folder;
   QString filter;  // only pictures whose name contains it are kept
   int taken = 0;
+  TextContrast worst;  // of all pictures, measured by what is asked for
+  QString worstPicture;
+  int faintTexts = 0;
+
+  void add(const QString& picture, const TextContrast& text);
 };
 
 /// The program in its window, against a simulated provider of its own, and without anything saved.

@@ -64,6 +64,9 @@ void player(Album& album) {
   stage.settle();
   stage.shot(u"full-screen-statistics"_s, u"What is known of the picture"_s);
   stage.press(Qt::Key_I, Qt::ControlModifier);
+  stage.press(Qt::Key_M);
+  stage.shot(u"full-screen-note"_s, u"What a key has changed"_s);
+  stage.press(Qt::Key_M);
   stage.press(Qt::Key_Question, Qt::ShiftModifier);
   stage.settle();
   stage.shot(u"keys"_s, u"All keys"_s);

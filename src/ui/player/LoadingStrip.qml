@@ -8,7 +8,7 @@ Rectangle {
     required property string text
 
     implicitHeight: label.implicitHeight + 2 * 10
-    color: Style.faded("black", 0.55)
+    color: Style.faded("black", 0.7)
 
     Spinner {
         id: spinner
