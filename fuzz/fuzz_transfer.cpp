@@ -7,6 +7,7 @@
 #include "net/bounded_transfer.h"
 #include "support/awaited.h"
 
+using namespace Qt::StringLiterals;
 using namespace vantor;
 
 namespace {
