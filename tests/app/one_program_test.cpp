@@ -20,8 +20,8 @@ class OneProgramTest : public ProgramFixture {
     return start(arguments) && eventually([this] { return owner() != 0; });
   }
   /// The process that has the name; 0: none.
-  uint owner() const {
-    const QDBusReply<uint> answer = QDBusConnection::sessionBus().call(
+  uint owner(const QDBusConnection& bus = QDBusConnection::sessionBus()) const {
+    const QDBusReply<uint> answer = bus.call(
         QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
                                        u"GetConnectionUnixProcessID"_s)
         << name);
@@ -44,25 +44,24 @@ class OneProgramTest : public ProgramFixture {
     EXPECT_TRUE(bus.waitForReadyRead(20'000));
     return QString::fromLatin1(bus.readAllStandardOutput().trimmed());
   }
-  static QDBusMessage call(const QString& service, const QString& path, const QString& interface,
-                           const QString& method, const QVariantList& arguments,
-                           const QDBusConnection& bus = QDBusConnection::sessionBus()) {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
+  QDBusMessage request(const QString& method, const QVariantList& arguments) const {
+    QDBusMessage message = QDBusMessage::createMethodCall(name, u"/tv/vantor/player"_s,
+                                                          u"org.freedesktop.Application"_s, method);
     message.setArguments(arguments);
-    return bus.call(message);
+    return message;
   }
   /// The first one's answer: an error's name, or nothing.
   QString ask(const QString& method, const QVariantList& arguments) const {
-    return call(name, u"/tv/vantor/player"_s, u"org.freedesktop.Application"_s, method, arguments)
-        .errorName()
-        .section(u'.', -1);
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(request(method, arguments));
+    return answer.errorName().section(u'.', -1);
   }
   /// What it plays, as it tells everyone.
   QString title() const {
-    const QDBusMessage answer =
-        call(u"org.mpris.MediaPlayer2.vantor"_s, u"/org/mpris/MediaPlayer2"_s,
-             u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
-             {u"org.mpris.MediaPlayer2.Player"_s, u"Metadata"_s});
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(
+        QDBusMessage::createMethodCall(u"org.mpris.MediaPlayer2.vantor"_s,
+                                       u"/org/mpris/MediaPlayer2"_s,
+                                       u"org.freedesktop.DBus.Properties"_s, u"Get"_s)
+        << u"org.mpris.MediaPlayer2.Player"_s << u"Metadata"_s);
     return qdbus_cast<QVariantMap>(
                answer.arguments().value(0).value<QDBusVariant>().variant())[u"xesam:title"_s]
         .toString();
@@ -138,11 +137,7 @@ TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
   const QVariantMap strange{{u"activation-token"_s, QVariantMap{{u"a"_s, 1}}},
                             {u"desktop-startup-id"_s, 7}};
   const QVariant none = QVariant::fromValue(QVariantList());
-  const struct {
-    QString method;
-    QVariantList arguments;
-    QString error;
-  } rows[] = {
+  const std::tuple<QString, QVariantList, QString> rows[] = {
       {u"Activate"_s, {token}, {}},
       {u"Activate"_s, {strange}, {}},
       {u"Activate"_s, {}, u"UnknownMethod"_s},
@@ -160,13 +155,11 @@ TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
   };
   for (const auto& [method, arguments, error] : rows)
     EXPECT_EQ(ask(method, arguments), error) << method.toStdString() << " " << arguments.size();
+  const QVariantList searching{u"search"_s, none, token};
   for (int i = 0; i < 1000; ++i) {
-    const auto& row = rows[static_cast<std::size_t>(i) % std::size(rows)];
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        name, u"/tv/vantor/player"_s, u"org.freedesktop.Application"_s, row.method);
-    message.setArguments(row.arguments.size() > 1 ? QVariantList{u"search"_s, none, token}
-                                                  : row.arguments);
-    QDBusConnection::sessionBus().send(message);
+    const auto& [method, arguments, error] = rows[static_cast<std::size_t>(i) % std::size(rows)];
+    QDBusConnection::sessionBus().send(
+        request(method, arguments.size() > 1 ? searching : arguments));
   }
   EXPECT_EQ(ask(u"Activate"_s, {QVariantMap()}), QString());
   EXPECT_EQ(quit(), 0);
@@ -180,13 +173,10 @@ TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
             "[D-BUS Service]\nName=" + name.toUtf8() + "\nExec=" VANTOR_PROGRAM "\n");
   QProcess bus;
   QDBusConnection other = QDBusConnection::connectToBus(startBus(bus), u"activation"_s);
-  const QDBusMessage opened =
-      call(name, u"/tv/vantor/player"_s, u"org.freedesktop.Application"_s, u"Open"_s,
-           {QStringList{QUrl::fromLocalFile(film).toString()}, QVariantMap()}, other);
+  const QDBusMessage opened = other.call(
+      request(u"Open"_s, {QStringList{QUrl::fromLocalFile(film).toString()}, QVariantMap()}));
   EXPECT_EQ(opened.errorMessage(), QString());
-  const QDBusMessage process = call(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
-                                    u"GetConnectionUnixProcessID"_s, {name}, other);
-  const auto started = static_cast<pid_t>(process.arguments().value(0).toUInt());
+  const auto started = static_cast<pid_t>(owner(other));
   QDBusConnection::disconnectFromBus(u"activation"_s);
   ASSERT_GT(started, 0);
   EXPECT_TRUE(eventually([&] { return hasOpen(film, started); }));
