@@ -113,12 +113,8 @@ TEST_F(HTTPClientTest, ReadsCompressedAnswers) {
   for (int i = 0; i < 100'000; ++i) text += std::to_string(i);
   const std::string gzip = sim::packed("gzip", text);
   const std::string deflate = sim::packed("deflate", text);
-  struct Case {
-    const char* encoding;
-    std::string body;
-    std::optional<std::string> read;  // absent when it fails
-  };
-  const Case cases[] = {
+  // Encoding, body and what is read, or nothing when that fails.
+  const std::tuple<const char*, std::string, std::optional<std::string>> cases[] = {
       {"gzip", gzip, text},
       {"GZip", gzip, text},
       {"x-gzip", gzip, text},
@@ -142,11 +138,11 @@ TEST_F(HTTPClientTest, ReadsCompressedAnswers) {
       {"br", "{\"user_info\":{}}", std::nullopt},
       {"zstd", "{\"user_info\":{}}", std::nullopt},
   };
-  for (const Case& example : cases) {
-    SCOPED_TRACE(example.encoding + std::to_string(&example - cases));
-    server.setBody(config, example.body, "application/json", example.encoding);
-    if (example.read)
-      EXPECT_TRUE(fetch().toStdString() == *example.read);
+  for (const auto& [encoding, body, read] : cases) {
+    SCOPED_TRACE(testing::Message() << encoding << ", " << body.size() << " bytes");
+    server.setBody(config, body, "application/json", encoding);
+    if (read)
+      EXPECT_TRUE(fetch().toStdString() == *read);
     else
       EXPECT_EQ(outcome(begin()), u"unreachable"_s);
   }

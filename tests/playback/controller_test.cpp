@@ -42,12 +42,8 @@ TEST_F(ControllerTest, GoesFromStateToState) {
   const auto stop = [&] { playback.stop(); };
   const auto retry = [&] { playback.retry(); };
   using Step = std::function<void()>;
-  const struct {
-    PlaybackState state;
-    std::vector<Step> way;
-    // after: start, toggle, end, fail, restart, stop, retry, another one
-    std::array<PlaybackState, 8> after;
-  } rows[] = {
+  // After: start, toggle, end, fail, restart, stop, retry, another one.
+  const std::tuple<PlaybackState, std::vector<Step>, std::array<PlaybackState, 8>> rows[] = {
       {idle, {}, {idle, idle, idle, idle, idle, idle, idle, opening}},
       {opening, {begin}, {playing, suspended, failed, failed, opening, idle, opening, opening}},
       {suspended,
@@ -61,14 +57,14 @@ TEST_F(ControllerTest, GoesFromStateToState) {
       {failed, {begin, fail}, {failed, failed, failed, failed, failed, idle, opening, opening}},
   };
   const Step steps[] = {start, toggle, end, fail, restart, stop, retry, begin};
-  for (const auto& row : rows) {
-    for (std::size_t step = 0; step < row.after.size(); ++step) {
-      SCOPED_TRACE(testing::Message() << static_cast<int>(row.state) << ", step " << step);
+  for (const auto& [state, way, after] : rows) {
+    for (std::size_t step = 0; step < after.size(); ++step) {
+      SCOPED_TRACE(testing::Message() << static_cast<int>(state) << ", step " << step);
       playback.stop();
-      for (const Step& go : row.way) go();
-      ASSERT_EQ(playback.state(), row.state);
+      for (const Step& go : way) go();
+      ASSERT_EQ(playback.state(), state);
       steps[step]();
-      EXPECT_EQ(playback.state(), row.after[step]);
+      EXPECT_EQ(playback.state(), after[step]);
       EXPECT_EQ(playback.source().has_value(), playback.state() != idle);
       EXPECT_EQ(playback.message().has_value(), playback.state() == failed);
     }

@@ -319,7 +319,7 @@ TEST_F(EngineTest, SoundGoesToADevicePluggedInLaterAndToTheOneThatIsChosenWithou
   EXPECT_EQ(card.heard("default"), 0);
   card.plugIn();
   EXPECT_TRUE(starts(film));
-  EXPECT_TRUE(eventually([&] { return card.heard("default") > 0; })) << "from the next source on";
+  ASSERT_TRUE(eventually([&] { return card.heard("default") > 0; })) << "from the next source on";
   EXPECT_TRUE(eventually([&] {
     return std::ranges::count(engine.audioDevices().present, u"bar"_s, &AudioDevice::id) == 1;
   }));

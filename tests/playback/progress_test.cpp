@@ -163,11 +163,7 @@ TEST_F(ProgressTest, ProgressReportThatStopsTheSourceEndsTheTick) {
 }
 
 TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
-  const struct {
-    double resume;
-    double length;  // seconds
-    QStringList expected;
-  } cases[] = {
+  const std::tuple<double, double, QStringList> cases[] = {
       {0, 60, {}},
       {10, 60, {}},
       {10.5, 60, {u"setTime 10500"_s}},
@@ -177,16 +173,16 @@ TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
       {3e6, 4e6, {u"setTime 2147483647"_s}},
       {std::nan(""), 60, {}},
   };
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.resume);
-    openPlaying(channel(u"m"_s, row.resume));
+  for (const auto& [resume, seconds, expected] : cases) {
+    SCOPED_TRACE(resume);
+    openPlaying(channel(u"m"_s, resume));
     engine.takeCalls();
-    engine.now.length = static_cast<std::int64_t>(row.length * 1000);
+    engine.now.length = static_cast<std::int64_t>(seconds * 1000);
     clock.advance(250ms);
     EXPECT_TRUE(engine.calls.isEmpty()) << "waits until the source can seek";
     engine.now.seekable = true;
     clock.advance(250ms);
-    EXPECT_EQ(engine.takeCalls(), row.expected);
+    EXPECT_EQ(engine.takeCalls(), expected);
     engine.now.seekable = false;
     clock.advance(250ms);
     engine.now.seekable = true;

@@ -72,22 +72,18 @@ class SubtitleTest : public EngineFixture {
 };
 
 TEST_F(SubtitleTest, AreShownWhenChosenAndGoWithOff) {
-  const struct {
-    QString name;
-    QByteArray content;
-    QString codec;
-    QString pixels = u"yuv420p"_s;
-  } cases[] = {{u"words.srt"_s, texts(), u"srt"_s},
-               {u"words.srt"_s, texts(), u"srt"_s, u"yuv420p10le"_s},
-               {u"bars.sup"_s, bitmaps(), u"copy"_s}};
+  const std::tuple<QString, QByteArray, QString, QString> cases[] = {
+      {u"words.srt"_s, texts(), u"srt"_s, u"yuv420p"_s},
+      {u"words.srt"_s, texts(), u"srt"_s, u"yuv420p10le"_s},
+      {u"bars.sup"_s, bitmaps(), u"copy"_s, u"yuv420p"_s}};
   frames->setShowsDeepSamples(true);
-  for (const auto& row : cases) {
-    SCOPED_TRACE((row.name + u' ' + row.pixels).toStdString());
-    const QString subtitles = writeFile(path(row.name), row.content);
-    ASSERT_TRUE(starts(make(
-        row.name + u".mkv"_s,
-        solidColor(u"black"_s, u"%1x%2"_s.arg(width).arg(height), seconds) +
-            u" -i %1 -map 0 -map 1 -pix_fmt %2 -c:s %3"_s.arg(subtitles, row.pixels, row.codec))));
+  for (const auto& [name, content, codec, pixels] : cases) {
+    SCOPED_TRACE((name + u' ' + pixels).toStdString());
+    const QString subtitles = writeFile(path(name), content);
+    ASSERT_TRUE(starts(
+        make(name + u".mkv"_s,
+             solidColor(u"black"_s, u"%1x%2"_s.arg(width).arg(height), seconds) +
+                 u" -i %1 -map 0 -map 1 -pix_fmt %2 -c:s %3"_s.arg(subtitles, pixels, codec))));
     const TransportState& transport = *playback.transport();
     ASSERT_TRUE(eventually([&] { return transport.subtitles().size() == 1; }));
     for (int round = 0; round < 2; ++round) {

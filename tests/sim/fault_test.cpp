@@ -12,17 +12,14 @@ using namespace std::chrono_literals;
 TEST(SimFaults, EachAnswersAsItsNameSays) {
   Server server({.streams = false});
   const auto proper = clientOf(server).Get(apiTarget("get_vod_categories"))->body;
-  const struct {
-    Fault fault;
-    // 0: no complete answer.
-    int status;
-    bool parses;
-  } cases[] = {{Fault::status401, 401, false},    {Fault::status500, 500, false},
-               {Fault::html, 200, false},         {Fault::truncatedJson, 200, false},
-               {Fault::deepNesting, 200, false},  {Fault::garbage, 200, false},
-               {Fault::empty, 200, false},        {Fault::wrongShape, 200, true},
-               {Fault::cutOff, 0, false},         {Fault::notHttp, 0, false},
-               {Fault::redirectLoop, 302, false}, {Fault::none, 200, true}};
+  // The status is 0 where there is no complete answer.
+  const std::tuple<Fault, int, bool> cases[] = {
+      {Fault::status401, 401, false},    {Fault::status500, 500, false},
+      {Fault::html, 200, false},         {Fault::truncatedJson, 200, false},
+      {Fault::deepNesting, 200, false},  {Fault::garbage, 200, false},
+      {Fault::empty, 200, false},        {Fault::wrongShape, 200, true},
+      {Fault::cutOff, 0, false},         {Fault::notHttp, 0, false},
+      {Fault::redirectLoop, 302, false}, {Fault::none, 200, true}};
   for (const auto& [fault, status, parses] : cases) {
     server.setFault("get_vod_categories", fault);
     const auto answer = clientOf(server).Get(apiTarget("get_vod_categories"));

@@ -105,11 +105,9 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
   clock.advance(250ms);
   EXPECT_TRUE(controls.audioEnabled());
   EXPECT_EQ(controls.subtitles().size(), 2);
-  const struct {
-    int audio, subtitle;  // identifiers
-    double rate;
-    QList<int> choices;  // of sound, subtitles and speed
-  } cases[] = {{1, -1, 1, {0, 0, 1}}, {2, 5, 2, {1, 1, 4}}, {-1, 9, 3, {-1, 0, -1}}};
+  // Identifiers of sound and subtitles, the speed, and which choices they are.
+  const std::tuple<int, int, double, QList<int>> cases[] = {
+      {1, -1, 1, {0, 0, 1}}, {2, 5, 2, {1, 1, 4}}, {-1, 9, 3, {-1, 0, -1}}};
   for (const auto& [audio, subtitle, rate, choices] : cases) {
     engine.now.audioTrack = audio;
     engine.now.subtitleTrack = subtitle;
@@ -130,20 +128,16 @@ TEST_F(PlayerViewsTest, TracksAndSpeedsAreOffered) {
 TEST_F(PlayerViewsTest, OutputsAndDelaysOfTheSoundAreOffered) {
   EXPECT_EQ(controls.outputs().size(), 1);
   open(channel(u"1"_s));
-  const struct {
-    QString wanted, inForce;
-    int choice;
-  } cases[] = {{u""_s, u"bar"_s, 0},
-               {u"bar"_s, u"bar"_s, 2},
-               {u"gone"_s, u"tv"_s, 1},
-               {u"bar"_s, u""_s, -1}};
-  for (const auto& row : cases) {
-    controls.chooseOutput(row.wanted);
-    engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}},
-                      .inForce = row.inForce};
+  const std::tuple<QString, QString, int> cases[] = {{u""_s, u"bar"_s, 0},
+                                                     {u"bar"_s, u"bar"_s, 2},
+                                                     {u"gone"_s, u"tv"_s, 1},
+                                                     {u"bar"_s, u""_s, -1}};
+  for (const auto& [wanted, inForce, choice] : cases) {
+    controls.chooseOutput(wanted);
+    engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}}, .inForce = inForce};
     advance(movie());
     EXPECT_EQ(controls.outputs().size(), 3);
-    EXPECT_EQ(controls.outputChoice(), row.choice);
+    EXPECT_EQ(controls.outputChoice(), choice);
   }
   const std::pair<int, QStringList> delays[] = {{0, {u"-100"_s, u"100"_s, u"9"_s}},
                                                 {-250, {u"-350"_s, u"0"_s, u"10"_s}},

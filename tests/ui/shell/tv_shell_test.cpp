@@ -36,11 +36,8 @@ TEST_F(TVShellTest, SignedOutItOffersToConnect) {
 
 TEST_F(TVShellTest, EachSectionHasItsTexts) {
   open({u"--demo"_s});
-  const struct {
-    Section section;
-    QStringList texts;  // title, placeholder of the search, label and count of the status line
-    bool refresh;
-  } cases[] = {
+  // Title, placeholder of the search, label and count of the status line; whether it is refreshed.
+  const std::tuple<Section, QStringList, bool> cases[] = {
       {Section::search, {u"Search"_s, u"Search Search"_s, u"All search"_s, u"18 items"_s}, false},
       {Section::live, {u"Live TV"_s, u"Search TV"_s, u"All tv"_s, u"6 items"_s}, true},
       {Section::movies, {u"Movies"_s, u"Search Movies"_s, u"All movies"_s, u"6 items"_s}, true},
@@ -49,13 +46,13 @@ TEST_F(TVShellTest, EachSectionHasItsTexts) {
        {u"My list"_s, u"Search My list"_s, u"All my list"_s, u"0 items"_s},
        false},
   };
-  for (const auto& row : cases) {
-    shell->navigate(static_cast<int>(row.section));
-    EXPECT_EQ(model->browsing().section(), row.section);
+  for (const auto& [section, texts, refresh] : cases) {
+    shell->navigate(static_cast<int>(section));
+    EXPECT_EQ(model->browsing().section(), section);
     EXPECT_EQ((QStringList{shell->headerTitle(), shell->searchPlaceholder(), status->label(),
                            status->count()}),
-              row.texts);
-    EXPECT_EQ(shell->refreshOffered(), row.refresh);
+              texts);
+    EXPECT_EQ(shell->refreshOffered(), refresh);
     EXPECT_FALSE(shell->refreshEnabled()) << "the preview library has nothing to refresh";
   }
   EXPECT_EQ(shell->accountLabel(), u"Preview library · No content included"_s);
