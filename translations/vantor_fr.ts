@@ -755,6 +755,10 @@
         <source>%1 of %2</source>
         <translation>%1 sur %2</translation>
     </message>
+    <message>
+        <source>%1, chosen</source>
+        <translation>%1, choix actuel</translation>
+    </message>
 </context>
 <context>
     <name>vantor::ChannelBanner</name>

@@ -43,12 +43,6 @@ ListView {
     function centerCurrent() {
         if (currentRow >= 0)
             positionViewAtIndex(currentRow, ListView.Center);
-        tell();
-    }
-
-    function tell() {
-        if (focused && currentRow >= 0)
-            Assistive.highlight(itemAtIndex(currentRow));
     }
 
     function reportRows() {
@@ -59,7 +53,6 @@ ListView {
         centerCurrent();
         reportRows();
     }
-    onFocusedChanged: tell()
     onHeightChanged: centerCurrent()
     onFirstRowChanged: reportRows()
     onLastRowChanged: reportRows()

@@ -62,7 +62,7 @@ ColumnLayout {
         }
     }
 
-    StyledText {
+    LiveText {
         Layout.fillWidth: true
         Layout.bottomMargin: 10
         visible: text !== ""
@@ -70,6 +70,5 @@ ColumnLayout {
         font: Style.caption
         color: Style.warning
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
     }
 }

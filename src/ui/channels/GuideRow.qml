@@ -19,6 +19,7 @@ Item {
     required property ArtworkStore artworkStore
     property bool focused: false
     property int count: 0
+    readonly property bool highlighted: focused && isSelected
     readonly property string bookmarkSymbol: isFavorite ? "bookmark.fill" : "bookmark"
     readonly property color ink: isSelected ? Style.canvas : Style.focusWhite
     readonly property real programmeWidth: (width - channel.width - 2 * Style.gap) / 2
@@ -32,13 +33,23 @@ Item {
     Accessible.description: nowText + " / " + nextText + ", " + Assistive.place(index, count)
     Accessible.selectable: true
     Accessible.selected: isSelected
+    Accessible.focusable: true
+    Accessible.focused: highlighted
     Accessible.onPressAction: row.opened(row.index)
+
+    onHighlightedChanged: tell()
+    Component.onCompleted: tell()
+
+    function tell() {
+        if (highlighted)
+            Assistive.highlight(row);
+    }
 
     ListView.onPooled: picture.active = false
     ListView.onReused: picture.active = true
 
     FocusRing {
-        shown: row.focused && row.isSelected
+        shown: row.highlighted
     }
 
     Rectangle {

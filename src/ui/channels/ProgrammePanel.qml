@@ -84,14 +84,13 @@ ColumnLayout {
         }
     }
 
-    StyledText {
+    LiveText {
         Layout.fillWidth: true
         visible: text !== ""
         text: panel.channels.error
         font: Style.caption
         color: Style.warning
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
     }
 
     Item {

@@ -43,8 +43,7 @@ IconButton {
 
                     text: modelData.name
                     marked: index === button.current
-                    Accessible.checkable: true
-                    Accessible.checked: marked
+                    choice: true
                     onTriggered: button.chosen(modelData)
                 }
             }

@@ -7,6 +7,8 @@ import Vantor.Ui
 ItemDelegate {
     id: row
 
+    required property int index
+    required property int count
     property bool marked: false
 
     implicitHeight: 30
@@ -15,8 +17,11 @@ ItemDelegate {
     font: Style.body
     Accessible.role: Accessible.ListItem
     Accessible.name: text
+    Accessible.description: Assistive.placeOfChoice(index, count, marked)
     Accessible.selectable: true
     Accessible.selected: marked
+    Accessible.focusable: true
+    Accessible.focused: highlighted
     Accessible.onPressAction: row.clicked()
 
     contentItem: Text {

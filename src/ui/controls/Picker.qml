@@ -75,10 +75,10 @@ ComboBox {
     }
 
     delegate: MenuRow {
-        required property int index
         required property string modelData
 
         width: ListView.view ? ListView.view.width : 0
+        count: picker.count
         text: modelData
         highlighted: picker.highlightedIndex === index
         marked: picker.currentIndex === index
@@ -92,8 +92,12 @@ ComboBox {
         margins: 8
         scale: Style.zoom
         transformOrigin: Popup.TopLeft
-        onClosed: if (picker.activeFocus && !picker.visualFocus)
-            picker.pointedAt()
+        onClosed: {
+            if (picker.activeFocus)
+                Assistive.highlight(picker);
+            if (picker.activeFocus && !picker.visualFocus)
+                picker.pointedAt();
+        }
 
         background: Rectangle {
             radius: 8
@@ -110,6 +114,7 @@ ComboBox {
             model: picker.popup.visible ? picker.delegateModel : null
             currentIndex: picker.highlightedIndex
             highlightMoveDuration: 0
+            onCurrentItemChanged: Assistive.highlight(currentItem)
             ScrollBar.vertical: ThinScrollBar {}
         }
     }

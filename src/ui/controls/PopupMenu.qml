@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls.Basic
 import Vantor.Style
+import Vantor.Ui
 
 // A menu one of whose entries is ready to be chosen by key.
 Menu {
@@ -18,6 +19,19 @@ Menu {
             needed = Math.max(needed, itemAt(i).implicitWidth + leftPadding + rightPadding);
         return Math.min(needed, widest);
     }
+    // Where an entry stands among those that are shown.
+    function placeOf(entry: Item): string {
+        let place = -1;
+        let shown = 0;
+        for (let i = 0; i < count; ++i) {
+            if (itemAt(i) === entry)
+                place = shown;
+            if (itemAt(i).visible)
+                ++shown;
+        }
+        return Assistive.place(place, shown);
+    }
+
     padding: 6
     margins: 8
     scale: Style.zoom

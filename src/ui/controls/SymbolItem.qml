@@ -8,6 +8,8 @@ MenuItem {
     id: item
 
     property string symbol: ""  // empty: none
+    // One of several of which one is in force, and whether it is that one.
+    property bool choice: false
     property bool marked: false
     readonly property bool plain: symbol === ""
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
@@ -20,6 +22,13 @@ MenuItem {
     font: plain ? Style.font(12) : Style.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
+    Accessible.description: menu?.opened ? (menu as PopupMenu).placeOf(item) : ""
+
+    // The control's own state, since it tells assistive programs of that.
+    checkable: choice
+    checked: marked
+    onToggled: checked = Qt.binding(() => item.marked)
+    indicator: null
 
     contentItem: Text {
         text: item.text

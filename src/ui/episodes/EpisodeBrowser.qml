@@ -79,14 +79,6 @@ FocusScope {
         preferredHighlightBegin: (height - rowHeight) / 2
         preferredHighlightEnd: (height + rowHeight) / 2
         highlightRangeMode: ListView.ApplyRange
-        onActiveFocusChanged: tell()
-        onCurrentItemChanged: tell()
-
-        function tell() {
-            if (activeFocus)
-                Assistive.highlight(currentItem);
-        }
-
         // The player takes the whole window in between.
         property bool placed: false
         Component.onCompleted: {

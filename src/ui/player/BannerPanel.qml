@@ -12,8 +12,10 @@ Rectangle {
 
     implicitHeight: row.height + 2 * textSize
     color: Style.faded("black", 0.78)
-    Accessible.role: Accessible.AlertMessage
-    Accessible.name: banner.number + " " + banner.name + ", " + banner.now
+
+    LiveRegion {
+        message: panel.banner.number + " " + panel.banner.name + ", " + panel.banner.now
+    }
 
     Row {
         id: row

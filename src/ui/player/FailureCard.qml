@@ -22,13 +22,12 @@ Rectangle {
         width: parent.width - 2 * 16
         spacing: 12
 
-        StyledText {
+        LiveText {
             width: parent.width
             text: card.message
             font: Style.callout
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignHCenter
-            Accessible.role: Accessible.AlertMessage
         }
 
         Row {

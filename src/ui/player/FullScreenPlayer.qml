@@ -52,6 +52,7 @@ FocusScope {
     }
 
     Text {
+        id: note
         anchors.top: parent.top
         anchors.right: parent.right
         anchors.margins: screen.distantText
@@ -61,8 +62,11 @@ FocusScope {
         color: Style.focusWhite
         style: Text.Outline
         styleColor: "black"
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        Accessible.ignored: true
+
+        LiveRegion {
+            message: note.text
+        }
     }
 
     Rectangle {

@@ -19,7 +19,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
     }
 
-    StyledText {
+    LiveText {
         id: label
         anchors.left: spinner.right
         anchors.leftMargin: 8
@@ -29,7 +29,6 @@ Rectangle {
         text: strip.text
         font: Style.caption
         elide: Text.ElideRight
-        Accessible.role: Accessible.AlertMessage
     }
 
     TVButton {

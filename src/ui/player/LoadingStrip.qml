@@ -17,7 +17,7 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
     }
 
-    StyledText {
+    LiveText {
         id: label
         anchors.left: spinner.right
         anchors.leftMargin: 8

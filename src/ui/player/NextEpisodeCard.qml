@@ -13,8 +13,10 @@ Rectangle {
     implicitHeight: column.implicitHeight + 2 * textSize
     radius: 8
     color: Style.faded("black", 0.85)
-    Accessible.role: Accessible.AlertMessage
-    Accessible.name: heading.text + ": " + title.text + ", " + outlook.text
+
+    LiveRegion {
+        message: heading.text + ": " + title.text + ", " + outlook.text
+    }
 
     Column {
         id: column

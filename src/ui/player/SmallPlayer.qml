@@ -43,7 +43,7 @@ FocusScope {
         player: screen.player
     }
 
-    StyledText {
+    LiveText {
         anchors.margins: Style.gap
         anchors.top: parent.top
         anchors.left: parent.left
@@ -52,7 +52,6 @@ FocusScope {
         font: Style.title2
         style: Text.Outline
         styleColor: "black"
-        Accessible.role: Accessible.AlertMessage
     }
 
     Rectangle {

@@ -98,9 +98,11 @@ Rectangle {
             textAlignment: Text.AlignLeft
             focusPolicy: Qt.NoFocus
             selected: rail.categories.current === categoryID
-            Accessible.description: Assistive.place(index, list.count)
+            Accessible.description: Assistive.placeOfChoice(index, list.count, selected)
             Accessible.selectable: true
             Accessible.selected: selected
+            Accessible.focusable: true
+            Accessible.focused: list.activeFocus && list.keyRow === index
             onClicked: {
                 list.moveTo(index);
                 rail.categories.choose(index);

@@ -31,6 +31,7 @@ Loader {
         SettingsRow {
             title: block.modelData.text
             subtitle: block.modelData.subtitle
+            place: block.modelData.place
             onClicked: block.activated(block.index)
             onActiveFocusChanged: if (activeFocus)
                 block.focusArrived(this)
@@ -42,6 +43,7 @@ Loader {
 
         LinkButton {
             text: block.modelData.text
+            Accessible.description: block.modelData.place
             onClicked: block.activated(block.index)
             onActiveFocusChanged: if (activeFocus)
                 block.focusArrived(this)

@@ -7,10 +7,12 @@ TVButton {
 
     required property string title
     required property string subtitle
+    // Among what acts on its page, in words.
+    required property string place
 
     text: title
     plainColor: Style.faded(Style.focusWhite, 0.07)
-    Accessible.description: subtitle
+    Accessible.description: subtitle + ", " + place
     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
     Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
 

@@ -15,7 +15,10 @@ Sheet {
     width: 430
     height: 580
     onEscaped: view.back()
-    onOpened: column.focusFirst()
+    onOpened: {
+        arrival.message = "";
+        column.focusFirst();
+    }
 
     background: Rectangle {
         radius: 10
@@ -30,7 +33,14 @@ Sheet {
             pages.contentY = 0;
             column.focusedText = "";
             column.focusFirst();
+            arrival.message = sheet.view.title;
         }
+    }
+
+    // The name of a page that comes while the sheet is open; the first one's is that of the sheet.
+    LiveRegion {
+        id: arrival
+        message: ""
     }
 
     ColumnLayout {
@@ -133,14 +143,13 @@ Sheet {
             }
         }
 
-        StyledText {
+        LiveText {
             text: sheet.view.message
             visible: text !== ""
             font: Style.caption
             color: Style.mint
             wrapMode: Text.Wrap
             Layout.fillWidth: true
-            Accessible.role: Accessible.AlertMessage
         }
     }
 

@@ -1,9 +1,11 @@
 #include "ui/settings/settings_view.h"
 
 #include <QDir>
+#include <algorithm>
 
 #include "core/app_model.h"
 #include "platform/opener.h"
+#include "ui/entries/assistive.h"
 
 namespace vantor {
 
@@ -58,10 +60,17 @@ QString SettingsView::heading() const {
 }
 
 QVariantList SettingsView::blocks() const {
+  const auto acts = [](const SettingsBlock& block) { return block.action != Action::none; };
+  const QList<SettingsBlock> blocks = blocksOf(page_, model_);
+  const auto count = static_cast<int>(std::count_if(blocks.begin(), blocks.end(), acts));
+  int index = 0;
   QVariantList list;
-  for (const SettingsBlock& block : blocksOf(page_, model_))
-    list.append(QVariantMap{
-        {u"kind"_s, nameOf(block.kind)}, {u"text"_s, block.text}, {u"subtitle"_s, block.subtitle}});
+  for (const SettingsBlock& block : blocks)
+    list.append(
+        QVariantMap{{u"kind"_s, nameOf(block.kind)},
+                    {u"text"_s, block.text},
+                    {u"subtitle"_s, block.subtitle},
+                    {u"place"_s, acts(block) ? Assistive::place(index++, count) : QString()}});
   return list;
 }
 

@@ -44,7 +44,8 @@ class SettingsView final : public QObject {
   QString backLabel() const;
   QString hint() const;
   QString heading() const;
-  /// Maps of "kind" ("text", "secondary", "row" or "link"), "text" and "subtitle".
+  /// Maps of "kind" ("text", "secondary", "row" or "link"), "text", "subtitle" and "place", the one
+  /// of a row or link among those that act.
   QVariantList blocks() const;
   const QString& message() const { return message_; }  // empty: none
   bool confirmingRemoval() const { return confirmingRemoval_; }

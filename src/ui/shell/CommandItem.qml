@@ -20,6 +20,7 @@ MenuItem {
     font: Style.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
+    Accessible.description: menu?.opened ? keysText + ", " + (menu as PopupMenu).placeOf(item) : ""
 
     contentItem: Item {
         implicitWidth: title.implicitWidth + keys.implicitWidth + 2 * Style.gap

@@ -13,7 +13,7 @@ Rectangle {
     implicitHeight: Math.max(label.implicitHeight, close.height) + 2 * 12
     color: Style.faded(Style.mint, 0.1)
 
-    StyledText {
+    LiveText {
         id: label
         anchors.left: parent.left
         anchors.leftMargin: 12
@@ -23,7 +23,6 @@ Rectangle {
         text: banner.text
         font: Style.callout
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
     }
 
     IconButton {

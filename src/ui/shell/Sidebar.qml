@@ -72,6 +72,7 @@ Rectangle {
                 font: Style.font(16)
                 textAlignment: Text.AlignLeft
                 selected: sidebar.shell.section === index
+                Accessible.description: Assistive.placeOfChoice(index, sidebar.shell.sections.length, selected)
                 Accessible.selectable: true
                 Accessible.selected: selected
                 Keys.onUpPressed: if (index > 0)

@@ -52,7 +52,7 @@ Rectangle {
         color: Style.secondary
     }
 
-    StyledText {
+    LiveText {
         x: Style.inset
         width: parent.width - 2 * Style.inset
         anchors.bottom: parent.bottom
@@ -62,6 +62,5 @@ Rectangle {
         font: Style.caption
         color: Style.warning
         elide: Text.ElideRight
-        Accessible.role: Accessible.AlertMessage
     }
 }

@@ -72,14 +72,13 @@ Sheet {
             }
         }
 
-        StyledText {
+        LiveText {
             text: sheet.view.error
             visible: text !== ""
             font: Style.caption
             color: Style.warning
             wrapMode: Text.Wrap
             Layout.fillWidth: true
-            Accessible.role: Accessible.AlertMessage
         }
 
         StyledText {

@@ -352,18 +352,6 @@ TEST_F(WindowTest, SignsInWithKeysAloneAndHidesThePasswordFromAssistivePrograms)
   EXPECT_TRUE(views->connectView()->working());
 }
 
-TEST_F(WindowTest, AssistiveProgramsAreToldWhereAnEntryStands) {
-  QAccessible::setActive(true);
-  open({u"--demo"_s});
-  for (const Section section : {Section::live, Section::movies}) {
-    app->navigate(section);
-    QTest::qWait(50);
-    QStringList texts;
-    readAll(QAccessible::queryAccessibleInterface(window), texts);
-    EXPECT_THAT(texts.filter(u"3 of 6"_s), ::testing::SizeIs(1)) << static_cast<int>(section);
-  }
-}
-
 TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
   open({u"--demo"_s});
   click(find("text", u"Search"_s));
