@@ -171,7 +171,8 @@ void Program::showWindow() {
         networkWatch_.listen(busWorker_);
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
           qWarning().noquote() << "No font for" << missing.join(u", "_s)
-                               << "here; Debian has fonts-noto-core and fonts-noto-cjk";
+                               << "here; Debian has fonts-noto-core, fonts-noto-cjk and "
+                                  "fonts-materialdesignicons-webfont";
       },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }

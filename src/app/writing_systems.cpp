@@ -2,6 +2,8 @@
 
 #include <QFontDatabase>
 
+#include "ui/style/style.h"
+
 namespace vantor {
 
 QStringList writingSystemsWithoutFont() {
@@ -14,6 +16,8 @@ QStringList writingSystemsWithoutFont() {
                             QFontDatabase::Japanese, QFontDatabase::Korean})
     if (QFontDatabase::families(system).isEmpty())
       result.append(QFontDatabase::writingSystemName(system));
+  if (!QFontDatabase::hasFamily(Style::iconFont(1).family()))
+    result.append(QStringLiteral("the player's symbols"));
   return result;
 }
 

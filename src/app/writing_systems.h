@@ -5,7 +5,7 @@
 namespace vantor {
 
 /// Those of the writing systems in wide use for which this desktop has no font: names in them are
-/// shown as boxes.
+/// shown as boxes. The player's own symbols count as one.
 QStringList writingSystemsWithoutFont();
 
 }  // namespace vantor

@@ -1,9 +1,12 @@
 // Starts of the program in a session where it runs already, and where it cannot know.
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusReply>
 #include <QElapsedTimer>
 #include <QUuid>
+#include <QXmlStreamReader>
+#include <random>
 
 #include "program_fixture.h"
 
@@ -54,6 +57,25 @@ class OneProgramTest : public ProgramFixture {
   QString ask(const QString& method, const QVariantList& arguments) const {
     const QDBusMessage answer = QDBusConnection::sessionBus().call(request(method, arguments));
     return answer.errorName().section(u'.', -1);
+  }
+  /// Calls of every method that the first one has at the path and below, but for the one that ends
+  /// it.
+  void collectMethods(const QString& path, QList<QDBusMessage>& methods) const {
+    QXmlStreamReader tree(
+        call(name, path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s, {})
+            .arguments()
+            .value(0)
+            .toString());
+    QString interface;
+    while (!tree.atEnd()) {
+      if (tree.readNext() != QXmlStreamReader::StartElement) continue;
+      const QString found = tree.attributes().value(u"name"_s).toString();
+      if (tree.name() == u"interface"_s) interface = found;
+      if (tree.name() == u"method"_s && found != u"Quit"_s)
+        methods.append(QDBusMessage::createMethodCall(name, path, interface, found));
+      if (tree.name() == u"node"_s && !found.isEmpty())
+        collectMethods(path.chopped(path.size() == 1) + u'/' + found, methods);
+    }
   }
   /// What it plays, as it tells everyone.
   QString title() const {
@@ -162,6 +184,51 @@ TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
         request(method, arguments.size() > 1 ? searching : arguments));
   }
   EXPECT_EQ(ask(u"Activate"_s, {QVariantMap()}), QString());
+  EXPECT_EQ(quit(), 0);
+  EXPECT_EQ(program.readAll(), QByteArray());
+}
+
+TEST_F(OneProgramTest, BearsCallsOfAnyKindAndOrderOfWhateverItOffers) {
+  environment.insert(u"QT_LOGGING_RULES"_s, u"qt.dbus.*=false"_s);
+  environment.insert(u"HOME"_s, home.path());
+  ASSERT_TRUE(startFirst({film}));
+  ASSERT_TRUE(eventually([&] { return title() == u"movie"_s; }));
+  QList<QDBusMessage> methods;
+  collectMethods(u"/"_s, methods);
+  ASSERT_GT(methods.size(), 25);
+  const QVariantList values = {1,
+                               -1LL,
+                               0.5,
+                               true,
+                               u"search"_s,
+                               QString(100'000, u'x'),
+                               u"org.mpris.MediaPlayer2.Player"_s,
+                               QStringList{u"a"_s, u"b"_s},
+                               QVariantMap{{u"activation-token"_s, 1}},
+                               QVariant::fromValue(QVariantList()),
+                               QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
+                               QVariant::fromValue(QDBusVariant(3))};
+  // In a fixed order that looks like none.
+  std::minstd_rand random(7);
+  const auto any = [&](const auto& list) { return list.at(qsizetype(random()) % list.size()); };
+  QList<QDBusPendingCall> calls;
+  for (int i = 0; i < 3'000; ++i) {
+    QDBusMessage message = any(methods);
+    QVariantList arguments;
+    for (auto count = random() % 4; count > 0; --count) arguments.append(any(values));
+    message.setArguments(arguments);
+    calls.append(QDBusConnection::sessionBus().asyncCall(message));
+    QDBusMessage pretended = QDBusMessage::createTargetedSignal(
+        name, message.path(), message.interface(), u"NameOwnerChanged"_s);
+    pretended.setArguments(arguments);
+    QDBusConnection::sessionBus().send(pretended);
+  }
+  EXPECT_TRUE(eventually([&] {
+    return std::ranges::all_of(calls, [](const auto& call) { return call.isFinished(); });
+  }));
+  EXPECT_EQ(ask(u"Open"_s, {QStringList{QUrl::fromLocalFile(film).toString()}, QVariantMap()}),
+            QString());
+  EXPECT_TRUE(eventually([&] { return title() == u"movie"_s; }));
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(program.readAll(), QByteArray());
 }

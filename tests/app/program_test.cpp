@@ -40,7 +40,20 @@ TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
   for (const char* name : {"Arabic", "Chinese", "Japanese", "Korean"})
     EXPECT_TRUE(told.contains(name)) << name;
   EXPECT_FALSE(told.contains("Cyrillic"));
+  EXPECT_TRUE(told.contains("symbols"));
   EXPECT_EQ(quit(), 0);
+}
+
+TEST_F(ProgramTest, PlaysAFileOfAnyNameInALocaleThatDoesNotExist) {
+  const QString file = home.filePath(u"Ölfilm – 日本.mkv"_s);
+  ASSERT_TRUE(QFile::copy(QString::fromStdString(server.mediaPath("movie.mkv")), file));
+  for (const char* locale : {"xx_YY.UTF-8", "de_DE.KOI8-R@none", "/etc/passwd", "C"}) {
+    for (const auto& variable : {u"LC_ALL"_s, u"LANG"_s, u"LANGUAGE"_s})
+      environment.insert(variable, QString::fromLatin1(locale));
+    ASSERT_TRUE(start({u"--smoke-test"_s, file}));
+    EXPECT_TRUE(eventually([&] { return hasOpen(file); })) << locale;
+    EXPECT_EQ(quit(), 0) << locale;
+  }
 }
 
 TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
