@@ -121,7 +121,7 @@ std::vector<Text> textsInUse(QQuickWindow& window) {
   for (QQuickItem* part : inUse(window))
     forEachShown(part, [&](QQuickItem* item) {
       if (auto text = textOf(item, window.effectiveDevicePixelRatio()))
-        texts.push_back(std::move(*text));
+        texts.push_back(*text);
     });
   return texts;
 }
