@@ -6,6 +6,8 @@
 
 namespace vantor {
 
+using namespace Qt::StringLiterals;
+
 QStringList writingSystemsWithoutFont() {
   QStringList result;
   for (const auto system : {QFontDatabase::Latin, QFontDatabase::Greek, QFontDatabase::Cyrillic,
@@ -17,7 +19,7 @@ QStringList writingSystemsWithoutFont() {
     if (QFontDatabase::families(system).isEmpty())
       result.append(QFontDatabase::writingSystemName(system));
   if (!QFontDatabase::hasFamily(Style::iconFont(1).family()))
-    result.append(QStringLiteral("the player's symbols"));
+    result.append(u"the player's symbols"_s);
   return result;
 }
 

@@ -68,7 +68,7 @@ TEST(NameSearch, FindsWhatALookAtEachNameFinds) {
     ASSERT_EQ(rows, expected(text, false)) << text;
     found += rows.size();
     Rows inCategory;
-    catalog.match({QStringLiteral("x"), text}, inCategory);
+    catalog.match({u"x"_s, text}, inCategory);
     ASSERT_EQ(inCategory, expected(text, true)) << text;
     for (std::size_t length = 1; length < text.size(); ++length) {
       constexpr std::uint32_t base = 1u << 30;
