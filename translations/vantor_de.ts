@@ -849,8 +849,8 @@
 <context>
     <name>vantor::DialogFilePanel</name>
     <message>
-        <source>Movies and audio (%1)</source>
-        <translation>Filme und Audio (%1)</translation>
+        <source>Movies and audio</source>
+        <translation>Filme und Audio</translation>
     </message>
 </context>
 <context>

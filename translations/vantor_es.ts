@@ -849,8 +849,8 @@
 <context>
     <name>vantor::DialogFilePanel</name>
     <message>
-        <source>Movies and audio (%1)</source>
-        <translation>Películas y audio (%1)</translation>
+        <source>Movies and audio</source>
+        <translation>Películas y audio</translation>
     </message>
 </context>
 <context>

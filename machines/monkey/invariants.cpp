@@ -124,10 +124,22 @@ void checkSession(Subject& on, Faults& faults) {
                 u"session: a stream of nobody"_s);
 }
 
+/// Whether something that is open in front of the window has a window of its own: the toolkit's
+/// file dialog since Qt 6.8.
+bool isBehindAnother(const QQuickWindow& window) {
+  const QList<QObject*> parts = window.findChildren<QObject*>();
+  return std::ranges::any_of(parts, [&](const QObject* popup) {
+    if (!popup->inherits("QQuickPopup") || !popup->property("opened").toBool()) return false;
+    const auto* content = popup->property("contentItem").value<QQuickItem*>();
+    return content && content->window() && content->window() != &window;
+  });
+}
+
 /// Keys have somewhere to go. Tells which menus are open.
 void checkFocus(Subject& on, QHash<const QObject*, int>& menus, Faults& faults) {
   const QQuickWindow& window = on.window();
   if (!window.isActive() || !on.awake() || on.on().views.remote()->small()) return;
+  if (isBehindAnother(window)) return;
   const QQuickItem* focus = window.activeFocusItem();
   const QString name = nameOf(focus);
   faults.unless(focus && focus != window.contentItem(), u"focus: on "_s + name);

@@ -41,6 +41,12 @@ Program::Program(const LaunchArguments& launch)
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
       artwork_(transport_, clock_, artworkWorker_),
+      filePanel_(ownFilePanel_, clock_,
+                 [] {
+                   return PortalFilePanel::Wording{
+                       QCoreApplication::translate("MediaFileDialog", "Open a media file"),
+                       DialogFilePanel::kinds(), DialogFilePanel::patterns()};
+                 }),
       frames_(std::make_shared<VideoFrameQueue>()),
       engine_(frames_, Output::shown),
       model_(AppServices{clock_, worker_, secretsWorker_, secureStore_, preferences_, transport_,
@@ -49,7 +55,7 @@ Program::Program(const LaunchArguments& launch)
       keeper_(model_.playback(), engine_, *frames_, transport_, clock_),
       recordingService_(model_.playback()),
       screenAwake_(model_.playback(), keeper_, engine_, idleInhibitor_),
-      views_(model_, keeper_, clock_, filePanel_, *frames_, artwork_, opener_,
+      views_(model_, keeper_, clock_, ownFilePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}),
       nowPlaying_(model_, views_.zapping(), views_.episodeQueue(), clock_),
       mpris_({model_, nowPlaying_, keeper_, artwork_, worker_, clock_, folders_.temporary,
@@ -169,6 +175,9 @@ void Program::showWindow() {
         mpris_.offer(busWorker_);
         idleInhibitor_.join(busWorker_, values_.bundleIdentifier);
         networkWatch_.listen(busWorker_);
+        filePanel_.join(busWorker_);
+        if (QGuiApplication::platformName() == "xcb"_L1)
+          filePanel_.setParentWindow(u"x11:"_s + QString::number(window_->winId(), 16));
         if (const QStringList missing = writingSystemsWithoutFont(); !missing.isEmpty())
           qWarning().noquote() << "No font for" << missing.join(u", "_s)
                                << "here; Debian has fonts-noto-core, fonts-noto-cjk and "

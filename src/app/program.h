@@ -15,6 +15,7 @@
 #include "desktop/idle_inhibitor.h"
 #include "desktop/mpris_service.h"
 #include "desktop/network_watch.h"
+#include "desktop/portal_file_panel.h"
 #include "desktop/recording_service.h"
 #include "desktop/screen_awake.h"
 #include "diagnosis/run_log.h"
@@ -84,7 +85,8 @@ class Program final : public QObject {
   Worker artworkWorker_;
   Worker busWorker_{2};
   ArtworkStore artwork_;
-  DialogFilePanel filePanel_;
+  DialogFilePanel ownFilePanel_;
+  PortalFilePanel filePanel_;
   DesktopOpener opener_;
   std::shared_ptr<VideoFrameQueue> frames_;
   LibVLCEngine engine_;

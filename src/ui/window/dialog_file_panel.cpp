@@ -35,6 +35,14 @@ bool isMedia(const QString& type) {
 }  // namespace
 
 QStringList DialogFilePanel::nameFilters() {
+  return {kinds() + " ("_L1 + patterns().join(u' ') + u')'};
+}
+
+QString DialogFilePanel::kinds() {
+  return tr("Movies and audio");
+}
+
+QStringList DialogFilePanel::patterns() {
   // What a system without a database of its own may lack.
   QSet<QString> patterns = {u"*.vob"_s, u"*.mts"_s, u"*.m2ts"_s, u"*.ts"_s, u"*.mxf"_s, u"*.mka"_s};
   for (const QMimeType& type : QMimeDatabase().allMimeTypes()) {
@@ -45,7 +53,7 @@ QStringList DialogFilePanel::nameFilters() {
   QStringList sorted;
   for (const QString& pattern : patterns) sorted.append(inAnyCase(pattern));
   sorted.sort();
-  return {tr("Movies and audio (%1)").arg(sorted.join(u' '))};
+  return sorted;
 }
 
 void DialogFilePanel::darkenPath(const QColor& ground) {

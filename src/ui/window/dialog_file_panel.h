@@ -25,6 +25,9 @@ class DialogFilePanel : public QObject, public FilePanel {
 
   /// What the dialog lists: movies and audio, in every spelling of their extensions.
   static QStringList nameFilters();
+  /// The two parts of it.
+  static QString kinds();
+  static QStringList patterns();
 
   Q_INVOKABLE void choose(const QUrl& file);
   Q_INVOKABLE void cancel();
