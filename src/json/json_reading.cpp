@@ -127,7 +127,8 @@ void expectString(simdjson::ondemand::raw_json_string string) {
 /// The text of a number; fails when it is not in the form of one.
 std::string_view numberToken(simdjson::ondemand::value value) {
   std::string_view token = value.raw_json_token();
-  while (!token.empty() && static_cast<unsigned char>(token.back()) <= ' ') token.remove_suffix(1);
+  const std::size_t last = token.find_last_not_of(" \t\n\r");
+  token = token.substr(0, last + 1);
   std::size_t i = 0;
   const auto at = [&](std::string_view any) {
     return i < token.size() && any.find(token[i]) != std::string_view::npos;

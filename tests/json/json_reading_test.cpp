@@ -87,14 +87,25 @@ TEST(JSONReading, ReadsEveryAnswerWholeAndTheLastOfARepeatedKey) {
           R"("\"\\\/\b\f\n\r\t\u00e9\ud83d")", R"([ ])", R"({ })",
           R"({"a":[{"b\u0041\ud800":[null,1.5,"x"]},[]],"":{}})", "[[[[[[[[[[[[1]]]]]]]]]]]]"})
       EXPECT_EQ(reader.read(answer(reader, sound)), u"last"_s) << reader.name << ' ' << sound;
-    for (const char* damage :
-         {"tru",      "truer",       "nul",         "falsé",     "01",
-          "-01",      "1.",          ".5",          "-",         "1e",
-          "1e+",      "-inf",        "1x",          "0x1",       "+1",
-          "1\"a\"",   R"("\q")",     R"("\u12g4")", R"("\u12")", "\"\n\"",
-          "\"\xff\"", "[1,]",        "[,1]",        "[1 2]",     "[1",
-          "[}",       "{]",          R"({"a":1,})", R"({"a":})", R"({"a" 1})",
-          "{1:2}",    R"({"\q":1})", " ",           "@",         deep.constData()})
+    for (const char* damage : {"tru",       "truer",
+                               "nul",       "falsé",
+                               "01",        "-01",
+                               "1.",        ".5",
+                               "-",         "1e",
+                               "1e+",       "-inf",
+                               "1x",        "0x1",
+                               "+1",        "1\"a\"",
+                               R"("\q")",   R"("\u12g4")",
+                               R"("\u12")", "\"\n\"",
+                               "\"\xff\"",  "[1,]",
+                               "[,1]",      "[1 2]",
+                               "[1",        "[}",
+                               "{]",        R"({"a":1,})",
+                               R"({"a":})", R"({"a" 1})",
+                               "{1:2}",     R"({"\q":1})",
+                               " ",         "@",
+                               "1\x01",     "true\x01",
+                               "null\x01",  deep.constData()})
       EXPECT_THROW(reader.read(answer(reader, damage)), JSONError)
           << reader.name << ' ' << QByteArray(damage).left(20).toStdString();
     EXPECT_EQ(reader.read(answer(reader, "", true)), u"last"_s)
