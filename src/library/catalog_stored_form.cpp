@@ -241,7 +241,8 @@ Catalog catalogFromJSON(QByteArray json) {
     ItemReader items;
     forEachField(document.object(), [&](std::string_view key, od::value value) {
       if (key == "items") {
-        builder.emplace(expectedText);
+        // Who repeats the key does not get all that room each time.
+        builder.emplace(builder ? 0 : expectedText);
         forEachObjectOf(value, [&](od::object item) { items.read(item, *builder); });
       } else if (key == "categories") {
         categories.emplace();
