@@ -14,6 +14,7 @@
 #include "core/section.h"
 #include "desktop/application_object.h"
 #include "desktop/one_program.h"
+#include "diagnosis/core_dumps.h"
 #include "diagnosis/crash_handler.h"
 #include "diagnosis/crash_reports.h"
 #include "diagnosis/diagnosis.h"
@@ -67,6 +68,7 @@ QByteArray activationToken() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  vantor::preventCoreDumps();
   vantor::returnLargeBlocks();
   QGuiApplication::setApplicationName(u"vantor"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));

@@ -42,8 +42,6 @@ struct Running {
 
 [[noreturn]] void run(const Section& section, int output, int& argc, char** argv) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  // What it may die of is told here, and no dump.
-  ::prctl(PR_SET_DUMPABLE, 0);
   const int nothing = ::open("/dev/null", O_RDWR);
   for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nothing, standard);
   Report report(output);
