@@ -13,6 +13,7 @@ using namespace vantor;
 namespace {
 
 constexpr qsizetype bytesOfPixel = 4;
+constexpr qsizetype mostPixels = 25'000'000;  // are decoded
 
 /// Decoders never see what has no known beginning; such inputs get one.
 QByteArray withKnownBeginning(QByteArray bytes) {
@@ -39,12 +40,12 @@ qsizetype decodedSize(const QByteArray& bytes) {
     size = size.expandedTo({qFromLittleEndian<quint16>(bytes.constData() + 6),
                             qFromLittleEndian<quint16>(bytes.constData() + 8)});
   const qsizetype pixels = size.isEmpty() ? 0 : qsizetype{size.width()} * size.height();
-  return pixels > 25'000'000 ? 0 : pixels * bytesOfPixel;
+  return pixels > mostPixels ? 0 : pixels * bytesOfPixel;
 }
 
 QByteArray plainPicture(qsizetype size) {
-  const int rows = std::max(1, static_cast<int>(size / bytesOfPixel / 256));
-  QImage image(256, rows, QImage::Format_RGB32);
+  const qsizetype pixels = std::clamp<qsizetype>(size / bytesOfPixel, 256, mostPixels);
+  QImage image(256, static_cast<int>(pixels / 256), QImage::Format_RGB32);
   image.fill(Qt::red);
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);

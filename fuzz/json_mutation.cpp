@@ -8,8 +8,24 @@
 namespace vantor {
 namespace {
 
-constexpr auto words = std::to_array<std::string_view>({
-    // values
+constexpr auto texts = std::to_array<std::string_view>({
+    R"("")",
+    R"("1")",
+    R"("Active")",
+    R"("QUJD")",
+    R"("\ud800")",
+    R"("\u0000")",
+    R"("2020")",
+    R"("http://a.example/1.png")",
+    R"("https://a@b.example")",
+    "\"\xFF\"",
+    // marks in the wrong order, an ideograph for a number, letters that fold to several
+    "\"\xCC\x81\xCC\xA3\"",
+    "\"\xE4\xB8\x80\"",
+    "\"\xC4\xB0\"",
+    "\"\xEF\xAC\x83\"",
+});
+constexpr auto values = std::to_array<std::string_view>({
     "{}",
     "[]",
     "null",
@@ -19,19 +35,9 @@ constexpr auto words = std::to_array<std::string_view>({
     "1.5",
     "01",
     "9223372036854775808",
-    R"("")",
-    R"("1")",
-    R"("Active")",
-    R"("http://a.example/1.png")",
-    R"("QUJD")",
-    R"("\ud800")",
-    R"("\u0000")",
-    "\"\xCC\x81\xCC\xA3\"",
-    "\"\xE4\xB8\x80\"",
-    "\"\xFF\"",
-    "\"\xC4\xB0\"",
-    "\"\xEF\xAC\x83\"",
-    // members of every answer and file
+});
+// Of every answer and file.
+constexpr auto members = std::to_array<std::string_view>({
     R"("stream_id":1)",
     R"("series_id":"2")",
     R"("name":"a")",
@@ -117,14 +123,15 @@ std::string mutatedJSON(std::string text, std::size_t limit, std::mt19937& rando
   const std::vector<Span> spans = spansOf(text);
   const Span span = spans.empty() ? Span{0, text.size()} : spans[below(spans.size())];
   const std::string value = text.substr(span.begin, span.size());
-  const std::string word(words[below(words.size())]);
   const bool isText = value.size() > 2 && value.front() == '"' && value.back() == '"';
-  // Seldom as often as there is room for.
+  const auto one = [&](const auto& words) { return std::string(words[below(words.size())]); };
+  const std::string word = below(4) == 0 ? one(values) : isText ? one(texts) : one(members);
+  // A few times, or as often as there is room for.
   const std::size_t room = limit > text.size() ? limit - text.size() : 0;
-  const std::size_t most = room / (value.size() + 1);
-  const std::size_t times = std::min(most, below(16) == 0 ? most : below(8));
+  const std::size_t most = room / (isText ? value.size() - 2 : value.size() + 1);
+  const std::size_t times = below(8) == 0 ? most : std::min(most, std::size_t{1} << below(10));
   std::string changed;
-  switch (below(6)) {
+  switch (below(5)) {
     case 0:
       changed = word;
       break;
@@ -132,22 +139,18 @@ std::string mutatedJSON(std::string text, std::size_t limit, std::mt19937& rando
       changed = value + ',' + word;
       break;
     case 2:
-      for (std::size_t i = 0; i < times; ++i) changed += value + ',';
-      changed += value;
-      break;
     case 3:
       if (isText) {
         changed = "\"";
         for (std::size_t i = 0; i < times; ++i) changed.append(value, 1, value.size() - 2);
         changed += '"';
+      } else {
+        for (std::size_t i = 0; i < times; ++i) changed += value + ',';
+        changed += value;
       }
       break;
-    case 4:
-      changed = isText && word.front() == '"' ? value.substr(0, value.size() - 1) + word.substr(1)
-                                              : std::string();
-      break;
     default:
-      if (!spans.empty()) {
+      if (!spans.empty() && below(2) == 0) {
         const Span other = spans[below(spans.size())];
         changed = text.substr(other.begin, other.size());
       }
