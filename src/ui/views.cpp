@@ -2,6 +2,7 @@
 
 #include "core/app_model.h"
 #include "playback/playback.h"
+#include "ui/sign_in/unread_password.h"
 
 namespace vantor {
 
@@ -28,6 +29,8 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       nextEpisode_(episodeQueue_, model.playback(), clock),
       statistics_(model.playback(), clock),
       remote_(model, {zapping_, banner_, nextEpisode_, transport_, statistics_}, clock),
-      commands_(model) {}
+      commands_(model) {
+  keepPasswordsUnread();
+}
 
 }  // namespace vantor

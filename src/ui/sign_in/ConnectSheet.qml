@@ -65,9 +65,9 @@ Sheet {
                 id: password
                 Layout.fillWidth: true
                 name: qsTr("Password")
-                secret: sheet.view.password
+                text: sheet.view.password
                 enabled: !sheet.view.working
-                onTextEdited: sheet.view.password = secret
+                onTextEdited: sheet.view.password = text
                 onAccepted: sheet.view.connectAccount()
             }
         }

@@ -125,7 +125,22 @@ TEST_F(AssistiveTest, TheFieldOfThePasswordIsNamedAndEmpty) {
   open();
   app->setShowingConnect(true);
   QTest::qWait(50);
-  EXPECT_THAT(told([&] { press(Qt::Key_Tab); }), ElementsAre(": Password"));
+  EXPECT_THAT(told([&] { press(Qt::Key_Tab); }), ElementsAre("Password: "));
+  QAccessibleInterface* field = QAccessible::queryAccessibleInterface(objects.first());
+  EXPECT_THAT(told([&] { type(u"abc"_s); }), ElementsAre());
+  EXPECT_TRUE(field->state().passwordEdit);
+  EXPECT_EQ(field->text(QAccessible::Value), u"•••"_s);
+  QAccessibleTextInterface* text = field->textInterface();
+  int start = 0;
+  int end = 0;
+  EXPECT_EQ(text->text(0, 3), u"•••"_s);
+  EXPECT_EQ(text->textAtOffset(1, QAccessible::NoBoundary, &start, &end), u"•••"_s);
+  for (const auto kind : {QAccessible::CharBoundary, QAccessible::WordBoundary}) {
+    const QString around = text->textBeforeOffset(2, kind, &start, &end) +
+                           text->textAtOffset(1, kind, &start, &end) +
+                           text->textAfterOffset(0, kind, &start, &end);
+    EXPECT_EQ(around.count(u'•'), around.size()) << around.toStdString();
+  }
 }
 
 TEST_F(AssistiveTest, AMessageThatComesIsToldOnceAndWheneverItChanges) {
