@@ -29,9 +29,7 @@ class Provider {
       });
     });
   }
-  QUrl address() const {
-    return QUrl(u"http://127.0.0.1:%1/"_s.arg(server_.serverPort()));
-  }
+  QUrl address() const { return QUrl(u"http://127.0.0.1:%1/"_s.arg(server_.serverPort())); }
   QByteArray answer;
 
  private:

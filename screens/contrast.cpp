@@ -120,8 +120,7 @@ std::vector<Text> textsInUse(QQuickWindow& window) {
   std::vector<Text> texts;
   for (QQuickItem* part : inUse(window))
     forEachShown(part, [&](QQuickItem* item) {
-      if (auto text = textOf(item, window.effectiveDevicePixelRatio()))
-        texts.push_back(*text);
+      if (auto text = textOf(item, window.effectiveDevicePixelRatio())) texts.push_back(*text);
     });
   return texts;
 }

@@ -61,9 +61,8 @@ class OneProgramTest : public ProgramFixture {
   /// Calls of every method that the first one has at the path and below, but for the one that ends
   /// it.
   void collectMethods(const QString& path, QList<QDBusMessage>& methods) const {
-    const QDBusMessage answer =
-        QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
-            name, path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s));
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
+        name, path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s));
     QXmlStreamReader tree(answer.arguments().value(0).toString());
     QString interface;
     while (!tree.atEnd()) {
