@@ -30,10 +30,10 @@ def start_accessibility():
 class Simulator:
     """The simulated provider as a child process."""
 
-    def __init__(self, build, *options):
+    def __init__(self, build, *options, password=PASSWORD):
         self.process = subprocess.Popen(
             [f"{build}/sim/vantor-sim", "--media", os.environ["VANTOR_SIM_MEDIA"],
-             "--password", PASSWORD, *options],
+             "--password", password, *options],
             stdout=subprocess.PIPE, text=True)
         self.said = {}
         for line in self.process.stdout:
@@ -58,7 +58,8 @@ class Simulator:
 class Player:
     """The player in its window, and what can be done with it."""
 
-    def __init__(self, build, output, config_url, *arguments):
+    def __init__(self, build, output, config_url, *arguments, **process):
+        """`process` goes to Popen."""
         self.output = output
         self.desktop = desktop()
         self.shots = 0
@@ -67,7 +68,8 @@ class Player:
         self.record = open(os.path.join(output, "tour.txt"), "w")
         environment = dict(os.environ, VANTOR_CONFIG_URL=config_url,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", VANTOR_AUDIO="none")
-        self.process = subprocess.Popen([f"{build}/src/app/vantor", *arguments], env=environment)
+        self.process = subprocess.Popen([f"{os.path.abspath(build)}/src/app/vantor", *arguments],
+                                        env=environment, **process)
         self.wait("the window", lambda: self.application() is not None)
         self.wait("the window on screen", lambda: self.desktop.focus("Vantor Player"))
 
