@@ -26,7 +26,9 @@ class CountedTransport final : public HTTPTransport {
       throw;
     }
   }
-  HTTPClient patient_;
+  // What is left running does not end by itself before it is missed.
+  static constexpr std::chrono::minutes forEver{10};
+  HTTPClient patient_{{.withoutData = forEver, .inAll = forEver}};
   HTTPClient impatient_{{.withoutData = std::chrono::milliseconds(200)}};
 };
 
