@@ -6,6 +6,8 @@ InputField {
     required property string name
 
     placeholderText: name
+    // Without it Qt leaves the field out of the tree.
+    Accessible.name: name
     echoMode: TextInput.Password
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
 }
