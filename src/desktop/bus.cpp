@@ -43,6 +43,12 @@ QDBusPendingCall askForName(const QDBusConnection& bus, const QString& name) {
   return bus.asyncCall(callOfBus(u"RequestName"_s) << name << doNotQueue);
 }
 
+void followOwner(QDBusConnection bus, const QString& service, QObject* receiver, const char* slot) {
+  // With a sender's name the connection would wait to hear who that is.
+  bus.connect(QString(), u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
+              u"NameOwnerChanged"_s, {service}, u"sss"_s, receiver, slot);
+}
+
 void releaseName(const QDBusConnection& bus, const QString& name) {
   bus.send(callOfBus(u"ReleaseName"_s) << name);
 }

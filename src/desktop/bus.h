@@ -19,6 +19,9 @@ Job joinBus(Worker& worker, QDBusConnection::BusType type,
 QDBusPendingCall askForName(const QDBusConnection& bus, const QString& name);
 /// Whether the answer to that says that the name is ours.
 bool hasName(const QDBusMessage& answer);
+/// Has `slot`, of (QString service, QString before, QString now), called when the owner of that
+/// name changes.
+void followOwner(QDBusConnection bus, const QString& service, QObject* receiver, const char* slot);
 /// Gives it back.
 void releaseName(const QDBusConnection& bus, const QString& name);
 

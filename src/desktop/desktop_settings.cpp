@@ -8,14 +8,13 @@
 #include <cmath>
 
 #include "desktop/bus.h"
+#include "desktop/portal.h"
 
 namespace vantor {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString portal = u"org.freedesktop.portal.Desktop"_s;
-const QString path = u"/org/freedesktop/portal/desktop"_s;
 const QString interface = u"org.freedesktop.portal.Settings"_s;
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString gnome = u"org.gnome.desktop.interface"_s;
@@ -37,10 +36,11 @@ void DesktopSettings::follow(Worker& worker) {
 void DesktopSettings::useBus(const QDBusConnection& bus) {
   // With a sender's name the connection would wait to hear who that is. A slot with a QDBusVariant
   // is refused as long as nobody has used one.
-  QDBusConnection(bus).connect(QString(), path, interface, u"SettingChanged"_s, this,
+  QDBusConnection(bus).connect(QString(), portal::path, interface, u"SettingChanged"_s, this,
                                SLOT(onSettingChanged(QDBusMessage)));
   qDBusRegisterMetaType<Settings>();
-  QDBusMessage question = QDBusMessage::createMethodCall(portal, path, interface, u"ReadAll"_s);
+  QDBusMessage question =
+      QDBusMessage::createMethodCall(portal::service, portal::path, interface, u"ReadAll"_s);
   question << QStringList{appearance, gnome, gnomeAccess};
   auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "desktop/bus.h"
+#include "desktop/portal.h"
 
 namespace vantor {
 
@@ -39,8 +40,7 @@ struct Inhibiting {
 
 const std::array<Inhibiting, 3>& inhibiting() {
   static const std::array<Inhibiting, 3> services = {{
-      {u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
-       u"org.freedesktop.portal.Inhibit"_s, QString(),
+      {portal::service, portal::path, u"org.freedesktop.portal.Inhibit"_s, QString(),
        [](const QString&) {
          return QVariantList{QString(), idle, QVariantMap{{u"reason"_s, inhibitReason()}}};
        }},
@@ -77,11 +77,8 @@ void IdleInhibitor::join(Worker& worker, const QString& application) {
 void IdleInhibitor::useBus(const QDBusConnection& bus, const QString& application) {
   bus_ = bus;
   application_ = application;
-  // With a sender's name the connection would wait to hear who that is.
   for (const Inhibiting& service : inhibiting())
-    bus_->connect(QString(), u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
-                  u"NameOwnerChanged"_s, {service.name}, u"sss"_s, this,
-                  SLOT(onOwnerChanged(QString, QString, QString)));
+    followOwner(*bus_, service.name, this, SLOT(onOwnerChanged(QString, QString, QString)));
   pursue();
 }
 
@@ -153,8 +150,7 @@ void IdleInhibitor::release(std::size_t service, const QVariant& inhibition) {
         QDBusMessage::createMethodCall(asked.name, asked.path, asked.interface, asked.releasing);
     message << inhibition;
   } else {
-    message = QDBusMessage::createMethodCall(asked.name, inhibition.value<QDBusObjectPath>().path(),
-                                             u"org.freedesktop.portal.Request"_s, u"Close"_s);
+    message = portal::closing(inhibition.value<QDBusObjectPath>().path());
   }
   bus_->send(message);
 }

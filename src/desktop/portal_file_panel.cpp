@@ -10,6 +10,7 @@
 
 #include "desktop/bus.h"
 #include "desktop/media_files.h"
+#include "desktop/portal.h"
 
 namespace vantor {
 
@@ -67,10 +68,6 @@ using namespace std::chrono_literals;
 // For the panel to open; how long it stays open is the user's.
 constexpr auto patience = 5s;
 
-const QString portal = u"org.freedesktop.portal.Desktop"_s;
-const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
-const QString requestInterface = u"org.freedesktop.portal.Request"_s;
-
 QVariantMap optionsOf(const PortalFilePanel::Wording& wording, const QString& token) {
   qDBusRegisterMetaType<PortalPattern>();
   qDBusRegisterMetaType<QList<PortalPattern>>();
@@ -97,10 +94,7 @@ void PortalFilePanel::join(Worker& worker) {
 
 void PortalFilePanel::useBus(const QDBusConnection& bus) {
   bus_ = bus;
-  // With a sender's name the connection would wait to hear who that is.
-  bus_->connect(QString(), u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
-                u"NameOwnerChanged"_s, {portal}, u"sss"_s, this,
-                SLOT(onOwnerChanged(QString, QString, QString)));
+  followOwner(*bus_, portal::service, this, SLOT(onOwnerChanged(QString, QString, QString)));
 }
 
 PortalFilePanel::Choice PortalFilePanel::chooseMediaFile() {
@@ -119,10 +113,10 @@ void PortalFilePanel::askPortal() {
   const Wording wording = wording_();
   const QString token = u"vantor%1"_s.arg(++requests_);
   // Where it will be: it may answer before its name for the panel has come.
-  follow(portalPath + u"/request/"_s + bus_->baseService().mid(1).replace(u'.', u'_') + u'/' +
+  follow(portal::path + u"/request/"_s + bus_->baseService().mid(1).replace(u'.', u'_') + u'/' +
          token);
   QDBusMessage message = QDBusMessage::createMethodCall(
-      portal, portalPath, u"org.freedesktop.portal.FileChooser"_s, u"OpenFile"_s);
+      portal::service, portal::path, u"org.freedesktop.portal.FileChooser"_s, u"OpenFile"_s);
   message << parentWindow_ << wording.title << optionsOf(wording, token);
   auto* const answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, asked = requests_] {
@@ -161,19 +155,22 @@ QCoro::Task<> PortalFilePanel::takeChoice(Choice of, Choice to) {
 void PortalFilePanel::follow(const QString& request) {
   if (request == request_) return;
   if (!request_.isEmpty())
-    bus_->disconnect(QString(), request_, requestInterface, u"Response"_s, this,
+    bus_->disconnect(QString(), request_, portal::request, u"Response"_s, this,
                      SLOT(onResponse(QDBusMessage)));
   request_ = request;
   if (!request_.isEmpty())
-    bus_->connect(QString(), request_, requestInterface, u"Response"_s, this,
+    bus_->connect(QString(), request_, portal::request, u"Response"_s, this,
                   SLOT(onResponse(QDBusMessage)));
 }
 
-void PortalFilePanel::close() {
+void PortalFilePanel::letGo() {
   patience_.reset();
-  if (request_.isEmpty()) return;
-  bus_->send(QDBusMessage::createMethodCall(portal, request_, requestInterface, u"Close"_s));
   follow(QString());
+}
+
+void PortalFilePanel::close() {
+  if (!request_.isEmpty()) bus_->send(portal::closing(request_));
+  letGo();
 }
 
 void PortalFilePanel::settle(const std::optional<QUrl>& file) {
@@ -183,8 +180,7 @@ void PortalFilePanel::settle(const std::optional<QUrl>& file) {
 
 void PortalFilePanel::onResponse(const QDBusMessage& response) {
   if (response.path() != request_) return;
-  patience_.reset();
-  follow(QString());
+  letGo();
   constexpr uint chosen = 0;
   const QVariantList arguments = response.arguments();
   std::optional<QUrl> file;
@@ -198,8 +194,7 @@ void PortalFilePanel::onResponse(const QDBusMessage& response) {
 void PortalFilePanel::onOwnerChanged(const QString&, const QString& before, const QString&) {
   // The panel has gone with who showed it.
   if (before.isEmpty() || request_.isEmpty()) return;
-  patience_.reset();
-  follow(QString());
+  letGo();
   settle(std::nullopt);
 }
 

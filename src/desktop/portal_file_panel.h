@@ -53,7 +53,9 @@ class PortalFilePanel final : public QObject, public FilePanel {
   void answered(const QDBusPendingCallWatcher& answer);
   void askOther();
   static QCoro::Task<> takeChoice(Choice of, Choice to);
+  /// Hears what becomes of the request from now on; empty: of none.
   void follow(const QString& request);
+  void letGo();
   void close();
   void settle(const std::optional<QUrl>& file);
 
