@@ -20,10 +20,10 @@ void bench(const char* name, const QUrl& address) {
   Times bareTimes;
   Times ourTimes;
   for (int i = 0; i < rounds; ++i) {
-    bareTimes.add(std::chrono::duration<double, std::milli>(bare.firstPicture(address)));
+    bareTimes.add(Times::Milliseconds(bare.firstPicture(address)));
     bare.stop();
     rest();
-    ourTimes.add(std::chrono::duration<double, std::milli>(ours.firstPicture(address)));
+    ourTimes.add(Times::Milliseconds(ours.firstPicture(address)));
     ours.stop();
     rest();
   }

@@ -4,14 +4,17 @@
 #include <QQuickWindow>
 #include <QTest>
 #include <atomic>
-#include <chrono>
+
+#include "measure.h"
 
 namespace vantor::bench {
+
+constexpr double frameTime = 16.7;  // milliseconds, of 60 a second
 
 /// Measures what single frames of a window take.
 class FrameWatch {
  public:
-  using Milliseconds = std::chrono::duration<double, std::milli>;
+  using Milliseconds = Times::Milliseconds;
 
   struct Frame {
     Milliseconds prepared{0};  // on the main thread, with the action that led to it

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace vantor::bench {
 namespace {
 
-constexpr double frameTime = 16.7;
-
 struct Key {
   Qt::Key key;
   Qt::KeyboardModifiers modifiers = Qt::NoModifier;

@@ -1,7 +1,6 @@
 // From the start of the process to the first frame on the display that lists the channels of a
 // saved account, beside the first frame of an empty Qt Quick window. Needs a display and a secret
 // service of its own.
-#include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
@@ -11,6 +10,7 @@
 #include <QThread>
 
 #include "measure.h"
+#include "measured_process.h"
 #include "saved_account.h"
 
 using namespace Qt::StringLiterals;
@@ -53,9 +53,7 @@ double untilShown(const QString& program, bool (*shown)(const QImage&), int colu
     QThread::msleep(2);
   }
   const double time = static_cast<double>(timer.nsecsElapsed()) / 1e6;
-  process.terminate();
-  if (!process.waitForFinished(8000)) process.kill();
-  process.waitForFinished();
+  end(process);
   return time;
 }
 
@@ -65,21 +63,15 @@ double untilShown(const QString& program, bool (*shown)(const QImage&), int colu
 int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
   using namespace vantor::bench;
-  sim::Options options;
-  options.streams = false;
-  const sim::Server server(options);
-  qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
-  qputenv("VANTOR_AUDIO", "none");
-  SavedAccount(server, options).saveCopy(vantor::LibraryKind::live, sim::Kind::live, channels);
-  const QDir programs(QCoreApplication::applicationDirPath());
-  const QString empty = programs.filePath(u"empty_window"_s);
-  const QString player = programs.filePath(u"../src/app/vantor"_s);
+  const SavedAccount account({.streams = false});
+  account.saveCopy(vantor::LibraryKind::live, sim::Kind::live, channels);
+  const QString empty = benchProgram("empty_window");
+  const QString player = playerProgram();
   Times emptyTimes;
   Times playerTimes;
   for (int i = 0; i < rounds; ++i) {
-    using Milliseconds = std::chrono::duration<double, std::milli>;
-    emptyTimes.add(Milliseconds(untilShown(empty, isFilled, 700)));
-    playerTimes.add(Milliseconds(untilShown(player, listsRows, listColumn)));
+    emptyTimes.add(Times::Milliseconds(untilShown(empty, isFilled, 700)));
+    playerTimes.add(Times::Milliseconds(untilShown(player, listsRows, listColumn)));
   }
   const double ratio = playerTimes.median() / emptyTimes.median();
   row("launch with 50,000 channels -> first frame with them", milliseconds(playerTimes.median()),

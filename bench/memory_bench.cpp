@@ -7,7 +7,7 @@
 #include <QThread>
 
 #include "measure.h"
-#include "process_figures.h"
+#include "measured_process.h"
 #include "saved_account.h"
 
 using namespace Qt::StringLiterals;
@@ -44,9 +44,7 @@ Resident measure(const QString& program, const QStringList& sections) {
     rest(process);
   }
   const Resident result = {statusMegabytes(process, "VmRSS"), statusMegabytes(process, "VmHWM")};
-  process.terminate();
-  if (!process.waitForFinished(8000)) process.kill();
-  process.waitForFinished();
+  end(process);
   return result;
 }
 
@@ -67,19 +65,11 @@ void tell(const std::string& what, double measured, double empty, double budget)
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   using namespace vantor::bench;
-  sim::Options options;
-  options.streams = false;
-  options.channels = 57'000;
-  options.movies = 178'000;
-  options.shows = 48'000;
-  const sim::Server server(options);
-  qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
-  qputenv("VANTOR_AUDIO", "none");
-  const SavedAccount account(server, options);
-  const QDir programs(QCoreApplication::applicationDirPath());
-  const QString player = programs.filePath(u"../src/app/vantor"_s);
+  const SavedAccount account(
+      {.channels = 57'000, .movies = 178'000, .shows = 48'000, .streams = false});
+  const QString player = playerProgram();
   const QStringList sections = {u"movies"_s, u"shows"_s, u"live"_s};
-  const Resident empty = measure(programs.filePath(u"empty_window"_s), {});
+  const Resident empty = measure(benchProgram("empty_window"), {});
   const Resident fetched = measure(player, sections);
   const Resident copied = measure(player, sections);
   // The largest answer is the one that the program's transport still takes.

@@ -30,14 +30,14 @@ inline void rest() {
 /// What a small libVLC program does: it gives libVLC a window and waits for the picture in it.
 class BarePlayer {
  public:
-  BarePlayer() {
+  explicit BarePlayer(const QSize& size = {640, 360}) {
     const char* const arguments[] = {"--quiet", "--no-video-title-show", "--network-caching=1200",
                                      "--vout=xcb_x11", "--aout=dummy"};
     instance_ = libvlc_new(5, arguments);
     libvlc_log_set(
         instance_, [](void*, int, const libvlc_log_t*, const char*, va_list) {}, nullptr);
     window_.setSurfaceType(QSurface::RasterSurface);
-    window_.resize(640, 360);
+    window_.resize(size);
     window_.show();
     rest();
   }
@@ -93,14 +93,15 @@ class BarePlayer {
 /// Our controller, engine and surface in a window.
 class OurPlayer {
  public:
-  OurPlayer()
+  explicit OurPlayer(const QSize& window = {1320, 820}, const QRect& picture = {0, 0, 640, 360})
       : frames_(std::make_shared<VideoFrameQueue>()),
         engine_(frames_, Output::shown),
         playback_(engine_, clock_, worker_, Folders::ofUser(), Output::shown),
         surface_(new VideoSurface) {
     surface_->setFrames(frames_.get());
-    surface_->setSize(QSizeF(640, 360));
-    window_.resize(1320, 820);
+    surface_->setPosition(picture.topLeft());
+    surface_->setSize(picture.size());
+    window_.resize(window);
     surface_->setParentItem(window_.contentItem());
     window_.show();
     QEventLoop shown;

@@ -10,7 +10,7 @@
 #include <QThread>
 
 #include "measure.h"
-#include "process_figures.h"
+#include "measured_process.h"
 #include "saved_account.h"
 #include "support/test_media.h"
 
@@ -46,9 +46,7 @@ double share(const QString& program, const QStringList& arguments, bool fullScre
   const double before = processorSeconds(process);
   QThread::sleep(seconds);
   const double spent = processorSeconds(process) - before;
-  process.terminate();
-  if (!process.waitForFinished(8000)) process.kill();
-  process.waitForFinished();
+  end(process);
   return spent / seconds * 100;
 }
 
@@ -64,15 +62,15 @@ void tell(const std::string& what, double ours, double alone, double bare) {
       factor(ours / alone) + " (1.3 x)", ours <= 1.3 * alone);
 }
 
-void bench(const QDir& programs, const QString& folder, const Film& film) {
+void bench(const QString& folder, const Film& film) {
   const QString once = QDir(folder).filePath(u"once.mp4"_s);
   const QString file = QDir(folder).filePath(u"film.mp4"_s);
   QFile::remove(file);
   if (!test::makeMedia(QString::fromLatin1(film.pictures), once) ||
       !test::makeMedia(u"-stream_loop 30 -i %1 -c copy"_s.arg(once), file))
-    return;
-  const QString player = programs.filePath(u"../src/app/vantor"_s);
-  const QString window = programs.filePath(u"picture_window"_s);
+    throw std::runtime_error("ffmpeg failed");
+  const QString player = playerProgram();
+  const QString window = benchProgram("picture_window");
   const QString ours = u"ours"_s;
   const QString bare = u"bare"_s;
   const std::string name = film.name;
@@ -88,13 +86,8 @@ void bench(const QDir& programs, const QString& folder, const Film& film) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   using namespace vantor::bench;
-  sim::Options options;
-  options.streams = false;
-  const sim::Server server(options);
-  qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server.configUrl()));
-  qputenv("VANTOR_AUDIO", "none");
-  SavedAccount(server, options).saveCopy(vantor::LibraryKind::live, sim::Kind::live, 500);
-  const QDir programs(QCoreApplication::applicationDirPath());
+  const SavedAccount account({.streams = false});
+  account.saveCopy(vantor::LibraryKind::live, sim::Kind::live, 500);
   const QTemporaryDir folder;
   const Film films[] = {
       {"720p25",
@@ -103,6 +96,6 @@ int main(int argc, char** argv) {
        "-f lavfi -i testsrc2=size=1920x1080:rate=50:duration=4 -vf tinterlace=interleave_top "
        "-flags +ilme+ildct -pix_fmt yuv420p -b:v 6000k"},
   };
-  for (const Film& film : films) bench(programs, folder.path(), film);
+  for (const Film& film : films) bench(folder.path(), film);
   return 0;
 }

@@ -17,18 +17,22 @@ namespace vantor::bench {
 
 using namespace Qt::StringLiterals;
 
-/// The account of a simulated provider as the program keeps it, in a secret service and a home of
-/// the bench's own.
+/// A simulated provider and an account there, as the program keeps it, in a secret service and a
+/// home of the bench's own. Programs that are started afterwards ask this provider, and make no
+/// sound.
 class SavedAccount {
  public:
-  SavedAccount(const sim::Server& server, const sim::Options& options)
-      : account_(ProviderAccount::validated(u"Vantor TV"_s, QString::fromStdString(server.url()),
+  explicit SavedAccount(const sim::Options& options)
+      : server_(options),
+        account_(ProviderAccount::validated(u"Vantor TV"_s, QString::fromStdString(server_.url()),
                                             QString::fromStdString(options.username),
                                             QString::fromStdString(options.password))) {
     SecretServiceStore desktop;
     const SecureStore secrets(desktop, ServiceValues::ofBuild().bundleIdentifier);
     secrets.write(account_.toJSON(), providerItem, {});
     copies_ = CatalogDiskStore::create(secrets, Folders::ofUser(), {});
+    qputenv("VANTOR_CONFIG_URL", QByteArray::fromStdString(server_.configUrl()));
+    qputenv("VANTOR_AUDIO", "none");
   }
 
   /// Keeps a copy of the simulator's library; its pictures are nowhere.
@@ -42,6 +46,7 @@ class SavedAccount {
   }
 
  private:
+  const sim::Server server_;
   ProviderAccount account_;
   std::shared_ptr<CatalogDiskStore> copies_;
 };

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int frames = 300;
 constexpr double step = 90;  // of the content, each frame: 5,400 a second
-constexpr double frameTime = 16.7;
 
 /// What each frame took: on the main thread, making rows and handing them to the scene graph; then
 /// drawing.

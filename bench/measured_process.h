@@ -2,12 +2,29 @@
 
 #include <unistd.h>
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
 namespace vantor::bench {
 
 using namespace Qt::StringLiterals;
+
+/// A program of the benches, by its name.
+inline QString benchProgram(const char* name) {
+  return QDir(QCoreApplication::applicationDirPath()).filePath(QLatin1String(name));
+}
+inline QString playerProgram() {
+  return benchProgram("../src/app/vantor");
+}
+
+/// Asks it to end, as the desktop does, and sees that it does.
+inline void end(QProcess& process) {
+  process.terminate();
+  if (!process.waitForFinished(8000)) process.kill();
+  process.waitForFinished();
+}
 
 /// What the kernel says of a running process: proc(5).
 inline QByteArray processFile(const QProcess& process, const char* name) {
