@@ -4,10 +4,9 @@
 #include <cstdint>
 #include <random>
 
+#include "byte_mutation.h"
 #include "net/unpacking.h"
 #include "sim/packing.h"
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t limit);
 
 namespace {
 
@@ -41,10 +40,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     const std::string once = plain;
     for (std::size_t i = 0; i < times; ++i) plain += once;
   } else {
-    const std::size_t before = plain.size();
-    plain.resize(before + 64);
-    plain.resize(
-        LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(plain.data()), before, plain.size()));
+    vantor::mutateBytes(plain);
   }
   const std::string packed = sim::packed(encodings[which], plain);
   if (packed.size() + 1 > limit) return LLVMFuzzerMutate(data, size, limit);

@@ -10,9 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "byte_mutation.h"
 #include "sim/packing.h"
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t limit);
 
 namespace {
 
@@ -65,13 +64,6 @@ Chunk note(std::mt19937& random) {
   return {name, head + (head.size() > 2 ? sim::packed("deflate", text) : text.substr(0, 100))};
 }
 
-void mutate(Chunk& chunk) {
-  const std::size_t before = chunk.content.size();
-  chunk.content.resize(before + 64);
-  chunk.content.resize(LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(chunk.content.data()),
-                                        before, chunk.content.size()));
-}
-
 }  // namespace
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
@@ -94,7 +86,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
       chunks.erase(at);
       break;
     default:
-      mutate(chunks[place]);
+      vantor::mutateBytes(chunks[place].content);
   }
   const std::string changed = fileOf(chunks);
   if (changed.size() > limit) return LLVMFuzzerMutate(data, size, limit);

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "byte_mutation.h"
 #include "json_mutation.h"
 #include "storage/sealed_box.h"
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t limit);
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
                                                std::size_t limit, unsigned seed) {

@@ -7,20 +7,14 @@
 #include "artwork/picture_parts.h"
 
 namespace vantor {
-namespace {
 
-// A few megabytes can decode to any number of pixels.
-constexpr qint64 maximumPixels = 25'000'000;
-
-/// Of a GIF file Qt tells the size of its first frame, and decodes the whole screen.
 QSize decodedSize(const QImageReader& reader, const QByteArray& file) {
   const QSize size = reader.size();
+  // Of a GIF file Qt tells the size of its first frame, and decodes the whole screen.
   if (size.isEmpty() || reader.format() != "gif" || file.size() < 10) return size;
   return size.expandedTo({qFromLittleEndian<quint16>(file.constData() + 6),
                           qFromLittleEndian<quint16>(file.constData() + 8)});
 }
-
-}  // namespace
 
 QImage decodeThumbnail(const QByteArray& bytes) {
   const std::optional<PictureParts> parts = pictureParts(bytes);
@@ -32,7 +26,7 @@ QImage decodeThumbnail(const QByteArray& bytes) {
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   const QSize size = decodedSize(reader, parts->bytes);
-  if (size.isEmpty() || qint64{size.width()} * size.height() > maximumPixels) return {};
+  if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels) return {};
   const QSize thumbnail(thumbnailSide, thumbnailSide);
   if (size.width() > thumbnailSide || size.height() > thumbnailSide)
     reader.setScaledSize(size.scaled(thumbnail, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
