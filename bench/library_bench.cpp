@@ -23,6 +23,7 @@
 namespace vantor::bench {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int rounds = 9;

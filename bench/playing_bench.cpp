@@ -17,6 +17,7 @@
 namespace vantor::bench {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int seconds = 6;

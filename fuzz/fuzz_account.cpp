@@ -3,7 +3,6 @@
 #include "provider/provider_account.h"
 
 using namespace Qt::StringLiterals;
-
 using namespace vantor;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -277,7 +277,7 @@ struct SecretServiceMoments : public ::testing::Test {
             return program->signInFailure ? readableError(program->signInFailure) : QString();
           });
     };
-    const QString result = attempt();
+    QString result = attempt();
     if (result != waits) return result;
     // It can be given up, and tried again.
     program->signInJob.cancel();
@@ -302,19 +302,19 @@ TEST_F(SecretServiceMoments, EachEndsInASentenceOrWaitsForTheUser) {
   const QString in = u"in. "_s, out = u"out. "_s;
   const struct {
     const char* name;
-    Manner manner;
     QString launch, signIn, signOut;
+    Manner manner;
     bool deleted = false;
   } rows[] = {
-      {"works", Manner::works, in, in, out},
-      {"absent", Manner::absent, out + notRead, out + notRead, in + notRemoved},
-      {"locked", Manner::locked, in, in, out},
-      {"dismissed", Manner::dismissed, out + notRead, out + notRead, in + notRemoved},
-      {"unanswered", Manner::unanswered, waits, waits, waits},
-      {"dies", Manner::dies, out + notRead, out + notRead, in + notRemoved},
-      {"deleted", Manner::works, out, in, out, true},
-      {"other type", Manner::otherType, in, in, out},
-      {"slow", Manner::slow, in, in, out},
+      {"works", in, in, out, Manner::works},
+      {"absent", out + notRead, out + notRead, in + notRemoved, Manner::absent},
+      {"locked", in, in, out, Manner::locked},
+      {"dismissed", out + notRead, out + notRead, in + notRemoved, Manner::dismissed},
+      {"unanswered", waits, waits, waits, Manner::unanswered},
+      {"dies", out + notRead, out + notRead, in + notRemoved, Manner::dies},
+      {"deleted", out, in, out, Manner::works, true},
+      {"other type", in, in, out, Manner::otherType},
+      {"slow", in, in, out, Manner::slow},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

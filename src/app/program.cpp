@@ -17,6 +17,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;

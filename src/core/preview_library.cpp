@@ -7,6 +7,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 struct SampleLibrary {

@@ -8,6 +8,7 @@
 #include "storage/secure_store.h"
 
 namespace vantor {
+
 /// What the credential store held; a failure leaves what was restored before it.
 struct AppModel::Restored {
   std::optional<ProviderAccount> account;

@@ -6,6 +6,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Parser : QCommandLineParser {

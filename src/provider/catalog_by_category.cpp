@@ -8,6 +8,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 // Several times what the largest providers have; together they bound memory, time and traffic.

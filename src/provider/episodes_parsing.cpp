@@ -14,6 +14,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 struct EpisodeRow {

@@ -17,6 +17,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 AppError addressError() {

@@ -9,6 +9,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString serverKey = u"vantor.server"_s;

@@ -16,6 +16,7 @@
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
 namespace {
 
 QString catalogFolder(const Folders& folders) {

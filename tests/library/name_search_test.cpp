@@ -8,6 +8,7 @@
 namespace vantor::test {
 namespace {
 
+using namespace Qt::StringLiterals;
 using Rows = std::vector<std::uint32_t>;
 
 /// Names of few letters, so that texts are nearly in them, and of every length around what is

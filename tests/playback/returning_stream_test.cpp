@@ -5,6 +5,7 @@
 
 #include "stream_server.h"
 #include "support/environment_number.h"
+#include "support/files.h"
 #include "support/simulated_playback.h"
 
 namespace vantor::test {

@@ -9,21 +9,22 @@ Item {
     required property bool wanted
     // Where these are no whole numbers, the pixels kept would not be those of the window.
     readonly property real pixels: Style.zoom * Screen.devicePixelRatio
+    readonly property QtObject drawing: parent?.layer ?? null
 
     Binding {
-        target: once.parent?.layer ?? null
+        target: once.drawing
         property: "enabled"
         value: once.wanted && Number.isInteger(once.pixels)
     }
 
     Binding {
-        target: once.parent?.layer ?? null
+        target: once.drawing
         property: "textureSize"
         value: Qt.size(once.parent.width * Style.zoom, once.parent.height * Style.zoom)
     }
 
     Binding {
-        target: once.parent?.layer ?? null
+        target: once.drawing
         property: "smooth"
         value: false
     }
