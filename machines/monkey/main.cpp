@@ -11,6 +11,7 @@
 #include "machines/monkey/actions.h"
 #include "machines/monkey/invariants.h"
 #include "machines/monkey/subject.h"
+#include "support/harmless_messages.h"
 
 namespace vantor::monkey {
 namespace {
@@ -21,12 +22,9 @@ QStringList* warnings = nullptr;
 
 void collect(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtDebugMsg || type == QtInfoMsg || !warnings) return;
-  // What Qt says of its own and nothing comes of: a list is reset while it prepares a row beyond
-  // its end, the renderer has a clock of its own, a window without a display cannot be raised, and
-  // the toolkit's file dialog does not fit into a small window.
-  for (const auto harmless : {"DelegateModel::cancel"_L1, "QUnifiedTimer: animation driver"_L1,
-                              "This plugin does not support"_L1})
-    if (text.startsWith(harmless)) return;
+  // A window without a display cannot be raised, and the toolkit's file dialog does not fit into a
+  // small window.
+  if (test::isHarmless(text) || text.startsWith("This plugin does not support"_L1)) return;
   if (text.contains("Dialogs/quickimpl/qml/FileDialog.qml"_L1)) return;
   warnings->append(text);
 }
