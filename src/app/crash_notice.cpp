@@ -6,11 +6,6 @@
 #include "platform/worker.h"
 
 namespace vantor {
-namespace {
-
-using namespace Qt::StringLiterals;
-
-}  // namespace
 
 CrashNotice::CrashNotice(AppModel& model, Worker& worker, const QString& folder)
     : model_(model), worker_(worker) {

@@ -18,6 +18,7 @@ TEST(CrashNotice, WaitsForTheSignInSheetAndOtherNoticesAndComesOnce) {
   EXPECT_EQ(model.notice(), std::nullopt);
   model.tell(u"Something else."_s);
   model.setShowingConnect(false);
+  settle();
   EXPECT_EQ(model.notice(), u"Something else."_s);
   model.clearNotice();
   EXPECT_TRUE(

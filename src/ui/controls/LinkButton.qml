@@ -13,7 +13,6 @@ AbstractButton {
     Accessible.name: text
     Accessible.onPressAction: if (enabled)
         link.clicked()
-    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
     Keys.onReturnPressed: link.clicked()
     Keys.onEnterPressed: link.clicked()
     Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)

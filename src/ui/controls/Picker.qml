@@ -22,9 +22,8 @@ ComboBox {
     Accessible.description: displayText
     Accessible.onPressAction: popup.open()
 
-    // Space is also a shortcut of the window; here it opens the list, as Return does: when it is let
+    // Elsewhere Space pauses; here it opens the list, as Return does: when it is let
     // go, since that takes the choice of a list that is open.
-    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
     Keys.onPressed: event => {
         returnHeld = opensList(event);
         event.accepted = returnHeld;

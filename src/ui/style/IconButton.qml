@@ -22,7 +22,6 @@ AbstractButton {
     Accessible.onPressAction: if (enabled)
         button.clicked()
 
-    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

@@ -31,8 +31,6 @@ T.AbstractButton {
     Accessible.onPressAction: if (enabled)
         button.clicked()
 
-    // Space is also a shortcut of the window; here it presses the button.
-    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Space
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

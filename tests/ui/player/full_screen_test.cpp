@@ -176,6 +176,7 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
       {{Qt::Key_Right, Qt::Key_Right}, 50'000},
       {{Qt::Key_Right, Qt::Key_Left}, 30'000},
       {{Qt::SHIFT | Qt::Key_Left}, 0},
+      {{Qt::SHIFT | Qt::Key_Right}, 90'000},
       {{Qt::SHIFT | Qt::Key_Right, Qt::SHIFT | Qt::Key_Right}, 90'000}};
   for (const auto& [keys, to] : skips) {
     for (const QKeyCombination key : keys) press(key);
