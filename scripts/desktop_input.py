@@ -1,6 +1,6 @@
 """What a person's hands and eyes are to the driver: keys, pointer and pictures, on an X11 display with
-xdotool and ImageMagick, or on a Wayland compositor of the wlroots family with wtype, grim and a
-virtual pointer of our own. Keys have the names of their keysyms, with modifiers before: "ctrl+k"."""
+xdotool, xclip and ImageMagick, or on sway with wtype, wl-clipboard, grim and a virtual pointer of our
+own. Keys have the names of their keysyms, with modifiers before: "ctrl+k"."""
 
 import atexit
 import json
@@ -13,6 +13,12 @@ import time
 
 def run(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def hold(command, text):
+    """Gives a text to a program that stays to hand it out."""
+    subprocess.run(command, input=text, text=True, check=True, stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
 
 
 class X11Desktop:
@@ -37,6 +43,14 @@ class X11Desktop:
     def click(self, button, times):
         """Buttons as X11 numbers them: 1, 2, 3; 4 and 5 turn the wheel up and down."""
         run("xdotool", "click", "--repeat", str(times), "--delay", "60", str(button))
+
+    def copy(self, text):
+        """As another program does it."""
+        hold(["xclip", "-in", "-selection", "clipboard"], text)
+
+    def copied(self):
+        """What another program would paste."""
+        return run("xclip", "-out", "-selection", "clipboard")
 
     def picture(self, path, area=None):
         """A picture of the screen, or of an area (x, y, width, height) of it."""
@@ -88,6 +102,12 @@ class WaylandDesktop:
             else:
                 self.pointer.click({1: 0x110, 2: 0x112, 3: 0x111}[button])
             time.sleep(0.06)
+
+    def copy(self, text):
+        hold(["wl-copy"], text)
+
+    def copied(self):
+        return run("wl-paste", "--no-newline")
 
     def picture(self, path, area=None):
         part = ("-g", "{0},{1} {2}x{3}".format(*area)) if area else ()
