@@ -33,8 +33,7 @@ qsizetype decodedBytes(const QByteArray& bytes) {
   buffer.setData(parts->bytes);
   QImageReader reader(&buffer, parts->format);
   const QSize size = decodedSize(reader, parts->bytes);
-  const qint64 pixels = size.isEmpty() ? 0 : qint64{size.width()} * size.height();
-  return pixels > mostPixels ? 0 : pixels * bytesOfPixel;
+  return size.isEmpty() ? 0 : bytesOfPixel * size.width() * size.height();
 }
 
 QByteArray plainPicture(qsizetype size) {

@@ -9,11 +9,13 @@
 namespace vantor {
 
 QSize decodedSize(const QImageReader& reader, const QByteArray& file) {
-  const QSize size = reader.size();
+  QSize size = reader.size();
+  if (size.isEmpty()) return {};
   // Of a GIF file Qt tells the size of its first frame, and decodes the whole screen.
-  if (size.isEmpty() || reader.format() != "gif" || file.size() < 10) return size;
-  return size.expandedTo({qFromLittleEndian<quint16>(file.constData() + 6),
-                          qFromLittleEndian<quint16>(file.constData() + 8)});
+  if (reader.format() == "gif" && file.size() >= 10)
+    size = size.expandedTo({qFromLittleEndian<quint16>(file.constData() + 6),
+                            qFromLittleEndian<quint16>(file.constData() + 8)});
+  return qint64{size.width()} * size.height() > mostPixels ? QSize() : size;
 }
 
 QImage decodeThumbnail(const QByteArray& bytes) {
@@ -26,7 +28,7 @@ QImage decodeThumbnail(const QByteArray& bytes) {
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   const QSize size = decodedSize(reader, parts->bytes);
-  if (size.isEmpty() || qint64{size.width()} * size.height() > mostPixels) return {};
+  if (size.isEmpty()) return {};
   const QSize thumbnail(thumbnailSide, thumbnailSide);
   if (size.width() > thumbnailSide || size.height() > thumbnailSide)
     reader.setScaledSize(size.scaled(thumbnail, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
