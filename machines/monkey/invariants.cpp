@@ -210,8 +210,7 @@ int objectsAfterAnAccount(Subject& on) {
 
 QStringList broken(Subject& on) {
   Faults faults;
-  for (const QString& warning : std::exchange(on.warnings, {}))
-    faults.list.append(u"warning: "_s + warning);
+  for (const QString& warning : on.heard.take()) faults.list.append(u"warning: "_s + warning);
   checkRows(on, faults);
   checkPlayback(on, faults);
   checkSession(on, faults);

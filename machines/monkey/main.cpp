@@ -11,23 +11,11 @@
 #include "machines/monkey/actions.h"
 #include "machines/monkey/invariants.h"
 #include "machines/monkey/subject.h"
-#include "support/harmless_messages.h"
 
 namespace vantor::monkey {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QStringList* warnings = nullptr;
-
-void collect(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type == QtDebugMsg || type == QtInfoMsg || !warnings) return;
-  // A window without a display cannot be raised, and the toolkit's file dialog does not fit into a
-  // small window.
-  if (test::isHarmless(text) || text.startsWith("This plugin does not support"_L1)) return;
-  if (text.contains("Dialogs/quickimpl/qml/FileDialog.qml"_L1)) return;
-  warnings->append(text);
-}
 
 /// Milliseconds that this thread has kept a processor busy.
 double busy() {
@@ -72,14 +60,13 @@ std::vector<Step> readSteps(const QString& name) {
 int run(const std::vector<Step>& steps, QFile& trace) {
   QTextStream out(stdout);
   Subject subject;
-  warnings = &subject.warnings;
   subject.start();
   double longest = 0;
   QString slowest;
   int slow = 0;
   const auto tell = [&](const QStringList& faults, const QString& when) {
     for (const QString& fault : faults) out << "FAULT " << fault << '\n';
-    if (!faults.isEmpty()) out << "after " << when << '\n';
+    if (!faults.isEmpty()) out << "after " << when << Qt::endl;
     return !faults.isEmpty();
   };
   for (std::size_t i = 0; i < steps.size(); ++i) {
@@ -107,7 +94,6 @@ int run(const std::vector<Step>& steps, QFile& trace) {
   trace.write("end\n");
   trace.flush();
   if (tell(left(subject), u"the end"_s)) return 1;
-  warnings = nullptr;
   out << steps.size() << " steps, longest frame " << qRound(longest) << " ms (" << slowest << "), "
       << slow << " over 100 ms\n";
   return 0;
@@ -141,7 +127,6 @@ int main(int argc, char** argv) {
   // Nothing depends on what the process happens to be.
   qputenv("QT_HASH_SEED", "0");
   qputenv("QSG_RENDER_LOOP", "basic");
-  qInstallMessageHandler(vantor::monkey::collect);
   QGuiApplication application(argc, argv);
   QGuiApplication::setQuitOnLastWindowClosed(false);
   return vantor::monkey::runAsAsked();

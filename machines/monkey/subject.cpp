@@ -14,6 +14,14 @@ using namespace Qt::StringLiterals;
 
 const QString application = u"tv.vantor.player"_s;
 
+bool isFault(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtDebugMsg || type == QtInfoMsg || test::isHarmless(text)) return false;
+  // A window without a display cannot be raised, and the toolkit's file dialog does not fit into a
+  // small window.
+  return !text.startsWith("This plugin does not support"_L1) &&
+         !text.contains("Dialogs/quickimpl/qml/FileDialog.qml"_L1);
+}
+
 /// Waits for the work that a worker of one thread has got so far.
 void finish(Worker& worker) {
   std::promise<void> done;
@@ -72,7 +80,7 @@ Subject::Running::Running(Subject& on)
   idleInhibitor.join(on.worker, application);
 }
 
-Subject::Subject() {
+Subject::Subject() : heard(isFault) {
   panel = &dialog_;
   output = Output::shown;
   QDBusConnection::sessionBus().registerObject(QLatin1String(applicationPath), &application_,
@@ -169,7 +177,7 @@ void Subject::call(const QString& path, const QString& interface, const QString&
   message.setArguments(arguments);
   const QDBusPendingCall call = client_.asyncCall(message);
   if (!test::eventually([&] { return call.isFinished(); }))
-    warnings.append(u"no answer to "_s + method);
+    qWarning("no answer to %s", qPrintable(method));
 }
 
 QList<QQuickItem*> Subject::shownItems() const {

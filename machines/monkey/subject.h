@@ -16,6 +16,7 @@
 #include "desktop/screen_awake.h"
 #include "platform/opener.h"
 #include "playback/stream_keeper.h"
+#include "support/heard_messages.h"
 #include "support/model_fixture.h"
 #include "ui/views.h"
 #include "ui/window/window_place.h"
@@ -89,7 +90,7 @@ class Subject : public test::ModelFixture {
   QQuickWindow& window() const { return *running_->window; }
 
   Animations animations;
-  QStringList warnings;                          // since the last look
+  test::HeardMessages heard;                     // since the last look: warnings and worse
   bool ended = false;                            // somebody has quit the program
   int recordings = 0;                            // that the engine has yet to answer
   QHash<const QObject*, MenuEntry> menuEntries;  // of the menus that were open

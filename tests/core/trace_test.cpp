@@ -3,40 +3,37 @@
 #include <QDir>
 
 #include "support/files.h"
+#include "support/heard_messages.h"
 #include "support/model_fixture.h"
 
 namespace vantor::test {
 namespace {
 
-QStringList* lines = nullptr;
-
-void collect(QtMsgType, const QMessageLogContext& context, const QString& text) {
-  if (QByteArrayView(context.category).startsWith("vantor.")) lines->append(text);
+bool isOurs(QtMsgType, const QMessageLogContext& context, const QString&) {
+  return QByteArrayView(context.category).startsWith("vantor.");
 }
 
 /// A model whose account, libraries and answers are full of what no log may hold.
 class TraceTest : public ModelTest {
  protected:
   void SetUp() override {
-    lines = &log;
     QLoggingCategory::setFilterRules(u"vantor.*=true"_s);
-    previous = qInstallMessageHandler(collect);
     account = ProviderAccount::validated(u"Vantor TV"_s, u"http://mark-host.example/mark-base"_s,
                                          u"mark user+1"_s, u"mark/p\u00e4ss&1"_s);
   }
   void TearDown() override {
     quit();
-    qInstallMessageHandler(previous);
     QLoggingCategory::setFilterRules(QString());
   }
-  bool says(const char* tried, const char* kind) const {
-    return std::any_of(log.begin(), log.end(), [&](const QString& line) {
+  const QStringList& log() { return lines += heard.take(); }
+  bool says(const char* tried, const char* kind) {
+    return std::ranges::any_of(log(), [&](const QString& line) {
       return line.startsWith(QLatin1String(tried)) && line.contains(QLatin1String(kind));
     });
   }
   /// Each of these texts as it is, and as an address, a form or a sign-in may carry it.
-  void expectNone(const QStringList& secrets) const {
-    const QString all = log.join(QLatin1Char('\n'));
+  void expectNone(const QStringList& secrets) {
+    const QString all = log().join(QLatin1Char('\n'));
     for (const QString& secret : secrets) {
       const QByteArray bytes = secret.toUtf8();
       for (const QByteArray& form :
@@ -47,8 +44,8 @@ class TraceTest : public ModelTest {
     }
   }
 
-  QStringList log;
-  QtMessageHandler previous = nullptr;
+  HeardMessages heard{isOurs};
+  QStringList lines;
 };
 
 TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
@@ -140,7 +137,7 @@ TEST_F(TraceTest, NothingIsSaidUnlessItIsAskedFor) {
   connectAccount(account);
   transport.fail(QString(), HTTPFailure(500));
   EXPECT_TRUE(eventually([&] { return signInOver; }));
-  EXPECT_THAT(log, ::testing::IsEmpty());
+  EXPECT_THAT(log(), ::testing::IsEmpty());
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 #include "platform/opener.h"
 #include "playback/stream_keeper.h"
-#include "support/harmless_messages.h"
+#include "support/heard_messages.h"
 #include "support/model_fixture.h"
 #include "ui/views.h"
 
@@ -18,10 +18,8 @@ struct NoOpener final : Opener {
   void open(const QUrl&) override {}
 };
 
-inline QStringList* warnings = nullptr;
-
-inline void collect(QtMsgType, const QMessageLogContext&, const QString& text) {
-  if (!isHarmless(text)) warnings->append(text);
+inline bool isComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
+  return !isHarmless(text);
 }
 
 /// The real window over the real model, driven by key and mouse events.
@@ -36,7 +34,7 @@ class WindowTest : public ModelTest {
     qml->addImportPath(u"qrc:/qt/qml"_s);
     qml->setInitialProperties({{u"views"_s, QVariant::fromValue(views.get())}});
     qml->load(QUrl(u"qrc:/qt/qml/Vantor/Ui/VantorWindow.qml"_s));
-    ASSERT_FALSE(qml->rootObjects().isEmpty()) << messages.join(u'\n').toStdString();
+    ASSERT_FALSE(qml->rootObjects().isEmpty()) << messages.take().join(u'\n').toStdString();
     window = qobject_cast<QQuickWindow*>(qml->rootObjects().constFirst());
     window->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
@@ -50,17 +48,11 @@ class WindowTest : public ModelTest {
     signIn(rows(LibraryKind::live, 1, channels));
   }
 
-  void SetUp() override {
-    warnings = &messages;
-    previous = qInstallMessageHandler(collect);
-  }
-
   void TearDown() override {
     qml.reset();
     views.reset();
     keeper.reset();
-    qInstallMessageHandler(previous);
-    EXPECT_EQ(messages.join(u'\n').toStdString(), "");
+    EXPECT_EQ(messages.take().join(u'\n').toStdString(), "");
   }
 
   /// Presses the keys one after the other.
@@ -133,8 +125,7 @@ class WindowTest : public ModelTest {
     EXPECT_NE(selectedID(), before) << after;
     EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
   }
-  QStringList messages;
-  QtMessageHandler previous = nullptr;
+  HeardMessages messages{isComplaint};
   DialogFilePanel dialog;
   VideoFrameQueue frames;
   ArtworkStore artwork{transport, clock, worker};
