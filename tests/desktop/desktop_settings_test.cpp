@@ -19,6 +19,7 @@ const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
 const QString settingsPath = u"/org/freedesktop/portal/desktop"_s;
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccessSpace = u"org.gnome.desktop.a11y.interface"_s;
 
 /// Answers every question with what it was given.
 class Portal final : public QDBusVirtualObject {
@@ -85,10 +86,10 @@ TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
       // What changes nothing is seen to by what comes next.
       {gnomeSpace, u"text-scaling-factor"_s, 1.25, {1.25, true, true}},
       {appearanceSpace, u"reduced-motion"_s, 0u, {1.25, false, true}},
-      {u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s, true, {1.25, false, true}},
+      {gnomeAccessSpace, u"high-contrast"_s, true, {1.25, false, true}},
       {appearanceSpace, u"contrast"_s, 0u, {1.25, false, true}},
       {u"org.kde.kdeglobals"_s, u"contrast"_s, 1u, {1.25, false, true}},
-      {u"org.gnome.desktop.a11y.interface"_s, u"high-contrast"_s, false, {1.25, false, false}},
+      {gnomeAccessSpace, u"high-contrast"_s, false, {1.25, false, false}},
   };
   for (const auto& [space, key, value, wishes] : rows) {
     change(space, key, value);

@@ -22,8 +22,8 @@ ComboBox {
     Accessible.description: displayText
     Accessible.onPressAction: popup.open()
 
-    // Elsewhere Space pauses; here it opens the list, as Return does: when it is let
-    // go, since that takes the choice of a list that is open.
+    // Elsewhere Space pauses; here it opens the list, as Return does: when it is let go, since that
+    // takes the choice of a list that is open.
     Keys.onPressed: event => {
         returnHeld = opensList(event);
         event.accepted = returnHeld;
