@@ -101,6 +101,8 @@ std::optional<PictureFormat> pictureFormat(const char* chroma, const unsigned* w
   result.matrix = matrixOf(format);
   result.range = rangeOf(format);
   result.light = lightOf(format);
+  if (format.i_sar_den > 0)
+    result.pixelAspect = static_cast<double>(format.i_sar_num) / format.i_sar_den;
   return result;
 }
 

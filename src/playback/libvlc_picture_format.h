@@ -13,6 +13,7 @@ struct PictureFormat {
   ColorMatrix matrix = ColorMatrix::bt709;
   ColorRange range = ColorRange::limited;
   PictureLight light;
+  double pixelAspect = 0;  // width by height, 0 while unknown
 };
 
 /// What most pictures are whose decoder does not say more than this.

@@ -168,6 +168,7 @@ unsigned LibVLCVideoOutput::setUp(void** opaque, char* chroma, unsigned* width, 
   self->buffers_ = buffers;
   self->decoder_ = asked.decoder;
   self->reshaped_ = true;
+  if (self->pixelAspect_ == 0) self->pixelAspect_ = format.pixelAspect;
   return 1;
 }
 

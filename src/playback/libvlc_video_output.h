@@ -16,8 +16,8 @@ namespace vantor {
 /// Receives libVLC's pictures in memory of ours and passes them on.
 ///
 /// The public operations belong to the engine's thread; the callbacks come on libVLC's own and call
-/// nothing of libVLC. They do not learn the shape of a pixel, so the first picture of a source
-/// waits until `setPixelAspect` says it.
+/// nothing of libVLC. The first picture of a source waits until the shape of a pixel is known, by
+/// libVLC's internals or `setPixelAspect`.
 class LibVLCVideoOutput {
  public:
   /// `onNews` is called on libVLC's threads: the first picture of a source waits, or one of another
