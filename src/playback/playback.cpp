@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 
 constexpr auto savingWait = 100ms;
 constexpr int mostSavingWaits = 50;
+// The library lists tracks a moment before it puts its own choice of them in force.
+constexpr int looksForTracks = 4;
 // Volume that a sound comes back to whose own was 0.
 constexpr double usualVolume = 50;  // per cent
 
@@ -214,7 +216,7 @@ void Playback::load(const PlayRequest& request) {
   if (transport_.audioDelay() != 0) engine_.setAudioDelay(transport_.audioDelay());
   engine_.play();
   transport_.reset();
-  seeksAudio_ = seeksSubtitles_ = true;
+  audioLooks_ = subtitleLooks_ = looksForTracks;
   const QPointer<Playback> self(this);
   pollTask_ = Job::start([self, ticket = generation_, resume = request.resume](
                              std::stop_token token) { return watch(self, ticket, resume, token); });
@@ -270,7 +272,7 @@ void Playback::setVolume(double percent) {
 }
 
 void Playback::setAudioTrack(int id) {
-  seeksAudio_ = false;
+  audioLooks_ = 0;
   engine_.setAudioTrack(id);
   const std::optional<TrackChoice> choice = choiceOf(id, transport_.audio());
   if (!choice) return;
@@ -279,7 +281,7 @@ void Playback::setAudioTrack(int id) {
 }
 
 void Playback::setSubtitleTrack(int id) {
-  seeksSubtitles_ = false;
+  subtitleLooks_ = 0;
   engine_.setSubtitleTrack(id);
   const std::optional<TrackChoice> choice = choiceOf(id, transport_.subtitles());
   if (!choice) return;

@@ -162,9 +162,9 @@ class Playback final : public QObject {
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};
   TrackChoices tracks_;
-  // What was opened has yet to be looked through for them.
-  bool seeksAudio_ = false;
-  bool seeksSubtitles_ = false;
+  // Looks at what was opened, its tracks listed, in which those chosen before are put in force.
+  int audioLooks_ = 0;
+  int subtitleLooks_ = 0;
   Ticket generation_ = 0;  // openings and stops so far; a task's copy of it tells when it is stale
   std::stop_source tickWait_;  // ends the wait for the next tick early
   Job loadTask_;

@@ -97,17 +97,17 @@ void Playback::applyResume(Opening& opening) {
 }
 
 void Playback::applyTracks(const EngineStatus& status) {
-  const auto audio = seeksAudio_ ? trackOf(tracks_.audio, status.audioTracks) : std::nullopt;
-  if (audio) {
-    seeksAudio_ = false;
-    if (*audio != status.audioTrack) engine_.setAudioTrack(*audio);
-  }
-  const auto subtitles =
-      seeksSubtitles_ ? trackOf(tracks_.subtitles, status.subtitleTracks) : std::nullopt;
-  if (subtitles) {
-    seeksSubtitles_ = false;
-    if (*subtitles != status.subtitleTrack) engine_.setSubtitleTrack(*subtitles);
-  }
+  const auto wanted = [](int& looks, const QList<TrackChoice>& choices,
+                         const QList<EngineTrack>& tracks, std::int32_t now) {
+    const auto track = looks > 0 ? trackOf(choices, tracks) : std::nullopt;
+    if (track) --looks;
+    return track == now ? std::nullopt : track;
+  };
+  if (const auto track = wanted(audioLooks_, tracks_.audio, status.audioTracks, status.audioTrack))
+    engine_.setAudioTrack(*track);
+  if (const auto track =
+          wanted(subtitleLooks_, tracks_.subtitles, status.subtitleTracks, status.subtitleTrack))
+    engine_.setSubtitleTrack(*track);
 }
 
 void Playback::reportProgress() {

@@ -220,5 +220,27 @@ TEST_F(ProgressTest, VolumeTracksAndSpeedReachTheEngine) {
   EXPECT_TRUE(engine.calls.contains(u"setVolume 0"_s)) << "the volume stays for the next source";
 }
 
+TEST_F(ProgressTest, TracksChosenBeforeAreInForceAlsoWhenTheEngineChoosesLater) {
+  PlayRequest film = channel(u"1"_s);
+  film.tracks = {.audio = {{.language = u"de"_s}}, .subtitles = {{.off = true}}};
+  open(film);
+  engine.takeCalls();
+  engine.now = filmAt(100, 60'000);
+  see(EngineState::playing);
+  engine.now.audioTracks = {{1, {}, u"eng"_s}, {2, {}, u"deu"_s}};
+  engine.now.subtitleTracks = {{3, {}, u"eng"_s}};
+  engine.now.audioTrack = engine.now.subtitleTrack = -1;
+  see(EngineState::playing);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"setAudioTrack 2"_s});
+  engine.now.audioTrack = 2;
+  engine.now.subtitleTrack = 3;
+  see(EngineState::playing);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"setSubtitleTrack -1"_s});
+  playback.setSubtitleTrack(3);
+  engine.takeCalls();
+  see(EngineState::playing);
+  EXPECT_EQ(engine.takeCalls(), QStringList()) << "what is chosen now stays";
+}
+
 }  // namespace
 }  // namespace vantor::test
