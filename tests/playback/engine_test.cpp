@@ -232,6 +232,16 @@ TEST_F(EngineTest, TracksAreListedAndThoseChosenBeforeAreInForce) {
                               "-metadata:s:s:1 language=deu -disposition:s:0 default "
                               "-metadata:s:a:1 title=Two -metadata:s:s:0 title=Three"_s);
   const QString channel = spoken(u"channel.ts"_s, {});
+  const QString playlist = u" -f hls -hls_playlist_type vod"_s;
+  make(u"pictures.m3u8"_s,
+       solidColor(u"red"_s, u"160x90"_s, 20) + u" -c:v libx264 -g 25"_s + playlist);
+  for (const QString& sound : {u"eng.m3u8"_s, u"deu.m3u8"_s}) make(sound, tone(20) + playlist);
+  const QString renditions = writeFile(path(u"renditions.m3u8"_s), R"(#EXTM3U
+#EXT-X-MEDIA:TYPE=AUDIO,GROUP-ID="a",NAME="One",DEFAULT=YES,LANGUAGE="eng",URI="eng.m3u8"
+#EXT-X-MEDIA:TYPE=AUDIO,GROUP-ID="a",NAME="Two",LANGUAGE="deu",URI="deu.m3u8"
+#EXT-X-STREAM-INF:BANDWIDTH=90000,CODECS="avc1.64000b,mp4a.40.2",AUDIO="a"
+pictures.m3u8
+)");
   const TransportState& transport = *playback.transport();
   const auto language = [](const QList<EngineTrack>& tracks, int id) {
     const auto choice = choiceOf(id, tracks);
@@ -254,8 +264,11 @@ TEST_F(EngineTest, TracksAreListedAndThoseChosenBeforeAreInForce) {
   play(film, {.audio = {german}, .subtitles = {german}});
   EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"de"_s);
   EXPECT_EQ(language(transport.subtitles(), transport.subtitleTrack()), u"de"_s);
-  play(channel, {.audio = {german}, .subtitles = {german}});
-  EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"de"_s);
+  for (const QString& broadcast : {channel, renditions}) {
+    play(broadcast, {.audio = {german}, .subtitles = {german}});
+    EXPECT_EQ(language(transport.audio(), transport.audioTrack()), u"de"_s)
+        << broadcast.toStdString();
+  }
   play(film, {.audio = {german}, .subtitles = {{.off = true}}});
   EXPECT_EQ(transport.subtitleTrack(), -1);
 }
