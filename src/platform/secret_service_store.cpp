@@ -2,10 +2,16 @@
 
 #include <libsecret/secret.h>
 
+#include <chrono>
 #include <memory>
 
 namespace vantor {
 namespace {
+
+using namespace std::chrono_literals;
+
+// D-Bus itself gives a call up after 25 s, which a keyring on a slow disk may need.
+constexpr std::chrono::milliseconds longestCall = 90s;
 
 const SecretSchema schema = {"tv.vantor.player.Credential",
                              SECRET_SCHEMA_DONT_MATCH_NAME,
@@ -49,12 +55,22 @@ Owned<SecretValue> secretValue(const QByteArray& bytes) {
       secret_value_new(bytes.constData(), bytes.size(), "application/octet-stream"));
 }
 
-/// The connection that libsecret uses while somebody holds it. As GLib makes it, it ends the
-/// program when the session bus ends.
-Owned<GDBusConnection> joinBus(GCancellable* cancellable) {
-  Owned<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
-  if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-  return bus;
+/// The service as libsecret knows it, and the connection that libsecret uses while somebody holds
+/// it.
+struct Service {
+  Owned<GDBusConnection> bus;
+  Owned<SecretService> service;  // null when there is none
+};
+
+Service join(GCancellable* cancellable) {
+  Service joined = {
+      Owned<GDBusConnection>(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr)), nullptr};
+  // As GLib makes it, the connection ends the program when the session bus ends.
+  if (joined.bus) g_dbus_connection_set_exit_on_close(joined.bus.get(), FALSE);
+  joined.service.reset(secret_service_get_sync(SECRET_SERVICE_NONE, cancellable, nullptr));
+  if (joined.service)
+    g_dbus_proxy_set_default_timeout(G_DBUS_PROXY(joined.service.get()), longestCall.count());
+  return joined;
 }
 
 struct Found {
@@ -64,11 +80,12 @@ struct Found {
 
 /// The first item that matches, unlocked, with its value.
 Found find(const CredentialKey& key, GCancellable* cancellable) {
-  const auto bus = joinBus(cancellable);
+  const Service joined = join(cancellable);
+  if (!joined.service) return {};
   GError* error = nullptr;
   const auto query = attributes(key);
   GList* items = secret_service_search_sync(
-      nullptr, &schema, query.get(),
+      joined.service.get(), &schema, query.get(),
       static_cast<SecretSearchFlags>(SECRET_SEARCH_UNLOCK | SECRET_SEARCH_LOAD_SECRETS),
       cancellable, &error);
   if (error) {
@@ -112,15 +129,16 @@ CredentialStatus SecretServiceStore::update(const CredentialKey& key, const QByt
 CredentialStatus SecretServiceStore::add(const CredentialKey& key, const QByteArray& value,
                                          std::stop_token token) {
   const Cancellation cancellation(token);
-  const auto bus = joinBus(cancellation.get());
+  const Service joined = join(cancellation.get());
+  if (!joined.service) return CredentialStatus::failure;
   GError* error = nullptr;
   const auto query = attributes(key);
   const auto secret = secretValue(value);
   // The label is what a keyring browser lists; the Secret Service wants one.
   const QByteArray label = (key.service + QLatin1Char(' ') + key.account).toUtf8();
-  const gboolean stored =
-      secret_service_store_sync(nullptr, &schema, query.get(), SECRET_COLLECTION_DEFAULT,
-                                label.constData(), secret.get(), cancellation.get(), &error);
+  const gboolean stored = secret_service_store_sync(joined.service.get(), &schema, query.get(),
+                                                    SECRET_COLLECTION_DEFAULT, label.constData(),
+                                                    secret.get(), cancellation.get(), &error);
   const Owned<GError> owned(error);
   return stored && !error ? CredentialStatus::success : CredentialStatus::failure;
 }
