@@ -96,6 +96,9 @@ int main(int argc, char** argv) {
       {"1080i50",
        "-f lavfi -i testsrc2=size=1920x1080:rate=50:duration=4 -vf tinterlace=interleave_top "
        "-flags +ilme+ildct -pix_fmt yuv420p -b:v 6000k"},
+      {"2160p50 of 10 bits",
+       "-f lavfi -i testsrc2=size=3840x2160:rate=50:duration=1 -pix_fmt yuv420p10le -c:v libx265 "
+       "-preset ultrafast -x265-params log-level=none -tag:v hvc1 -b:v 15000k"},
   };
   for (const Film& film : films) bench(folder.path(), film);
   return 0;
