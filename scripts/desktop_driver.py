@@ -15,6 +15,19 @@ TIMEOUT = 40  # seconds after which what was waited for counts as not coming
 PASSWORD = "p&ss+1"  # with characters that addresses need escaped, but that every keyboard has
 
 
+def difference(picture, other):
+    """Of two pictures of one size: 0 to 1."""
+    told = subprocess.run(["compare", "-metric", "RMSE", picture, other, "null:"], capture_output=True,
+                          text=True).stderr
+    return float(told.split("(")[1].rstrip(")"))
+
+
+def extents_of_window(node):
+    while node.parent and node.parent.getRole() != pyatspi.ROLE_APPLICATION:
+        node = node.parent
+    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+
 class Failed(Exception):
     pass
 
@@ -163,7 +176,7 @@ class Player:
 
     def box(self, node):
         extents = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        left, top = self.desktop.origin
+        left, top = self.desktop.offset(extents_of_window(node))
         return left + extents.x, top + extents.y, extents.width, extents.height
 
     def focused(self):
@@ -243,9 +256,7 @@ class Player:
         # What moves may do so once a second only, as the digits of a test card do.
         for _ in range(3):
             time.sleep(0.4)
-            difference = subprocess.run(["compare", "-metric", "RMSE", first, frame(1), "null:"],
-                                        capture_output=True, text=True).stderr
-            moved = max(moved, float(difference.split("(")[1].rstrip(")")))
+            moved = max(moved, difference(first, frame(1)))
             if moved > 0.005:
                 break
         return spread > 0.02 and moved > 0.005
@@ -253,6 +264,14 @@ class Player:
     def expect_picture(self, node_name):
         self.expect(node_name)
         self.wait("a moving picture", lambda: self.picture_moves(self.find(node_name)))
+
+    def expect_sharp(self, node):
+        """On a screen of two pixels a point, which are all the same where a picture was enlarged."""
+        drawn, enlarged = (os.path.join(self.output, name) for name in (".frame-0.png", ".frame-1.png"))
+        self.desktop.picture(drawn, self.box(node))
+        run("convert", drawn, "-sample", "50%", "-sample", "200%", enlarged)
+        if difference(drawn, enlarged) < 0.01:
+            raise Failed(f'"{node.name}" is drawn with half of the pixels')
 
     def quit(self):
         """Ends the player as the desktop does, and says whether it ended well."""

@@ -22,7 +22,9 @@ def hold(command, text):
 
 
 class X11Desktop:
-    origin = 0, 0  # of what a window says of its places
+    def offset(self, _):
+        """Of places on the screen from what a window says of them."""
+        return 0, 0
 
     def focus(self, title):
         """Gives the keyboard to the window of that title; false while there is none."""
@@ -61,6 +63,7 @@ class X11Desktop:
 class WaylandDesktop:
     def __init__(self, width, height):
         self.pointer = VirtualPointer(width, height)
+        self.screen = next(iter(self.outputs()))  # the one that the window is on
         # A seat has a keyboard only while there is one; wtype's goes with each call.
         keyboard = subprocess.Popen(["wtype", "-s", "100000000"])
         atexit.register(keyboard.kill)
@@ -77,11 +80,10 @@ class WaylandDesktop:
                 yield from walk(child)
         return list(walk(json.loads(run("swaymsg", "-t", "get_tree"))))
 
-    @property
-    def origin(self):
+    def offset(self, said):
         """No window knows where it is."""
         (window,) = self.windows()
-        return window["rect"]["x"], window["rect"]["y"]
+        return window["rect"]["x"] - said.x, window["rect"]["y"] - said.y
 
     def type(self, text):
         run("wtype", "-d", "15", text)
@@ -109,8 +111,28 @@ class WaylandDesktop:
     def copied(self):
         return run("wl-paste", "--no-newline")
 
+    def outputs(self):
+        return {output["name"]: output for output in json.loads(run("swaymsg", "-t", "get_outputs"))}
+
+    def move_to_screen(self, name):
+        run("swaymsg", f'[app_id=".*"] move container to output {name}')
+        self.screen = name
+
+    def add_screen(self, scale):
+        """Beside the first one, with that many pixels a point; the window goes there. Its name."""
+        before = self.outputs()
+        (first,) = before.values()
+        width, height = first["rect"]["width"], first["rect"]["height"]
+        run("swaymsg", "create_output")
+        (name,) = self.outputs().keys() - before.keys()
+        run("swaymsg", f"output {name} resolution {width * scale}x{height * scale} position {width} 0 "
+                       f"scale {scale}")
+        self.pointer.size = 2 * width, height
+        self.move_to_screen(name)
+        return name
+
     def picture(self, path, area=None):
-        part = ("-g", "{0},{1} {2}x{3}".format(*area)) if area else ()
+        part = ("-g", "{0},{1} {2}x{3}".format(*area)) if area else ("-o", self.screen)
         run("grim", *part, path)
 
 

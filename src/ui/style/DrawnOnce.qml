@@ -9,12 +9,17 @@ Item {
     required property bool wanted
     // Where these are no whole numbers, the pixels kept would not be those of the window.
     readonly property real pixels: Style.zoom * Screen.devicePixelRatio
+    // Their number when they were last kept; a screen of another scale needs others.
+    property real kept: 0
     readonly property QtObject drawing: parent?.layer ?? null
+
+    onPixelsChanged: Qt.callLater(() => once.kept = once.pixels)
+    Component.onCompleted: kept = pixels
 
     Binding {
         target: once.drawing
         property: "enabled"
-        value: once.wanted && Number.isInteger(once.pixels)
+        value: once.wanted && Number.isInteger(once.pixels) && once.kept === once.pixels
     }
 
     Binding {
