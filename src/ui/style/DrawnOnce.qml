@@ -9,17 +9,19 @@ Item {
     required property bool wanted
     // Where these are no whole numbers, the pixels kept would not be those of the window.
     readonly property real pixels: Style.zoom * Screen.devicePixelRatio
-    // Their number when they were last kept; a screen of another scale needs others.
-    property real kept: 0
     readonly property QtObject drawing: parent?.layer ?? null
+    property bool renewing: false
 
-    onPixelsChanged: Qt.callLater(() => once.kept = once.pixels)
-    Component.onCompleted: kept = pixels
+    onPixelsChanged: {
+        // What is kept would be enlarged on a screen of another scale.
+        once.renewing = true;
+        once.renewing = false;
+    }
 
     Binding {
         target: once.drawing
         property: "enabled"
-        value: once.wanted && Number.isInteger(once.pixels) && once.kept === once.pixels
+        value: once.wanted && Number.isInteger(once.pixels) && !once.renewing
     }
 
     Binding {
