@@ -974,7 +974,7 @@
     </message>
     <message>
         <source>Interrupted. Trying again…</source>
-        <translation>Interrumpido. Intentándolo de nuevo…</translation>
+        <translation>Interrumpido. Reintentando…</translation>
     </message>
 </context>
 <context>

@@ -28,6 +28,8 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         text: strip.text
         font: Style.caption
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
         elide: Text.ElideRight
     }
 
