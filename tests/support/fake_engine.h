@@ -35,8 +35,14 @@ class FakeEngine final : public MediaEngine {
   void pause() override;
   void setTime(std::int64_t milliseconds) override { note("setTime", milliseconds); }
   void setVolume(int percent) override { note("setVolume", percent); }
-  void setAudioTrack(std::int32_t id) override { note("setAudioTrack", id); }
-  void setSubtitleTrack(std::int32_t id) override { note("setSubtitleTrack", id); }
+  void setAudioTrack(std::int32_t id) override {
+    note("setAudioTrack", id);
+    now.audioTrack = id;
+  }
+  void setSubtitleTrack(std::int32_t id) override {
+    note("setSubtitleTrack", id);
+    now.subtitleTrack = id;
+  }
   void setRate(float rate) override { note("setRate", rate); }
   EngineStatus status() const override { return now; }
   void setAudioDevice(const QString& id) override { note("setAudioDevice", id); }
