@@ -244,6 +244,7 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
                          u"Sound 25 ms after the picture"_s, u"Sound 50 ms after the picture"_s}));
   engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}}, .inForce = u"bar"_s};
   app->playback().setAudioDevice(u"bar"_s);
+  engine.now.audioTrack = 4;
   clock.advance(2s);
   app->playback().setAudioDelay(50);
 
