@@ -55,22 +55,15 @@ Owned<SecretValue> secretValue(const QByteArray& bytes) {
       secret_value_new(bytes.constData(), bytes.size(), "application/octet-stream"));
 }
 
-/// The service as libsecret knows it, and the connection that libsecret uses while somebody holds
-/// it.
-struct Service {
-  Owned<GDBusConnection> bus;
-  Owned<SecretService> service;  // null when there is none
-};
-
-Service join(GCancellable* cancellable) {
-  Service joined = {
-      Owned<GDBusConnection>(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr)), nullptr};
+/// The service that libsecret uses while somebody holds it, which keeps its connection; null when
+/// there is none.
+Owned<SecretService> join(GCancellable* cancellable) {
+  const Owned<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr));
   // As GLib makes it, the connection ends the program when the session bus ends.
-  if (joined.bus) g_dbus_connection_set_exit_on_close(joined.bus.get(), FALSE);
-  joined.service.reset(secret_service_get_sync(SECRET_SERVICE_NONE, cancellable, nullptr));
-  if (joined.service)
-    g_dbus_proxy_set_default_timeout(G_DBUS_PROXY(joined.service.get()), longestCall.count());
-  return joined;
+  if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+  Owned<SecretService> service(secret_service_get_sync(SECRET_SERVICE_NONE, cancellable, nullptr));
+  if (service) g_dbus_proxy_set_default_timeout(G_DBUS_PROXY(service.get()), longestCall.count());
+  return service;
 }
 
 struct Found {
@@ -80,12 +73,12 @@ struct Found {
 
 /// The first item that matches, unlocked, with its value.
 Found find(const CredentialKey& key, GCancellable* cancellable) {
-  const Service joined = join(cancellable);
-  if (!joined.service) return {};
+  const auto service = join(cancellable);
+  if (!service) return {};
   GError* error = nullptr;
   const auto query = attributes(key);
   GList* items = secret_service_search_sync(
-      joined.service.get(), &schema, query.get(),
+      service.get(), &schema, query.get(),
       static_cast<SecretSearchFlags>(SECRET_SEARCH_UNLOCK | SECRET_SEARCH_LOAD_SECRETS),
       cancellable, &error);
   if (error) {
@@ -129,16 +122,16 @@ CredentialStatus SecretServiceStore::update(const CredentialKey& key, const QByt
 CredentialStatus SecretServiceStore::add(const CredentialKey& key, const QByteArray& value,
                                          std::stop_token token) {
   const Cancellation cancellation(token);
-  const Service joined = join(cancellation.get());
-  if (!joined.service) return CredentialStatus::failure;
+  const auto service = join(cancellation.get());
+  if (!service) return CredentialStatus::failure;
   GError* error = nullptr;
   const auto query = attributes(key);
   const auto secret = secretValue(value);
   // The label is what a keyring browser lists; the Secret Service wants one.
   const QByteArray label = (key.service + QLatin1Char(' ') + key.account).toUtf8();
-  const gboolean stored = secret_service_store_sync(joined.service.get(), &schema, query.get(),
-                                                    SECRET_COLLECTION_DEFAULT, label.constData(),
-                                                    secret.get(), cancellation.get(), &error);
+  const gboolean stored =
+      secret_service_store_sync(service.get(), &schema, query.get(), SECRET_COLLECTION_DEFAULT,
+                                label.constData(), secret.get(), cancellation.get(), &error);
   const Owned<GError> owned(error);
   return stored && !error ? CredentialStatus::success : CredentialStatus::failure;
 }
