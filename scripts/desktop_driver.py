@@ -22,10 +22,14 @@ def difference(picture, other):
     return float(told.split("(")[1].rstrip(")"))
 
 
-def extents_of_window(node):
+def extents(node):
+    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+
+def window_of(node):
     while node.parent and node.parent.getRole() != pyatspi.ROLE_APPLICATION:
         node = node.parent
-    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return node
 
 
 class Failed(Exception):
@@ -175,9 +179,12 @@ class Player:
         self.wait(f"a word to assistive programs of {what}", told)
 
     def box(self, node):
-        extents = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        left, top = self.desktop.offset(extents_of_window(node))
-        return left + extents.x, top + extents.y, extents.width, extents.height
+        told = extents(node)
+        if self.desktop.windows_know_their_place:
+            return told.x, told.y, told.width, told.height
+        window = extents(window_of(node))
+        left, top = self.desktop.origin
+        return left + told.x - window.x, top + told.y - window.y, told.width, told.height
 
     def focused(self):
         for node in self.all():

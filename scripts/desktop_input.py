@@ -22,9 +22,7 @@ def hold(command, text):
 
 
 class X11Desktop:
-    def offset(self, _):
-        """Of places on the screen from what a window says of them."""
-        return 0, 0
+    windows_know_their_place = True
 
     def focus(self, title):
         """Gives the keyboard to the window of that title; false while there is none."""
@@ -61,6 +59,8 @@ class X11Desktop:
 
 
 class WaylandDesktop:
+    windows_know_their_place = False
+
     def __init__(self, width, height):
         self.pointer = VirtualPointer(width, height)
         self.screen = next(iter(self.outputs()))  # the one that the window is on
@@ -80,10 +80,11 @@ class WaylandDesktop:
                 yield from walk(child)
         return list(walk(json.loads(run("swaymsg", "-t", "get_tree"))))
 
-    def offset(self, said):
-        """No window knows where it is."""
+    @property
+    def origin(self):
+        """Where the window is."""
         (window,) = self.windows()
-        return window["rect"]["x"] - said.x, window["rect"]["y"] - said.y
+        return window["rect"]["x"], window["rect"]["y"]
 
     def type(self, text):
         run("wtype", "-d", "15", text)
@@ -119,7 +120,7 @@ class WaylandDesktop:
         self.screen = name
 
     def add_screen(self, scale):
-        """Beside the first one, with that many pixels a point; the window goes there. Its name."""
+        """Beside the first one, with that many pixels a point. Its name."""
         before = self.outputs()
         (first,) = before.values()
         width, height = first["rect"]["width"], first["rect"]["height"]
@@ -128,7 +129,6 @@ class WaylandDesktop:
         run("swaymsg", f"output {name} resolution {width * scale}x{height * scale} position {width} 0 "
                        f"scale {scale}")
         self.pointer.size = 2 * width, height
-        self.move_to_screen(name)
         return name
 
     def picture(self, path, area=None):
