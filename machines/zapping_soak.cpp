@@ -22,32 +22,34 @@ using namespace test;
 /// What the process holds, the simulator in it included.
 struct Held {
   double megabytes = 0;
-  qsizetype threads = 0;
+  QStringList threads;  // their names
   qsizetype descriptors = 0;
   qsizetype sockets = 0;
 
-  static qsizetype entries(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+  static QStringList entries(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+  }
+  static QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
   }
   static Held now() {
     Held held;
-    QFile memory(u"/proc/self/statm"_s);
-    if (memory.open(QIODevice::ReadOnly))
-      held.megabytes = memory.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
-    held.threads = entries(u"/proc/self/task"_s);
-    const QDir descriptors(u"/proc/self/fd"_s);
-    for (const QString& name :
-         descriptors.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+    held.megabytes = contents(u"/proc/self/statm"_s).split(' ').value(1).toDouble() * 4096 / 1e6;
+    for (const QString& task : entries(u"/proc/self/task"_s))
+      held.threads += QString::fromUtf8(contents(u"/proc/self/task/%1/comm"_s.arg(task)));
+    for (const QString& descriptor : entries(u"/proc/self/fd"_s)) {
       ++held.descriptors;
-      held.sockets += QFile::symLinkTarget(descriptors.filePath(name)).contains(u"socket:"_s);
+      held.sockets += QFile::symLinkTarget(u"/proc/self/fd/"_s + descriptor).contains(u"socket:"_s);
     }
     return held;
   }
 };
 
 void PrintTo(const Held& held, std::ostream* out) {
-  *out << held.megabytes << " MB, " << held.threads << " threads, " << held.descriptors
-       << " descriptors, " << held.sockets << " sockets";
+  *out << held.megabytes << " MB, " << held.threads.size() << " threads, " << held.descriptors
+       << " descriptors, " << held.sockets << " sockets ("
+       << held.threads.join(u", "_s).toStdString() << ")";
 }
 
 class ZappingSoak : public ::testing::Test, protected SimulatedPlayback {
@@ -166,7 +168,7 @@ TEST_F(ZappingSoak, LeavesNothingBehind) {
   std::printf("after %d: %s\nafter all: %s\n", first, testing::PrintToString(before).c_str(),
               testing::PrintToString(after).c_str());
   // Qt keeps connections for the next request, and some threads for the next piece of work.
-  EXPECT_LE(after.threads, before.threads + 2);
+  EXPECT_LE(after.threads.size(), before.threads.size() + 2);
   EXPECT_LE(after.descriptors, before.descriptors + 8);
   EXPECT_LE(after.sockets, before.sockets + 6);
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)

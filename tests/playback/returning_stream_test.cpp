@@ -84,8 +84,8 @@ TEST_P(ReturningStreamTest, OneConnectionAtATimeHoweverItBreaksOff) {
   const sim::Counters seen = server.counters();
   EXPECT_LE(seen.mostStreamsAtOnce, connections);
   if (isTransportStream()) {
-    EXPECT_LE(asked(), openings + 2 * failures)
-        << "one each; libVLC tries again what it cannot read, and then comes the question";
+    EXPECT_LE(asked(), 2 * openings + failures)
+        << "libVLC tries once more what it cannot read; if that fails too, then comes the question";
   }
   server.reset();
   if (isGivenUp()) playback.retry();
