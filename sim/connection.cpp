@@ -20,6 +20,7 @@ constexpr std::chrono::milliseconds longestQuiet{60'000};
 Connection::Connection(int socket, SSL_CTX* tls) : socket_(socket) {
   const int on = 1;
   ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+  ::setsockopt(socket_, SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
   if (tls == nullptr) return;
   tls_.reset(SSL_new(tls));
   SSL_set_fd(tls_.get(), socket_);

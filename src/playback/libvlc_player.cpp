@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "playback/libvlc_options.h"
+#include "playback/libvlc_stop.h"
 
 namespace vantor {
 
@@ -123,7 +124,7 @@ LibVLCPlayer::~LibVLCPlayer() {
   for (const auto event : newsEvents) {
     libvlc_event_detach(events, event, onEvent, this);
   }
-  libvlc_media_player_stop(player_.get());
+  stopPlayer(player_.get());
 }
 
 void LibVLCPlayer::load(const MediaSource& source, SourceNumber number) {
@@ -159,7 +160,7 @@ void LibVLCPlayer::replaceMedia(LibVLCHandle<libvlc_media_t> media, SourceNumber
 }
 
 void LibVLCPlayer::stop() {
-  libvlc_media_player_stop(player_.get());
+  stopPlayer(player_.get());
   if (recorder_) recorder_->inputEnded();
   failed_ = false;
   givenUp_ = false;

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "stream_server.h"
+#include "support/awaited.h"
 #include "support/environment_number.h"
 #include "support/files.h"
 #include "support/simulated_playback.h"
@@ -151,6 +152,30 @@ TEST_P(ReturningStreamTest, OneThatStallsIsOpenedAgain) {
   EXPECT_TRUE(playsAgain());
   EXPECT_EQ(stalling.requests.size(), 2);
   EXPECT_EQ(openings, 2);
+}
+
+TEST_P(ReturningStreamTest, OneThatFallsSilentHoldsUpNothingElse) {
+  playChannel();
+  ASSERT_TRUE(playsAgain());
+  const char* const question = "get_live_categories";
+  server.hold(question);
+  const auto answer = start<QByteArray>([&](std::stop_token token) {
+    QUrl address(QString::fromStdString(server.url()) + u"/player_api.php"_s);
+    address.setQuery(u"username=%1&password=%2&action=%3"_s.arg(
+        QString::fromStdString(options.username), QString::fromStdString(options.password),
+        QString::fromLatin1(question)));
+    return transport.fetch(HTTPRequest{.address = address}, defaultBodyLimit, token);
+  });
+  ASSERT_TRUE(eventually([&] { return requests(question) > 0; }));
+  const char* const part = isTransportStream() ? "live" : "segment";
+  server.setFault(part, sim::Fault::silent);
+  server.resetCounters();
+  playback.retry();
+  ASSERT_TRUE(eventually([&] { return requests(part) > 0; }));
+  play(sim::Kind::movie, u"mp4"_s);
+  EXPECT_TRUE(playsAgain());
+  server.release(question);
+  EXPECT_TRUE(eventually([&] { return answer->value.has_value(); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ReturningStreamTest, ::testing::Values("ts", "m3u8"),
