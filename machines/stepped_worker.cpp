@@ -17,7 +17,8 @@ std::vector<Queue> queues;
 
 }  // namespace
 
-Worker::Worker(int threads) : limit_(static_cast<std::size_t>(threads)) {
+Worker::Worker(int threads, Share share)
+    : limit_(static_cast<std::size_t>(threads)), share_(share) {
   queues.push_back({this, limit_, {}});
 }
 

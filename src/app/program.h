@@ -80,9 +80,9 @@ class Program final : public QObject {
   SecureStore secureStore_;
   // Behind what their work uses, since each waits for the end of what it is doing. None keeps
   // another waiting, whatever a picture costs and whoever has to be asked.
-  Worker worker_{2};
+  Worker worker_{2, Worker::Share::little};
   Worker secretsWorker_;
-  Worker artworkWorker_;
+  Worker artworkWorker_{1, Worker::Share::little};
   Worker busWorker_{2};
   ArtworkStore artwork_;
   DialogFilePanel ownFilePanel_;

@@ -1,8 +1,19 @@
 #include "platform/worker.h"
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace vantor {
 
-Worker::Worker(int threads) : limit_(static_cast<std::size_t>(threads)) {}
+namespace {
+
+// A tenth of what an equal would get.
+constexpr int nicenessOfLittle = 10;
+
+}  // namespace
+
+Worker::Worker(int threads, Share share)
+    : limit_(static_cast<std::size_t>(threads)), share_(share) {}
 
 Worker::~Worker() {
   std::deque<std::function<void()>> dropped;
@@ -25,6 +36,9 @@ void Worker::post(std::function<void()> work) {
 }
 
 void Worker::serve() {
+  // Linux has a nice value for each thread, against POSIX; see setpriority(2).
+  if (share_ == Share::little)
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), nicenessOfLittle);
   std::unique_lock lock(mutex_);
   for (;;) {
     ++idle_;

@@ -19,7 +19,10 @@ namespace vantor {
 /// destructor waits for what runs and drops what has not begun, whose waits fail with `Cancelled`.
 class Worker {
  public:
-  explicit Worker(int threads = 1);
+  /// Whether its threads get as much of a busy processor as others, or little.
+  enum class Share { equal, little };
+
+  explicit Worker(int threads = 1, Share share = Share::equal);
   ~Worker();
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
@@ -53,6 +56,7 @@ class Worker {
   void serve();
 
   const std::size_t limit_;
+  const Share share_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<std::function<void()>> waiting_;
