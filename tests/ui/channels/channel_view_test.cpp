@@ -4,20 +4,14 @@
 #include <QLocale>
 #include <QSignalSpy>
 
-#include "support/model_fixture.h"
-#include "ui/entries/item_list_model.h"
+#include "ui/views_fixture.h"
 
 namespace vantor::test {
 namespace {
 
-class ChannelViewTest : public ModelTest {
+class ChannelViewTest : public ViewsTest {
  protected:
-  void open(int channels, const QStringList& arguments = {}) {
-    launch(arguments);
-    items = std::make_unique<ItemListModel>(model->browsing(), model->record(), model->playback());
-    view = std::make_unique<ChannelView>(*model, clock, *items);
-    if (channels > 0) signIn(rows(LibraryKind::live, 0, channels));
-  }
+  void opened() override { view = views->channels(); }
 
   /// What a row says, "now, then next".
   QString row(int number) const {
@@ -44,13 +38,10 @@ class ChannelViewTest : public ModelTest {
   }
   void arrive(int row, const QByteArray& body) {
     ASSERT_TRUE(eventually([&] { return transport.answer(guideRequest, body); }));
-    ASSERT_TRUE(eventually([&] {
-      return model->guide().guideOf(model->browsing().items().id(std::size_t(row))).has_value();
-    }));
+    ASSERT_TRUE(eventually([&] { return app->guide().guideOf(item(row).id).has_value(); }));
   }
 
-  std::unique_ptr<ItemListModel> items;
-  std::unique_ptr<ChannelView> view;
+  ChannelView* view = nullptr;
 };
 
 TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
@@ -63,7 +54,7 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   clock.advance(1s);  // the loader looks again for what had to wait
   QSignalSpy changes(view->rows(), &QAbstractItemModel::dataChanged);
   ASSERT_TRUE(eventually([&] { return transport.fail(guideRequest, HTTPFailure(500)); }));
-  ASSERT_TRUE(eventually([&] { return model->guide().guideFailed(u"live:2"_s); }));
+  ASSERT_TRUE(eventually([&] { return app->guide().guideFailed(item(2).id); }));
   ASSERT_FALSE(changes.isEmpty());
   for (const auto& change : changes) {
     EXPECT_EQ(change[0].toModelIndex().row(), 2) << "the other rows are left alone";
@@ -75,27 +66,20 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   EXPECT_EQ(row(1), u"Only one, then —"_s);
   EXPECT_EQ(row(2), u"Guide unavailable, then —"_s);
   EXPECT_EQ(row(3), u"No programme information, then —"_s);
-  const QModelIndex last = view->rows()->index(3, 0);
-  EXPECT_EQ(view->rows()->data(last, ItemListModel::NameRole).toString(), u"Title 3"_s);
+
+  app->refreshGuide();
+  EXPECT_EQ(row(0), u"Loading guide…, then —"_s);
+  settle();
+  arrive(0, halfHours({"New"}, 10min));
+  EXPECT_EQ(row(0), u"New, then —"_s);
 }
 
 TEST_F(ChannelViewTest, SampleChannelsHaveNoGuide) {
-  open(0, {u"--demo"_s});
+  open({u"--demo"_s});
   view->showRows(0, 5);
   settle();
   for (int number = 0; number < 6; ++number) EXPECT_EQ(row(number), u"Preview channel, then —"_s);
   EXPECT_EQ(requests(), 0);
-  EXPECT_EQ(view->groups(), (QStringList{u"All channels"_s, u"Featured"_s, u"Discover"_s}));
-}
-
-TEST_F(ChannelViewTest, ListsTheFirst2500Channels) {
-  open(3000);
-  EXPECT_EQ(view->rows()->rowCount(), 2500);
-  transport.always(guideRequest, halfHours({"Now"}, 10min));
-  view->showRows(2495, 2999);
-  EXPECT_TRUE(becomes(2499, u"Now, then —"_s));
-  clock.advance(1s);
-  EXPECT_EQ(requests(), 5) << "there are no rows beyond the last";
 }
 
 TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
@@ -103,10 +87,10 @@ TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
   view->showRows(0, 0);
   settle();
   arrive(0, halfHours({"First", "Second", "Third"}, 90s));
-  model->select(item(0));
+  app->select(item(0));
   EXPECT_EQ(view->programmeTitle(), u"First"_s);
   QSignalSpy rowChanges(view->rows(), &QAbstractItemModel::dataChanged);
-  QSignalSpy panelChanges(view.get(), &ChannelView::programmeChanged);
+  QSignalSpy panelChanges(view, &ChannelView::programmeChanged);
   clock.advance(2min);
   EXPECT_FALSE(rowChanges.isEmpty() || panelChanges.isEmpty());
   EXPECT_EQ(row(0), u"Second, then Third"_s);
@@ -121,30 +105,20 @@ TEST_F(ChannelViewTest, TimeMovesTheProgrammesOn) {
   EXPECT_EQ(requests(), 2) << "the row is gone from the screen";
 }
 
-TEST_F(ChannelViewTest, RowsTurnedAwayAreAskedForWhenThereIsRoom) {
+TEST_F(ChannelViewTest, RowsAreAskedForAsFarAsThereAreAnyAndWhenThereIsRoom) {
   open(40);
   view->showRows(0, 29);
   settle();
   transport.always(guideRequest, halfHours({"Now", "Next"}, 10min));
   while (transport.answer(guideRequest, halfHours({"Now", "Next"}, 10min))) continue;
-  EXPECT_TRUE(becomes(29, u"Now, then Next"_s));
+  EXPECT_TRUE(becomes(29, u"Now, then Next"_s)) << "it was turned away at first";
   EXPECT_EQ(row(30), u"Loading guide…, then —"_s) << "not on screen";
-  model->browsing().setSearch(u"title 3"_s);
+  app->browsing().setSearch(u"title 3"_s);
   EXPECT_TRUE(becomes(10, u"Now, then Next"_s)) << "Title 39 came into view";
-}
-
-TEST_F(ChannelViewTest, RefreshFetchesTheRowsOnScreenAnew) {
-  open(2);
-  view->showRows(0, 1);
-  settle();
-  arrive(0, halfHours({"Old"}, 10min));
-  arrive(1, halfHours({"Old"}, 10min));
-  model->refreshGuide();
-  EXPECT_EQ(row(0), u"Loading guide…, then —"_s);
-  settle();
-  arrive(0, halfHours({"New"}, 10min));
-  EXPECT_EQ(row(0), u"New, then —"_s);
-  EXPECT_EQ(transport.open(guideRequest), 1);
+  app->browsing().setSearch({});
+  view->showRows(39, 99);
+  EXPECT_TRUE(becomes(39, u"Now, then Next"_s));
+  EXPECT_EQ(row(38), u"Now, then Next"_s);
 }
 
 TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
@@ -152,17 +126,16 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
   open(2);
   EXPECT_EQ(view->channelName(), u"Live TV"_s);
   EXPECT_EQ(view->programmeHint(), u"Select a channel to see its programme information."_s);
-  EXPECT_FALSE(view->channelSelected());
   view->watch();
   view->toggleBookmark();
-  EXPECT_FALSE(model->playback().itemID());
+  EXPECT_FALSE(app->playback().itemID());
 
-  model->select(item(1));
-  EXPECT_EQ(view->channelName(), u"Title 1"_s);
+  app->select(item(1));
+  EXPECT_EQ(view->channelName(), u"Title 2"_s);
   EXPECT_EQ(view->programmeHint(), u"Loading programme information…"_s);
   settle();
   arrive(1, halfHours({"Concert", "Talk"}, 10min));
-  ASSERT_TRUE(eventually([&] { return !model->details().detailsLoading(); }));
+  ASSERT_TRUE(eventually([&] { return !app->details().detailsLoading(); }));
   EXPECT_EQ(view->programmeHint(), QString());
   EXPECT_EQ(view->programmeTitle(), u"Concert"_s);
   EXPECT_EQ(view->programmeDescription(), u"About Concert"_s);
@@ -171,15 +144,15 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
   EXPECT_EQ(view->programmeTimes(),
             ends.addSecs(-1800).toString(u"HH:mm"_s) + u"–"_s + ends.toString(u"HH:mm"_s));
 
-  EXPECT_EQ(view->bookmarkSymbol(), u"bookmark"_s);
   view->toggleBookmark();
   EXPECT_EQ(view->bookmarkSymbol(), u"bookmark.fill"_s);
   view->watch();
   settle();
-  EXPECT_EQ(model->playback().itemID(), u"live:1"_s);
+  EXPECT_EQ(app->playback().itemID(), u"live:2"_s);
 
-  model->select(item(0));
+  app->select(item(0));
   settle();
+  EXPECT_EQ(view->bookmarkSymbol(), u"bookmark"_s);
   ASSERT_TRUE(transport.fail(guideRequest, HTTPFailure(500)));
   ASSERT_TRUE(eventually([&] { return !view->error().isEmpty(); }));
   EXPECT_EQ(view->programmeHint(), u"Select a channel to see its programme information."_s);
@@ -188,23 +161,21 @@ TEST_F(ChannelViewTest, ThePanelShowsTheSelectedChannel) {
 TEST_F(ChannelViewTest, TheGroupIsTheCategory) {
   open(9);
   EXPECT_EQ(view->groups(), QStringList{u"All channels"_s}) << "the library has no categories";
-  QSignalSpy changes(view.get(), &ChannelView::groupsChanged);
-  model->load(LibraryKind::live, LoadMode::refresh);
-  answer(LibraryKind::live, rows(LibraryKind::live, 0, 9),
+  QSignalSpy changes(view, &ChannelView::groupsChanged);
+  app->load(LibraryKind::live, LoadMode::refresh);
+  answer(LibraryKind::live, rows(LibraryKind::live, 1, 9),
          R"([{"category_id":"1","category_name":"News"},
              {"category_id":"2","category_name":"Sport"}])");
   EXPECT_FALSE(changes.isEmpty());
   EXPECT_EQ(view->groups(), (QStringList{u"All channels"_s, u"News"_s, u"Sport"_s}));
-  EXPECT_EQ(view->group(), 0);
   view->chooseGroup(2);
-  EXPECT_EQ(model->browsing().category(), u"2"_s);
-  EXPECT_EQ(view->group(), 2);
+  EXPECT_EQ(app->browsing().category(), u"2"_s);
   EXPECT_EQ(view->groupName(), u"Sport"_s);
   EXPECT_EQ(view->rows()->rowCount(), 3);
   view->chooseGroup(3);
   view->chooseGroup(-1);
   EXPECT_EQ(view->group(), 2) << "no such groups";
-  model->setCategory(u"gone"_s);
+  app->setCategory(u"gone"_s);
   EXPECT_EQ(view->group(), -1);
   EXPECT_EQ(view->groupName(), QString());
   view->chooseGroup(0);
