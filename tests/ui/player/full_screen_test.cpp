@@ -10,9 +10,9 @@ namespace {
 class FullScreenTest : public WindowTest {
  protected:
   void SetUp() override {
-    WindowTest::SetUp();
     open(60);
     overlay = window->findChild<PersistentVideoOverlay*>();
+    remote = views->remote();
     ASSERT_TRUE(overlay);
   }
   void play() {
@@ -22,9 +22,7 @@ class FullScreenTest : public WindowTest {
   void playMovie() {
     app->playback().play(
         {.url = QUrl(u"http://tv.example/1.mp4"_s), .title = u"Film"_s, .id = u"movies:1"_s});
-    settle();
-    engine.now = filmAt(30'000, 90'000);
-    clock.advance(250ms);
+    become(filmAt(30'000, 90'000));
   }
   QString title() const { return app->playback().title(); }
   bool isFull() {
@@ -32,18 +30,27 @@ class FullScreenTest : public WindowTest {
     return window->visibility() == QWindow::FullScreen;
   }
   /// The picture has all of the window, and nothing is left of the screen under it.
+  void expectPictureOnly(bool only) {
+    QTest::qWait(50);
+    EXPECT_EQ(overlay->size() == window->contentItem()->size(), only);
+    EXPECT_EQ(find("text", u"Live TV"_s) == nullptr, only);
+  }
   void expectFull(bool full) {
     EXPECT_EQ(isFull(), full);
-    EXPECT_EQ(views->remote()->fullScreen(), full);
-    QTest::qWait(50);
-    EXPECT_EQ(overlay->size() == window->contentItem()->size(), full);
-    EXPECT_EQ(find("text", u"Live TV"_s) == nullptr, full);
+    EXPECT_EQ(remote->fullScreen(), full);
+    expectPictureOnly(full);
   }
-
+  /// The notes that the keys lead to, one after the other.
+  QStringList notes(const QList<QKeyCombination>& keys) {
+    QStringList seen;
+    for (const QKeyCombination key : keys) press(key), seen.append(remote->note());
+    return seen;
+  }
   /// Where the engine was told to go since the last look, in milliseconds.
   QStringList jumps() { return engine.takeCalls().filter(u"setTime"_s); }
 
   PersistentVideoOverlay* overlay = nullptr;
+  PlayerRemote* remote = nullptr;
 };
 
 TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
@@ -55,7 +62,7 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
       [&] { press(Qt::Key_F11); },
       [&] { press(Qt::Key_F); },
       [&] { doubleClick(middleOf(overlay)); },
-      [&] { views->remote()->toggleFullScreen(); },
+      [&] { remote->toggleFullScreen(); },
   };
   for (const auto& in : ways)
     for (const auto& out : ways) {
@@ -75,36 +82,39 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
   EXPECT_FALSE(app->playback().expanded());
 }
 
-TEST_F(FullScreenTest, WhatNeedsTheWindowEndsIt) {
-  play();
+TEST_F(FullScreenTest, WhatNeedsTheWindowEndsThePictureAlone) {
   const std::function<void()> ends[] = {
       [&] { press(Qt::CTRL | Qt::Key_2); },
       [&] { press(Qt::CTRL | Qt::Key_1); },
-      [&] { window->showNormal(); },
       [&] { app->setShowingSettings(true); },
       [&] { app->setShowingSettings(false), app->setShowingConnect(true); },
+      [&] { app->setShowingConnect(false); },
       [&] { press(Qt::CTRL | Qt::Key_Period); },
   };
-  for (const auto& end : ends) {
-    app->playback().setFullScreen(true);
-    EXPECT_TRUE(isFull());
-    end();
-    EXPECT_FALSE(isFull());
+  for (const bool full : {true, false}) {
+    play();
+    for (const auto& end : ends) {
+      full ? remote->setFullScreen(true) : remote->setSmall(true);
+      EXPECT_EQ(isFull(), full);
+      EXPECT_TRUE(remote->pictureOnly());
+      end();
+      EXPECT_FALSE(isFull());
+      EXPECT_FALSE(remote->pictureOnly());
+    }
+    EXPECT_FALSE(app->playback().source());
   }
-  EXPECT_FALSE(app->playback().source());
+  play();
+  remote->setFullScreen(true);
+  EXPECT_TRUE(isFull());
+  window->showNormal();
+  EXPECT_FALSE(isFull());
+  EXPECT_FALSE(remote->pictureOnly());
 }
 
 TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
-  PlayerRemote& remote = *views->remote();
   press(Qt::Key_P);
-  EXPECT_FALSE(remote.small()) << "nothing plays";
+  EXPECT_FALSE(remote->small()) << "nothing plays";
   play();
-  const auto enter = [&] {
-    press(Qt::Key_P);
-    EXPECT_TRUE(remote.small());
-    EXPECT_EQ(overlay->size(), window->contentItem()->size());
-    EXPECT_EQ(find("text", u"Live TV"_s), nullptr);
-  };
   const std::function<void()> ends[] = {
       [&] { press(Qt::Key_P); },
       [&] { press(Qt::Key_Escape); },
@@ -112,41 +122,38 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
         doubleClick({300, 200});
       },
       [&] { click(appears("help", u"Back to the window"_s)); },
-      [&] { press(Qt::CTRL | Qt::Key_2, Qt::CTRL | Qt::Key_1); },
-      [&] { app->setShowingSettings(true), app->setShowingSettings(false); },
       [&] { press(Qt::Key_F), expectFull(true), press(Qt::Key_F); },
   };
   for (const auto& end : ends) {
-    enter();
-    remote.moved();
+    press(Qt::Key_P);
+    expectPictureOnly(true);
+    remote->moved();
     end();
-    EXPECT_FALSE(remote.small());
+    EXPECT_FALSE(remote->small());
     expectFull(false);
     EXPECT_FALSE(app->playback().paused());
   }
   press(Qt::Key_F, Qt::Key_P);
-  EXPECT_TRUE(remote.small());
+  EXPECT_TRUE(remote->small());
   EXPECT_FALSE(app->playback().fullScreen());
   press(Qt::Key_Up);
   clock.advance(250ms);
   showPicture();
   EXPECT_EQ(title(), u"Title 2"_s) << "the keys are the player's";
   press(Qt::Key_Return);
-  EXPECT_FALSE(remote.chooser()) << "there is no room for it";
+  EXPECT_FALSE(remote->chooser()) << "there is no room for it";
   click(appears("help", u"Stop playback"_s));
-  EXPECT_FALSE(remote.small());
+  EXPECT_FALSE(remote->small());
   expectMoves("the small window");
 }
 
 TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   play();
-  PlayerRemote& remote = *views->remote();
   const auto shownAfter = [&](std::chrono::milliseconds time) {
     clock.advance(time);
-    return remote.controlsShown();
+    return remote->controlsShown();
   };
   press(Qt::Key_F);
-  EXPECT_TRUE(shownAfter(0ms));
   EXPECT_TRUE(shownAfter(2900ms));
   EXPECT_FALSE(shownAfter(200ms));
   QTest::mouseMove(window, QPoint(300, 200));
@@ -157,10 +164,9 @@ TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   EXPECT_TRUE(shownAfter(10s)) << "it is paused";
   press(Qt::Key_Space);
   EXPECT_FALSE(shownAfter(0ms));
-  remote.moved();
+  remote->moved();
   press(Qt::Key_Tab);
-  EXPECT_TRUE(remote.busy());
-  EXPECT_TRUE(shownAfter(10s));
+  EXPECT_TRUE(shownAfter(10s)) << "they have the keys";
 }
 
 TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
@@ -185,9 +191,9 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
     clock.advance(300ms);
     EXPECT_EQ(jumps(), QStringList{u"setTime %1"_s.arg(to)});
   }
-  EXPECT_NE(views->remote()->note(), QString());
+  EXPECT_NE(remote->note(), QString());
   clock.advance(2s);
-  EXPECT_EQ(views->remote()->note(), QString());
+  EXPECT_EQ(remote->note(), QString());
 
   const std::pair<Qt::Key, double> volumes[] = {
       {Qt::Key_Minus, 95}, {Qt::Key_Plus, 100}, {Qt::Key_Plus, 100},     {Qt::Key_Minus, 95},
@@ -196,11 +202,11 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
     press(key);
     EXPECT_EQ(app->playback().transport()->volume(), volume) << key;
   }
+  EXPECT_EQ(
+      notes({Qt::Key_Z, Qt::Key_Z, Qt::Key_Z, Qt::Key_Z, Qt::Key_Z}),
+      (QStringList{u"Fill the screen"_s, u"Stretch"_s, u"4:3"_s, u"16:9"_s, u"Whole picture"_s}));
   press(Qt::Key_Z);
-  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
   app->playback().retry();
-  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
-  for (int i = 0; i < 5; ++i) press(Qt::Key_Z);
   EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
   play();
   EXPECT_EQ(app->playback().pictureShape(), PictureShape::fit) << "another source";
@@ -210,11 +216,6 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
 }
 
 TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
-  const auto notes = [&](const QList<QKeyCombination>& keys) {
-    QStringList seen;
-    for (const QKeyCombination key : keys) press(key), seen.append(views->remote()->note());
-    return seen;
-  };
   playMovie();
   press(Qt::Key_F);
   EXPECT_EQ(notes({Qt::Key_A, Qt::Key_S}), (QStringList{u"No other sound"_s, u"No subtitles"_s}));
@@ -230,39 +231,33 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
   EXPECT_EQ(engine.takeCalls(),
             (QStringList{u"setAudioTrack 4"_s, u"setAudioTrack 1"_s, u"setAudioTrack 2"_s,
                          u"setSubtitleTrack 5"_s, u"setSubtitleTrack -1"_s}));
-  clock.advance(2s);
-  engine.now.audioTrack = 4;
-  engine.now.subtitleTrack = -1;
-  engine.now.rate = 1.5;
-  clock.advance(250ms);
-  EXPECT_EQ(notes({Qt::Key_A}), QStringList{u"Sound: English"_s});
-
   EXPECT_EQ(notes({Qt::CTRL | Qt::Key_Minus, Qt::CTRL | Qt::Key_Equal,
                    Qt::CTRL | Qt::SHIFT | Qt::Key_Plus,
                    QKeyCombination(Qt::ControlModifier | Qt::KeypadModifier, Qt::Key_Plus)}),
             (QStringList{u"Sound 25 ms before the picture"_s, u"Sound with the picture"_s,
                          u"Sound 25 ms after the picture"_s, u"Sound 50 ms after the picture"_s}));
+
   engine.devices = {.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}}, .inForce = u"bar"_s};
   app->playback().setAudioDevice(u"bar"_s);
   engine.now.audioTrack = 4;
+  engine.now.rate = 1.5;
   clock.advance(2s);
   app->playback().setAudioDelay(50);
-
-  const std::pair<const char*, const char*> menus[] = {
-      {"Audio tracks", "Français"},
-      {"Subtitles", "Off"},
-      {"Playback speed", "1.5×"},
-      {"Sound output", "Bar"},
-      {"Sound and picture", "Sound 50 ms after the picture"}};
+  const std::pair<const char*, QString> menus[] = {
+      {"Audio tracks", u"Français"_s},
+      {"Subtitles", u"Off"_s},
+      {"Playback speed", u"1.5×"_s},
+      {"Sound output", u"Bar"_s},
+      {"Sound and picture", u"Sound 50 ms after the picture"_s}};
   for (const auto& [button, inForce] : menus) {
-    views->remote()->moved();
+    SCOPED_TRACE(button);
+    remote->moved();
     click(appears("help", QString::fromLatin1(button)));
-    const QString name = QString::fromUtf8(inForce);
-    const QQuickItem* row = appears("text", name);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return row->property("highlighted").toBool(); })) << inForce;
-    EXPECT_TRUE(row->property("marked").toBool()) << inForce;
+    const QQuickItem* row = appears("text", inForce);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row->property("highlighted").toBool(); }));
+    EXPECT_TRUE(row->property("marked").toBool());
     press(Qt::Key_Escape);
-    EXPECT_TRUE(eventually([&] { return !find("text", name); }));
+    EXPECT_TRUE(eventually([&] { return !find("text", inForce); }));
   }
   EXPECT_TRUE(isFull());
 }
@@ -308,7 +303,6 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   press(Qt::Key_4, Qt::Key_0, Qt::Key_Return);
   clock.advance(5s);
   for (int i = 0; i < 3; ++i) press(Qt::Key_Up), clock.advance(100ms);
-  EXPECT_TRUE(banner.shown());
   EXPECT_NE(find("text", u"Title 43"_s), nullptr);
   EXPECT_EQ(banner.number(), u"43"_s);
   clock.advance(150ms);
@@ -329,38 +323,33 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
   EXPECT_TRUE(banner.shown());
   clock.advance(4s);
   EXPECT_FALSE(banner.shown());
-  press(Qt::Key_7);
-  EXPECT_EQ(banner.number(), u"7"_s);
-  EXPECT_EQ(banner.name(), u"Title 7"_s);
-  press(Qt::Key_8);
-  EXPECT_EQ(banner.name(), u"No such channel"_s);
+  for (const auto& [key, number, name] :
+       {std::tuple(Qt::Key_7, u"7"_s, u"Title 7"_s), {Qt::Key_8, u"78"_s, u"No such channel"_s}}) {
+    press(key);
+    EXPECT_EQ(banner.number(), number);
+    EXPECT_EQ(banner.name(), name);
+  }
   app->playback().stop();
   EXPECT_FALSE(banner.shown());
 }
 
 TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
-  const PlayerRemote& remote = *views->remote();
   const auto load = [&](const QByteArray& entries, const QByteArray& categories) {
     always(LibraryKind::live, entries, categories);
     app->load(LibraryKind::live, LoadMode::refresh);
     ASSERT_TRUE(idle());
   };
-  const auto channel = [](int id, const char* category) {
-    return QByteArray("{\"stream_id\":%1,\"name\":\"Title %1\",\"category_id\":\"%2\"}")
-        .replace("%1", QByteArray::number(id))
-        .replace("%2", category);
-  };
   play();
   press(Qt::Key_Return);
-  EXPECT_EQ(remote.chooser(), nullptr) << "the list has the keys";
+  EXPECT_EQ(remote->chooser(), nullptr) << "the list has the keys";
   for (const bool full : {true, false}) {
     press(full ? Qt::Key_F : Qt::Key_Escape);
     if (!full) views->player()->toggleExpanded();
     press(Qt::Key_Return);
-    ASSERT_TRUE(remote.chooser());
-    EXPECT_EQ(remote.chooser()->currentRow(), full ? 0 : 2);
+    ASSERT_TRUE(remote->chooser());
+    EXPECT_EQ(remote->chooser()->currentRow(), full ? 0 : 2);
     press(Qt::Key_Escape);
-    EXPECT_FALSE(remote.chooser());
+    EXPECT_FALSE(remote->chooser());
     EXPECT_EQ(isFull(), full);
 
     press(Qt::Key_Return);
@@ -368,24 +357,26 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
     for (const Qt::Key key :
          {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End, Qt::Key_Down, Qt::Key_Home})
       press(key), clock.advance(1s);
-    EXPECT_EQ(remote.chooser()->currentRow(), 0);
+    EXPECT_EQ(remote->chooser()->currentRow(), 0);
     EXPECT_EQ(engine.takeCalls(), QStringList()) << "nothing is opened on the way";
     press(Qt::Key_Down, Qt::Key_Down, Qt::Key_Return);
-    EXPECT_FALSE(remote.chooser());
+    EXPECT_FALSE(remote->chooser());
     showPicture();
     EXPECT_EQ(title(), u"Title 3"_s);
   }
 
   // While it is open the library is another one.
   press(Qt::Key_Return);
-  load("[" + channel(3, "a") + "," + channel(4, "b") + "," + channel(5, "b") + "]",
+  load(R"([{"stream_id":3,"name":"Title 3","category_id":"a"},
+           {"stream_id":4,"name":"Title 4","category_id":"b"},
+           {"stream_id":5,"name":"Title 5","category_id":"b"}])",
        R"([{"category_id":"a","category_name":"A"},{"category_id":"b","category_name":"B"},
            {"category_id":"c","category_name":"C"}])");
-  EXPECT_EQ(remote.chooser()->currentRow(), 0);
+  EXPECT_EQ(remote->chooser()->currentRow(), 0);
   for (const QString& group : {u"A"_s, u"B"_s, u"C"_s, u"All channels"_s, u"A"_s}) {
     press(Qt::Key_Right);
-    EXPECT_EQ(remote.chooser()->group(), group);
-    EXPECT_EQ(remote.chooser()->currentRow(), group == u"C"_s ? -1 : 0);
+    EXPECT_EQ(remote->chooser()->group(), group);
+    EXPECT_EQ(remote->chooser()->currentRow(), group == u"C"_s ? -1 : 0);
     EXPECT_EQ(find("text", u"No channels in this group"_s) != nullptr, group == u"C"_s);
   }
   press(Qt::Key_Right);
@@ -403,7 +394,7 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
   press(Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(title(), u"Title 4"_s);
   app->playback().stop();
-  EXPECT_FALSE(remote.chooser());
+  EXPECT_FALSE(remote->chooser());
 }
 
 TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
@@ -455,56 +446,53 @@ TEST_F(FullScreenTest, TheKeysAreListed) {
 
 TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   always(LibraryKind::shows, rows(LibraryKind::shows, 1, 1));
-  app->navigate(Section::shows);
-  ASSERT_TRUE(idle());
+  show(Section::shows);
   app->select(item(0));
   answerEpisodes(R"({"1":[{"id":"1","title":"One"},{"id":"2","title":"Two"},
                           {"id":"3","title":"Three"},{"id":"4","title":"Four"}]})");
   const NextEpisode& next = *views->nextEpisode();
-  const auto at = [&](EngineState state, std::int64_t seconds) {
-    settle();
-    engine.now = filmAt(seconds * 1000, 1'000'000);
-    engine.now.state = state;
+  const auto playsAt = [&](std::int64_t seconds) { become(filmAt(seconds * 1000, 1'000'000)); };
+  const auto ends = [&] {
+    engine.now.state = EngineState::ended;
     clock.advance(250ms);
-    QTest::qWait(0);
   };
   const auto playing = [&] { return app->playback().itemID().value_or(QString()); };
   const auto playFirst = [&] { app->play(app->details().episodes().first()); };
 
   playFirst();
-  at(EngineState::playing, 100);
+  playsAt(100);
   press(Qt::Key_N);
   EXPECT_EQ(playing(), u"episode:1"_s) << "the list has the keys";
   press(Qt::Key_F, Qt::Key_N);
   EXPECT_EQ(playing(), u"episode:2"_s);
-  at(EngineState::playing, 969);
+  playsAt(969);
   EXPECT_FALSE(next.offered());
-  at(EngineState::playing, 971);
+  playsAt(971);
   EXPECT_TRUE(next.offered());
   EXPECT_NE(find("text", next.title()), nullptr);
   press(Qt::Key_Escape);
   EXPECT_FALSE(next.offered());
   EXPECT_TRUE(isFull());
-  at(EngineState::ended, 1000);
+  ends();
   clock.advance(20s);
   EXPECT_EQ(playing(), u"episode:2"_s) << "refused";
 
   press(Qt::Key_N);
-  at(EngineState::playing, 980);
+  playsAt(980);
   press(Qt::Key_Return);
   EXPECT_EQ(playing(), u"episode:4"_s);
-  at(EngineState::playing, 980);
+  playsAt(980);
   EXPECT_FALSE(next.offered()) << "nothing follows";
 
   playFirst();
-  at(EngineState::playing, 990);
-  at(EngineState::ended, 1000);
+  playsAt(990);
+  ends();
   clock.advance(9s);
   EXPECT_EQ(playing(), u"episode:1"_s);
-  views->remote()->setFullScreen(false);
+  remote->setFullScreen(false);
   clock.advance(30s);
   EXPECT_EQ(playing(), u"episode:1"_s) << "only in full screen it plays by itself";
-  views->remote()->setFullScreen(true);
+  remote->setFullScreen(true);
   clock.advance(10s);
   EXPECT_EQ(playing(), u"episode:2"_s);
 }

@@ -1,7 +1,10 @@
-// Every text of the window is a translated one, and has the room that a translation takes.
-#include "playback/playback.h"
+// Every text of the window is a translated one, and has the room that a translation takes; every
+// icon is in the font.
+#include <QRawFont>
+
 #include "screens/shown_texts.h"
 #include "screens/test_language.h"
+#include "ui/style/style.h"
 #include "ui/window/window_fixture.h"
 
 namespace vantor::test {
@@ -30,20 +33,22 @@ class LanguageTest : public WindowTest {
     ASSERT_TRUE(idle());
   }
   void look(const char* state) {
+    SCOPED_TRACE(state);
     ++engine.now.decoded;  // what stands still would be opened again
     clock.advance(1s);
     QTest::qWait(100);
-    EXPECT_EQ(screens::untranslatedTexts(*window).join(u'\n').toStdString(), "") << state;
-    EXPECT_EQ(screens::cutTexts(*window).join(u'\n').toStdString(), "") << state;
-  }
-  void show(Section section) {
-    app->navigate(section);
-    ASSERT_TRUE(idle());
-    QTest::qWait(50);
+    EXPECT_EQ(screens::untranslatedTexts(*window).join(u'\n').toStdString(), "");
+    EXPECT_EQ(screens::cutTexts(*window).join(u'\n').toStdString(), "");
+    const QRawFont font = QRawFont::fromFont(Style::iconFont(20));
+    screens::forEachShown(window->contentItem(), [&](const QQuickItem* item) {
+      const QString symbol = item->property("symbol").toString();
+      if (symbol.isEmpty()) return;
+      const QString drawn = Style::glyph(symbol);
+      EXPECT_TRUE(drawn.size() == 1 && font.supportsCharacter(drawn[0])) << symbol.toStdString();
+    });
   }
   void play() {
-    settle();
-    engine.now = filmAt(30'000, 90'000);
+    become(filmAt(30'000, 90'000));
     engine.now.picture = {.codec = u"#"_s, .decoder = PictureDecoder::vaapi, .lost = 1};
     clock.advance(250ms);
   }
@@ -70,15 +75,15 @@ TEST_F(LanguageTest, OfTheScreens) {
   press(Qt::Key_Escape, Qt::Key_Down, Qt::Key_Menu);
   look("what can be done with a channel");
   press(Qt::Key_Escape);
+  app->favorite(item(0));
   app->browsing().setSearch(u"0000"_s);
   look("a search in vain");
   app->browsing().setSearch({});
   for (const Section section :
-       {Section::movies, Section::shows, Section::search, Section::favorites}) {
+       {Section::movies, Section::search, Section::favorites, Section::shows}) {
     show(section);
     look("a section");
   }
-  show(Section::shows);
   views->shell()->openRow(0);
   look("the episodes of a show");
 }
@@ -89,8 +94,9 @@ TEST_F(LanguageTest, OfTheSettings) {
   app->setShowingSettings(true);
   SettingsView& settings = *views->settingsView();
   look("the settings");
-  const auto lookAt = [&](int page, const QList<int>& rows) {
-    settings.activate(page);
+  const QList<int> rowsOfPages[] = {{4, 5}, {}, {1}, {}};
+  for (int page = 0; const QList<int>& rows : rowsOfPages) {
+    settings.activate(page++);
     look("a page of the settings");
     for (const int row : rows) {
       settings.activate(row);
@@ -98,11 +104,7 @@ TEST_F(LanguageTest, OfTheSettings) {
     }
     settings.cancelRemoval();
     settings.back();
-  };
-  lookAt(0, {4, 5});
-  lookAt(1, {});
-  lookAt(2, {1});
-  lookAt(3, {});
+  }
 }
 
 TEST_F(LanguageTest, OfThePlayer) {
@@ -119,16 +121,18 @@ TEST_F(LanguageTest, OfThePlayer) {
   look("the player in the whole window");
   app->playback().setFullScreen(true);
   for (const Qt::Key key : {Qt::Key_Z, Qt::Key_M, Qt::Key_Plus, Qt::Key_A, Qt::Key_S, Qt::Key_I,
-                            Qt::Key_9, Qt::Key_9, Qt::Key_Return}) {
+                            Qt::Key_Space, Qt::Key_9, Qt::Key_9, Qt::Key_Return}) {
     press(key);
     look("the picture on the whole screen");
   }
-  press(Qt::Key_Escape);
+  press(Qt::Key_Escape, Qt::Key_Space);
   EXPECT_TRUE(views->statistics()->toggle());
   look("what is known of it");
   press(Qt::SHIFT | Qt::Key_Question);
   look("all keys");
-  press(Qt::Key_Escape);
+  press(Qt::Key_Escape, Qt::Key_P);
+  look("the small window");
+  press(Qt::Key_P);
   play();
   engine.now.state = EngineState::ended;
   engine.announce();
@@ -162,8 +166,7 @@ TEST_F(LanguageTest, FromRightToLeftEverythingIsOnTheOtherSide) {
   begin(u"ar"_s);
   signInAgainst();
   const auto middle = [&](const QString& text) {
-    const QQuickItem* item = appears("text", text);
-    return item->mapToScene(item->boundingRect().center()).x() / window->width();
+    return double(middleOf(appears("text", text)).x()) / window->width();
   };
   EXPECT_GT(middle(sectionTitle(Section::search)), 0.8) << "the sections";
   EXPECT_LT(middle(PlayerPane::tr("Choose something to watch")), 0.3) << "the player";

@@ -6,30 +6,15 @@
 #include <QTest>
 #include <memory>
 
-#include "platform/opener.h"
-#include "playback/stream_keeper.h"
 #include "support/heard_messages.h"
-#include "support/model_fixture.h"
-#include "ui/views.h"
+#include "ui/views_fixture.h"
 
 namespace vantor::test {
 
-struct NoOpener final : Opener {
-  void open(const QUrl&) override {}
-};
-
-inline bool isComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
-  return !isHarmless(text);
-}
-
 /// The real window over the real model, driven by key and mouse events.
-class WindowTest : public ModelTest {
+class WindowTest : public ViewsTest {
  protected:
-  void open(const QStringList& arguments = {}) {
-    app = &launch(arguments);
-    keeper = std::make_unique<StreamKeeper>(app->playback(), engine, frames, transport, clock);
-    views = std::make_unique<Views>(*app, *keeper, clock, dialog, frames, artwork, opener,
-                                    SettingsLinks{QUrl(u"https://support.example/"_s), {}});
+  void opened() override {
     qml = std::make_unique<QQmlApplicationEngine>();
     qml->addImportPath(u"qrc:/qt/qml"_s);
     qml->setInitialProperties({{u"views"_s, QVariant::fromValue(views.get())}});
@@ -39,15 +24,6 @@ class WindowTest : public ModelTest {
     window->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
   }
-
-  /// Signed in, with so many channels, movies and shows.
-  void open(int channels, int movies = 0, int shows = 0) {
-    open();
-    if (movies > 0) always(LibraryKind::movies, rows(LibraryKind::movies, 1, movies));
-    if (shows > 0) always(LibraryKind::shows, rows(LibraryKind::shows, 1, shows));
-    signIn(rows(LibraryKind::live, 1, channels));
-  }
-
   void TearDown() override {
     qml.reset();
     views.reset();
@@ -66,24 +42,6 @@ class WindowTest : public ModelTest {
     for (const QChar letter : text) QTest::keyClick(window, letter.toLatin1());
     QTest::qWait(0);
   }
-
-  bool focusIsIn(const QQuickItem* item) const {
-    const QQuickItem* focused = window->activeFocusItem();
-    return focused && item && (focused == item || item->isAncestorOf(focused));
-  }
-  /// The first visible item whose property has that value.
-  QQuickItem* find(const char* property, const QVariant& value, QQuickItem* from = nullptr) const {
-    if (!from)
-      from = window->contentItem()->parentItem() ? window->contentItem()->parentItem()
-                                                 : window->contentItem();
-    if (from->isVisible() && from->property(property) == value) return from;
-    for (QQuickItem* child : from->childItems())
-      if (QQuickItem* found = find(property, value, child)) return found;
-    return nullptr;
-  }
-  static QPoint middleOf(const QQuickItem* item) {
-    return item->mapToScene(item->boundingRect().center()).toPoint();
-  }
   void click(const QQuickItem* item) {
     ASSERT_TRUE(item);
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, middleOf(item));
@@ -93,29 +51,55 @@ class WindowTest : public ModelTest {
     QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, place);
     QTest::qWait(0);
   }
-  /// The same, once it is there.
-  QQuickItem* appears(const char* property, const QVariant& value) const {
-    QQuickItem* found = nullptr;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return (found = find(property, value)) != nullptr; }))
-        << value.toString().toStdString();
-    return found ? found : window->contentItem();
+  using Test = std::function<bool(const QQuickItem*)>;
+  static Test has(const char* property, const QVariant& value) {
+    return [=](const QQuickItem* item) { return item->property(property) == value; };
   }
-  /// Goes from control to control until it is at the one with that text.
-  QQuickItem* tabTo(const QString& text) {
+  /// Goes from control to control until it is at such a one.
+  QQuickItem* tabTo(const Test& isMeant) {
     for (int i = 0; i < 60 && window->activeFocusItem(); ++i) {
-      QQuickItem* item = window->activeFocusItem();
-      if (item->property("text") == text) return item;
+      if (isMeant(window->activeFocusItem())) return window->activeFocusItem();
       press(Qt::Key_Tab);
     }
-    ADD_FAILURE() << text.toStdString() << " is not reached";
+    ADD_FAILURE() << "no such control is reached";
     return window->contentItem();
   }
-  /// What was opened shows its first picture.
-  void showPicture() {
-    settle();
-    engine.now.state = EngineState::playing;
-    engine.now.decodedVideo = 1;
-    clock.advance(std::chrono::milliseconds(250));
+  QQuickItem* tabTo(const QString& text) {
+    SCOPED_TRACE(text.toStdString());
+    return tabTo(has("text", text));
+  }
+
+  /// The first such item that is visible, at `from` or in it.
+  static QQuickItem* find(const Test& isMeant, QQuickItem* from) {
+    if (!from->isVisible()) return nullptr;
+    if (isMeant(from)) return from;
+    for (QQuickItem* child : from->childItems())
+      if (QQuickItem* found = find(isMeant, child)) return found;
+    return nullptr;
+  }
+  QQuickItem* find(const Test& isMeant) const {
+    QQuickItem* content = window->contentItem();
+    return find(isMeant, content->parentItem() ? content->parentItem() : content);
+  }
+  QQuickItem* find(const char* property, const QVariant& value) const {
+    return find(has(property, value));
+  }
+  /// The same, once it is there.
+  QQuickItem* appears(const Test& isMeant) const {
+    QQuickItem* found = nullptr;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (found = find(isMeant)) != nullptr; }));
+    return found ? found : window->contentItem();
+  }
+  QQuickItem* appears(const char* property, const QVariant& value) const {
+    SCOPED_TRACE(value.toString().toStdString());
+    return appears(has(property, value));
+  }
+  static QPoint middleOf(const QQuickItem* item) {
+    return item->mapToScene(item->boundingRect().center()).toPoint();
+  }
+  bool focusIsIn(const QQuickItem* item) const {
+    const QQuickItem* focused = window->activeFocusItem();
+    return focused && item && (focused == item || item->isAncestorOf(focused));
   }
   /// The arrows act on the entries.
   void expectMoves(const char* after) {
@@ -125,14 +109,26 @@ class WindowTest : public ModelTest {
     EXPECT_NE(selectedID(), before) << after;
     EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
   }
-  HeardMessages messages{isComplaint};
-  DialogFilePanel dialog;
-  VideoFrameQueue frames;
-  ArtworkStore artwork{transport, clock, worker};
-  NoOpener opener;
-  AppModel* app = nullptr;
-  std::unique_ptr<StreamKeeper> keeper;
-  std::unique_ptr<Views> views;
+
+  void show(Section section) {
+    app->navigate(section);
+    ASSERT_TRUE(idle());
+    QTest::qWait(50);
+  }
+  /// What was opened comes so far.
+  void become(const EngineStatus& status) {
+    settle();
+    engine.now = status;
+    clock.advance(250ms);
+    QTest::qWait(0);
+  }
+  /// What was opened shows its first picture.
+  void showPicture() {
+    become({.state = EngineState::playing, .hasMedia = true, .decodedVideo = 1});
+  }
+
+  HeardMessages messages{
+      [](QtMsgType, const QMessageLogContext&, const QString& text) { return !isHarmless(text); }};
   std::unique_ptr<QQmlApplicationEngine> qml;
   QQuickWindow* window = nullptr;
 };
