@@ -10,34 +10,30 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class CredentialStoreTest : public ::testing::Test {
- protected:
+TEST(CredentialStore, KeepsBytesExactlyUnderTheirNameUntilTheyAreRemoved) {
+  using enum CredentialStatus;
   SecretServiceStore store;
   const CredentialKey key{u"tv.vantor.player.test"_s,
                           QUuid::createUuid().toString(QUuid::WithoutBraces)};
   const std::stop_token token;
-  void TearDown() override { store.remove(key, token); }
-};
-
-TEST_F(CredentialStoreTest, MissingItemIsToldApartFromAFailureOrAStop) {
-  EXPECT_EQ(store.copyMatching(key, token).status, CredentialStatus::itemNotFound);
-  EXPECT_EQ(store.update(key, "x", token), CredentialStatus::itemNotFound);
-  EXPECT_EQ(store.remove(key, token), CredentialStatus::itemNotFound);
-  std::stop_source source;
-  source.request_stop();
-  EXPECT_EQ(store.copyMatching(key, source.get_token()).status, CredentialStatus::failure);
-}
-
-TEST_F(CredentialStoreTest, KeepsBytesExactlyUnderTheirName) {
+  const auto expectNone = [&] {
+    EXPECT_EQ(store.copyMatching(key, token).status, itemNotFound);
+    EXPECT_EQ(store.update(key, "x", token), itemNotFound);
+    EXPECT_EQ(store.remove(key, token), itemNotFound);
+  };
+  expectNone();
   const QByteArray bytes("\x00\xff\x80key\n", 7);
-  ASSERT_EQ(store.add(key, bytes, token), CredentialStatus::success);
+  ASSERT_EQ(store.add(key, bytes, token), success);
   EXPECT_EQ(store.copyMatching(key, token).value, bytes);
-  ASSERT_EQ(store.update(key, "second", token), CredentialStatus::success);
+  EXPECT_EQ(store.update(key, "second", token), success);
   EXPECT_EQ(store.copyMatching(key, token).value, "second");
   const CredentialKey other{key.service, key.account + QLatin1Char('2')};
-  EXPECT_EQ(store.copyMatching(other, token).status, CredentialStatus::itemNotFound);
-  ASSERT_EQ(store.remove(key, token), CredentialStatus::success);
-  EXPECT_EQ(store.copyMatching(key, token).status, CredentialStatus::itemNotFound);
+  EXPECT_EQ(store.copyMatching(other, token).status, itemNotFound);
+  std::stop_source stopped;
+  stopped.request_stop();
+  EXPECT_EQ(store.copyMatching(key, stopped.get_token()).status, failure);
+  EXPECT_EQ(store.remove(key, token), success);
+  expectNone();
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// Jobs, and what they wait for: results of a worker, and the clock.
 #include "platform/job.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,7 @@
 #include "platform/cancelled.h"
 #include "platform/worker.h"
 #include "support/awaited.h"
-#include "support/waiting.h"
+#include "support/manual_clock.h"
 
 namespace vantor::test {
 namespace {
@@ -32,7 +33,13 @@ class JobTest : public ::testing::Test {
   Trace trace;
   Pending<Done> gate;
   Job start() {
+    trace = {};
+    gate = {};
     return Job::start([this](std::stop_token token) { return traced(token, &trace, gate); });
+  }
+  void goOn() {
+    gate.resolve({});
+    settle();
   }
 };
 
@@ -52,14 +59,11 @@ TEST_F(JobTest, RunsFromTheEventLoopToItsEnd) {
 
 TEST_F(JobTest, CancelledItSeesTheStopFromThenOn) {
   for (const bool begun : {false, true}) {
-    trace = {};
-    gate = {};
     Job job = start();
     if (begun) settle();
     job.cancel();
     job.cancel();
-    gate.resolve({});
-    settle();
+    goOn();
     EXPECT_EQ(trace.stoppedAtBegin, !begun);
     EXPECT_TRUE(trace.stoppedAtEnd);
   }
@@ -68,17 +72,14 @@ TEST_F(JobTest, CancelledItSeesTheStopFromThenOn) {
 TEST_F(JobTest, DroppedOrReplacedItIsCancelledUnlessItWasDetached) {
   for (const bool detached : {false, true}) {
     for (const bool replaced : {false, true}) {
-      trace = {};
-      gate = {};
-      Job job = start();
+      auto job = std::make_unique<Job>(start());
       settle();
-      if (detached) job.detach();
+      if (detached) job->detach();
       if (replaced)
-        job = Job();
+        *job = Job();
       else
-        const Job dropped = std::move(job);
-      gate.resolve({});
-      settle();
+        job.reset();
+      goOn();
       EXPECT_TRUE(trace.ended);
       EXPECT_EQ(trace.stoppedAtEnd, !detached) << replaced;
     }
@@ -96,41 +97,14 @@ TEST(Job, FailureEndsItQuietly) {
   EXPECT_FALSE(job.running());
 }
 
-QCoro::Task<> collect(std::stop_token, Worker* worker, int count, std::vector<int>* seen,
-                      bool* failed) {
-  for (int i = 0; i < count; ++i) {
-    auto pending = worker->run([i] { return i; });
-    const int value = co_await pending;
-    seen->push_back(value);
-  }
-  auto failing = worker->run([]() -> int { throw Cancelled(); });
-  try {
-    co_await failing;
-  } catch (const Cancelled&) {
-    *failed = true;
-  }
-}
-
-TEST(Worker, ReturnsResultsAndFailuresToTheMainThread) {
+TEST(Worker, ReturnsResultsAndFailuresInTheOrderOfTheCalls) {
   Worker worker;
-  std::vector<int> seen;
-  bool failed = false;
-  const Job job =
-      Job::start([&](std::stop_token token) { return collect(token, &worker, 3, &seen, &failed); });
-  ASSERT_TRUE(eventually([&] { return !job.running(); }));
-  EXPECT_EQ(seen, (std::vector<int>{0, 1, 2}));
-  EXPECT_TRUE(failed);
-}
-
-TEST(Worker, OneThreadKeepsTheOrderOfTheCalls) {
   std::vector<int> order;
-  {
-    Worker worker;
-    for (int i = 0; i < 100; ++i) worker.run([&order, i] { order.push_back(i); });
-    awaited<Done>(worker.run([] {}));
-  }
-  ASSERT_EQ(order.size(), 100u);
-  EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+  for (int i = 0; i < 100; ++i) worker.run([&order, i] { order.push_back(i); });
+  EXPECT_EQ(awaited<int>(worker.run([] { return 7; })), 7);
+  EXPECT_EQ(order.size(), 100u);
+  EXPECT_TRUE(std::ranges::is_sorted(order));
+  EXPECT_THROW(awaited<int>(worker.run([]() -> int { throw Cancelled(); })), Cancelled);
 }
 
 TEST(Worker, DestroyedFailsTheWaitsOfWhatItDrops) {
@@ -148,6 +122,20 @@ TEST(Worker, DestroyedFailsTheWaitsOfWhatItDrops) {
   worker.reset();
   EXPECT_EQ(awaited<int>(running), 1);
   EXPECT_THROW(awaited<int>(dropped), Cancelled);
+}
+
+TEST(Clock, CancelledSleepEndsAtOnce) {
+  ManualClock manual;
+  SystemClock system;
+  for (Clock* clock : std::initializer_list<Clock*>{&manual, &system}) {
+    Job job = Job::start([clock](std::stop_token token) { return clock->sleep(1h, token); });
+    settle();
+    EXPECT_TRUE(job.running());
+    job.cancel();
+    settle();
+    EXPECT_FALSE(job.running());
+  }
+  EXPECT_EQ(manual.waiting(), 0u) << "a cancelled sleep takes its call back";
 }
 
 }  // namespace

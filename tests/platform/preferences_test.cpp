@@ -15,50 +15,53 @@ namespace {
 class PreferencesTest : public ::testing::Test {
  protected:
   QTemporaryDir folder;
-  QString file = folder.filePath(u"sub folder/settings.ini"_s);
+  const QString file = folder.filePath(u"sub folder/settings.ini"_s);
   const QString key = u"progress-0F3C2A58-7B1D-4E2A-9C3F-5D6E7F8A9B0C"_s;
+  /// In each run of the program, as it ends.
+  std::unique_ptr<Preferences> preferences = std::make_unique<Preferences>(file);
+  void startAgain() {
+    preferences.reset();
+    preferences = std::make_unique<Preferences>(file);
+  }
 };
 
-TEST_F(PreferencesTest, ValuesAreThereInTheNextRun) {
+TEST_F(PreferencesTest, ValuesAreThereInTheNextRunUntilTheyAreRemoved) {
   const NumberLists progress{{u"movies:12"_s, {5380, 5410.25}}};
   const QStringList favorites{u"live:1"_s, u"ünï=,;\"%/\\ x"_s};
-  {
-    Preferences preferences(file);
-    preferences.setText(u"vantor.server"_s, u"http://old"_s);
-    preferences.setText(u"vantor.server"_s, u"http://127.0.0.1:80"_s);
-    preferences.setTextList(u"favorites-A"_s, favorites);
-    preferences.setNumberLists(key, progress);
-    EXPECT_EQ(preferences.numberLists(key), progress);
-  }
-  const Preferences preferences(file);
-  EXPECT_EQ(preferences.text(u"vantor.server"_s), u"http://127.0.0.1:80"_s);
-  EXPECT_EQ(preferences.textList(u"favorites-A"_s), favorites);
-  EXPECT_EQ(preferences.numberLists(key), progress);
-  EXPECT_EQ(preferences.text(u"missing"_s), std::nullopt);
+  preferences->setText(u"vantor.server"_s, u"http://old"_s);
+  preferences->setText(u"vantor.server"_s, u"http://127.0.0.1:80"_s);
+  preferences->setTextList(u"favorites-A"_s, favorites);
+  preferences->setNumberLists(key, progress);
+  EXPECT_EQ(preferences->numberLists(key), progress);
+  startAgain();
+  EXPECT_EQ(preferences->text(u"vantor.server"_s), u"http://127.0.0.1:80"_s);
+  EXPECT_EQ(preferences->textList(u"favorites-A"_s), favorites);
+  EXPECT_EQ(preferences->numberLists(key), progress);
+  preferences->remove(key);
+  EXPECT_TRUE(preferences->numberLists(key).isEmpty());
+  startAgain();
+  EXPECT_TRUE(preferences->numberLists(key).isEmpty());
+  EXPECT_EQ(preferences->text(key), std::nullopt);
 }
 
 TEST_F(PreferencesTest, TheLastValueIsTheOneThatStays) {
   // Long enough that the first write is still going on when the last one begins.
   const QString first = QString(4'000'000, u'a');
-  const QString last = u"b"_s;
   for (unsigned long run = 0; run < 5; ++run) {
-    {
-      Preferences preferences(file);
-      preferences.setText(key, first);
-      settle();
-      QThread::msleep(2 * run);
-      preferences.setText(key, last);
-    }
-    EXPECT_EQ(Preferences(file).text(key), last) << "run " << run;
+    preferences->setText(key, first);
+    settle();
+    QThread::msleep(2 * run);
+    preferences->setText(key, u"b"_s);
+    startAgain();
+    EXPECT_EQ(preferences->text(key), u"b"_s) << "run " << run;
   }
 }
 
 TEST_F(PreferencesTest, WhatIsSetTogetherIsWrittenTogether) {
-  Preferences preferences(file);
   for (int number = 0; number < 50; ++number) {
-    preferences.setText(u"first"_s, QString::number(number));
+    preferences->setText(u"first"_s, QString::number(number));
     QThread::usleep(500);  // what an earlier one began could be written now
-    preferences.setText(u"second"_s, QString::number(number));
+    preferences->setText(u"second"_s, QString::number(number));
     // As the next run finds it: in this one QSettings has a memory.
     const QByteArrayList rows = readFile(file).split('\n');
     ASSERT_EQ(rows.value(1).split('=').value(1), rows.value(2).split('=').value(1));
@@ -66,21 +69,13 @@ TEST_F(PreferencesTest, WhatIsSetTogetherIsWrittenTogether) {
   }
 }
 
-TEST_F(PreferencesTest, WritesOnlyWhatChangesAndForgetsWhatIsRemoved) {
-  { Preferences(file).setText(key, u"x"_s); }
-  {
-    Preferences preferences(file);
-    preferences.remove(key);
-    EXPECT_EQ(preferences.text(key), std::nullopt);
-  }
-  EXPECT_EQ(Preferences(file).text(key), std::nullopt);
-  { Preferences(file).setText(key, u"same"_s); }
-  {
-    Preferences preferences(file);
-    ASSERT_TRUE(QFile::remove(file));
-    preferences.setText(key, u"same"_s);
-    preferences.remove(u"never there"_s);
-  }
+TEST_F(PreferencesTest, WritesOnlyWhatChanges) {
+  preferences->setText(key, u"same"_s);
+  startAgain();
+  ASSERT_TRUE(QFile::remove(file));
+  preferences->setText(key, u"same"_s);
+  preferences->remove(u"never there"_s);
+  preferences.reset();
   EXPECT_FALSE(QFile::exists(file));
 }
 
@@ -89,10 +84,10 @@ TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
             "[General]\nfavorites-A=\"[\\\"live:1\\\",7]\"\nvantor.server=@ByteArray(\\x0)\n" +
                 key.toLatin1() + "=\"{\\\"movies:1\\\":[1,\\\"x\\\"]}\"\n" + '\0' +
                 "\xff garbage [[[\n");
-  const Preferences preferences(file);
-  EXPECT_TRUE(preferences.textList(u"favorites-A"_s).isEmpty());
-  EXPECT_EQ(preferences.text(u"vantor.server"_s), std::nullopt);
-  EXPECT_TRUE(preferences.numberLists(key).isEmpty());
+  startAgain();
+  EXPECT_TRUE(preferences->textList(u"favorites-A"_s).isEmpty());
+  EXPECT_EQ(preferences->text(u"vantor.server"_s), std::nullopt);
+  EXPECT_TRUE(preferences->numberLists(key).isEmpty());
 }
 
 }  // namespace
