@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <functional>
+#include <latch>
 #include <thread>
 
 #include "library/catalog_stored_form.h"
@@ -79,35 +79,26 @@ QByteArray answer(const Reader& reader, const QByteArray& unread, bool repeated 
 }
 
 TEST(JSONReading, ReadsEveryAnswerWholeAndTheLastOfARepeatedKey) {
-  const QByteArray deep = QByteArray(300'000, '[') + QByteArray(300'000, ']');
+  QByteArrayList sound =
+      QByteArray("true false null 0 -0.5e+3 1E400 123456789012345678901234567890 [[[[[[[[1]]]]]]]]")
+          .split(' ');
+  sound += QByteArrayList{"", R"("\"\\\/\b\f\n\r\t\u00e9\ud83d")", "[ ]", "{ }",
+                          R"({"a":[{"b\u0041\ud800":[null,1.5,"x"]},[]],"":{}})"};
+  QByteArrayList damaged =
+      QByteArray(R"(tru truer nul falsé 01 -01 1. .5 - 1e 1e+ -inf 1x 0x1 +1 1"a" "\q" "\u12g4")"
+                 R"( "\u12" [1,] [,1] [1 [} {] {"a":1,} {"a":} {1:2} {"\q":1} @)")
+          .split(' ');
+  damaged +=
+      QByteArrayList{" ",        "[1 2]",    R"({"a" 1})",
+                     "\"\n\"",   "\"\xff\"", "1\x01",
+                     "true\x01", "null\x01", QByteArray(300'000, '[') + QByteArray(300'000, ']')};
   for (const Reader& reader : readers) {
-    EXPECT_EQ(reader.read(answer(reader, "")), u"last"_s) << reader.name;
-    for (const char* sound :
-         {"true", "false", "null", "0", "-0.5e+3", "1E400", "123456789012345678901234567890",
-          R"("\"\\\/\b\f\n\r\t\u00e9\ud83d")", R"([ ])", R"({ })",
-          R"({"a":[{"b\u0041\ud800":[null,1.5,"x"]},[]],"":{}})", "[[[[[[[[[[[[1]]]]]]]]]]]]"})
-      EXPECT_EQ(reader.read(answer(reader, sound)), u"last"_s) << reader.name << ' ' << sound;
-    for (const char* damage : {"tru",       "truer",
-                               "nul",       "falsé",
-                               "01",        "-01",
-                               "1.",        ".5",
-                               "-",         "1e",
-                               "1e+",       "-inf",
-                               "1x",        "0x1",
-                               "+1",        "1\"a\"",
-                               R"("\q")",   R"("\u12g4")",
-                               R"("\u12")", "\"\n\"",
-                               "\"\xff\"",  "[1,]",
-                               "[,1]",      "[1 2]",
-                               "[1",        "[}",
-                               "{]",        R"({"a":1,})",
-                               R"({"a":})", R"({"a" 1})",
-                               "{1:2}",     R"({"\q":1})",
-                               " ",         "@",
-                               "1\x01",     "true\x01",
-                               "null\x01",  deep.constData()})
-      EXPECT_THROW(reader.read(answer(reader, damage)), JSONError)
-          << reader.name << ' ' << QByteArray(damage).left(20).toStdString();
+    for (const QByteArray& unread : sound)
+      EXPECT_EQ(reader.read(answer(reader, unread)), u"last"_s)
+          << reader.name << ' ' << unread.toStdString();
+    for (const QByteArray& unread : damaged)
+      EXPECT_THROW(reader.read(answer(reader, unread)), JSONError)
+          << reader.name << ' ' << unread.left(20).toStdString();
     EXPECT_EQ(reader.read(answer(reader, "", true)), u"last"_s)
         << reader.name << ": the last of a repeated key counts";
   }
@@ -126,13 +117,13 @@ TEST(JSONReading, AnAnswerCutOffAnywhereIsRefused) {
 }
 
 TEST(JSONReading, StopsWhileItReads) {
-  const auto answer = [](const char* before, QByteArray row, const char* after) {
+  const auto many = [](const char* before, QByteArray row, const char* after) {
     return before + (row + ',').repeated(1'000'000) + row + after;
   };
-  const QByteArray rows = answer("[", "{}", "]");
-  const QByteArray episodes = answer(R"({"episodes":{"1":[)", "{}", "]}}");
-  const QByteArray seasons = answer(R"({"episodes":{)", R"("":[])", "}}");
-  const QByteArray programmes = answer(R"({"epg_listings":[)", "{}", "]}");
+  const QByteArray rows = many("[", "{}", "]");
+  const QByteArray episodes = many(R"({"episodes":{"1":[)", "{}", "]}}");
+  const QByteArray seasons = many(R"({"episodes":{)", R"("":[])", "}}");
+  const QByteArray programmes = many(R"({"epg_listings":[)", "{}", "]}");
   const std::function<void(std::stop_token)> readings[] = {
       [&](auto stop) { parseCatalog(rows, "[]", LibraryKind::live, {}, stop); },
       [&](auto stop) { parseCatalog("[]", rows, LibraryKind::live, {}, stop); },
@@ -145,20 +136,18 @@ TEST(JSONReading, StopsWhileItReads) {
     // The request may come too late where threads wait for a processor.
     for (int attempt = 0; attempt < 10 && !stopped; ++attempt) {
       std::stop_source stop;
-      std::atomic<bool> begun = false;
-      std::thread stopper([&] {
-        begun.wait(false);
+      std::latch begun(1);
+      std::jthread stopper([&] {
+        begun.wait();
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         stop.request_stop();
       });
-      begun = true;
-      begun.notify_all();
+      begun.count_down();
       try {
         reading(stop.get_token());
       } catch (const Cancelled&) {
         stopped = true;
       }
-      stopper.join();
     }
     EXPECT_TRUE(stopped) << &reading - readings;
   }

@@ -34,14 +34,9 @@ std::vector<std::string> awkwardNames() {
 TEST(NameSearch, FindsWhatALookAtEachNameFinds) {
   const std::vector<std::string> names = awkwardNames();
   CatalogBuilder builder;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    const std::string id = std::to_string(i);
-    CatalogEntry entry;
-    entry.providerID = id;
-    entry.name = names[i];
-    entry.category = i % 3 == 0 ? "x" : "y";
-    builder.add(entry);
-  }
+  for (std::size_t i = 0; i < names.size(); ++i)
+    builder.add(
+        {.providerID = std::to_string(i), .name = names[i], .category = i % 3 == 0 ? "x" : "y"});
   const Catalog catalog = builder.build(Catalog::Time());
   const auto expected = [&](const std::string& text, bool onlyX) {
     Rows rows;
