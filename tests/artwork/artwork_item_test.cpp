@@ -28,14 +28,19 @@ class ArtworkItemTest : public ::testing::Test {
     item.setSize({100, 100});
     item.setStore(&store);
   }
+  /// On the screen, with that gradient.
+  void open(QSizeF size, QColor topLeft, QColor bottomRight) {
+    item.setSize(size);
+    item.setProperty("topLeft", topLeft);
+    item.setProperty("bottomRight", bottomRight);
+    window.show();
+    ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
+  }
   void show(const QString& name) {
     item.setSource(address(name));
     settle();
   }
   bool cancelled(std::size_t number) const { return transport.exchanges().at(number)->cancelled; }
-  bool hasImage() {
-    return eventually([&] { return item.hasImage(); });
-  }
   /// Grabs until the window shows `color` at a place, for pictures arrive a frame later.
   bool shows(QColor color, QPoint place) {
     return eventually([&] { return window.grabWindow().pixelColor(place) == color; });
@@ -56,7 +61,7 @@ TEST_F(ArtworkItemTest, FollowsItsAddress) {
   show(blue);
   EXPECT_TRUE(cancelled(0)) << "the picture of another entry is not wanted any more";
   transport.answer(blue, pictureOf(Qt::blue));
-  ASSERT_TRUE(hasImage());
+  ASSERT_TRUE(eventually([&] { return item.hasImage(); }));
   item.setSource({});
   EXPECT_FALSE(item.hasImage());
   item.setSource(address(blue));
@@ -70,14 +75,12 @@ TEST_F(ArtworkItemTest, FollowsItsAddress) {
 }
 
 TEST_F(ArtworkItemTest, AsksOnlyWhileItIsShown) {
-  const std::pair<const char*, std::function<void(bool)>> cases[] = {
-      {"visible", [this](bool shown) { item.setVisible(shown); }},
-      {"active", [this](bool shown) { item.setActive(shown); }},
-      {"its parent visible", [this](bool shown) { parent.setVisible(shown); }},
-  };
+  const std::function<void(bool)> cases[] = {[this](bool shown) { item.setVisible(shown); },
+                                             [this](bool shown) { item.setActive(shown); },
+                                             [this](bool shown) { parent.setVisible(shown); }};
   std::size_t asked = 0;
-  for (const auto& [what, setShown] : cases) {
-    SCOPED_TRACE(what);
+  for (const auto& setShown : cases) {
+    SCOPED_TRACE(&setShown - cases);
     show(red);
     ASSERT_EQ(transport.exchanges().size(), ++asked);
     setShown(false);
@@ -92,22 +95,18 @@ TEST_F(ArtworkItemTest, AsksOnlyWhileItIsShown) {
     item.setSource({});
     settle();
   }
-  {
-    ArtworkItem other;
-    other.setStore(&store);
-    other.setSource(address(red));
-    settle();
-    ASSERT_EQ(transport.open(red), 1);
-  }
+  auto other = std::make_unique<ArtworkItem>();
+  other->setStore(&store);
+  other->setSource(address(red));
+  settle();
+  ASSERT_EQ(transport.open(red), 1);
+  other.reset();
   settle();
   EXPECT_TRUE(cancelled(asked)) << "the item is gone";
 }
 
 TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
-  item.setProperty("topLeft", QColor(Qt::green));
-  item.setProperty("bottomRight", QColor(Qt::green));
-  window.show();
-  ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
+  open({100, 100}, Qt::green, Qt::green);
   show(red);
   EXPECT_TRUE(shows(Qt::green, {50, 50}));
   transport.answer(red, pictureOf(Qt::red));
@@ -127,11 +126,7 @@ TEST_F(ArtworkItemTest, DrawsThePictureWholeAndInTheMiddle) {
 }
 
 TEST_F(ArtworkItemTest, RunsItsGradientAlongTheDiagonal) {
-  item.setSize({200, 100});
-  item.setProperty("topLeft", QColor(0, 0, 0));
-  item.setProperty("bottomRight", QColor(250, 250, 250));
-  window.show();
-  ASSERT_TRUE(eventually([this] { return window.isExposed(); }));
+  open({200, 100}, QColor(0, 0, 0), QColor(250, 250, 250));
   const auto redAt = [this](QPoint place) { return window.grabWindow().pixelColor(place).red(); };
   EXPECT_TRUE(eventually([&] { return std::abs(redAt({100, 50}) - 125) <= 3; }));
   EXPECT_NEAR(redAt({1, 1}), 2, 3);

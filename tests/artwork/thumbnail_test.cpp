@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QColorSpace>
 #include <QImageWriter>
+#include <QPainter>
 #include <QtEndian>
 #include <ctime>
 
@@ -17,22 +18,21 @@ namespace {
 QImage twoHalves(int width, int height) {
   QImage image(width, height, QImage::Format_RGB32);
   image.fill(Qt::blue);
-  for (int y = 0; y < height; ++y)
-    for (int x = 0; x < width / 2; ++x) image.setPixelColor(x, y, Qt::red);
+  QPainter(&image).fillRect(0, 0, width / 2, height, Qt::red);
   return image;
 }
 
 QByteArray encoded(const QImage& image, const char* format,
-                   QImageIOHandler::Transformations turn = {}) {
+                   QImageIOHandler::Transformations turn = {}, bool inScans = false) {
   QBuffer buffer;
   QImageWriter writer(&buffer, format);
   writer.setTransformation(turn);
+  writer.setProgressiveScanWrite(inScans);
   EXPECT_TRUE(writer.write(image)) << format;
   return buffer.data();
 }
 
-template <class Number>
-QByteArray bigEndian(Number number) {
+QByteArray bigEndian(std::uint32_t number) {
   number = qToBigEndian(number);
   return QByteArray(reinterpret_cast<const char*>(&number), sizeof number);
 }
@@ -45,6 +45,17 @@ QByteArray chunk(const QByteArray& typeAndData) {
   }
   return bigEndian(static_cast<std::uint32_t>(typeAndData.size() - 4)) + typeAndData +
          bigEndian(~sum);
+}
+
+// The first and the second colour of the files below.
+const QByteArray redPixel("\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0", 15);
+const QByteArray bluePixel("\x2C\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0", 15);
+
+/// A GIF with a screen of that size and these blocks.
+QByteArray gif(quint16 width, quint16 height, const QByteArray& blocks) {
+  const quint16 size[] = {qToLittleEndian(width), qToLittleEndian(height)};
+  return "GIF89a" + QByteArray(reinterpret_cast<const char*>(size), 4) +
+         QByteArray("\x80\0\0\xFF\0\0\0\0\xFF", 9) + blocks + ';';
 }
 
 /// A PNG that declares a size and then holds `pixels`, compressed.
@@ -86,11 +97,7 @@ TEST(Thumbnail, IsUprightTransparentAndTheFirstFrameOfAnAnimation) {
     EXPECT_NEAR(thumbnail.pixelColor(100, 100).alpha(), 128, 2);
   }
 
-  const QByteArray red("\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0", 15);  // one pixel of the first colour
-  const QByteArray blue("\x2C\0\0\0\0\1\0\1\0\0\2\2\x4C\1\0", 15);
-  const QByteArray animation =
-      QByteArray("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\xFF", 19) + red + blue + ";";
-  const QImage first = decodeThumbnail(animation);
+  const QImage first = decodeThumbnail(gif(1, 1, redPixel + bluePixel));
   ASSERT_EQ(first.size(), QSize(1, 1));
   EXPECT_EQ(first.pixelColor(0, 0), QColor(Qt::red));
 }
@@ -104,22 +111,13 @@ TEST(Thumbnail, RefusesPicturesOfTooManyPixels) {
   for (const QByteArray& tooLarge :
        {declaredPNG(5'000, 5'001, oneRow.repeated(5'001)), declaredPNG(30'000, 30'000, oneRow),
         declaredPNG(0x7FFFFFFF, 0x7FFFFFFF, oneRow), bitmap,
-        QByteArray("GIF89a\xFF\xFF\xFF\xFF\x80\0\0\xFF\0\0\0\0\xFF"
-                   "\x2C\0\0\0\0\xFF\xFF\xFF\xFF\0\2\2\x44\1\0;",
-                   35),
-        // One pixel on a screen of 6,000 by 5,000.
-        QByteArray("GIF89a\x70\x17\x88\x13\x80\0\0\xFF\0\0\0\0\xFF"
-                   "\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;",
-                   35)})
+        gif(0xFFFF, 0xFFFF, QByteArray(redPixel).replace(5, 4, "\xFF\xFF\xFF\xFF")),
+        gif(6'000, 5'000, redPixel)})
     EXPECT_TRUE(decodeThumbnail(tooLarge).isNull()) << tooLarge.left(30).toHex().toStdString();
 }
 
 TEST(Thumbnail, RefusesAJPEGOfEndlessScans) {
-  QBuffer buffer;
-  QImageWriter writer(&buffer, "jpeg");
-  writer.setProgressiveScanWrite(true);
-  ASSERT_TRUE(writer.write(twoHalves(80, 40)));
-  const QByteArray picture = buffer.data();
+  const QByteArray picture = encoded(twoHalves(80, 40), "jpeg", {}, true);
   const QByteArray end = picture.right(2);
   const QByteArray scan = picture.mid(picture.lastIndexOf("\xFF\xDA")).chopped(2);
   EXPECT_FALSE(decodeThumbnail(picture.chopped(2) + scan.repeated(10) + end).isNull());
@@ -139,8 +137,6 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
   const QByteArray jpeg = encoded(image, "jpeg");
   const QByteArray turned = encoded(image, "jpeg", QImageIOHandler::TransformationRotate90);
   const QByteArray webp = encoded(image, "webp").mid(12);
-  const QByteArray gif("\x2C\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;", 16);
-  const QByteArray gifHead("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\xFF", 19);
   // Each becomes almost eight megabytes.
   const QByteArray text = qCompress(QByteArray(7'900'000, 'a'), 9).mid(4);
   const QByteArray texts =
@@ -160,8 +156,8 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
       {"texts behind them", png, png.chopped(12) + texts + png.right(12)},
       {"a JPEG's comments", jpeg, jpeg.left(2) + comments + jpeg.mid(2)},
       {"its other notes", turned, turned.left(2) + profiles + turned.mid(2) + comments},
-      {"a GIF's comments", gifHead + gif,
-       gifHead + QByteArray("!\xFE\1a\0", 5).repeated(100'000) + gif},
+      {"a GIF's comments", gif(1, 1, redPixel),
+       gif(1, 1, QByteArray("!\xFE\1a\0", 5).repeated(100'000) + redPixel)},
       {"a WebP's notes", webpFile(webp),
        webpFile(riffChunk("VP8X", QByteArray("\x2C\0\0\0", 4) + size) +
                 riffChunk("ICCP", QByteArray(100'000, '\0')) + webp +
