@@ -9,9 +9,17 @@
 namespace sim {
 namespace {
 
-std::string idText(const rapidjson::Value& row, const char* name) {
+/// An id or a time, which are numbers in some rows and texts in others.
+std::string textOf(const rapidjson::Value& row, const char* name) {
   if (!row.HasMember(name)) return {};
   return row[name].IsString() ? row[name].GetString() : std::to_string(row[name].GetInt64());
+}
+
+std::string written(const rapidjson::Value& value) {
+  rapidjson::StringBuffer buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+  value.Accept(writer);
+  return buffer.GetString();
 }
 
 TEST(SimApi, LogInMustBeExactAfterDecoding) {
@@ -21,17 +29,13 @@ TEST(SimApi, LogInMustBeExactAfterDecoding) {
   ASSERT_TRUE(account.IsObject() && account["user_info"].HasMember("status"));
   EXPECT_STREQ(account["user_info"]["status"].GetString(), "Active");
 
-  const auto plusLeftAlone =
+  const std::string plusLeftAlone =
       "/player_api.php?username=demo&password=p%26ss%20w%2Frd%3D1+%25%C3%A9%23";
   for (const auto& target :
        {apiTarget("", "demo", ""), apiTarget("", "Demo", given.password),
-        apiTarget("", "demo", given.password + " "), std::string("/player_api.php"),
-        std::string(plusLeftAlone), apiTarget("get_live_streams", "demo", "wrong")}) {
-    const auto refusal = getJson(server, target);
-    ASSERT_TRUE(refusal.IsObject()) << target;
-    EXPECT_EQ(refusal["user_info"]["auth"].GetInt(), 0) << target;
-    EXPECT_FALSE(refusal["user_info"].HasMember("status")) << target;
-  }
+        apiTarget("", "demo", given.password + " "), std::string("/player_api.php"), plusLeftAlone,
+        apiTarget("get_live_streams", "demo", "wrong")})
+    EXPECT_EQ(written(getJson(server, target)), R"({"user_info":{"auth":0}})") << target;
 }
 
 TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
@@ -44,7 +48,7 @@ TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
     const auto rows = getJson(server, apiTarget(action));
     ASSERT_TRUE(rows.IsArray()) << action;
     std::set<std::string> ids;
-    for (const auto& row : rows.GetArray()) ids.insert(idText(row, id));
+    for (const auto& row : rows.GetArray()) ids.insert(textOf(row, id));
     ids.erase("");
     EXPECT_EQ(ids.size(), distinct) << action;
     EXPECT_EQ(rows.Size() > distinct, distinct > 10) << action;
@@ -53,45 +57,35 @@ TEST(SimApi, LibrariesHoldTheDistinctEntriesAskedForAmongRepeatedOnes) {
 
 TEST(SimApi, ACategoryHoldsItsRowsAsTheWholeLibraryHasThem) {
   Server server({.movies = 500, .streams = false});
-  const auto written = [](const rapidjson::Value& row) {
-    rapidjson::StringBuffer buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-    row.Accept(writer);
-    return std::string(buffer.GetString());
+  const auto rowsOf = [&](const std::string& category) {
+    std::multiset<std::string> rows;
+    const auto answer = getJson(server, apiTarget("get_vod_streams" + category));
+    for (const auto& row : answer.GetArray())
+      if (row.HasMember("stream_id")) rows.insert(written(row));
+    return rows;
   };
-  const auto whole = getJson(server, apiTarget("get_vod_streams"));
-  std::set<std::string> missing;
-  for (const auto& row : whole.GetArray())
-    if (row.HasMember("stream_id")) missing.insert(written(row));
-  const auto all = missing;
-  std::size_t rows = 0;
-  for (int category = 100; category < 113; ++category) {
-    const auto id = std::to_string(category == 100 ? 0 : category);
-    const auto part = getJson(server, apiTarget("get_vod_streams&category_id=" + id));
-    for (const auto& row : part.GetArray()) {
-      if (!row.HasMember("stream_id")) continue;
-      EXPECT_TRUE(all.contains(written(row)));
-      missing.erase(written(row));
-      ++rows;
-    }
-  }
-  EXPECT_TRUE(missing.empty());
-  EXPECT_GT(rows, all.size()) << "some are in two";
+  const auto whole = rowsOf("");
+  std::multiset<std::string> parts;
+  for (int category = 100; category < 113; ++category)
+    parts.merge(rowsOf("&category_id=" + std::to_string(category == 100 ? 0 : category)));
+  const auto distinct = [](const auto& rows) {
+    return std::set<std::string>(rows.begin(), rows.end());
+  };
+  EXPECT_EQ(distinct(parts), distinct(whole));
+  EXPECT_GT(parts.size(), distinct(whole).size()) << "some are in two";
   server.setFault("get_vod_streams/102", Fault::status500);
-  EXPECT_EQ(clientOf(server).Get(apiTarget("get_vod_streams&category_id=102"))->status, 500);
-  EXPECT_EQ(clientOf(server).Get(apiTarget("get_vod_streams&category_id=103"))->status, 200);
+  EXPECT_EQ(get(server, apiTarget("get_vod_streams&category_id=102"))->status, 500);
+  EXPECT_EQ(get(server, apiTarget("get_vod_streams&category_id=103"))->status, 200);
   server.setFault("get_vod_streams", Fault::ignoresCategory);
-  EXPECT_EQ(getJson(server, apiTarget("get_vod_streams&category_id=103")).Size(), whole.Size());
+  EXPECT_EQ(rowsOf("&category_id=103"), whole);
 }
 
 TEST(SimApi, NinetyThousandMoviesComeCloseToThirtyTwoMebibytesButFit) {
   const Server server({.movies = 90'000, .streams = false});
-  const auto answer = clientOf(server).Get(apiTarget("get_vod_streams"));
+  const auto answer = get(server, apiTarget("get_vod_streams"));
   ASSERT_TRUE(answer);
   EXPECT_GT(answer->body.size(), 32'000'000u);
   EXPECT_LT(answer->body.size(), 33'554'432u);
-  rapidjson::Document rows;
-  EXPECT_FALSE(rows.Parse(answer->body.c_str(), answer->body.size()).HasParseError());
 }
 
 TEST(SimApi, GuideBeginsWithWhatIsOnNowAndHasNoGaps) {
@@ -100,24 +94,23 @@ TEST(SimApi, GuideBeginsWithWhatIsOnNowAndHasNoGaps) {
   const auto& listings = guide["epg_listings"];
   ASSERT_EQ(listings.Size(), 8u);
   const auto now = std::time(nullptr);
-  EXPECT_LE(std::stoll(idText(listings[0], "start_timestamp")), now);
-  EXPECT_GT(std::stoll(idText(listings[0], "stop_timestamp")), now);
-  for (rapidjson::SizeType i = 1; i < listings.Size(); ++i) {
-    EXPECT_EQ(idText(listings[i], "start_timestamp"), idText(listings[i - 1], "stop_timestamp"));
-  }
+  EXPECT_LE(std::stoll(textOf(listings[0], "start_timestamp")), now);
+  EXPECT_GT(std::stoll(textOf(listings[0], "stop_timestamp")), now);
+  for (rapidjson::SizeType i = 1; i < listings.Size(); ++i)
+    EXPECT_EQ(textOf(listings[i], "start_timestamp"), textOf(listings[i - 1], "stop_timestamp"));
 }
 
 TEST(SimApi, ConfigurationPostersAndBasePathLeadWhereTheyShould) {
   const Server server({.streams = false, .basePath = "/base/two"});
   EXPECT_STREQ(getJson(server, "/vantor-config.json")["serverUrl"].GetString(),
                server.url().c_str());
-  EXPECT_EQ(clientOf(server).Get(apiTarget())->status, 404);
+  EXPECT_EQ(get(server, apiTarget())->status, 404);
   const auto shows = getJson(server, "/base/two" + apiTarget("get_series"));
   std::set<std::string> images;
   for (rapidjson::SizeType i = 0; i < 3; ++i) {
     const std::string cover = shows[i]["cover"].GetString();
     ASSERT_TRUE(cover.starts_with(server.url() + "/poster/series/"));
-    const auto image = clientOf(server).Get(cover.substr(cover.find("/base")));
+    const auto image = get(server, cover.substr(cover.find("/base")));
     EXPECT_TRUE(image->body.starts_with("\x89PNG"));
     images.insert(image->body);
   }

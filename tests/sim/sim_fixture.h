@@ -20,6 +20,10 @@ inline httplib::Client clientOf(const Server& server) {
   return client;
 }
 
+inline httplib::Result get(const Server& server, const std::string& target) {
+  return clientOf(server).Get(target);
+}
+
 inline std::string apiTarget(const std::string& actionAndMore = "",
                              const std::string& username = Options().username,
                              const std::string& password = Options().password) {
@@ -33,7 +37,7 @@ inline std::string streamTarget(const std::string& kind, const std::string& file
 }
 
 inline rapidjson::Document getJson(const Server& server, const std::string& target) {
-  const auto answer = clientOf(server).Get(target);
+  const auto answer = get(server, target);
   rapidjson::Document document;
   if (answer) document.Parse(answer->body.c_str(), answer->body.size());
   return document;
