@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
-#include <QSet>
+#include <set>
 
 #include "core/section.h"
 #include "desktop/media_files.h"
@@ -27,8 +27,9 @@ QStringList found(const QString& text, const QString& pattern) {
   return all;
 }
 
-QSet<QString> setOf(const QStringList& list) {
-  return {list.begin(), list.end()};
+void expectSections(const QStringList& names) {
+  for (const QString& name : names)
+    EXPECT_TRUE(sectionNamed(name).has_value()) << name.toStdString();
 }
 
 TEST(DesktopEntry, NamesTheTypesAndSectionsThatTheProgramOpens) {
@@ -37,22 +38,24 @@ TEST(DesktopEntry, NamesTheTypesAndSectionsThatTheProgramOpens) {
   const QStringList actions = found(entry, u"^Actions=(.*);$"_s).value(0).split(u';');
   EXPECT_EQ(actions, found(entry, u"^\\[Desktop Action (.*)\\]$"_s));
   EXPECT_EQ(actions, found(entry, u"^Exec=vantor --show (.*)$"_s));
-  for (const QString& action : actions)
-    EXPECT_TRUE(sectionNamed(action).has_value()) << action.toStdString();
+  expectSections(actions);
 }
 
 TEST(DesktopEntry, CompletionsKnowEveryOptionAndSection) {
-  const QSet<QString> options = setOf(found(LaunchArguments::help(), u"^ +--([a-z-]+)"_s));
+  const auto optionsIn = [](const QString& text, const QString& pattern) {
+    const QStringList all = found(text, pattern);
+    return std::set(all.begin(), all.end());
+  };
+  const auto options = optionsIn(LaunchArguments::help(), u"^ +--([a-z-]+)"_s);
   EXPECT_TRUE(options.contains(u"show"_s));
-  const QString bash = installed(u"vantor.bash"_s);
-  const QString fish = installed(u"vantor.fish"_s);
-  EXPECT_EQ(setOf(found(bash, u"--([a-z][a-z-]*)"_s)), options);
-  EXPECT_EQ(setOf(found(fish, u"-l ([a-z-]+)"_s)), options);
-  for (const QString& shell : {bash, fish}) {
-    const QStringList sections = found(shell, u"'((?:[a-z]+ ){2,}[a-z]+)'"_s).value(0).split(u' ');
+  for (const auto& [file, pattern] : {std::pair(u"vantor.bash"_s, u"--([a-z][a-z-]*)"_s),
+                                      {u"vantor.fish"_s, u"-l ([a-z-]+)"_s}}) {
+    const QString completions = installed(file);
+    EXPECT_EQ(optionsIn(completions, pattern), options);
+    const QStringList sections =
+        found(completions, u"'((?:[a-z]+ ){2,}[a-z]+)'"_s).value(0).split(u' ');
     EXPECT_EQ(std::size_t(sections.size()), allSections.size());
-    for (const QString& section : sections)
-      EXPECT_TRUE(sectionNamed(section).has_value()) << section.toStdString();
+    expectSections(sections);
   }
 }
 

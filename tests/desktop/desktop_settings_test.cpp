@@ -1,16 +1,12 @@
 #include "desktop/desktop_settings.h"
 
-#include <gtest/gtest.h>
-
 #include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVirtualObject>
 #include <cmath>
 
+#include "desktop/own_bus.h"
 #include "platform/worker.h"
-#include "support/waiting.h"
 
 namespace vantor::test {
 namespace {
@@ -36,21 +32,19 @@ class Portal final : public QDBusVirtualObject {
 class DesktopSettingsTest : public ::testing::Test {
  protected:
   void SetUp() override { qDBusRegisterMetaType<QMap<QString, QVariantMap>>(); }
-  ~DesktopSettingsTest() override { QDBusConnection::disconnectFromBus(name); }
 
   /// Whether it asks the portal, which gives this answer.
   bool follow(const QVariant& answer) {
     portal.answer = answer;
-    if (!bus.registerVirtualObject(settingsPath, &portal) ||
-        !bus.registerService(u"org.freedesktop.portal.Desktop"_s))
-      return false;
+    bus.connection.registerVirtualObject(settingsPath, &portal);
+    bus.connection.registerService(u"org.freedesktop.portal.Desktop"_s);
     settings.follow(worker);
     return eventually([&] { return !portal.asked.isEmpty(); });
   }
   void change(const QString& space, const QString& key, const QVariant& value) {
     QDBusMessage message =
         QDBusMessage::createSignal(settingsPath, settingsInterface, u"SettingChanged"_s);
-    bus.send(message << space << key << QVariant::fromValue(QDBusVariant(value)));
+    bus.connection.send(message << space << key << QVariant::fromValue(QDBusVariant(value)));
   }
   /// Whether text scale, motion and contrast become these.
   bool become(const QVariantList& expected) {
@@ -61,10 +55,9 @@ class DesktopSettingsTest : public ::testing::Test {
   }
 
   const Settled settled;
-  const QString name = u"desktop settings test"_s;
   Worker worker;
-  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
   Portal portal;
+  OwnBus bus;
   DesktopSettings settings;
 };
 

@@ -3,19 +3,16 @@
 
 #include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingReply>
 #include <QFile>
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "artwork/artwork_store.h"
 #include "core/episode_queue.h"
 #include "core/now_playing.h"
 #include "core/zapping.h"
-#include "desktop/media_files.h"
+#include "desktop/own_bus.h"
 #include "playback/stream_keeper.h"
 #include "playback/video_frame_queue.h"
 #include "support/files.h"
@@ -30,7 +27,6 @@ const QString rootInterface = u"org.mpris.MediaPlayer2"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
 const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.vantor"_s;
-const QString ownName = serviceName + u".instance"_s;
 
 /// What the player has told of itself, as somebody who shows it keeps it.
 class Follower final : public QObject {
@@ -51,8 +47,7 @@ class Follower final : public QObject {
 class MprisTest : public ModelTest {
  protected:
   const Settled settled;
-  const QString name = u"mpris test"_s;
-  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+  OwnBus bus;
   AppModel& app = launch();
   VideoFrameQueue frames;
   StreamKeeper keeper{app.playback(), engine, frames, transport, clock};
@@ -66,18 +61,13 @@ class MprisTest : public ModelTest {
   QString address;  // of the program's connection
   Follower follower;
 
-  ~MprisTest() override {
-    service.reset();
-    QDBusConnection::disconnectFromBus(name);
-  }
   void SetUp() override {
-    ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
     signIn(rows(LibraryKind::live, 1, 3));
     appear();
-    client.connect(address, playerPath, propertiesInterface, u"PropertiesChanged"_s, &follower,
-                   SLOT(note(QString, QVariantMap, QStringList)));
-    client.connect(address, playerPath, playerInterface, u"Seeked"_s, &follower,
-                   SLOT(noteSeek(qlonglong)));
+    bus.connection.connect(address, playerPath, propertiesInterface, u"PropertiesChanged"_s,
+                           &follower, SLOT(note(QString, QVariantMap, QStringList)));
+    bus.connection.connect(address, playerPath, playerInterface, u"Seeked"_s, &follower,
+                           SLOT(noteSeek(qlonglong)));
   }
   void appear() {
     service = std::make_unique<MprisService>(
@@ -90,28 +80,23 @@ class MprisTest : public ModelTest {
         eventually([&] { return get(rootInterface, u"Identity"_s) == u"Vantor Player"_s; }));
   }
 
-  QDBusMessage answer(const QDBusMessage& message) {
-    const QDBusPendingCall call = client.asyncCall(message);
-    EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
-    settle();
-    return QDBusPendingReply<>(call).reply();
-  }
-  QDBusMessage message(const QString& interface, const QString& method,
-                       const QVariantList& arguments = {}) const {
+  QDBusMessage ask(const QString& interface, const QString& method,
+                   const QVariantList& arguments = {}) {
     QDBusMessage call = QDBusMessage::createMethodCall(address, playerPath, interface, method);
     call.setArguments(arguments);
-    return call;
+    return bus.answer(call);
+  }
+  static QString errorIn(const QDBusMessage& answer) {
+    return answer.errorName().section(u'.', -1);
   }
   /// The error's name, or nothing.
   QString call(const QString& method, const QVariantList& arguments = {}) {
-    return answer(message(playerInterface, method, arguments)).errorName().section(u'.', -1);
+    return errorIn(ask(playerInterface, method, arguments));
   }
   QString set(const QString& property, const QVariant& value,
               const QString& interface = playerInterface) {
-    QString error = answer(message(propertiesInterface, u"Set"_s,
-                                   {interface, property, QVariant::fromValue(QDBusVariant(value))}))
-                        .errorName()
-                        .section(u'.', -1);
+    const QVariant wanted = QVariant::fromValue(QDBusVariant(value));
+    QString error = errorIn(ask(propertiesInterface, u"Set"_s, {interface, property, wanted}));
     const QStringList rates = engine.calls.filter(u"setRate "_s);
     if (!rates.isEmpty()) engine.now.rate = rates.last().section(u' ', 1).toDouble();
     clock.advance(250ms);
@@ -123,7 +108,7 @@ class MprisTest : public ModelTest {
                : value;
   }
   QVariant get(const QString& interface, const QString& property) {
-    return plain(answer(message(propertiesInterface, u"Get"_s, {interface, property}))
+    return plain(ask(propertiesInterface, u"Get"_s, {interface, property})
                      .arguments()
                      .value(0)
                      .value<QDBusVariant>()
@@ -134,21 +119,12 @@ class MprisTest : public ModelTest {
   QVariant trackID() { return metadata().value(u"mpris:trackid"_s); }
   QVariantMap all(const QString& interface) {
     return qdbus_cast<QVariantMap>(
-        answer(message(propertiesInterface, u"GetAll"_s, {interface})).arguments().value(0));
-  }
-  QString owner(const QString& of) {
-    return answer(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
-                                                 u"org.freedesktop.DBus"_s, u"GetNameOwner"_s)
-                  << of)
-        .arguments()
-        .value(0)
-        .toString();
+        ask(propertiesInterface, u"GetAll"_s, {interface}).arguments().value(0));
   }
   /// The follower, when everything that was told so far has arrived.
   Follower& heard() {
     settle();
-    get(u"CanControl"_s);
-    settle();
+    bus.arrive(QDBusConnection::sessionBus());
     return follower;
   }
 
@@ -212,13 +188,7 @@ TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
     EXPECT_EQ(found.join(u", "_s), QLatin1String(properties));
     EXPECT_NE(set(u"Nothing"_s, 1, interface), QString());
   }
-  const QVariantMap root = all(rootInterface);
-  for (const char* yes : {"CanQuit", "CanRaise"}) EXPECT_EQ(root[QLatin1String(yes)], true) << yes;
-  for (const char* no : {"HasTrackList", "Fullscreen", "CanSetFullscreen"})
-    EXPECT_EQ(root[QLatin1String(no)], false) << no;
-  EXPECT_EQ(root[u"DesktopEntry"_s], u"tv.vantor.player"_s);
-  EXPECT_EQ(root[u"SupportedUriSchemes"_s], QStringList{u"file"_s});
-  EXPECT_EQ(root[u"SupportedMimeTypes"_s], mediaTypes());
+  EXPECT_EQ(get(rootInterface, u"DesktopEntry"_s), u"tv.vantor.player"_s);
 }
 
 TEST_F(MprisTest, CanDoWhatItSays) {
@@ -257,6 +227,10 @@ TEST_F(MprisTest, CanDoWhatItSays) {
   stands(u"Stopped"_s, none);
   EXPECT_EQ(metadata(), QVariantMap());
 
+  ask(rootInterface, u"Raise"_s);
+  ask(rootInterface, u"Quit"_s);
+  EXPECT_EQ(std::pair(raised, quits), std::pair(1, 1));
+
   playMovieAt(20'000);
   stands(u"Playing"_s, u"Play Pause Seek Control"_s);
   see(EngineState::error, 20'000, 500'000);
@@ -272,7 +246,7 @@ TEST_F(MprisTest, CanDoWhatItSays) {
   EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
 }
 
-TEST_F(MprisTest, IsPlayingWhileAChannelIsOnItsWayBack) {
+TEST_F(MprisTest, PlaysWhileAChannelIsOnItsWayBack) {
   playChannel(0);
   heard().changes.clear();
   see(EngineState::error, 500);
@@ -300,12 +274,12 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   engine.onRecordingStopped({});
   EXPECT_EQ(get(u"CanGoNext"_s), true);
 
-  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 1));
+  always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   app.navigate(Section::shows);
   ASSERT_TRUE(idle());
   app.select(item(0));
-  answerEpisodes(R"({"2":[{"id":"21","episode_num":7,"title":"Seventh"},
-                          {"id":"22","episode_num":8,"title":"Eighth"}]})");
+  answerEpisodes(R"({"2":[{"id":"27","episode_num":7,"title":"Seventh"}],
+                     "3":[{"id":"31","episode_num":1,"title":"First"}]})");
   app.play(app.details().episodes().first());
   settle();
   EXPECT_EQ(get(u"CanGoNext"_s), true);
@@ -317,21 +291,21 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
                                 {u"xesam:artist"_s, QStringList{u"Title 1"_s}},
                                 {u"xesam:discNumber"_s, 2},
                                 {u"xesam:trackNumber"_s, 7}}));
-  app.navigate(Section::live);
-  call(u"Next"_s);
-  settle();
-  EXPECT_EQ(metadata()[u"xesam:title"_s], u"Eighth"_s);
+  app.select(item(1));
+  answerEpisodes(R"({"1":[{"id":"91","episode_num":1},{"id":"92","episode_num":2}]})");
+  EXPECT_EQ(playingAfter(u"Next"_s), u"episode:31"_s) << "of the show that plays";
   EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
   EXPECT_EQ(get(u"CanGoNext"_s), false);
-  EXPECT_EQ(playingAfter(u"Next"_s), u"episode:22"_s);
-  EXPECT_EQ(playingAfter(u"Previous"_s), u"episode:21"_s);
+  EXPECT_EQ(playingAfter(u"Next"_s), u"episode:31"_s);
+  EXPECT_EQ(playingAfter(u"Previous"_s), u"episode:27"_s);
+  playMovie();
+  EXPECT_EQ(get(u"CanGoNext"_s), false);
 }
 
 TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
   transport.onDemand(guideRequest);
   playChannel(0);
   EXPECT_EQ(metadata()[u"xesam:title"_s], u"Title 1"_s);
-  EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
   EXPECT_FALSE(metadata().contains(u"mpris:length"_s));
   const QByteArray programmes = guide({{"News", -1min, 90s}, {"Film", 90s, 1h}});
   playOn(1min);
@@ -486,17 +460,11 @@ TEST_F(MprisTest, OpensFilesOnly) {
   const QString good = QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
   const std::pair<QString, QString> refused[] = {
       {u"http://tv.example/live/1.ts"_s, u"NotSupported"_s},
-      {u"rtsp://x"_s, u"NotSupported"_s},
-      {file, u"NotSupported"_s},
-      {QString(), u"NotSupported"_s},
       {u"file:///nowhere/at/all.mkv"_s, u"InvalidArgs"_s},
-      {u"file://"_s + home.path(), u"InvalidArgs"_s},
       {u"file:///dev/zero"_s, u"InvalidArgs"_s},
-      {u"file:///"_s + QString(1'000'000, u'a'), u"InvalidArgs"_s},
-      {u"file:///%00"_s, u"NotSupported"_s},
   };
   for (const auto& [uri, error] : refused) {
-    EXPECT_EQ(call(u"OpenUri"_s, {uri}), error) << uri.left(80).toStdString();
+    EXPECT_EQ(call(u"OpenUri"_s, {uri}), error) << uri.toStdString();
     EXPECT_EQ(app.playback().source(), std::nullopt);
   }
   EXPECT_EQ(call(u"OpenUri"_s, {good}), QString());
@@ -504,47 +472,17 @@ TEST_F(MprisTest, OpensFilesOnly) {
   EXPECT_EQ(metadata()[u"xesam:url"_s], good);
 }
 
-TEST_F(MprisTest, BearsCallsOfAnyKind) {
-  playMovieAt(20'000);
-  const QVariantList values =
-      QVariantList{1, -1LL, 2.5, true, u"text"_s, QString(100'000, u'x')} +
-      QVariantList{QStringList{u"a"_s, u"b"_s}, QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
-                   QVariant::fromValue(QDBusVariant(3)), QVariantMap{{u"a"_s, 1}}};
-  const QStringList methods =
-      u"Next Previous Pause PlayPause Stop Play Seek SetPosition OpenUri "
-      "Raise Quit Get Set GetAll deleteLater tell"_s.split(u' ');
-  // In a fixed order that looks like none.
-  std::minstd_rand random(20);
-  const auto any = [&](const auto& list) { return list.at(qsizetype(random()) % list.size()); };
-  QList<QDBusPendingCall> calls;
-  for (int i = 0; i < 5'000; ++i) {
-    QVariantList arguments;
-    for (auto count = random() % 4; count > 0; --count) arguments.append(any(values));
-    calls.append(client.asyncCall(
-        message(any(QStringList{rootInterface, playerInterface, propertiesInterface, QString()}),
-                any(methods), arguments)));
-  }
-  EXPECT_TRUE(eventually([&] {
-    return std::ranges::all_of(calls, [](const auto& call) { return call.isFinished(); });
-  }));
-  settle();
-  EXPECT_GT(quits, 0);
-  EXPECT_GT(raised, 0);
-  EXPECT_EQ(call(u"Stop"_s), QString());
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Stopped"_s);
-}
-
 TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {
-  EXPECT_TRUE(eventually([&] { return owner(serviceName) == address; }));
+  EXPECT_TRUE(eventually([&] { return bus.owner(serviceName) == address; }));
   QDBusConnection::sessionBus().unregisterService(serviceName);
-  ASSERT_TRUE(client.registerService(serviceName));
+  ASSERT_TRUE(bus.connection.registerService(serviceName));
   service.reset();
   appear();
-  const QString own = ownName + QString::number(QCoreApplication::applicationPid());
-  EXPECT_TRUE(eventually([&] { return owner(own) == address; }));
-  EXPECT_EQ(owner(serviceName), client.baseService());
+  const QString own =
+      serviceName + u".instance"_s + QString::number(QCoreApplication::applicationPid());
+  EXPECT_TRUE(eventually([&] { return bus.owner(own) == address; }));
+  EXPECT_EQ(bus.owner(serviceName), bus.connection.baseService());
   QDBusConnection::sessionBus().unregisterService(own);
-  client.unregisterService(serviceName);
 }
 
 }  // namespace

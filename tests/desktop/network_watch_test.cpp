@@ -1,15 +1,10 @@
 // Its system bus is the session bus that the tests run in.
 #include "desktop/network_watch.h"
 
-#include <gtest/gtest.h>
-
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCall>
 
+#include "desktop/own_bus.h"
 #include "platform/worker.h"
-#include "support/waiting.h"
 
 namespace vantor::test {
 namespace {
@@ -23,29 +18,20 @@ const QString propertyInterface = u"org.freedesktop.DBus.Properties"_s;
 // Before anything joins a bus: libdbus looks only once.
 const bool oneBus = qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
 
-class NetworkWatchTest : public ::testing::Test {
- protected:
+QDBusMessage change(const QString& interface, const QVariantMap& values) {
+  return QDBusMessage::createSignal(networkPath, propertyInterface, u"PropertiesChanged"_s)
+         << interface << values << QStringList();
+}
+
+TEST(NetworkWatch, HearsOfAWayIntoTheNetworkOnly) {
+  ASSERT_TRUE(oneBus);
   const Settled settled;
-  const QString name = u"network watch test"_s;
+  OwnBus bus;
   Worker worker;
+  std::make_unique<NetworkWatch>()->listen(worker);  // and may go while it joins
   NetworkWatch watch;
   int changes = 0;
-
-  void SetUp() override {
-    ASSERT_TRUE(oneBus);
-    QObject::connect(&watch, &NetworkWatch::changed, &watch, [this] { ++changes; });
-  }
-  ~NetworkWatchTest() override { QDBusConnection::disconnectFromBus(name); }
-
-  static QDBusMessage change(const QString& interface, const QVariantMap& values) {
-    return QDBusMessage::createSignal(networkPath, propertyInterface, u"PropertiesChanged"_s)
-           << interface << values << QStringList();
-  }
-};
-
-TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
-  QDBusConnection system = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-  ASSERT_TRUE(system.isConnected()) << "needs a session bus: run with scripts/private-desktop";
+  QObject::connect(&watch, &NetworkWatch::changed, &watch, [&] { ++changes; });
   const auto sleep = [](bool begins) {
     return QDBusMessage::createSignal(login, loginInterface, u"PrepareForSleep"_s) << begins;
   };
@@ -58,18 +44,10 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
   };
   watch.listen(worker);
   ASSERT_TRUE(eventually([&] {
-    system.send(sleep(false));
+    bus.connection.send(sleep(false));
     return changes > 0;
   }));
-
-  const auto arrive = [&] {
-    const QDBusPendingCall ping = system.asyncCall(
-        QDBusMessage::createMethodCall(QDBusConnection::systemBus().baseService(), u"/"_s,
-                                       u"org.freedesktop.DBus.Peer"_s, u"Ping"_s));
-    EXPECT_TRUE(eventually([&] { return ping.isFinished(); }));
-    settle();
-  };
-  arrive();
+  bus.arrive(QDBusConnection::systemBus());
   const std::pair<QDBusMessage, bool> rows[] = {
       {sleep(true), false},
       {sleep(false), true},
@@ -88,18 +66,10 @@ TEST_F(NetworkWatchTest, HearsOfAWayIntoTheNetworkOnly) {
   };
   for (const auto& [message, isNews] : rows) {
     const int before = changes;
-    system.send(message);
-    arrive();
+    bus.connection.send(message);
+    bus.arrive(QDBusConnection::systemBus());
     EXPECT_EQ(changes - before, isNews ? 1 : 0) << message.member().toStdString();
   }
-}
-
-TEST_F(NetworkWatchTest, MayGoWhileItJoins) {
-  auto other = std::make_unique<NetworkWatch>();
-  other->listen(worker);
-  other.reset();
-  settle();
-  EXPECT_EQ(changes, 0);
 }
 
 }  // namespace

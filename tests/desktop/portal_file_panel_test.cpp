@@ -1,13 +1,11 @@
 #include "desktop/portal_file_panel.h"
 
-#include <gtest/gtest.h>
-
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
 #include <QTimer>
 
+#include "desktop/own_bus.h"
 #include "platform/worker.h"
 #include "support/awaited.h"
 #include "support/fake_file_panel.h"
@@ -51,11 +49,9 @@ class FileChooser final : public QDBusVirtualObject {
 
 class PortalFilePanelTest : public ::testing::Test {
  protected:
-  ~PortalFilePanelTest() override { QDBusConnection::disconnectFromBus(name); }
-
   bool offer() {
-    return bus.registerVirtualObject(portalObject, &chooser, QDBusConnection::SubPath) &&
-           bus.registerService(portalName);
+    return bus.connection.registerVirtualObject(portalObject, &chooser, QDBusConnection::SubPath) &&
+           bus.connection.registerService(portalName);
   }
   /// Waits for the bus, too.
   Pending<std::optional<QUrl>> choose() {
@@ -71,9 +67,8 @@ class PortalFilePanelTest : public ::testing::Test {
   }
   /// Whether the other panel is asked, and its answer becomes this one's.
   bool isLeftToTheOther(const Pending<std::optional<QUrl>>& choice) {
-    const int before = std::exchange(other.shown, 0);
     const QUrl file(u"file:///other.mkv"_s);
-    if (!eventually([&] { return before + other.shown > 0; })) return false;
+    if (!eventually([&] { return other.shown > 0; })) return false;
     other.shown = 0;
     other.choice.resolve(file);
     return awaited<std::optional<QUrl>>(choice) == file;
@@ -82,13 +77,12 @@ class PortalFilePanelTest : public ::testing::Test {
     QDBusMessage response = QDBusMessage::createSignal(
         chooser.request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
     response.setArguments(arguments);
-    bus.send(response);
+    bus.connection.send(response);
   }
 
   const Settled settled;
-  const QString name = u"portal file panel test"_s;
-  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
   FileChooser chooser;
+  OwnBus bus;
   FakeFilePanel other;
   ManualClock clock;
   Worker worker;
@@ -99,11 +93,7 @@ class PortalFilePanelTest : public ::testing::Test {
 
 TEST_F(PortalFilePanelTest, AnswersWithTheFileThatWasChosenThere) {
   const QVariantMap files{{u"uris"_s, QStringList{u"file:///a%20b.mkv"_s}}};
-  struct Row {
-    QVariantList response;
-    std::optional<QUrl> file;
-  };
-  const Row rows[] = {
+  const std::pair<QVariantList, std::optional<QUrl>> rows[] = {
       {{0u, files}, QUrl(u"file:///a%20b.mkv"_s)},
       {{1u, files}, std::nullopt},  // cancelled
       {{2u, files}, std::nullopt},
@@ -115,16 +105,16 @@ TEST_F(PortalFilePanelTest, AnswersWithTheFileThatWasChosenThere) {
   };
   ASSERT_TRUE(offer());
   for (const QString& place : {QString(), portalObject + u"/request/elsewhere"_s})
-    for (const Row& row : rows) {
+    for (const auto& [response, file] : rows) {
       chooser.place = place;
       chooser.request.clear();
       const auto choice = choose();
       ASSERT_TRUE(isOpen());
       // Again, since nobody listens at a place of its own before its answer has named it.
       QTimer again;
-      again.callOnTimeout([&] { respond(row.response); });
+      again.callOnTimeout([&, &response = response] { respond(response); });
       again.start(20);
-      EXPECT_EQ(awaited<std::optional<QUrl>>(choice), row.file);
+      EXPECT_EQ(awaited<std::optional<QUrl>>(choice), file);
     }
   EXPECT_EQ(other.shown, 0);
   const QVariantList asked = chooser.calls.first().arguments();
@@ -161,7 +151,7 @@ TEST_F(PortalFilePanelTest, AnOpenPanelEndsWithThePortalOrForTheNext) {
   EXPECT_EQ(awaited<std::optional<QUrl>>(first), std::nullopt);
   ASSERT_TRUE(isOpen());
   settle();
-  ASSERT_TRUE(bus.unregisterService(portalName));
+  ASSERT_TRUE(bus.connection.unregisterService(portalName));
   EXPECT_EQ(awaited<std::optional<QUrl>>(next), std::nullopt);
   EXPECT_EQ(other.shown, 0);
 }

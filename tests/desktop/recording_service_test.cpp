@@ -1,9 +1,7 @@
 // Calls the object over the D-Bus session bus that the tests run in, from a connection of its own.
 #include "desktop/recording_service.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingReply>
-
+#include "desktop/own_bus.h"
 #include "playback/playback_fixture.h"
 #include "support/files.h"
 
@@ -45,33 +43,24 @@ class Notifications final : public QObject {
 
 class RecordingServiceTest : public PlaybackFixture {
  protected:
-  const QString connection = u"recording service test"_s;
-  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection);
+  OwnBus bus;
   QString address;  // of the service
   RecordingService service{playback};
   Changes changes;
 
-  ~RecordingServiceTest() override { QDBusConnection::disconnectFromBus(connection); }
-
   void SetUp() override {
     PlaybackFixture::SetUp();
-    ASSERT_TRUE(client.isConnected()) << "needs a session bus: run with scripts/private-desktop";
     service.offer(worker, u"tv.vantor.player"_s);
     address = QDBusConnection::sessionBus().baseService();
     ASSERT_TRUE(eventually([this] { return !call(u"ListRecordings"_s).startsWith(u"Unknown"_s); }));
-    client.connect(address, path, properties, u"PropertiesChanged"_s, &changes,
-                   SLOT(note(QString, QVariantMap, QStringList)));
+    bus.connection.connect(address, path, properties, u"PropertiesChanged"_s, &changes,
+                           SLOT(note(QString, QVariantMap, QStringList)));
   }
 
-  QDBusMessage answer(const QDBusMessage& message) {
-    const QDBusPendingCall call = client.asyncCall(message);
-    EXPECT_TRUE(eventually([&] { return call.isFinished(); }));
-    return QDBusPendingReply<>(call).reply();
-  }
   /// What the call returned, or the error and its sentence.
   QString call(const QString& method) {
     const QDBusMessage reply =
-        answer(QDBusMessage::createMethodCall(address, path, interfaceName, method));
+        bus.answer(QDBusMessage::createMethodCall(address, path, interfaceName, method));
     if (reply.type() == QDBusMessage::ErrorMessage)
       return reply.errorName().section(u'.', -1) + u": "_s + reply.errorMessage();
     return reply.arguments().value(0).toStringList().join(u' ');
@@ -101,8 +90,8 @@ TEST_F(RecordingServiceTest, RecordsAndTellsOfEveryStep) {
                          u"State: saving"_s, u"Notice: Saving recording…"_s, u"State: idle"_s,
                          u"Notice: Recording saved."_s}));
   const QVariantMap all = qdbus_cast<QVariantMap>(
-      answer(QDBusMessage::createMethodCall(address, path, properties, u"GetAll"_s)
-             << interfaceName)
+      bus.answer(QDBusMessage::createMethodCall(address, path, properties, u"GetAll"_s)
+                 << interfaceName)
           .arguments()
           .value(0));
   EXPECT_EQ(all, (QVariantMap{{u"State"_s, u"idle"_s}, {u"Notice"_s, u"Recording saved."_s}}));
@@ -133,10 +122,10 @@ TEST_F(RecordingServiceTest, RefusesWithTheReason) {
 
 TEST_F(RecordingServiceTest, NotifiesOfWhatNoScreenShows) {
   Notifications desktop;
-  ASSERT_TRUE(client.registerObject(
+  ASSERT_TRUE(bus.connection.registerObject(
       u"/org/freedesktop/Notifications"_s, &desktop,
       QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableSignals));
-  ASSERT_TRUE(client.registerService(u"org.freedesktop.Notifications"_s));
+  ASSERT_TRUE(bus.connection.registerService(u"org.freedesktop.Notifications"_s));
   QStringList expected;
   const auto shows = [&](const QString& text) {
     expected.append(text);
