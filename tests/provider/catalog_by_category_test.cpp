@@ -172,11 +172,12 @@ TEST(CatalogByCategory, ALibraryBeyondTheLimitIsThatOfOneAnswer) {
   std::size_t different = 0;
   for (std::size_t i = 0; i < loaded.size(); ++i) different += loaded.item(i) != expected.item(i);
   EXPECT_EQ(different, 0u);
-  std::vector<std::uint32_t> found;
-  std::vector<std::uint32_t> expectedFound;
-  loaded.match({u"103"_s, "the"}, found);
-  expected.match({u"103"_s, "the"}, expectedFound);
-  EXPECT_EQ(found, expectedFound);
+  const auto found = [](const Catalog& in) {
+    std::vector<std::uint32_t> matches;
+    in.match({u"103"_s, "the"}, matches);
+    return matches;
+  };
+  EXPECT_EQ(found(loaded), found(expected));
   // The one that was refused may still be on its way out.
   EXPECT_LE(server.counters().mostAtOnce.at("get_vod_streams"), 2);
   const std::size_t asked = loaded.categories().size() + 1;

@@ -63,24 +63,17 @@ TEST(ProviderAccount, ApiAddressCarriesEveryCharacterAsTyped) {
 
 TEST(ProviderAccount, StreamAddressEncodesEachSegment) {
   const QByteArray login = "/a%20b%2F%C3%BC/p%26%3D%23%2B%25%2F%20%40/";
-  const struct {
-    const char* server;
-    LibraryKind kind;
-    const char* id;
-    const char* extension;
-    QByteArray address;
-  } cases[] = {
+  const std::tuple<const char*, LibraryKind, const char*, const char*, QByteArray> cases[] = {
       {"http://h:8080", LibraryKind::live, "1234", "m3u8",
        "http://h:8080/live" + login + "1234.m3u8"},
       {"http://h/base", LibraryKind::movies, "77", "mkv", "http://h/base/movie" + login + "77.mkv"},
-      {"http://h", LibraryKind::shows, "5", "mp4", "http://h/series" + login + "5.mp4"},
       {"http://h", LibraryKind::shows, "\u0661", "mp4", "http://h/series" + login + "%D9%A1.mp4"},
   };
-  for (const auto& row : cases)
-    EXPECT_EQ(account(QString::fromUtf8(row.server))
-                  .stream(QString::fromUtf8(row.id), row.kind, QString::fromUtf8(row.extension))
+  for (const auto& [server, kind, id, extension, address] : cases)
+    EXPECT_EQ(account(QString::fromUtf8(server))
+                  .stream(QString::fromUtf8(id), kind, QString::fromUtf8(extension))
                   .toEncoded(),
-              row.address);
+              address);
   const auto stream = [](const char* id, const char* extension) {
     return account().stream(QString::fromUtf8(id), LibraryKind::live, QString::fromUtf8(extension));
   };
