@@ -1,6 +1,7 @@
 #include <QFile>
 
 #include "app/crash_notice.h"
+#include "support/awaited.h"
 #include "support/files.h"
 #include "support/model_fixture.h"
 
@@ -14,6 +15,8 @@ TEST(CrashNotice, WaitsForTheSignInSheetAndOtherNoticesAndComesOnce) {
   AppModel& model = fixture.launch();
   model.setShowingConnect(true);
   const CrashNotice notice(model, fixture.worker, folder);
+  settle();
+  awaited<Done>(fixture.worker.run([] {}));  // behind the look for reports
   settle();
   EXPECT_EQ(model.notice(), std::nullopt);
   model.tell(u"Something else."_s);

@@ -31,6 +31,15 @@ class DiagnosingTest : public ProgramFixture {
     found.sort();
     return found;
   }
+  void crash() {
+    ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
+    ASSERT_TRUE(program.waitForFinished(20'000));
+    EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
+  }
+  static void expectParts(const QByteArray& text, std::initializer_list<const char*> parts) {
+    for (const char* part : parts)
+      EXPECT_TRUE(text.contains(part)) << part << " in " << text.constData();
+  }
   void expectToTellNothing(const QByteArray& text) {
     for (const QByteArray& mark : {QByteArray("jane"), QByteArray("Jane"), home.path().toUtf8(),
                                    QByteArray::number(server.port())})
@@ -47,13 +56,10 @@ TEST_F(DiagnosingTest, ACrashLeavesAReportThatTheNextStartTells) {
   ASSERT_TRUE(start());
   EXPECT_TRUE(
       eventually([&] { return readFile(notes.filePath(u"log"_s)).contains("vantor.provider"); }));
-  ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
-  ASSERT_TRUE(program.waitForFinished(20'000));
-  EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
+  crash();
   ASSERT_EQ(reports("new").size(), 1);
   const QByteArray report = readFile(notes.filePath(reports("new").front()));
-  for (const char* part : {"SIGSEGV", "program: ", "libVLC: 3", "libQt6Core.so.6", " vantor+0x"})
-    EXPECT_TRUE(report.contains(part)) << part << " in " << report.constData();
+  expectParts(report, {"SIGSEGV", "program: ", "libVLC: 3", "libQt6Core.so.6", " vantor+0x"});
   expectToTellNothing(report);
   expectToTellNothing(readFile(notes.filePath(u"log"_s)));
 
@@ -71,9 +77,7 @@ TEST_F(DiagnosingTest, ACrashLeavesAReportThatTheNextStartTells) {
 TEST_F(DiagnosingTest, AnIsolatedRunLeavesNoReport) {
   ASSERT_TRUE(start({u"--demo"_s}));
   EXPECT_TRUE(eventually([&] { return answersSignals(); }));
-  ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
-  ASSERT_TRUE(program.waitForFinished(20'000));
-  EXPECT_NE(program.exitCode(), 0);
+  crash();
   EXPECT_FALSE(notes.exists());
 }
 
@@ -85,11 +89,9 @@ TEST_F(DiagnosingTest, TellsWhatIsThereAndNothingOfTheUser) {
   environment.insert(u"XDG_CURRENT_DESKTOP"_s, home.path());
   const QStringList before = files();
   const QByteArray told = said({u"--diagnose"_s});
-  for (const char* part :
-       {"desktop: ~,", "platform: ", "graphics: ", "plugins that are missing: none",
-        "keyring: unlocked", "saved account: there\n", "library of live: 4321 bytes",
-        "preferences: none", "reports of crashes: none", "~/state/Vantor Player"})
-    EXPECT_TRUE(told.contains(part)) << part << " in " << told.constData();
+  expectParts(told, {"desktop: ~,", "platform: ", "graphics: ", "plugins that are missing: none",
+                     "keyring: unlocked", "saved account: there\n", "library of live: 4321 bytes",
+                     "preferences: none", "reports of crashes: none", "~/state/Vantor Player"});
   EXPECT_FALSE(told.contains("01234567"));
   expectToTellNothing(told);
   EXPECT_EQ(files(), before);
@@ -101,10 +103,8 @@ TEST_F(DiagnosingTest, TellsWhatItCanWithoutADisplayAndWithABusThatSaysNothing) 
   environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + bus.fullServerName());
   environment.insert(u"QT_QPA_PLATFORM"_s, u"none"_s);
   environment.insert(u"LC_ALL"_s, u"xx_YY.bogus"_s);
-  const QByteArray told = said({u"--diagnose"_s});
-  for (const char* part : {"Qt cannot open a display", "Keyring\n  no answer", "libraries: none",
-                           "reports of crashes: none"})
-    EXPECT_TRUE(told.contains(part)) << part << " in " << told.constData();
+  expectParts(said({u"--diagnose"_s}), {"Qt cannot open a display", "Keyring\n  no answer",
+                                        "libraries: none", "reports of crashes: none"});
 }
 
 }  // namespace

