@@ -130,14 +130,5 @@ TEST_F(AnnouncementTest, WhatAListenerChangesFollows) {
   EXPECT_EQ(heard, (QStringList{u"section"_s, u"4"_s, u"4"_s}));
 }
 
-TEST(ItemListTest, AnIndexThatItDoesNotHaveIsRefused) {
-#ifdef QT_NO_DEBUG
-  EXPECT_EQ(ItemList().item(0), MediaItem());
-  EXPECT_EQ(ItemList().id(3), QString());
-#else
-  EXPECT_DEATH(ItemList().item(0), "index");
-#endif
-}
-
 }  // namespace
 }  // namespace vantor::test

@@ -47,7 +47,7 @@ TEST_F(PlaybackHandoffTest, ChannelsFollowTheFormatsOfTheSubscription) {
   }
 }
 
-TEST_F(PlaybackHandoffTest, RefusesWhatHasNoAddress) {
+TEST_F(PlaybackHandoffTest, RefusesWhatHasNoAddressAndSamples) {
   app.play(movie);
   EXPECT_EQ(app.notice(), std::nullopt) << "without an account nothing happens";
   signIn();
@@ -55,6 +55,12 @@ TEST_F(PlaybackHandoffTest, RefusesWhatHasNoAddress) {
   strange.providerID = u"7a"_s;
   app.play(strange);
   EXPECT_EQ(app.notice(), u"This provider item has an invalid playback address."_s);
+  MediaItem sample = movie;
+  sample.isExample = true;
+  app.play(sample);
+  EXPECT_EQ(app.notice(),
+            u"These are sample library entries. Connect your provider or open your own media file "
+            "to test playback."_s);
   settle();
   EXPECT_FALSE(app.playback().source());
 }

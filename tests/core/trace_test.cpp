@@ -26,9 +26,12 @@ class TraceTest : public ModelTest {
     QLoggingCategory::setFilterRules(QString());
   }
   const QStringList& log() { return lines += heard.take(); }
-  bool says(const char* tried, const char* kind) {
-    return std::ranges::any_of(log(), [&](const QString& line) {
-      return line.startsWith(QLatin1String(tried)) && line.contains(QLatin1String(kind));
+  /// Whether the log comes to say this of what was tried.
+  bool comesToSay(const char* tried, const char* kind) {
+    return eventually([&] {
+      return std::ranges::any_of(log(), [&](const QString& line) {
+        return line.startsWith(QLatin1String(tried)) && line.contains(QLatin1String(kind));
+      });
     });
   }
   /// Each of these texts as it is, and as an address, a form or a sign-in may carry it.
@@ -54,16 +57,14 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   const QByteArray damaged = R"({"name":"mark entry","url":"http://mark-host.example/mark-base)";
   credentials.put(providerItem, "mark-host.example is no account");
   launch();
-  EXPECT_TRUE(says("reading the saved account", "JSONError"));
+  EXPECT_TRUE(comesToSay("reading the saved account", "JSONError"));
 
   connectAccount(account);
   transport.fail(QString(), refused);
-  EXPECT_TRUE(eventually([&] { return signInOver; }));
-  EXPECT_TRUE(says("signing in", "HTTPFailure 503, failure 1"));
+  EXPECT_TRUE(comesToSay("signing in", "HTTPFailure 503, failure 1"));
   connectAccount(account);
   transport.answer(QString(), damaged);
-  EXPECT_TRUE(eventually([&] { return signInOver; }));
-  EXPECT_TRUE(says("signing in", "failure 2"));
+  EXPECT_TRUE(comesToSay("signing in", "failure 2"));
 
   const QByteArray channels = R"([{"stream_id":1,"name":"mark entry"}])";
   signIn(channels);
@@ -72,9 +73,9 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
     writeFile(copy.filePath(), damaged);
   launch();
   transport.fail(serviceDocument, unreachable);
-  EXPECT_TRUE(eventually([&] { return says("reading the service configuration", "URLError"); }));
+  EXPECT_TRUE(comesToSay("reading the service configuration", "URLError"));
   answer(LibraryKind::live, channels);
-  EXPECT_TRUE(says("reading the copy of a library", "Failure"));
+  EXPECT_TRUE(comesToSay("reading the copy of a library", "Failure"));
 
   // Where the folder of the copies was is a file.
   ASSERT_TRUE(QDir(folder).removeRecursively());
@@ -82,62 +83,51 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   AppModel& app = *model;
   app.load(LibraryKind::live, LoadMode::refresh);
   answer(LibraryKind::live, channels);
-  EXPECT_TRUE(says("saving the copy of a library", "system_error"));
+  EXPECT_TRUE(comesToSay("saving the copy of a library", "system_error"));
 
-  const MediaItem channel = app.browsing().items().item(0);
-  for (const LibraryKind kind : {LibraryKind::movies, LibraryKind::shows}) {
-    app.load(kind, LoadMode::copyFirst);
-    ASSERT_TRUE(isAskedFor(kind));
-    transport.fail(action(kind), unreachable);
+  const auto failMovies = [&](const URLError& failure) {
+    app.load(LibraryKind::movies, LoadMode::refresh);
+    ASSERT_TRUE(isAskedFor(LibraryKind::movies));
+    transport.fail(action(LibraryKind::movies), failure);
     ASSERT_TRUE(idle());
-  }
-  EXPECT_TRUE(says("loading a library", "URLError 2, failure 2"));
-  app.load(LibraryKind::movies, LoadMode::refresh);
-  ASSERT_TRUE(isAskedFor(LibraryKind::movies));
-  transport.fail(action(LibraryKind::movies), URLError(URLError::Code::cancelled));
-  ASSERT_TRUE(idle());
-  EXPECT_FALSE(says("loading a library", "failure 3"));
+  };
+  failMovies(URLError(URLError::Code::cancelled));
+  failMovies(unreachable);
+  EXPECT_TRUE(comesToSay("loading a library", "URLError 2, failure 1"))
+      << "and of no cancelled one";
+  const MediaItem channel = item(0);
   app.guide().prefetchGuide(channel);
   settle();
   transport.answer(guideRequest, damaged);
-  EXPECT_TRUE(eventually([&] { return says("loading the guide of a row", "JSONError"); }));
+  EXPECT_TRUE(comesToSay("loading the guide of a row", "JSONError"));
   app.select(channel);
   settle();
   transport.fail(guideRequest, refused);
-  EXPECT_TRUE(eventually([&] { return says("loading episodes or a guide", "HTTPFailure"); }));
+  EXPECT_TRUE(comesToSay("loading episodes or a guide", "HTTPFailure"));
 
   app.play(channel);
   settle();
   engine.now.state = EngineState::error;
-  clock.advance(std::chrono::seconds(1));
-  EXPECT_TRUE(says("playing a source", "failure 1"));
+  clock.advance(1s);
+  EXPECT_TRUE(comesToSay("playing a source", "failure 1"));
 
   credentials.fail(FakeCredentialStore::Operation::remove);
   disconnectAccount();
-  ASSERT_TRUE(idle());
-  EXPECT_TRUE(says("removing the saved account", "Error"));
+  EXPECT_TRUE(comesToSay("removing the saved account", "Error"));
   credentials.work(FakeCredentialStore::Operation::remove);
+  ASSERT_TRUE(idle());
   signOut();
-  EXPECT_TRUE(says("removing the account's libraries", "system_error"));
+  EXPECT_TRUE(comesToSay("removing the account's libraries", "system_error"));
 
   credentials.put(providerItem, account.toJSON());
   launch();
   nameServer("http://mark-new.example");
   EXPECT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
   transport.fail(QString(), refused);
-  EXPECT_TRUE(eventually([&] { return says("following the service to another server", "503"); }));
+  EXPECT_TRUE(comesToSay("following the service to another server", "503"));
 
   expectNone({u"mark-host"_s, u"mark-base"_s, u"mark-new"_s, account.username, account.password,
               u"mark entry"_s, u"mark"_s, home.path()});
-}
-
-TEST_F(TraceTest, NothingIsSaidUnlessItIsAskedFor) {
-  QLoggingCategory::setFilterRules(QString());
-  launch();
-  connectAccount(account);
-  transport.fail(QString(), HTTPFailure(500));
-  EXPECT_TRUE(eventually([&] { return signInOver; }));
-  EXPECT_THAT(log(), ::testing::IsEmpty());
 }
 
 }  // namespace
