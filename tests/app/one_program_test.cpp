@@ -222,6 +222,34 @@ TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
   kill(bus);
 }
 
+TEST_F(OneProgramTest, IsSeenByTheDesktopsControls) {
+  ASSERT_TRUE(start({film}));
+  const auto playerctl = [](const QStringList& arguments) {
+    QProcess control;
+    control.setProcessChannelMode(QProcess::MergedChannels);
+    control.start(u"playerctl"_s, QStringList{u"--player=vantor"_s} + arguments);
+    control.waitForFinished(20'000);
+    return QString::fromUtf8(control.readAll()).trimmed();
+  };
+  EXPECT_TRUE(eventually([&] { return playerctl({u"status"_s}) == u"Playing"_s; }));
+  // Which it has once it plays.
+  EXPECT_TRUE(eventually([&] {
+    return playerctl({u"metadata"_s, u"mpris:length"_s}).toLongLong() > 0;
+  }));
+  EXPECT_EQ(playerctl({u"metadata"_s, u"xesam:title"_s}), u"movie"_s);
+  EXPECT_EQ(playerctl({u"position"_s, u"30"_s}), QString());
+  EXPECT_TRUE(eventually([&] { return playerctl({u"position"_s}).toDouble() > 25; }));
+  EXPECT_EQ(playerctl({u"volume"_s, u"0.25"_s}), QString());
+  EXPECT_EQ(playerctl({u"volume"_s}).toDouble(), 0.25);
+  for (const auto& [command, status] : {std::pair(u"pause"_s, u"Paused"_s),
+                                        {u"play-pause"_s, u"Playing"_s},
+                                        {u"stop"_s, u"Stopped"_s}}) {
+    EXPECT_EQ(playerctl({command}), QString());
+    EXPECT_EQ(playerctl({u"status"_s}), status);
+  }
+  EXPECT_EQ(quit(), 0);
+}
+
 TEST_F(OneProgramTest, GoesOnWhenTheBusEnds) {
   QProcess bus;
   environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, startBus(bus));
