@@ -42,7 +42,7 @@ struct Text {
   QRect area;          // of the window's picture, in its pixels
 
   bool isSymbol() const {
-    return item->property("font").value<QFont>().family() == Style::iconFont(1).family();
+    return item->property("font").value<QFont>().family() == Style::iconFont().family();
   }
 };
 

@@ -18,7 +18,7 @@ QStringList writingSystemsWithoutFont() {
                             QFontDatabase::Japanese, QFontDatabase::Korean})
     if (QFontDatabase::families(system).isEmpty())
       result.append(QFontDatabase::writingSystemName(system));
-  if (!QFontDatabase::hasFamily(Style::iconFont(1).family()))
+  if (!QFontDatabase::hasFamily(Style::iconFont().family()))
     result.append(u"the player's symbols"_s);
   return result;
 }

@@ -109,11 +109,16 @@ Item {
             width: active ? 22 : 0
             active: row.isPlaying
 
-            sourceComponent: Icon {
-                symbol: "play.fill"
-                size: 18
-                horizontalAlignment: Text.AlignRight
-                color: row.ink
+            sourceComponent: Item {
+                implicitHeight: symbol.height
+
+                Icon {
+                    id: symbol
+                    anchors.right: parent.right
+                    symbol: "play.fill"
+                    size: 18
+                    color: row.ink
+                }
             }
         }
     }

@@ -46,11 +46,11 @@ QFont Style::serifFont(int size) {
   return font;
 }
 
-QFont Style::iconFont(int size) {
+QFont Style::iconFont() {
   // As the system has it: a font that the program loads itself makes Qt look at all fonts again.
   QFont font(u"Material Design Icons"_s);
   font.setStyleStrategy(QFont::NoFontMerging);
-  font.setPixelSize(size);
+  font.setPixelSize(20);
   return font;
 }
 

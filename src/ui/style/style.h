@@ -76,7 +76,7 @@ class Style : public QObject {
   Q_INVOKABLE static int distantSize(double height);
   /// For the name of a title that has the room.
   Q_INVOKABLE static QFont serifFont(int size);
-  Q_INVOKABLE static QFont iconFont(int size);
+  Q_INVOKABLE static QFont iconFont();
   Q_INVOKABLE static QString glyph(const QString& symbol);
   Q_INVOKABLE static QColor faded(const QColor& color, double opacity);
 

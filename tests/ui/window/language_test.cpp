@@ -39,7 +39,7 @@ class LanguageTest : public WindowTest {
     QTest::qWait(100);
     EXPECT_EQ(screens::untranslatedTexts(*window).join(u'\n').toStdString(), "");
     EXPECT_EQ(screens::cutTexts(*window).join(u'\n').toStdString(), "");
-    const QRawFont font = QRawFont::fromFont(Style::iconFont(20));
+    const QRawFont font = QRawFont::fromFont(Style::iconFont());
     screens::forEachShown(window->contentItem(), [&](const QQuickItem* item) {
       const QString symbol = item->property("symbol").toString();
       if (symbol.isEmpty()) return;
