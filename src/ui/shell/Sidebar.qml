@@ -34,10 +34,7 @@ Rectangle {
         y: 24
         width: 160
         height: 90
-        source: "qrc:/qt/qml/Vantor/Ui/brand.svg"
-        sourceSize.width: 160
-        sourceSize.height: 90
-        fillMode: Image.PreserveAspectFit
+        source: "qrc:/qt/qml/Vantor/Ui/brand.png"
     }
 
     StyledText {
