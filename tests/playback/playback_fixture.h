@@ -13,21 +13,6 @@
 
 namespace vantor::test {
 
-/// What one look at the player shows.
-struct Look {
-  std::optional<QString> itemID;
-  bool loading = false;
-  std::optional<QString> message;
-  bool paused = false;
-  bool operator==(const Look&) const = default;
-};
-
-inline void PrintTo(const Look& look, std::ostream* out) {
-  *out << "item " << look.itemID.value_or(u"(none)"_s).toStdString() << ", loading " << look.loading
-       << ", message " << look.message.value_or(u"(none)"_s).toStdString() << ", paused "
-       << look.paused;
-}
-
 class PlaybackFixture : public ::testing::Test {
  protected:
   const Settled settled;
@@ -56,8 +41,14 @@ class PlaybackFixture : public ::testing::Test {
             .resume = resume};
   }
 
-  Look look() const {
-    return {playback.itemID(), playback.loading(), playback.message(), playback.paused()};
+  /// What the player shows, as "1 failed: This source …".
+  std::string look() const {
+    static constexpr const char* states[] = {"idle",   "opening", "suspended", "playing",
+                                             "paused", "ended",   "failed"};
+    QString text = QString::fromLatin1(states[static_cast<int>(playback.state())]);
+    if (playback.itemID()) text.prepend(*playback.itemID() + u' ');
+    if (playback.message()) text += u": "_s + *playback.message();
+    return text.toStdString();
   }
 
   /// Opens a source and lets its opening and first look at the engine happen.
@@ -69,6 +60,9 @@ class PlaybackFixture : public ::testing::Test {
   /// Opens a source whose first picture is there.
   void openPlaying(const PlayRequest& request) {
     open(request);
+    starts();
+  }
+  void starts() {
     engine.now.decodedVideo = 1;
     see(EngineState::playing);
   }

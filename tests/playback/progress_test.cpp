@@ -6,55 +6,50 @@
 namespace vantor::test {
 namespace {
 
-const QString notOpened =
-    u"This source could not be opened. It may be offline or your provider may be refusing the connection."_s;
-const QString tooSlow =
-    u"This source did not start within 30 seconds. Retry or choose another item."_s;
-const QString endedEarly = u"The source ended before playback could start."_s;
+const std::string notOpened =
+    "failed: This source could not be opened. It may be offline or your provider may be refusing "
+    "the connection.";
 
 class ProgressTest : public PlaybackFixture {
  protected:
-  void openMovie(double resume = 0) {
-    openPlaying(channel(u"m"_s, resume));
-    engine.now.length = 60'000;
-    engine.now.seekable = true;
-    engine.takeCalls();
+  void openMovie() {
+    openPlaying(channel(u"m"_s));
+    engine.now = filmAt(0, 60'000);
     clock.advance(250ms);
+    engine.takeCalls();
   }
 };
 
 TEST_F(ProgressTest, TheFirstLookDecidesTheOpening) {
   using enum EngineState;
-  const Look loading{u"7"_s, true, {}, false};
-  const Look started{u"7"_s, false, {}, false};
-  const std::tuple<const char*, EngineStatus, Look> cases[] = {
-      {"nothing decoded", {.state = playing, .hasMedia = true, .time = 5000}, loading},
-      {"a picture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, started},
-      {"counts without media", {.state = playing, .decodedVideo = 1}, loading},
+  const std::tuple<const char*, EngineStatus, std::string> cases[] = {
+      {"nothing decoded", {.state = playing, .hasMedia = true, .time = 5000}, "opening"},
+      {"a picture", {.state = playing, .hasMedia = true, .decodedVideo = 1}, "playing"},
+      {"counts without media", {.state = playing, .decodedVideo = 1}, "opening"},
       {"sound while a picture is expected",
        {.state = playing, .hasMedia = true, .time = 9000, .decodedAudio = 40, .videoTracks = {0}},
-       loading},
+       "opening"},
       {"audio alone at 1000",
        {.state = playing, .hasMedia = true, .time = 1000, .decodedAudio = 40},
-       loading},
+       "opening"},
       {"audio alone at 1001",
        {.state = playing, .hasMedia = true, .time = 1001, .decodedAudio = 40},
-       started},
-      {"error", {.state = error, .hasMedia = true}, {u"7"_s, false, notOpened, true}},
-      {"end", {.state = ended, .hasMedia = true}, {u"7"_s, false, endedEarly, true}},
-      {"end after a picture",
-       {.state = ended, .hasMedia = true, .decodedVideo = 3},
-       {u"7"_s, false, {}, true}},
+       "playing"},
+      {"error", {.state = error, .hasMedia = true}, notOpened},
+      {"end",
+       {.state = ended, .hasMedia = true},
+       "failed: The source ended before playback could start."},
+      {"end after a picture", {.state = ended, .hasMedia = true, .decodedVideo = 3}, "ended"},
   };
   for (const auto& [what, status, expected] : cases) {
     SCOPED_TRACE(what);
     open(channel(u"7"_s));
-    ASSERT_TRUE(playback.loading());
+    ASSERT_EQ(look(), "7 opening");
     engine.now = status;
     clock.advance(250ms);
-    EXPECT_EQ(look(), expected);
+    EXPECT_EQ(look(), "7 " + expected);
     EXPECT_EQ(clock.waiting(), status.state == playing ? 1u : 0u);
-    EXPECT_EQ(engine.now.hasMedia, status.hasMedia && !expected.message)
+    EXPECT_EQ(engine.now.hasMedia, status.hasMedia && !playback.message())
         << "a failure unloads the media";
     playback.stop();
   }
@@ -64,30 +59,30 @@ TEST_F(ProgressTest, StartLimitIsThirtySecondsAndOnlyWhileLoading) {
   open(channel(u"1"_s));
   engine.now.state = EngineState::playing;
   clock.advance(30s);
-  EXPECT_EQ(look(), (Look{u"1"_s, true, {}, false}));
+  EXPECT_EQ(look(), "1 opening");
   clock.advance(250ms);
-  EXPECT_EQ(look(), (Look{u"1"_s, false, tooSlow, true}));
+  EXPECT_EQ(look(),
+            "1 failed: This source did not start within 30 seconds. Retry or choose another item.");
 
   openPlaying(channel(u"2"_s));
   clock.advance(60s);
-  EXPECT_EQ(look(), (Look{u"2"_s, false, {}, false}));
+  EXPECT_EQ(look(), "2 playing");
   see(EngineState::error);
-  EXPECT_EQ(look(), (Look{u"2"_s, false, notOpened, true})) << "it fails later as well";
+  EXPECT_EQ(look(), "2 " + notOpened) << "it fails later as well";
 }
 
 TEST_F(ProgressTest, AnnouncedChangeIsSeenWithoutWaitingForTheTick) {
   open(channel(u"1"_s));
-  engine.now.state = EngineState::playing;
   engine.now.decodedVideo = 1;
-  settle();
-  ASSERT_TRUE(playback.loading());
-  engine.announce();
-  settle();
-  EXPECT_FALSE(playback.loading());
-  engine.now.state = EngineState::ended;
-  engine.announce();
-  settle();
-  EXPECT_TRUE(playback.paused());
+  for (const EngineState state : {EngineState::playing, EngineState::ended}) {
+    engine.now.state = state;
+    const std::string before = look();
+    settle();
+    EXPECT_EQ(look(), before);
+    engine.announce();
+    settle();
+    EXPECT_EQ(look(), state == EngineState::playing ? "1 playing" : "1 ended");
+  }
 }
 
 TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
@@ -99,9 +94,9 @@ TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
   engine.now.subtitleTrack = 3;
   engine.now.rate = 1.5;
   clock.advance(249ms);
-  EXPECT_EQ(playback.transport()->seconds(), 0);
-  clock.advance(1ms);
   const TransportState& transport = *playback.transport();
+  EXPECT_EQ(transport.seconds(), 0);
+  clock.advance(1ms);
   EXPECT_EQ(transport.seconds(), 1.5);
   EXPECT_EQ(transport.duration(), 60);
   EXPECT_TRUE(transport.seekable());
@@ -111,8 +106,7 @@ TEST_F(ProgressTest, MirrorsTheEngineFourTimesASecond) {
   EXPECT_EQ(transport.subtitleTrack(), 3);
   EXPECT_EQ(transport.rate(), 1.5);
   EXPECT_EQ(progress.last(), u"m 1.5/60"_s);
-  engine.now.time = -1;
-  engine.now.length = -1;
+  engine.now.time = engine.now.length = -1;
   clock.advance(250ms);
   EXPECT_EQ(transport.seconds(), 0);
   EXPECT_EQ(transport.duration(), 0);
@@ -123,46 +117,14 @@ TEST_F(ProgressTest, LiveSourceReportsNothingAndCannotSeek) {
   PlayRequest live = channel(u"1"_s, 15);
   live.kind = SourceKind::broadcast;
   openPlaying(live);
-  engine.now.seekable = true;
-  engine.now.length = 12'000;  // the window of a playlist
-  engine.now.time = 90'000;
+  engine.now = filmAt(90'000, 12'000);  // in the window of a playlist
   clock.advance(1s);
   playback.seek(5);
   EXPECT_TRUE(progress.isEmpty());
   EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty());
 }
 
-TEST_F(ProgressTest, TogglePausesAndResumesAndPlaysAgainFromTheEnd) {
-  openMovie();
-  for (const bool paused : {true, false}) {
-    playback.togglePause();
-    EXPECT_EQ(playback.paused(), paused);
-  }
-  EXPECT_EQ(engine.calls, (QStringList{u"pause"_s, u"play"_s}));
-  see(EngineState::ended);
-  EXPECT_EQ(look(), (Look{u"m"_s, false, {}, true}));
-  EXPECT_EQ(clock.waiting(), 0u);
-  engine.takeCalls();
-  playback.togglePause();
-  EXPECT_EQ(engine.calls, QStringList{u"play"_s});
-  EXPECT_FALSE(playback.paused());
-  engine.now.state = EngineState::ended;
-  playback.togglePause();
-  EXPECT_EQ(engine.takeCalls().last(), u"play"_s) << "an ended source is played, never paused";
-}
-
-TEST_F(ProgressTest, ProgressReportThatStopsTheSourceEndsTheTick) {
-  openPlaying(channel(u"m"_s));
-  playback.onProgress = [this](const QString&, double, double) {
-    playback.onProgress = nullptr;
-    playback.stop();
-  };
-  engine.now.length = 60'000;
-  see(EngineState::ended);
-  EXPECT_EQ(look(), Look{});
-}
-
-TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
+TEST_F(ProgressTest, ResumesOnceInsideItsWindowOnly) {
   const std::tuple<double, double, QStringList> cases[] = {
       {0, 60, {}},
       {10, 60, {}},
@@ -177,17 +139,22 @@ TEST_F(ProgressTest, ResumesInsideItsWindowOnly) {
     SCOPED_TRACE(resume);
     openPlaying(channel(u"m"_s, resume));
     engine.takeCalls();
-    engine.now.length = static_cast<std::int64_t>(seconds * 1000);
+    const auto length = static_cast<std::int64_t>(seconds * 1000);
+    engine.now.length = length;
     clock.advance(250ms);
     EXPECT_TRUE(engine.calls.isEmpty()) << "waits until the source can seek";
-    engine.now.seekable = true;
+    for (const bool seekable : {true, false, true}) {
+      engine.now.seekable = seekable;
+      clock.advance(250ms);
+    }
+    EXPECT_EQ(engine.calls, expected) << "once for each opening";
+    engine.takeCalls();
+    see(EngineState::error);
+    playback.retry();
+    settle();
+    engine.now = filmAt(0, length);
     clock.advance(250ms);
-    EXPECT_EQ(engine.takeCalls(), expected);
-    engine.now.seekable = false;
-    clock.advance(250ms);
-    engine.now.seekable = true;
-    clock.advance(250ms);
-    EXPECT_TRUE(engine.calls.isEmpty()) << "once for each opening";
+    EXPECT_TRUE(engine.calls.filter(u"setTime"_s).isEmpty()) << "a retry does not resume";
     playback.stop();
   }
 }
@@ -224,15 +191,13 @@ TEST_F(ProgressTest, TracksChosenBeforeAreInForceAlsoWhenTheEngineChoosesLater) 
   PlayRequest film = channel(u"1"_s);
   film.tracks = {.audio = {{.language = u"de"_s}}, .subtitles = {{.off = true}}};
   open(film);
-  engine.takeCalls();
   engine.now = filmAt(100, 60'000);
   see(EngineState::playing);
+  engine.takeCalls();
   engine.now.audioTracks = {{1, {}, u"eng"_s}, {2, {}, u"deu"_s}};
   engine.now.subtitleTracks = {{3, {}, u"eng"_s}};
-  engine.now.audioTrack = engine.now.subtitleTrack = -1;
   see(EngineState::playing);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"setAudioTrack 2"_s});
-  engine.now.audioTrack = 2;
   engine.now.subtitleTrack = 3;
   see(EngineState::playing);
   EXPECT_EQ(engine.takeCalls(), QStringList{u"setSubtitleTrack -1"_s});
@@ -240,6 +205,25 @@ TEST_F(ProgressTest, TracksChosenBeforeAreInForceAlsoWhenTheEngineChoosesLater) 
   engine.takeCalls();
   see(EngineState::playing);
   EXPECT_EQ(engine.takeCalls(), QStringList()) << "what is chosen now stays";
+}
+
+TEST(TrackChoices, FindTheTrackByLanguageThenByName) {
+  const QString names = u"Kommentar"_s;
+  const std::tuple<EngineTrack, QList<EngineTrack>, std::optional<std::int32_t>> cases[] = {
+      {{9, {}, u"ger"_s}, {{1, {}, u"eng"_s}, {2, {}, u"deu"_s}}, 2},
+      {{9, {}, u"de-AT"_s}, {{1, {}, u"DE"_s}}, 1},
+      {{9, {}, u"fre"_s}, {{1, {}, u"fra"_s}, {2, {}, u"fr"_s}}, 1},
+      {{9, {}, u"qaa"_s}, {{1, {}, u"qab"_s}, {2, {}, u"qaa"_s}}, 2},
+      {{9, {}, u"deu"_s, names}, {{1, {}, u"de"_s}, {2, {}, u"de"_s, names}}, 2},
+      {{9, {}, u"deu"_s, names}, {{1, {}, u"eng"_s, names}, {2, {}, u"und"_s, names}}, 2},
+      {{9, {}, u"deu"_s, names}, {{1, {}, u"eng"_s, names}}, {}},
+      {{9, {}, {}, names}, {{1}, {2, {}, u"eng"_s, u" Kommentar "_s}}, 2},
+      {{9, u"Track 2"_s}, {{1, u"Track 1"_s}, {2, u"Track 2"_s}}, 2},
+      {{9, {}, u"??"_s}, {{1, {}, u"und"_s}, {2}, {3, {}, u"\u00e4\u00e4\u00e4"_s}}, {}},
+  };
+  for (const auto& [chosen, tracks, found] : cases)
+    EXPECT_EQ(trackOf({*choiceOf(9, {chosen})}, tracks), found)
+        << (chosen.language + u' ' + chosen.title).toStdString();
 }
 
 }  // namespace
