@@ -82,8 +82,7 @@ TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
     app.browsing().setShowingEpisodes(true);
     app.browsing().setEpisodeSeason(2);
     settle();
-    app.play(entry(LibraryKind::movies, 1));
-    settle();
+    play(entry(LibraryKind::movies, 1));
     app.playback().onProgress(u"movies:1"_s, 100, 1000);
     app.setCategory(Browsing::continueWatching);
     app.stopContinuing(u"movies:1"_s);

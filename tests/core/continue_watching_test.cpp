@@ -24,20 +24,14 @@ class ContinueWatchingTest : public ModelTest {
     settle();
   }
   void watch(const MediaItem& item, double seconds) {
-    model->play(item);
-    settle();
+    play(item);
     report(item.id, seconds);
   }
   void watch(int movie, double seconds) { watch(entry(LibraryKind::movies, movie), seconds); }
   void report(const QString& id, double seconds) {
     model->playback().onProgress(id, seconds, length);
   }
-  QString begun() const { return model->record().begun().join(u' '); }
-  QString listed() const {
-    QStringList ids;
-    for (std::size_t i = 0; i < model->browsing().items().size(); ++i) ids.append(item(i).id);
-    return ids.join(u' ');
-  }
+  QString begun() const { return model->record().begun().join(u", "_s); }
   QString category() const { return model->browsing().category(); }
   bool offered() const { return model->browsing().continueWatchingOffered(); }
   QStringList stored() const {
@@ -50,11 +44,11 @@ TEST_F(ContinueWatchingTest, HoldsWhatWasBegunUntilItsEndNewestFirst) {
   const std::tuple<const char*, std::function<void()>, QString> steps[] = {
       {"a few seconds are no beginning", [&] { watch(2, 10); }, u""_s},
       {"going on is one", [&] { report(u"movies:2"_s, 10.5); }, u"movies:2"_s},
-      {"another", [&] { watch(3, 100); }, u"movies:3 movies:2"_s},
+      {"another", [&] { watch(3, 100); }, u"movies:3, movies:2"_s},
       {"a late report changes no order", [&] { report(u"movies:2"_s, 99); },
-       u"movies:3 movies:2"_s},
-      {"the first again, at its start", [&] { watch(2, 0); }, u"movies:2 movies:3"_s},
-      {"a channel", [&] { watch(entry(LibraryKind::live, 1), 50); }, u"movies:2 movies:3"_s},
+       u"movies:3, movies:2"_s},
+      {"the first again, at its start", [&] { watch(2, 0); }, u"movies:2, movies:3"_s},
+      {"a channel", [&] { watch(entry(LibraryKind::live, 1), 50); }, u"movies:2, movies:3"_s},
       {"a late report of an end", [&] { report(u"movies:3"_s, length - 20); }, u"movies:2"_s},
       {"a restart", [&] { quit(), launch(); }, u"movies:2"_s},
       {"a sign-out", [&] { signOut(); }, u""_s},
@@ -81,9 +75,9 @@ TEST_F(ContinueWatchingTest, EpisodesCountForTheirShow) {
   EXPECT_FALSE(offered()) << "no movie was begun";
   show(Section::shows);
   model->setCategory(Browsing::continueWatching);
-  EXPECT_EQ(listed(), u"shows:3 shows:1"_s);
+  EXPECT_EQ(listed(), u"shows:3, shows:1"_s);
   report(u"episode:32"_s, length);
-  EXPECT_EQ(listed(), u"shows:1 shows:3"_s) << "for its other episode";
+  EXPECT_EQ(listed(), u"shows:1, shows:3"_s) << "for its other episode";
   model->stopContinuing(u"shows:3"_s);
   EXPECT_EQ(listed(), u"shows:1"_s);
   EXPECT_EQ(stored(), (QStringList{u"episode:11"_s, u"shows:1"_s}));
@@ -134,7 +128,7 @@ TEST_F(ContinueWatchingTest, WhatIsRemovedStaysOutUntilItIsPlayedAgain) {
   begin({2, 4, 6});
   model->setCategory(Browsing::continueWatching);
   model->browsing().setSearch(u"title"_s);
-  ASSERT_EQ(listed(), u"movies:6 movies:4 movies:2"_s);
+  ASSERT_EQ(listed(), u"movies:6, movies:4, movies:2"_s);
   for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(model->browsing().items().indexOf(item(i).id), i);
   model->select(item(1));
   model->stopContinuing(u"movies:6"_s);
@@ -146,7 +140,7 @@ TEST_F(ContinueWatchingTest, WhatIsRemovedStaysOutUntilItIsPlayedAgain) {
   EXPECT_EQ(begun(), u"movies:2"_s) << "it plays on";
   EXPECT_EQ(model->record().resumePosition(u"movies:6"_s), 200);
   watch(6, 200);
-  EXPECT_EQ(begun(), u"movies:6 movies:2"_s);
+  EXPECT_EQ(begun(), u"movies:6, movies:2"_s);
   for (int i = 0; i < 199; ++i) report(QString::number(i), 100);
   EXPECT_EQ(begun(), u""_s) << "no progress is known of them";
 }
@@ -156,16 +150,15 @@ TEST_F(ContinueWatchingTest, ReadsWhateverIsStored) {
   QStringList many;
   for (int i = 0; i < 300; ++i) many << u"movies:%1"_s.arg(i) << u"movies:%1"_s.arg(i);
   const std::pair<std::optional<QStringList>, QString> cases[] = {
-      {std::nullopt, u"movies:1 movies:2"_s},  // as the version before left it
+      {std::nullopt, u"movies:1, movies:2"_s},  // as the version before left it
       {QStringList(), u""_s},
       {{{u"movies:2"_s, u"movies:2"_s, u"movies:2"_s, u"shows:1"_s, u"movies:1"_s}}, u"movies:2"_s},
       {{{u"episode:1"_s, u"shows:1"_s, u"gone"_s, u"gone"_s}}, u"shows:1"_s},
-      {many, u"movies:1 movies:2 movies:3"_s},
+      {many, u"movies:1, movies:2, movies:3"_s},
   };
   for (const auto& [stored, expected] : cases) {
-    quit();
     {
-      Preferences left(home.filePath(u"preferences.ini"_s));
+      Preferences left = leavePreferences();
       left.setNumberLists(u"progress-"_s + account.idText(), {{u"movies:2"_s, {61, 500}},
                                                               {u"movies:1"_s, {11, 500}},
                                                               {u"movies:3"_s, {0, 500}},

@@ -16,8 +16,7 @@ class PlaybackHandoffTest : public ModelTest {
 
 TEST_F(PlaybackHandoffTest, PlaysAnEntryUnderItsStreamAddressAndMarksIt) {
   signIn();
-  app.play(movie);
-  settle();
+  play(movie);
   EXPECT_EQ(engine.source.address, QUrl(u"http://tv.example/movie/user/secret/7.mkv"_s));
   EXPECT_EQ(engine.source.userAgent, u"VantorPlayerMac/0.1.0"_s);
   EXPECT_EQ(app.playback().title(), u"Title 7"_s);
@@ -41,8 +40,7 @@ TEST_F(PlaybackHandoffTest, ChannelsFollowTheFormatsOfTheSubscription) {
                                            R"("allowed_output_formats":)") +
                                     formats + "}}");
     ASSERT_TRUE(eventually([&] { return signInOver; }));
-    app.play(channel);
-    settle();
+    play(channel);
     EXPECT_EQ(engine.source.address.fileName(), file);
   }
 }

@@ -13,16 +13,7 @@ class RememberedTest : public ModelTest {
   }
   Playback& playback() { return model->playback(); }
   TransportState& transportState() { return *playback().transport(); }
-  void play(const MediaItem& item) {
-    model->play(item);
-    settle();
-  }
   QString key(const QString& topic) { return topic + u'-' + model->session().account()->idText(); }
-  /// As another version of the program or somebody's hand left it, for the next launch.
-  Preferences leave() {
-    quit();
-    return Preferences(home.filePath(u"preferences.ini"_s));
-  }
 
   double volumeAfterLaunch(const QStringList& arguments = {}) {
     launch(arguments);
@@ -95,7 +86,7 @@ TEST_F(RememberedTest, AVolumeThatIsNoneIsTheUsualOne) {
       {u"loud"_s, 100}, {u"nan"_s, 100}, {u""_s, 100},        {u"inf,x"_s, 100},
       {u"-3"_s, 0},     {u"1e9"_s, 100}, {u"30,later"_s, 30}, {u"30,muted"_s, 0}};
   for (const auto& [stored, volume] : cases) {
-    leave().setTextList(u"volume"_s, stored.split(u','));
+    leavePreferences().setTextList(u"volume"_s, stored.split(u','));
     EXPECT_EQ(volumeAfterLaunch(), volume) << stored.toStdString();
   }
 }
@@ -192,7 +183,7 @@ TEST_F(RememberedTest, EachSoundDeviceHasItsDelay) {
 TEST_F(RememberedTest, StoredSoundDelaysAreBounded) {
   NumberLists stored{{u""_s, {1e300}}, {u"tv"_s, {}}, {u"bar"_s, {-1e9, 1}}};
   for (int i = 0; i < 1000; ++i) stored.insert(QString::number(i), {25});
-  leave().setNumberLists(u"sound-delays"_s, stored);
+  leavePreferences().setNumberLists(u"sound-delays"_s, stored);
   launch();
   EXPECT_EQ(transportState().audioDelay(), 2000);
   toldOfSound(u"bar"_s);

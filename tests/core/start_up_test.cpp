@@ -23,7 +23,7 @@ class StartUpTest : public ModelTest {
 TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
   saveAccount();
   {
-    Preferences stored(home.filePath(u"preferences.ini"_s));
+    Preferences stored = leavePreferences();
     stored.setTextList(u"favorites-"_s + account.idText(), {u"live:1"_s, u"movies:2"_s});
     stored.setNumberLists(u"progress-"_s + account.idText(), {{u"movies:2"_s, {61, 500}}});
   }

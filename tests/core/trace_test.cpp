@@ -105,8 +105,7 @@ TEST_F(TraceTest, EveryFailureLeavesALineAndNoSecret) {
   transport.fail(guideRequest, refused);
   EXPECT_TRUE(comesToSay("loading episodes or a guide", "HTTPFailure"));
 
-  app.play(channel);
-  settle();
+  play(channel);
   engine.now.state = EngineState::error;
   clock.advance(1s);
   EXPECT_TRUE(comesToSay("playing a source", "failure 1"));

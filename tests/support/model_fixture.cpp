@@ -154,6 +154,18 @@ QString ModelFixture::selectedID() const {
   return model->browsing().selected() ? model->browsing().selected()->id : QString();
 }
 
+QString ModelFixture::listed(QString MediaItem::*field) const {
+  QStringList texts;
+  for (std::size_t row = 0; row < model->browsing().items().size(); ++row)
+    texts.append(item(row).*field);
+  return texts.join(u", "_s);
+}
+
+void ModelFixture::play(const MediaItem& item) {
+  model->play(item);
+  settle();
+}
+
 MediaItem ModelFixture::entry(LibraryKind kind, int number) {
   const QString id = QString::number(number);
   return {.id = entryID(kind, id),
@@ -164,14 +176,18 @@ MediaItem ModelFixture::entry(LibraryKind kind, int number) {
 }
 
 void ModelFixture::playMovie(std::int64_t time) {
-  model->play(entry(LibraryKind::movies, 2));
-  settle();
+  play(entry(LibraryKind::movies, 2));
   engine.now = {.state = EngineState::playing,
                 .hasMedia = true,
                 .time = time,
                 .length = 500'000,
                 .seekable = true};
   clock.advance(std::chrono::milliseconds(500));
+}
+
+Preferences ModelFixture::leavePreferences() {
+  quit();
+  return Preferences(folders.temporary + u"/preferences.ini"_s);
 }
 
 QByteArray ModelFixture::acceptedSignIn() {

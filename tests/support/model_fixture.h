@@ -79,10 +79,16 @@ struct ModelFixture {
   /// An entry of the list.
   MediaItem item(std::size_t row) const { return model->browsing().items().item(row); }
   QString selectedID() const;
+  /// What the entries of the list have there, apart by commas.
+  QString listed(QString MediaItem::*field = &MediaItem::id) const;
+  /// Plays an entry, whose opening has begun when it returns.
+  void play(const MediaItem& item);
   /// An entry of the provider, whether or not it is in a library.
   static MediaItem entry(LibraryKind kind, int number);
   /// Plays the movie 2 of 500 seconds, which then stands at `time` in milliseconds.
   void playMovie(std::int64_t time = 0);
+  /// Quits. What is set is what another run of the program, or somebody's hand, left for the next.
+  Preferences leavePreferences();
   static QByteArray acceptedSignIn();
   /// Rows with the ids first, first + 1, …, and names "Title <id>".
   static QByteArray rows(LibraryKind kind, int first, int count);
