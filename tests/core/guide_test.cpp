@@ -54,6 +54,13 @@ class GuideTest : public ModelTest {
     ASSERT_TRUE(transport.fail(guideRequest, HTTPFailure(500)));
     settle();
   }
+  void selectAndFail(int number) {
+    select(number);
+    EXPECT_TRUE(app.details().detailsLoading());
+    ASSERT_TRUE(transport.fail(guideRequest, HTTPFailure(500)));
+    ASSERT_TRUE(detailsLoaded());
+    EXPECT_TRUE(app.details().detailsError().has_value());
+  }
 };
 
 TEST_F(GuideTest, AsksOnceInFiveMinutes) {
@@ -144,13 +151,25 @@ TEST_F(GuideTest, ReachesTheSelectedChannelAndTakesItsErrorAway) {
   ASSERT_TRUE(detailsLoaded());
   EXPECT_EQ(app.guide().guide().value(0).title, u"a b"_s);
 
-  select(2);
-  transport.fail(guideRequest, HTTPFailure(500));
-  ASSERT_TRUE(detailsLoaded());
-  EXPECT_TRUE(app.details().detailsError().has_value());
+  selectAndFail(2);
   fetch(2);
   EXPECT_FALSE(app.details().detailsError().has_value());
   EXPECT_EQ(app.guide().guide().size(), 1);
+}
+
+TEST_F(GuideTest, IsShownForFiveMinutes) {
+  fetch(1);
+  clock.advance(299s);
+  select(1);
+  EXPECT_EQ(app.guide().guide().size(), 1);
+  EXPECT_FALSE(app.details().detailsLoading());
+  clock.advance(1s);
+  selectAndFail(1);
+  EXPECT_TRUE(app.guide().guide().isEmpty());
+  EXPECT_FALSE(fails(1));
+  clock.advance(1s);
+  prefetch(1);
+  EXPECT_EQ(requests(), 3) << "the failed selection set no time";
 }
 
 TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
