@@ -75,6 +75,7 @@ TEST_F(ZappingTest, TypedNumbers) {
   }
   number(u"7"_s);
   zapping.step(1);
+  EXPECT_EQ(zapping.typed(), QString());
   EXPECT_EQ(opened(2s), QStringList{u"3"_s}) << "a step is the later wish";
 }
 
