@@ -1,8 +1,6 @@
 #include "desktop/desktop_settings.h"
 
-#include <QDBusArgument>
 #include <QDBusMetaType>
-#include <QDBusVirtualObject>
 #include <cmath>
 
 #include "desktop/own_bus.h"
@@ -11,39 +9,25 @@
 namespace vantor::test {
 namespace {
 
-const QString settingsInterface = u"org.freedesktop.portal.Settings"_s;
 const QString settingsPath = u"/org/freedesktop/portal/desktop"_s;
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
 const QString gnomeAccessSpace = u"org.gnome.desktop.a11y.interface"_s;
 
-/// Answers every question with what it was given.
-class Portal final : public QDBusVirtualObject {
- public:
-  QString introspect(const QString&) const override { return {}; }
-  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-    asked = message.member();
-    return connection.send(message.createReply(answer));
-  }
-  QVariant answer;
-  QString asked;
-};
-
 class DesktopSettingsTest : public ::testing::Test {
  protected:
-  void SetUp() override { qDBusRegisterMetaType<QMap<QString, QVariantMap>>(); }
-
   /// Whether it asks the portal, which gives this answer.
   bool follow(const QVariant& answer) {
-    portal.answer = answer;
-    bus.connection.registerVirtualObject(settingsPath, &portal);
-    bus.connection.registerService(u"org.freedesktop.portal.Desktop"_s);
+    portal.onCall = [this, answer](const QDBusMessage& call) {
+      answered = call.member() == "ReadAll"_L1 && bus.connection.send(call.createReply(answer));
+    };
+    EXPECT_TRUE(bus.offer(u"org.freedesktop.portal.Desktop"_s, settingsPath, portal));
     settings.follow(worker);
-    return eventually([&] { return !portal.asked.isEmpty(); });
+    return eventually([&] { return answered; });
   }
   void change(const QString& space, const QString& key, const QVariant& value) {
-    QDBusMessage message =
-        QDBusMessage::createSignal(settingsPath, settingsInterface, u"SettingChanged"_s);
+    QDBusMessage message = QDBusMessage::createSignal(
+        settingsPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     bus.connection.send(message << space << key << QVariant::fromValue(QDBusVariant(value)));
   }
   /// Whether text scale, motion and contrast become these.
@@ -56,7 +40,8 @@ class DesktopSettingsTest : public ::testing::Test {
 
   const Settled settled;
   Worker worker;
-  Portal portal;
+  bool answered = false;
+  DesktopObject portal;
   OwnBus bus;
   DesktopSettings settings;
 };
@@ -64,11 +49,11 @@ class DesktopSettingsTest : public ::testing::Test {
 TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
   int changes = 0;
   QObject::connect(&settings, &DesktopSettings::changed, &settings, [&] { ++changes; });
+  qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
   ASSERT_TRUE(follow(QVariant::fromValue(QMap<QString, QVariantMap>{
       {gnomeSpace, {{u"text-scaling-factor"_s, 1.5}, {u"enable-animations"_s, false}}},
       {appearanceSpace, {{u"contrast"_s, 1u}}}})));
   EXPECT_TRUE(become({1.5, true, true}));
-  EXPECT_EQ(portal.asked, u"ReadAll"_s);
   const std::tuple<QString, QString, QVariant, QVariantList> rows[] = {
       {gnomeSpace, u"text-scaling-factor"_s, 9.0, {2.0, true, true}},
       {gnomeSpace, u"text-scaling-factor"_s, -1.0, {1.0, true, true}},
@@ -92,7 +77,8 @@ TEST_F(DesktopSettingsTest, AreAskedForAndFollowed) {
 }
 
 TEST_F(DesktopSettingsTest, AnswersOfAnyFormAreBorne) {
-  ASSERT_TRUE(follow(QVariant(u"no settings"_s)));
+  ASSERT_TRUE(follow(u"no settings"_s));
+  bus.arrive();  // after the answer
   change(appearanceSpace, u"contrast"_s, 1u);
   EXPECT_TRUE(become({1.0, false, true}));
 }

@@ -3,7 +3,6 @@
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
-#include <QDBusVirtualObject>
 #include <map>
 
 #include "desktop/own_bus.h"
@@ -22,37 +21,6 @@ const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString saverPath = u"/org/freedesktop/ScreenSaver"_s;
 const QString managerPath = u"/org/gnome/SessionManager"_s;
 
-/// What the services of a desktop do with a call, and what they were asked.
-class Services final : public QDBusVirtualObject {
- public:
-  std::map<QString, Manner> manners;  // by path
-  QStringList log;
-  QList<QDBusMessage> late;  // the answers of the silent ones
-
-  QString introspect(const QString&) const override { return {}; }
-  bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
-    QStringList line{call.path().section(u'/', -1), call.interface().section(u'.', -1),
-                     call.member(), call.signature()};
-    for (const QVariant& argument : call.arguments())
-      line.append(argument.userType() == qMetaTypeId<QDBusArgument>()
-                      ? qdbus_cast<QVariantMap>(argument)[u"reason"_s].toString()
-                      : argument.toString());
-    log.append(line.join(u' '));
-    if (call.member() != u"Inhibit"_s) return true;
-    const QVariant inhibition =
-        call.path() == portalPath ? QVariant::fromValue(QDBusObjectPath(portalPath + u"/request"_s))
-                                  : QVariant(7U);
-    const QDBusMessage answer = call.createReply(inhibition);
-    const Manner manner = manners[call.path()];
-    if (manner == Manner::refuses)
-      bus.send(call.createErrorReply(QDBusError::AccessDenied, u"no"_s));
-    if (manner == Manner::talksNonsense) bus.send(call.createReply(u"nonsense"_s));
-    if (manner == Manner::silent) late.append(answer);
-    if (manner == Manner::answers || manner == Manner::talksNonsense) bus.send(answer);
-    return true;
-  }
-};
-
 const QString askedOfPortal = u"desktop Inhibit Inhibit sua{sv}  8 A picture is playing"_s;
 const QString askedOfSaver =
     u"ScreenSaver ScreenSaver Inhibit ss Vantor Player A picture is playing"_s;
@@ -64,17 +32,41 @@ const QString managerReleased = u"SessionManager SessionManager Uninhibit u 7"_s
 
 class IdleInhibitorTest : public PlaybackFixture {
  protected:
-  Services services;
+  DesktopObject services;
+  std::map<QString, Manner> manners;  // of the services, by path
+  QStringList log;                    // of the calls
+  QList<QDBusMessage> late;           // the answers of the silent ones
   OwnBus desktop;
   std::unique_ptr<IdleInhibitor> inhibitor = std::make_unique<IdleInhibitor>(clock);
 
   void SetUp() override {
+    services.onCall = [this](const QDBusMessage& call) { take(call); };
     desktop.connection.registerVirtualObject(u"/"_s, &services, QDBusConnection::SubPath);
   }
 
+  void take(const QDBusMessage& call) {
+    QStringList line{call.path().section(u'/', -1), call.interface().section(u'.', -1),
+                     call.member(), call.signature()};
+    for (const QVariant& argument : call.arguments())
+      line.append(argument.userType() == qMetaTypeId<QDBusArgument>()
+                      ? qdbus_cast<QVariantMap>(argument)[u"reason"_s].toString()
+                      : argument.toString());
+    log.append(line.join(u' '));
+    if (call.member() != u"Inhibit"_s) return;
+    const QVariant inhibition =
+        call.path() == portalPath ? QVariant::fromValue(QDBusObjectPath(portalPath + u"/request"_s))
+                                  : QVariant(7U);
+    const Manner manner = manners[call.path()];
+    if (manner == Manner::silent) late.append(call.createReply(inhibition));
+    if (manner == Manner::answers) desktop.connection.send(call.createReply(inhibition));
+    if (manner == Manner::talksNonsense) desktop.connection.send(call.createReply(u"nonsense"_s));
+    if (manner == Manner::refuses)
+      desktop.connection.send(call.createErrorReply(QDBusError::AccessDenied, u"no"_s));
+  }
+
   void offer(Manner byPortal, Manner bySaver, Manner byManager) {
-    services.manners = {{portalPath, byPortal}, {saverPath, bySaver}, {managerPath, byManager}};
-    for (const auto& [path, manner] : services.manners) {
+    manners = {{portalPath, byPortal}, {saverPath, bySaver}, {managerPath, byManager}};
+    for (const auto& [path, manner] : manners) {
       const QString known = path == portalPath ? u"org.freedesktop.portal.Desktop"_s
                                                : path.mid(1).replace(u'/', u'.');
       if (manner == Manner::absent)
@@ -84,8 +76,7 @@ class IdleInhibitorTest : public PlaybackFixture {
     }
   }
   void answerLate() {
-    for (const QDBusMessage& answer : std::exchange(services.late, {}))
-      desktop.connection.send(answer);
+    for (const QDBusMessage& answer : std::exchange(late, {})) desktop.connection.send(answer);
   }
   void join() { inhibitor->join(worker, u"tv.vantor.test"_s); }
 
@@ -93,7 +84,7 @@ class IdleInhibitorTest : public PlaybackFixture {
   QStringList asked() {
     // Each failure leads to another question.
     for (int times = 0; times < 6; ++times) desktop.arrive(QDBusConnection::sessionBus());
-    return std::exchange(services.log, {});
+    return std::exchange(log, {});
   }
   struct Step {
     const char* name;
@@ -109,7 +100,7 @@ class IdleInhibitorTest : public PlaybackFixture {
     }
   }
   bool waitsFor(const QString& line) {
-    return eventually([&] { return services.log.contains(line); });
+    return eventually([&] { return log.contains(line); });
   }
 };
 
@@ -163,9 +154,7 @@ TEST_F(IdleInhibitorTest, AnswerThatComesLateIsReleased) {
       {"wanted again", [&] { release(), want(); }, {}},
       {"late", answer, {}},
       {"released", release, {portalReleased}},
-      {"nobody answers",
-       [&] { services.manners[saverPath] = services.manners[managerPath] = silent; },
-       {}},
+      {"nobody answers", [&] { manners[saverPath] = manners[managerPath] = silent; }, {}},
       {"wanted", want, {askedOfPortal}},
       {"waits", waits, {askedOfSaver}},
       {"waits", waits, {askedOfManager}},
@@ -210,7 +199,7 @@ TEST_F(IdleInhibitorTest, ReleasesWhateverItHasAtItsEnd) {
   answerLate();
   clock.advance(1h);
   EXPECT_EQ(asked(), QStringList{askedOfPortal}) << "while it asked";
-  services.manners[portalPath] = Manner::answers;
+  manners[portalPath] = Manner::answers;
   wantAnother();
   ASSERT_TRUE(waitsFor(askedOfPortal));
   asked();
@@ -228,59 +217,44 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
   join();
   const QStringList held{askedOfPortal, askedOfSaver};
   const QStringList released{saverReleased};
-  const auto shows = [this](EngineState state, std::int64_t pictures) {
-    engine.now.decodedVideo = pictures;
-    see(state);
+  const auto opens = [this](const QString& id, SourceKind kind = SourceKind::broadcast) {
+    return [this, id, kind] {
+      PlayRequest request = channel(id);
+      request.kind = kind;
+      open(request);
+      clock.advance(200ms);  // in which a still of the last picture may be taken
+    };
   };
-  const auto opens = [this](const QString& id) {
-    PlayRequest broadcast = channel(id);
-    broadcast.kind = SourceKind::broadcast;
-    open(broadcast);
-    clock.advance(200ms);  // in which a still of the last picture may be taken
+  const auto shows = [this](EngineState state, int pictures = 1, int time = 0) {
+    return [this, state, pictures, time] {
+      engine.now.decodedVideo = pictures;
+      engine.now.decodedAudio = 50;
+      engine.now.time = time;
+      see(state);
+    };
   };
-  const auto starts = [&](const QString& id) {
-    opens(id);
-    shows(EngineState::playing, 1);
-  };
+  const auto plays = shows(EngineState::playing);
+  const auto pauses = [this] { playback.togglePause(); };
   follow({
-      {"opens", [&] { opens(u"1"_s); }, {}},
-      {"plays", [&] { shows(EngineState::playing, 1); }, held},
-      {"pauses", [&] { playback.togglePause(); }, released},
-      {"goes on", [&] { playback.togglePause(); }, held},
-      {"another channel", [&] { starts(u"2"_s); }, {}},
-      {"is interrupted", [&] { shows(EngineState::error, 1); }, {}},
+      {"opens", opens(u"1"_s), {}},
+      {"plays", plays, held},
+      {"pauses", pauses, released},
+      {"goes on", pauses, held},
+      {"another channel", opens(u"2"_s), {}},
+      {"plays", plays, {}},
+      {"is interrupted", shows(EngineState::error), {}},
       {"is not to come back", [&] { keeper.giveUp(); }, released},
-      {"plays again", [&] { starts(u"1"_s); }, held},
+      {"opens again", opens(u"1"_s), {}},
+      {"plays", plays, held},
       {"stops", [&] { playback.stop(); }, released},
-      {"sound alone",
-       [&] {
-         opens(u"3"_s);
-         engine.now.decodedAudio = 50;
-         engine.now.time = 2'000;
-         shows(EngineState::playing, 0);
-       },
-       {}},
-      {"a picture joins it",
-       [&] {
-         engine.now.time = 9'000;
-         shows(EngineState::playing, 1);
-       },
-       held},
-      {"the next one does not start",
-       [&] {
-         open(channel(u"4"_s));
-         clock.advance(200ms);
-         shows(EngineState::error, 0);
-       },
-       released},
-      {"a film plays",
-       [&] {
-         open(channel(u"5"_s));
-         clock.advance(200ms);
-         shows(EngineState::playing, 1);
-       },
-       held},
-      {"ends", [&] { shows(EngineState::ended, 1); }, released},
+      {"opens a radio channel", opens(u"3"_s), {}},
+      {"sound alone", shows(EngineState::playing, 0, 2'000), {}},
+      {"a picture joins it", shows(EngineState::playing, 1, 9'000), held},
+      {"opens a film", opens(u"4"_s, SourceKind::onDemand), {}},
+      {"it does not start", shows(EngineState::error, 0), released},
+      {"opens another", opens(u"5"_s, SourceKind::onDemand), {}},
+      {"plays", plays, held},
+      {"ends", shows(EngineState::ended), released},
   });
 }
 

@@ -2,7 +2,6 @@
 #include "desktop/mpris_service.h"
 
 #include <QCoreApplication>
-#include <QDBusArgument>
 #include <QDBusMetaType>
 #include <QFile>
 #include <cmath>
@@ -25,24 +24,7 @@ namespace {
 const QString playerPath = u"/org/mpris/MediaPlayer2"_s;
 const QString rootInterface = u"org.mpris.MediaPlayer2"_s;
 const QString playerInterface = u"org.mpris.MediaPlayer2.Player"_s;
-const QString propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const QString serviceName = u"org.mpris.MediaPlayer2.vantor"_s;
-
-/// What the player has told of itself, as somebody who shows it keeps it.
-class Follower final : public QObject {
-  Q_OBJECT
- public:
-  QVariantMap player;
-  QVariantMap root;
-  QStringList changes;  // names, of each message
-  QList<qlonglong> seeks;
- public Q_SLOTS:
-  void note(const QString& interface, const QVariantMap& changed, const QStringList&) {
-    changes.append(QStringList(changed.keys()).join(u' '));
-    (interface == playerInterface ? player : root).insert(changed);
-  }
-  void noteSeek(qlonglong position) { seeks.append(position); }
-};
 
 class MprisTest : public ModelTest {
  protected:
@@ -58,16 +40,12 @@ class MprisTest : public ModelTest {
   int raised = 0;
   int quits = 0;
   std::unique_ptr<MprisService> service;
-  QString address;  // of the program's connection
-  Follower follower;
 
   void SetUp() override {
     signIn(rows(LibraryKind::live, 1, 3));
     appear();
-    bus.connection.connect(address, playerPath, propertiesInterface, u"PropertiesChanged"_s,
-                           &follower, SLOT(note(QString, QVariantMap, QStringList)));
-    bus.connection.connect(address, playerPath, playerInterface, u"Seeked"_s, &follower,
-                           SLOT(noteSeek(qlonglong)));
+    bus.follow(playerPath, bus.propertyInterface, u"PropertiesChanged"_s);
+    bus.follow(playerPath, playerInterface, u"Seeked"_s);
   }
   void appear() {
     service = std::make_unique<MprisService>(
@@ -75,57 +53,35 @@ class MprisTest : public ModelTest {
                             u"tv.vantor.player"_s},
         MprisRoot::Actions{[this] { ++raised; }, [this] { ++quits; }});
     service->offer(worker);
-    address = QDBusConnection::sessionBus().baseService();
     ASSERT_TRUE(
-        eventually([&] { return get(rootInterface, u"Identity"_s) == u"Vantor Player"_s; }));
+        eventually([&] { return get(u"Identity"_s, rootInterface) == u"Vantor Player"_s; }));
   }
 
-  QDBusMessage ask(const QString& interface, const QString& method,
-                   const QVariantList& arguments = {}) {
-    QDBusMessage call = QDBusMessage::createMethodCall(address, playerPath, interface, method);
-    call.setArguments(arguments);
-    return bus.answer(call);
-  }
-  static QString errorIn(const QDBusMessage& answer) {
-    return answer.errorName().section(u'.', -1);
-  }
   /// The error's name, or nothing.
-  QString call(const QString& method, const QVariantList& arguments = {}) {
-    return errorIn(ask(playerInterface, method, arguments));
+  QString call(const QString& method, const QVariantList& arguments = {},
+               const QString& interface = playerInterface) {
+    return bus.ask(playerPath, interface, method, arguments).errorName().section(u'.', -1);
   }
   QString set(const QString& property, const QVariant& value,
               const QString& interface = playerInterface) {
-    const QVariant wanted = QVariant::fromValue(QDBusVariant(value));
-    QString error = errorIn(ask(propertiesInterface, u"Set"_s, {interface, property, wanted}));
+    const QVariantList arguments{interface, property, QVariant::fromValue(QDBusVariant(value))};
+    QString error = call(u"Set"_s, arguments, bus.propertyInterface);
     const QStringList rates = engine.calls.filter(u"setRate "_s);
     if (!rates.isEmpty()) engine.now.rate = rates.last().section(u' ', 1).toDouble();
     clock.advance(250ms);
     return error;
   }
-  static QVariant plain(const QVariant& value) {
-    return value.userType() == qMetaTypeId<QDBusArgument>()
-               ? QVariant(qdbus_cast<QVariantMap>(value.value<QDBusArgument>()))
-               : value;
+  QVariant get(const QString& property, const QString& interface = playerInterface) {
+    return bus.properties(playerPath, interface).value(property);
   }
-  QVariant get(const QString& interface, const QString& property) {
-    return plain(ask(propertiesInterface, u"Get"_s, {interface, property})
-                     .arguments()
-                     .value(0)
-                     .value<QDBusVariant>()
-                     .variant());
-  }
-  QVariant get(const QString& property) { return get(playerInterface, property); }
-  QVariantMap metadata() { return get(u"Metadata"_s).toMap(); }
+  QVariantMap metadata() { return qdbus_cast<QVariantMap>(get(u"Metadata"_s)); }
   QVariant trackID() { return metadata().value(u"mpris:trackid"_s); }
-  QVariantMap all(const QString& interface) {
-    return qdbus_cast<QVariantMap>(
-        ask(propertiesInterface, u"GetAll"_s, {interface}).arguments().value(0));
-  }
-  /// The follower, when everything that was told so far has arrived.
-  Follower& heard() {
-    settle();
-    bus.arrive(QDBusConnection::sessionBus());
-    return follower;
+  /// What it says it can do now.
+  QString abilities() {
+    QStringList able;
+    for (const auto& [name, value] : bus.properties(playerPath, playerInterface).asKeyValueRange())
+      if (name.startsWith(u"Can"_s) && value.toBool()) able.append(name.mid(3));
+    return able.join(u' ');
   }
 
   void see(EngineState state, std::int64_t time, std::int64_t length = 0) {
@@ -137,8 +93,7 @@ class MprisTest : public ModelTest {
     clock.advance(250ms);
   }
   void playChannel(std::size_t row) {
-    app.play(item(row));
-    settle();
+    play(item(row));
     clock.advance(300ms);
     see(EngineState::playing, 500);
   }
@@ -162,52 +117,40 @@ class MprisTest : public ModelTest {
 };
 
 TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
-  const std::pair<QString, const char*> interfaces[] = {
+  const std::pair<QString, QString> interfaces[] = {
       {rootInterface,
-       "CanQuit b, CanRaise b, CanSetFullscreen b, DesktopEntry s, Fullscreen b, HasTrackList b, "
-       "Identity s, SupportedMimeTypes as, SupportedUriSchemes as"},
+       u"CanQuit b, CanRaise b, CanSetFullscreen b, DesktopEntry s, Fullscreen b set, "
+       "HasTrackList b, Identity s, SupportedMimeTypes as, SupportedUriSchemes as"_s},
       {playerInterface,
-       "CanControl b, CanGoNext b, CanGoPrevious b, CanPause b, CanPlay b, CanSeek b, "
-       "MaximumRate d, Metadata a{sv}, MinimumRate d, PlaybackStatus s, Position x, Rate d, "
-       "Volume d"}};
-  const QStringList settable = {u"Fullscreen"_s, u"Rate"_s, u"Volume"_s};
+       u"CanControl b, CanGoNext b, CanGoPrevious b, CanPause b, CanPlay b, CanSeek b, "
+       "MaximumRate d, Metadata a{sv}, MinimumRate d, PlaybackStatus s, Position x, Rate d set, "
+       "Volume d set"_s}};
   for (const auto& [interface, properties] : interfaces) {
     QStringList found;
-    for (const auto& [property, value] : all(interface).asKeyValueRange()) {
+    for (const auto& [property, value] : bus.properties(playerPath, interface).asKeyValueRange()) {
       const QString signature =
           value.userType() == qMetaTypeId<QDBusArgument>()
               ? value.value<QDBusArgument>().currentSignature()
               : QString::fromLatin1(QDBusMetaType::typeToSignature(value.metaType()));
-      found.append(property + u' ' + signature);
-      SCOPED_TRACE(property.toStdString());
-      EXPECT_EQ(set(property, value, interface),
-                settable.contains(property) ? QString() : u"PropertyReadOnly"_s);
-      const QVariant ofNobodysType = QVariant::fromValue(QDBusSignature(u"a{sv}"_s));
-      EXPECT_NE(set(property, ofNobodysType, interface), QString());
+      const QString error = set(property, value, interface);
+      found.append(property + u' ' + signature + (error.isEmpty() ? u" set"_s : QString()));
     }
-    EXPECT_EQ(found.join(u", "_s), QLatin1String(properties));
-    EXPECT_NE(set(u"Nothing"_s, 1, interface), QString());
+    EXPECT_EQ(found.join(u", "_s), properties);
   }
-  EXPECT_EQ(get(rootInterface, u"DesktopEntry"_s), u"tv.vantor.player"_s);
+  EXPECT_EQ(get(u"DesktopEntry"_s, rootInterface), u"tv.vantor.player"_s);
 }
 
 TEST_F(MprisTest, CanDoWhatItSays) {
-  const auto abilities = [this] {
-    QStringList able;
-    for (const char* ability :
-         {"CanGoNext", "CanGoPrevious", "CanPlay", "CanPause", "CanSeek", "CanControl"})
-      if (get(QLatin1String(ability)).toBool()) able.append(QLatin1String(ability).mid(3));
-    return able.join(u' ');
-  };
   const auto stands = [&](const QString& status, const QString& able) {
-    EXPECT_EQ(heard().player.value(u"PlaybackStatus"_s, status), status) << "it was told";
+    bus.told();
+    EXPECT_EQ(bus.values[playerInterface].value(u"PlaybackStatus"_s, status), status)
+        << "it was told";
     EXPECT_EQ(get(u"PlaybackStatus"_s), status);
     EXPECT_EQ(abilities(), able);
   };
   const QString none = u"Control"_s;
-  const QString channel = u"GoNext GoPrevious Play Pause Control"_s;
+  const QString channel = u"Control GoNext GoPrevious Pause Play"_s;
   stands(u"Stopped"_s, none);
-  EXPECT_EQ(metadata(), QVariantMap());
   for (const char* method : {"Next", "Previous", "Pause", "Play", "Stop"})
     EXPECT_EQ(call(QLatin1String(method)), QString()) << method;
   EXPECT_EQ(call(u"PlayPause"_s), u"NotSupported"_s);
@@ -223,40 +166,37 @@ TEST_F(MprisTest, CanDoWhatItSays) {
     call(QLatin1String(method));
     stands(status, channel);
   }
+  see(EngineState::error, 500);
+  clock.advance(1s);
+  ASSERT_TRUE(keeper.bringingBack());
+  EXPECT_EQ(bus.told(), QStringList()) << "it is on its way back";
+  stands(u"Playing"_s, channel);
+  call(u"Pause"_s);
+  EXPECT_FALSE(keeper.bringingBack());
+  stands(u"Paused"_s, channel);
   call(u"Stop"_s);
   stands(u"Stopped"_s, none);
   EXPECT_EQ(metadata(), QVariantMap());
 
-  ask(rootInterface, u"Raise"_s);
-  ask(rootInterface, u"Quit"_s);
+  call(u"Raise"_s, {}, rootInterface);
+  call(u"Quit"_s, {}, rootInterface);
   EXPECT_EQ(std::pair(raised, quits), std::pair(1, 1));
 
   playMovieAt(20'000);
-  stands(u"Playing"_s, u"Play Pause Seek Control"_s);
+  stands(u"Playing"_s, u"Control Pause Play Seek"_s);
   see(EngineState::error, 20'000, 500'000);
   keeper.giveUp();
-  stands(u"Stopped"_s, u"Play Pause Control"_s);
+  stands(u"Stopped"_s, u"Control Pause Play"_s);
   call(u"Play"_s);
-  stands(u"Playing"_s, u"Play Pause Control"_s);
+  stands(u"Playing"_s, u"Control Pause Play"_s);
   see(EngineState::playing, 0, 500'000);
   see(EngineState::ended, 500'000, 500'000);
   keeper.giveUp();
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Stopped"_s);
+  stands(u"Stopped"_s, u"Control Pause Play"_s);
   call(u"PlayPause"_s);
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
-}
-
-TEST_F(MprisTest, PlaysWhileAChannelIsOnItsWayBack) {
-  playChannel(0);
-  heard().changes.clear();
-  see(EngineState::error, 500);
-  clock.advance(1s);
-  ASSERT_TRUE(keeper.bringingBack());
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
-  EXPECT_EQ(heard().changes, QStringList());
-  call(u"Pause"_s);
-  EXPECT_FALSE(keeper.bringingBack());
-  EXPECT_NE(get(u"PlaybackStatus"_s), u"Playing"_s);
+  stands(u"Playing"_s, u"Control Pause Play"_s);
+  call(u"Stop"_s);
+  stands(u"Stopped"_s, none);
 }
 
 TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
@@ -269,10 +209,10 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   engine.now.recordable = true;
   see(EngineState::playing, 1'000);
   app.playback().startRecording();
-  EXPECT_EQ(get(u"CanGoNext"_s), false) << "a recording keeps the channel";
+  EXPECT_EQ(abilities(), u"Control Pause Play"_s) << "a recording keeps the channel";
   EXPECT_EQ(playingAfter(u"Next"_s), u"live:3"_s);
   engine.onRecordingStopped({});
-  EXPECT_EQ(get(u"CanGoNext"_s), true);
+  EXPECT_EQ(abilities(), u"Control GoNext GoPrevious Pause Play"_s);
 
   always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   app.navigate(Section::shows);
@@ -280,10 +220,8 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   app.select(item(0));
   answerEpisodes(R"({"2":[{"id":"27","episode_num":7,"title":"Seventh"}],
                      "3":[{"id":"31","episode_num":1,"title":"First"}]})");
-  app.play(app.details().episodes().first());
-  settle();
-  EXPECT_EQ(get(u"CanGoNext"_s), true);
-  EXPECT_EQ(get(u"CanGoPrevious"_s), false);
+  play(app.details().episodes().first());
+  EXPECT_EQ(abilities(), u"Control GoNext Pause Play"_s);
   QVariantMap facts = metadata();
   EXPECT_TRUE(facts.take(u"mpris:trackid"_s).isValid());
   EXPECT_EQ(facts, (QVariantMap{{u"xesam:title"_s, u"Seventh"_s},
@@ -294,15 +232,17 @@ TEST_F(MprisTest, GoesFromChannelToChannelAndFromEpisodeToEpisode) {
   app.select(item(1));
   answerEpisodes(R"({"1":[{"id":"91","episode_num":1},{"id":"92","episode_num":2}]})");
   EXPECT_EQ(playingAfter(u"Next"_s), u"episode:31"_s) << "of the show that plays";
-  EXPECT_EQ(metadata()[u"xesam:album"_s], u"Title 1"_s);
-  EXPECT_EQ(get(u"CanGoNext"_s), false);
+  EXPECT_EQ(abilities(), u"Control GoPrevious Pause Play"_s);
   EXPECT_EQ(playingAfter(u"Next"_s), u"episode:31"_s);
   EXPECT_EQ(playingAfter(u"Previous"_s), u"episode:27"_s);
   playMovie();
-  EXPECT_EQ(get(u"CanGoNext"_s), false);
+  EXPECT_EQ(abilities(), u"Control Pause Play"_s);
 }
 
 TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
+  const auto tellsOf = [&](const QString& title) {
+    return bus.told() == QStringList{u"Metadata: "_s} && metadata()[u"xesam:title"_s] == title;
+  };
   transport.onDemand(guideRequest);
   playChannel(0);
   EXPECT_EQ(metadata()[u"xesam:title"_s], u"Title 1"_s);
@@ -310,15 +250,13 @@ TEST_F(MprisTest, TellsWhichProgrammeIsOn) {
   const QByteArray programmes = guide({{"News", -1min, 90s}, {"Film", 90s, 1h}});
   playOn(1min);
   ASSERT_TRUE(eventually([&] { return transport.open(guideRequest) == 1; }));
-  follower.changes.clear();
+  bus.told();
   transport.answer(guideRequest, programmes);
-  EXPECT_TRUE(eventually([&] { return metadata().value(u"xesam:title"_s) == u"News"_s; }));
-  EXPECT_EQ(heard().changes, QStringList{u"Metadata"_s});
+  EXPECT_TRUE(eventually([&] { return tellsOf(u"News"_s); }));
   playOn(1min);
-  EXPECT_EQ(heard().changes.size(), 2);
-  EXPECT_EQ(metadata().value(u"xesam:title"_s), u"Film"_s);
+  EXPECT_TRUE(tellsOf(u"Film"_s));
   playOn(10min);
-  EXPECT_EQ(heard().changes.size(), 2) << "nothing else has changed";
+  EXPECT_EQ(bus.told(), QStringList()) << "nothing else has changed";
 }
 
 TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
@@ -327,24 +265,18 @@ TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
   movie.artwork = QUrl(u"http://tv.example/secret/poster.png"_s);
   app.play(movie);
   ASSERT_TRUE(eventually([&] { return metadata().contains(u"mpris:artUrl"_s); }));
-  const QUrl picture(metadata()[u"mpris:artUrl"_s].toString());
-  ASSERT_TRUE(picture.isLocalFile());
-  EXPECT_EQ(QImage(picture.toLocalFile()).pixelColor(5, 5), QColor(Qt::green));
-  EXPECT_EQ(QFile::permissions(picture.toLocalFile()) & ~(QFile::ReadUser | QFile::WriteUser),
+  EXPECT_EQ(bus.told().count(u"Metadata: "_s), 2) << "of the movie and of its picture";
+  QString told;
+  QDebug(&told) << metadata();
+  EXPECT_FALSE(told.contains(u"tv.example"_s) || told.contains(u"secret"_s)) << told.toStdString();
+  const QString picture = QUrl(metadata()[u"mpris:artUrl"_s].toString()).toLocalFile();
+  EXPECT_EQ(QImage(picture).pixelColor(5, 5), QColor(Qt::green));
+  EXPECT_EQ(QFile::permissions(picture) & ~(QFile::ReadUser | QFile::WriteUser),
             QFile::ReadOwner | QFile::WriteOwner);
-  for (const QString& interface : {rootInterface, playerInterface}) {
-    const QVariantMap values = all(interface);
-    for (const auto& [property, value] : values.asKeyValueRange()) {
-      QString text;
-      QDebug(&text) << plain(value);
-      EXPECT_FALSE(text.contains(u"tv.example"_s) || text.contains(u"secret"_s))
-          << property.toStdString() << text.toStdString();
-    }
-  }
   app.play(entry(LibraryKind::movies, 8));
-  heard();
+  bus.told();
   EXPECT_FALSE(metadata().contains(u"mpris:artUrl"_s));
-  EXPECT_FALSE(QFile::exists(picture.toLocalFile()));
+  EXPECT_FALSE(QFile::exists(picture));
 }
 
 TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
@@ -384,39 +316,34 @@ TEST_F(MprisTest, SeeksWithinTheTrackThatIsMeant) {
 
 TEST_F(MprisTest, TellsOfJumpsAndOfNothingElseOfThePosition) {
   playMovieAt(20'000);
-  heard().seeks.clear();
-  follower.changes.clear();
+  bus.told();
   playOn(20s);
   call(u"Pause"_s);
   clock.advance(1min);
   call(u"Play"_s);
   engine.now.state = EngineState::playing;
   playOn(2s);
-  EXPECT_TRUE(heard().seeks.isEmpty());
-  EXPECT_EQ(follower.changes, (QStringList{u"PlaybackStatus"_s, u"PlaybackStatus"_s}));
+  EXPECT_EQ(bus.told(), (QStringList{u"PlaybackStatus: Paused"_s, u"PlaybackStatus: Playing"_s}));
   engine.now.time = 300'000;
   clock.advance(250ms);
   playOn(10s);
-  EXPECT_EQ(heard().seeks, QList<qlonglong>{300'000'000});
-
+  EXPECT_EQ(bus.told(), QStringList{u"Seeked: 300000000"_s});
   set(u"Rate"_s, 2.0);
   playOn(10s, 2);
-  EXPECT_EQ(heard().seeks.size(), 1) << "twice as fast is no jump";
-  follower.seeks.clear();
+  EXPECT_EQ(bus.told(), QStringList{u"Rate: 2"_s}) << "twice as fast is no jump";
 
   // It takes its time, and begins elsewhere.
-  app.play(entry(LibraryKind::movies, 3));
-  settle();
+  play(entry(LibraryKind::movies, 3));
   clock.advance(5s);
-  EXPECT_TRUE(heard().seeks.isEmpty());
+  EXPECT_EQ(bus.told().filter(u"Seeked"_s), QStringList());
   EXPECT_EQ(get(u"Position"_s), 0LL);
   see(EngineState::playing, 100, 500'000);
-  EXPECT_EQ(heard().seeks, QList<qlonglong>{100'000});
+  EXPECT_EQ(bus.told().filter(u"Seeked"_s), QStringList{u"Seeked: 100000"_s});
 }
 
 TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
   EXPECT_EQ(set(u"Fullscreen"_s, true, rootInterface), QString());
-  EXPECT_EQ(get(rootInterface, u"Fullscreen"_s), false) << "there is nothing to see";
+  EXPECT_EQ(get(u"Fullscreen"_s, rootInterface), false) << "there is nothing to see";
   set(u"Rate"_s, 2.0);
   EXPECT_EQ(get(u"Rate"_s), 1.0);
   playMovieAt(20'000);
@@ -433,26 +360,25 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
       {u"Rate"_s, std::nan(""), 2.0},
   };
   for (const auto& [property, value, becomes] : rows) {
-    heard().changes.clear();
+    bus.told();
     const bool differs = get(property) != becomes;
     EXPECT_EQ(set(property, value), QString());
     EXPECT_EQ(get(property), becomes) << value.toDouble();
-    EXPECT_EQ(heard().changes, differs ? QStringList{property} : QStringList());
+    EXPECT_EQ(bus.told(),
+              differs ? QStringList{property + u": "_s + becomes.toString()} : QStringList());
   }
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Playing"_s);
   set(u"Rate"_s, 0.0);
-  EXPECT_EQ(get(u"PlaybackStatus"_s), u"Paused"_s);
+  EXPECT_EQ(bus.told(), QStringList{u"PlaybackStatus: Paused"_s});
   EXPECT_EQ(get(u"Rate"_s), 2.0);
 
-  EXPECT_EQ(get(rootInterface, u"CanSetFullscreen"_s), true);
-  set(u"Fullscreen"_s, true, rootInterface);
-  EXPECT_TRUE(app.playback().fullScreen());
-  EXPECT_EQ(heard().root[u"Fullscreen"_s], true);
-  EXPECT_EQ(follower.root[u"CanSetFullscreen"_s], true);
-  set(u"Fullscreen"_s, false, rootInterface);
-  EXPECT_FALSE(app.playback().fullScreen());
+  for (const bool full : {true, false}) {
+    set(u"Fullscreen"_s, full, rootInterface);
+    EXPECT_EQ(app.playback().fullScreen(), full);
+    EXPECT_EQ(bus.told(), QStringList{u"Fullscreen: "_s + QVariant(full).toString()});
+    EXPECT_EQ(get(u"CanSetFullscreen"_s, rootInterface), true);
+  }
   call(u"Stop"_s);
-  EXPECT_EQ(get(rootInterface, u"CanSetFullscreen"_s), false);
+  EXPECT_TRUE(bus.told().contains(u"CanSetFullscreen: false"_s));
 }
 
 TEST_F(MprisTest, OpensFilesOnly) {
@@ -473,19 +399,21 @@ TEST_F(MprisTest, OpensFilesOnly) {
 }
 
 TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {
-  EXPECT_TRUE(eventually([&] { return bus.owner(serviceName) == address; }));
-  QDBusConnection::sessionBus().unregisterService(serviceName);
+  QDBusConnection program = QDBusConnection::sessionBus();
+  const auto becomesOwner = [&](const QString& name) {
+    return eventually([&] { return bus.owner(name) == program.baseService(); });
+  };
+  EXPECT_TRUE(becomesOwner(serviceName));
+  program.unregisterService(serviceName);
   ASSERT_TRUE(bus.connection.registerService(serviceName));
   service.reset();
   appear();
   const QString own =
       serviceName + u".instance"_s + QString::number(QCoreApplication::applicationPid());
-  EXPECT_TRUE(eventually([&] { return bus.owner(own) == address; }));
+  EXPECT_TRUE(becomesOwner(own));
   EXPECT_EQ(bus.owner(serviceName), bus.connection.baseService());
-  QDBusConnection::sessionBus().unregisterService(own);
+  program.unregisterService(own);
 }
 
 }  // namespace
 }  // namespace vantor::test
-
-#include "mpris_test.moc"

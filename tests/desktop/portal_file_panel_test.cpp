@@ -1,8 +1,6 @@
 #include "desktop/portal_file_panel.h"
 
-#include <QDBusArgument>
 #include <QDBusObjectPath>
-#include <QDBusVirtualObject>
 #include <QTimer>
 
 #include "desktop/own_bus.h"
@@ -17,71 +15,57 @@ namespace {
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 const QString portalObject = u"/org/freedesktop/portal/desktop"_s;
 
-/// Takes calls; what it answers and does then is the test's.
-class FileChooser final : public QDBusVirtualObject {
- public:
-  QString introspect(const QString&) const override { return {}; }
-  bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-    calls.append(message);
-    if (message.member() != "OpenFile"_L1) return true;
-    const QVariantMap options = qdbus_cast<QVariantMap>(message.arguments().value(2));
-    request = place.isEmpty()
-                  ? portalObject + u"/request/"_s + message.service().mid(1).replace(u'.', u'_') +
-                        u'/' + options[u"handle_token"_s].toString()
-                  : place;
-    message.setDelayedReply(true);
-    if (isSilent) return true;
-    return connection.send(
-        refuses ? message.createErrorReply(QDBusError::AccessDenied, u"no"_s)
-                : message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-  }
-  bool wasClosed() const {
-    return !calls.isEmpty() && calls.last().member() == "Close"_L1 &&
-           calls.last().path() == request;
-  }
-
-  QList<QDBusMessage> calls;
-  QString request;
-  QString place;  // of requests, where it is its own choice
-  bool isSilent = false;
-  bool refuses = false;
-};
-
 class PortalFilePanelTest : public ::testing::Test {
  protected:
-  bool offer() {
-    return bus.connection.registerVirtualObject(portalObject, &chooser, QDBusConnection::SubPath) &&
-           bus.connection.registerService(portalName);
+  using File = std::optional<QUrl>;
+  enum class Answer { place, refusal, none };
+
+  void SetUp() override {
+    portal.onCall = [this](const QDBusMessage& call) { take(call); };
   }
+
+  void take(const QDBusMessage& call) {
+    calls.append(call);
+    if (call.member() != "OpenFile"_L1) return;
+    const QVariantMap options = qdbus_cast<QVariantMap>(call.arguments().value(2));
+    request = place.isEmpty()
+                  ? portalObject + u"/request/"_s + call.service().mid(1).replace(u'.', u'_') +
+                        u'/' + options[u"handle_token"_s].toString()
+                  : place;
+    if (answer == Answer::place)
+      bus.connection.send(call.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+    else if (answer == Answer::refusal)
+      bus.connection.send(call.createErrorReply(QDBusError::AccessDenied, u"no"_s));
+  }
+  bool offer() { return bus.offer(portalName, portalObject, portal); }
   /// Waits for the bus, too.
-  Pending<std::optional<QUrl>> choose() {
+  Pending<File> choose() {
     panel.join(worker);
     settle();  // the job
     awaited<Done>(worker.run([] {}));
     settle();
     panel.setParentWindow(u"x11:1a"_s);
+    request.clear();
     return panel.chooseMediaFile();
   }
   bool isOpen() {
-    return eventually([&] { return !chooser.request.isEmpty(); });
+    return eventually([&] { return !request.isEmpty(); });
   }
   /// Whether the other panel is asked, and its answer becomes this one's.
-  bool isLeftToTheOther(const Pending<std::optional<QUrl>>& choice) {
+  bool isLeftToTheOther(const Pending<File>& choice) {
     const QUrl file(u"file:///other.mkv"_s);
     if (!eventually([&] { return other.shown > 0; })) return false;
     other.shown = 0;
     other.choice.resolve(file);
-    return awaited<std::optional<QUrl>>(choice) == file;
-  }
-  void respond(const QVariantList& arguments) {
-    QDBusMessage response = QDBusMessage::createSignal(
-        chooser.request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
-    response.setArguments(arguments);
-    bus.connection.send(response);
+    return awaited<File>(choice) == file;
   }
 
   const Settled settled;
-  FileChooser chooser;
+  Answer answer = Answer::place;  // to a call to open
+  QString place;                  // of requests, where it is the portal's own choice
+  QList<QDBusMessage> calls;
+  QString request;  // the last one's place
+  DesktopObject portal;
   OwnBus bus;
   FakeFilePanel other;
   ManualClock clock;
@@ -93,7 +77,7 @@ class PortalFilePanelTest : public ::testing::Test {
 
 TEST_F(PortalFilePanelTest, AnswersWithTheFileThatWasChosenThere) {
   const QVariantMap files{{u"uris"_s, QStringList{u"file:///a%20b.mkv"_s}}};
-  const std::pair<QVariantList, std::optional<QUrl>> rows[] = {
+  const std::pair<QVariantList, File> rows[] = {
       {{0u, files}, QUrl(u"file:///a%20b.mkv"_s)},
       {{1u, files}, std::nullopt},  // cancelled
       {{2u, files}, std::nullopt},
@@ -104,23 +88,23 @@ TEST_F(PortalFilePanelTest, AnswersWithTheFileThatWasChosenThere) {
       {{}, std::nullopt},
   };
   ASSERT_TRUE(offer());
-  for (const QString& place : {QString(), portalObject + u"/request/elsewhere"_s})
-    for (const auto& [response, file] : rows) {
-      chooser.place = place;
-      chooser.request.clear();
+  for (const QString& own : {QString(), portalObject + u"/request/elsewhere"_s})
+    for (const auto& [arguments, file] : rows) {
+      place = own;
       const auto choice = choose();
       ASSERT_TRUE(isOpen());
+      QDBusMessage response =
+          QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+      response.setArguments(arguments);
       // Again, since nobody listens at a place of its own before its answer has named it.
       QTimer again;
-      again.callOnTimeout([&, &response = response] { respond(response); });
+      again.callOnTimeout([&] { bus.connection.send(response); });
       again.start(20);
-      EXPECT_EQ(awaited<std::optional<QUrl>>(choice), file);
+      EXPECT_EQ(awaited<File>(choice), file);
     }
   EXPECT_EQ(other.shown, 0);
-  const QVariantList asked = chooser.calls.first().arguments();
-  EXPECT_EQ(asked.value(0), u"x11:1a"_s);
-  EXPECT_EQ(asked.value(1), u"Open"_s);
-  EXPECT_EQ(chooser.calls.first().signature(), u"ssa{sv}"_s);
+  EXPECT_EQ(calls.first().signature(), u"ssa{sv}"_s);
+  EXPECT_EQ(calls.first().arguments().mid(0, 2), (QVariantList{u"x11:1a"_s, u"Open"_s}));
 }
 
 TEST_F(PortalFilePanelTest, LeavesItToTheOtherWhereThereIsNone) {
@@ -128,31 +112,30 @@ TEST_F(PortalFilePanelTest, LeavesItToTheOtherWhereThereIsNone) {
   EXPECT_TRUE(isLeftToTheOther(withoutBus));
   const auto withoutPortal = choose();
   EXPECT_TRUE(isLeftToTheOther(withoutPortal));
-  chooser.refuses = true;
   ASSERT_TRUE(offer());
+  answer = Answer::refusal;
   const auto refused = choose();
   EXPECT_TRUE(isLeftToTheOther(refused));
-  chooser.refuses = false;
-  chooser.isSilent = true;
-  chooser.request.clear();
+  answer = Answer::none;
   const auto unanswered = choose();
   ASSERT_TRUE(isOpen());
-  clock.advance(std::chrono::seconds(6));
+  clock.advance(6s);
   EXPECT_TRUE(isLeftToTheOther(unanswered));
-  EXPECT_TRUE(eventually([&] { return chooser.wasClosed(); })) << "it would open after all";
+  EXPECT_TRUE(eventually([&] {
+    return calls.last().member() == "Close"_L1 && calls.last().path() == request;
+  })) << "it would open after all";
 }
 
 TEST_F(PortalFilePanelTest, AnOpenPanelEndsWithThePortalOrForTheNext) {
   ASSERT_TRUE(offer());
   const auto first = choose();
   ASSERT_TRUE(isOpen());
-  chooser.request.clear();
-  const auto next = panel.chooseMediaFile();
-  EXPECT_EQ(awaited<std::optional<QUrl>>(first), std::nullopt);
+  const auto next = choose();
+  EXPECT_EQ(awaited<File>(first), std::nullopt);
   ASSERT_TRUE(isOpen());
   settle();
   ASSERT_TRUE(bus.connection.unregisterService(portalName));
-  EXPECT_EQ(awaited<std::optional<QUrl>>(next), std::nullopt);
+  EXPECT_EQ(awaited<File>(next), std::nullopt);
   EXPECT_EQ(other.shown, 0);
 }
 
