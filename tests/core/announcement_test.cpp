@@ -64,40 +64,46 @@ struct AnnouncementTest : public ModelTest {};
 
 TEST_F(AnnouncementTest, ChangesAreToldOnceAndWhole) {
   AppModel& app = launch();
-  const Listener listener(app);
-  app.navigate(Section::movies);
-  app.browsing().setSearch(u"title"_s);
+  Listener listener(app);
+  const auto once = [&](const auto& change) {
+    listener.rounds = 0;
+    change();
+    EXPECT_LE(listener.rounds, 1);
+  };
+  once([&] { app.navigate(Section::movies); });
+  once([&] { app.browsing().setSearch(u"title"_s); });
   signIn(rows(LibraryKind::live, 1, 9));
   always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40));
   always(LibraryKind::shows, rows(LibraryKind::shows, 1, 2));
   transport.always(episodesRequest, R"({"episodes":{"1":[{"id":"5"}]}})");
   for (const Section section : {Section::movies, Section::shows, Section::live, Section::favorites,
                                 Section::search, Section::movies}) {
-    app.navigate(section);
+    once([&] { app.navigate(section); });
     ASSERT_TRUE(idle());
-    app.browsing().setSearch(u"title 1"_s);
-    app.setCategory(u"1"_s);
-    if (!app.browsing().items().empty()) app.favorite(item(0));
-    app.browsing().setBrowseAnchor(app.browsing().section(), u"movies:1"_s);
-    app.browsing().setShowingEpisodes(true);
-    app.browsing().setEpisodeSeason(2);
+    EXPECT_GT(listener.rounds, 0);
+    once([&] { app.browsing().setSearch(u"title 1"_s); });
+    once([&] { app.setCategory(u"1"_s); });
+    if (!app.browsing().items().empty()) once([&] { app.favorite(item(0)); });
+    once([&] { app.browsing().setBrowseAnchor(app.browsing().section(), u"movies:1"_s); });
+    once([&] { app.browsing().setShowingEpisodes(true); });
+    once([&] { app.browsing().setEpisodeSeason(2); });
     settle();
-    play(entry(LibraryKind::movies, 1));
-    app.playback().onProgress(u"movies:1"_s, 100, 1000);
-    app.setCategory(Browsing::continueWatching);
-    app.stopContinuing(u"movies:1"_s);
-    app.setCategory(QString());
-    app.refreshGuide();
+    once([&] { play(entry(LibraryKind::movies, 1)); });
+    once([&] { app.playback().onProgress(u"movies:1"_s, 100, 1000); });
+    once([&] { app.setCategory(Browsing::continueWatching); });
+    once([&] { app.stopContinuing(u"movies:1"_s); });
+    once([&] { app.setCategory(QString()); });
+    once([&] { app.refreshGuide(); });
     settle();
   }
-  app.setShowingSettings(true);
-  app.navigate(Section::favorites);
+  once([&] { app.setShowingSettings(true); });
+  once([&] { app.navigate(Section::favorites); });
   account.id = QUuid::createUuid();
   signIn(rows(LibraryKind::live, 1, 9));
-  app.navigate(Section::shows);
+  once([&] { app.navigate(Section::shows); });
   ASSERT_TRUE(idle());
   signOut();
-  EXPECT_GT(listener.rounds, 60);
+  EXPECT_GT(listener.rounds, 1);
 }
 
 TEST_F(AnnouncementTest, NothingIsToldOfWhatStaysTheSame) {
