@@ -48,7 +48,7 @@ TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
     if (saved) engine.onRecordingStopped({});
     clock.advance(100ms);
     EXPECT_EQ(ends, 1);
-    EXPECT_EQ(look(), Look{});
+    EXPECT_EQ(look(), "idle");
     if (!saved) engine.onRecordingStopped({});
   }
 }
