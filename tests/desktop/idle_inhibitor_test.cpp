@@ -127,6 +127,7 @@ TEST_F(IdleInhibitorTest, AsksTheFirstThatTakesIt) {
     EXPECT_TRUE(waitsFor(row.asked.last())) << "once the bus is joined";
     inhibitor->setWanted(true);
     EXPECT_EQ(asked(), row.asked);
+    EXPECT_TRUE(eventually([&] { return clock.waiting() == 0; })) << "the next would be asked, too";
     inhibitor->setWanted(false);
     inhibitor->setWanted(false);
     EXPECT_EQ(asked(), row.released);

@@ -130,6 +130,7 @@ TEST_F(PortalFilePanelTest, AnOpenPanelEndsWithThePortalOrForTheNext) {
   ASSERT_TRUE(offer());
   const auto first = choose();
   ASSERT_TRUE(isOpen());
+  EXPECT_TRUE(eventually([&] { return clock.waiting() == 0; })) << "it would close by itself";
   const auto next = choose();
   EXPECT_EQ(awaited<File>(first), std::nullopt);
   ASSERT_TRUE(isOpen());
