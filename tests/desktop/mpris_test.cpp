@@ -134,8 +134,13 @@ TEST_F(MprisTest, EveryPropertyHasTheTypeOfTheStandardAndOnlyThreeCanBeSet) {
               : QString::fromLatin1(QDBusMetaType::typeToSignature(value.metaType()));
       const QString error = set(property, value, interface);
       found.append(property + u' ' + signature + (error.isEmpty() ? u" set"_s : QString()));
+      SCOPED_TRACE(property.toStdString());
+      EXPECT_TRUE(error.isEmpty() || error == u"PropertyReadOnly"_s);
+      const QVariant ofNobodysType = QVariant::fromValue(QDBusSignature(u"a{sv}"_s));
+      EXPECT_NE(set(property, ofNobodysType, interface), QString());
     }
     EXPECT_EQ(found.join(u", "_s), properties);
+    EXPECT_NE(set(u"Nothing"_s, 1, interface), QString());
   }
   EXPECT_EQ(get(u"DesktopEntry"_s, rootInterface), u"tv.vantor.player"_s);
 }
@@ -267,7 +272,8 @@ TEST_F(MprisTest, ShowsThePictureAsAFileAndNoAddressOfTheProvider) {
   ASSERT_TRUE(eventually([&] { return metadata().contains(u"mpris:artUrl"_s); }));
   EXPECT_EQ(bus.told().count(u"Metadata: "_s), 2) << "of the movie and of its picture";
   QString told;
-  QDebug(&told) << metadata();
+  QDebug(&told) << metadata() << bus.properties(playerPath, rootInterface)
+                << bus.properties(playerPath, playerInterface);
   EXPECT_FALSE(told.contains(u"tv.example"_s) || told.contains(u"secret"_s)) << told.toStdString();
   const QString picture = QUrl(metadata()[u"mpris:artUrl"_s].toString()).toLocalFile();
   EXPECT_EQ(QImage(picture).pixelColor(5, 5), QColor(Qt::green));

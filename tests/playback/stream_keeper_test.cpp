@@ -117,14 +117,27 @@ TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
   }
 }
 
-TEST_F(StreamKeeperTest, OpensAgainAfterGrowingWaits) {
+TEST_F(StreamKeeperTest, OpensAgainAfterGrowingWaitsForThreeMinutes) {
   breakOff();
+  const SteadyTime interrupted = clock.steadyNow();
   for (const auto wait : {1s, 2s, 4s, 8s, 15s, 15s, 15s}) {
     EXPECT_THAT(untilOpened().count(),
                 testing::AllOf(testing::Ge(wait / 1ms), testing::Le(wait / 1ms + 300)));
     EXPECT_TRUE(bringsBack());
     failsAgain();
   }
+  while (bringsBack()) {
+    const qsizetype before = openings();
+    clock.advance(50ms);
+    if (openings() > before) failsAgain();
+  }
+  EXPECT_LE(clock.steadyNow() - interrupted, 3min);
+  EXPECT_EQ(playback.state(), PlaybackState::failed);
+  EXPECT_TRUE(playback.message());
+  const qsizetype all = openings();
+  clock.advance(30min);
+  EXPECT_EQ(openings(), all);
+  EXPECT_EQ(transport.open(question), 0);
 }
 
 TEST_F(StreamKeeperTest, GivesUpAfterThreeMinutesAlsoInAnAttemptThatSaysNothing) {
