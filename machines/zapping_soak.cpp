@@ -56,7 +56,7 @@ class ZappingSoak : public ::testing::Test, protected SimulatedPlayback {
  protected:
   std::mt19937 random;
 
-  static void SetUpTestSuite() { returnLargeBlocks(); }
+  static void SetUpTestSuite() { prepareHeap(); }
 
   std::size_t below(std::size_t limit) {
     return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);

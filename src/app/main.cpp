@@ -69,11 +69,7 @@ QByteArray activationToken() {
 
 int main(int argc, char** argv) {
   vantor::preventCoreDumps();
-  vantor::returnLargeBlocks();
-  // Qt Quick would clear a texture as large as the window for small pictures, of which the logo is
-  // the only one.
-  qputenv("QSG_ATLAS_WIDTH", "512");
-  qputenv("QSG_ATLAS_HEIGHT", "256");
+  vantor::prepareHeap();
   QGuiApplication::setApplicationName(u"vantor"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(VANTOR_VERSION));
   QGuiApplication::setApplicationDisplayName(u"Vantor Player"_s);

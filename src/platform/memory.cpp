@@ -1,23 +1,63 @@
 #include "platform/memory.h"
 
-#include <cstdlib>
-
 #ifdef __GLIBC__
 #include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdlib>
 #endif
 
 namespace vantor {
 
-void returnLargeBlocks() {
 #ifdef __GLIBC__
+namespace {
+
+constexpr int KiB = 1 << 10;
+constexpr int MiB = 1 << 20;
+constexpr int launchHeap = 64 * MiB;
+
+/// The part of the heap that is filled by huge pages.
+struct HugePart {
+  char* begin = nullptr;
+  size_t size = 0;
+};
+HugePart huge;
+
+/// Takes at once what the first frame needs, and has the system fill it by huge pages where it has
+/// them: the faults of 10,000 small ones are a fifth of the time until that frame.
+HugePart growForLaunch() {
+  auto* const begin = static_cast<char*>(sbrk(0));
+  mallopt(M_TOP_PAD, launchHeap);
+  // Volatile, or the compiler leaves both calls out.
+  void* volatile const more = std::malloc(512 * KiB);
+  std::free(more);
+  mallopt(M_TOP_PAD, 128 * KiB);
+  const HugePart part{begin, static_cast<size_t>(static_cast<char*>(sbrk(0)) - begin)};
+  madvise(part.begin, part.size, MADV_HUGEPAGE);
+  return part;
+}
+
+}  // namespace
+#endif
+
+void prepareHeap() {
+#ifdef __GLIBC__
+  // The heap of a thread grows by a page at a time, with a system call for each that interrupts the
+  // other threads.
+  mallopt(M_ARENA_MAX, 1);
   // Answers and copies lie above it; pictures that play are taken from pools.
-  mallopt(M_MMAP_THRESHOLD, 1 << 20);
+  mallopt(M_MMAP_THRESHOLD, MiB);
+  mallopt(M_TRIM_THRESHOLD, 2 * launchHeap);
+  huge = growForLaunch();
 #endif
 }
 
 void returnFreeMemory() {
 #ifdef __GLIBC__
   malloc_trim(0);
+  // Or the system would make huge pages again of what is left between the gaps.
+  madvise(huge.begin, huge.size, MADV_NOHUGEPAGE);
 #endif
 }
 

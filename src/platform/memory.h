@@ -2,11 +2,12 @@
 
 namespace vantor {
 
-// A library passes through blocks of many megabytes, which the C library would keep for later ones:
-// 150 MB after the largest account. Nothing happens where it is not glibc.
+// Nothing happens where the C library is not glibc.
 
-/// Has large blocks go back to the system when they are freed. Before there are other threads.
-void returnLargeBlocks();
+/// Has all threads share a heap, and large blocks go back to the system when they are freed: a
+/// library passes through blocks of many megabytes, which would be kept for later ones, 150 MB after
+/// the largest account. Before there are other threads.
+void prepareHeap();
 
 /// Gives back what small blocks left. Takes milliseconds; any thread.
 void returnFreeMemory();
