@@ -58,6 +58,18 @@ ListView {
     onLastRowChanged: reportRows()
     onCurrentRowChanged: centerCurrent()
 
+    // One for all rows.
+    Item {
+        parent: list.contentItem
+        y: list.originY + list.currentRow * (list.rowHeight + list.spacing)
+        width: list.width - list.leftMargin - list.rightMargin
+        height: list.rowHeight
+
+        FocusRing {
+            shown: list.focused && list.currentRow >= 0
+        }
+    }
+
     delegate: GuideRow {
         width: list.width - list.leftMargin - list.rightMargin
         height: list.rowHeight

@@ -48,10 +48,6 @@ Item {
     ListView.onPooled: picture.active = false
     ListView.onReused: picture.active = true
 
-    FocusRing {
-        shown: row.highlighted
-    }
-
     Rectangle {
         id: channel
         anchors.left: parent.left
@@ -84,7 +80,6 @@ Item {
             store: row.artworkStore
             source: row.artwork
             symbol: row.kindSymbol
-            name: row.name
         }
 
         Text {

@@ -58,6 +58,7 @@ ColumnLayout {
         Icon {
             symbol: "speaker.wave.2"
             size: 18
+            Layout.preferredWidth: size
         }
 
         ThinSlider {

@@ -105,7 +105,7 @@ Item {
         Component {
             id: picture
 
-            ProviderArtwork {
+            PosterArtwork {
                 width: 138
                 height: 204
                 visible: hero.view.hasHero

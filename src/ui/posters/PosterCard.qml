@@ -42,7 +42,7 @@ Item {
         anchors.fill: parent
         anchors.margins: card.border
 
-        ProviderArtwork {
+        PosterArtwork {
             anchors.top: parent.top
             anchors.bottom: strip.top
             width: parent.width
@@ -56,8 +56,8 @@ Item {
         Rectangle {
             anchors.top: parent.top
             anchors.right: parent.right
-            width: badge.implicitWidth + 2 * 8
-            height: badge.implicitHeight + 2 * 8
+            width: badge.width + 2 * 8
+            height: badge.height + 2 * 8
             visible: card.isFavorite
             color: Style.faded(Style.canvas, 0.8)
 

@@ -28,13 +28,14 @@ Rectangle {
         window: sidebar.window
     }
 
-    Image {
+    // Not an Image, for which Qt loads whatever can read a format of pictures before the first frame.
+    StillImage {
         id: brand
         anchors.horizontalCenter: parent.horizontalCenter
         y: 24
         width: 160
         height: 90
-        source: "qrc:/qt/qml/Vantor/Ui/brand.png"
+        image: Style.brand(Style.zoom * Screen.devicePixelRatio)
     }
 
     StyledText {

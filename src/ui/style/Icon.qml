@@ -1,26 +1,19 @@
 import QtQuick
 import Vantor.Style
 
-// A symbol of the icon font. All are drawn from one size of it: for each size of a font the system's
-// fonts are searched, once on each of two threads.
-Item {
-    id: icon
-
+// A symbol of the icon font, around its middle. All are drawn from one size of it: for each size of a
+// font the system's fonts are searched, once on each of two threads.
+Text {
     required property string symbol
     property int size: 16
-    property color color: Style.focusWhite
 
-    implicitWidth: size
-    implicitHeight: size
+    width: size
+    height: size
+    scale: size / font.pixelSize
+    text: Style.glyph(symbol)
+    font: Style.iconFont()
+    color: Style.focusWhite
+    horizontalAlignment: Text.AlignHCenter
+    verticalAlignment: Text.AlignVCenter
     Accessible.ignored: true
-
-    Text {
-        anchors.centerIn: parent
-        anchors.alignWhenCentered: false
-        scale: icon.size / font.pixelSize
-        text: Style.glyph(icon.symbol)
-        font: Style.iconFont()
-        color: icon.color
-        Accessible.ignored: true
-    }
 }

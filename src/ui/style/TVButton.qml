@@ -45,7 +45,7 @@ T.AbstractButton {
 
     contentItem: Item {
         implicitWidth: icon.width + label.spacingBefore + label.implicitWidth
-        implicitHeight: Math.max(label.implicitHeight, icon.visible ? icon.implicitHeight : 0)
+        implicitHeight: Math.max(label.implicitHeight, icon.visible ? icon.size : 0)
 
         Icon {
             id: icon

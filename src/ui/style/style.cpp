@@ -1,6 +1,7 @@
 #include "ui/style/style.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "ui/style/symbols.h"
 
@@ -52,6 +53,11 @@ QFont Style::iconFont() {
   font.setStyleStrategy(QFont::NoFontMerging);
   font.setPixelSize(20);
   return font;
+}
+
+QImage Style::brand(double pixelRatio) {
+  const int zoom = std::clamp(static_cast<int>(std::ceil(pixelRatio)), 1, 3);
+  return QImage(u":/vantor/style/brand%1.png"_s.arg(zoom));
 }
 
 QString Style::glyph(const QString& symbol) {

@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QFont>
+#include <QImage>
 #include <QObject>
 
 namespace vantor {
@@ -77,6 +78,8 @@ class Style : public QObject {
   /// For the name of a title that has the room.
   Q_INVOKABLE static QFont serifFont(int size);
   Q_INVOKABLE static QFont iconFont();
+  /// The logo, 160 x 90, for a screen with that many pixels in a logical one.
+  Q_INVOKABLE static QImage brand(double pixelRatio);
   Q_INVOKABLE static QString glyph(const QString& symbol);
   Q_INVOKABLE static QColor faded(const QColor& color, double opacity);
 
