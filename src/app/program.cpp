@@ -11,6 +11,7 @@
 #include "app/quit_limit.h"
 #include "app/writing_systems.h"
 #include "desktop/application_object.h"
+#include "platform/memory.h"
 #include "playback/playback.h"
 #include "ui/style/style.h"
 
@@ -66,6 +67,12 @@ Program::Program(const LaunchArguments& launch)
   connect(&signals_, &TerminationSignals::received, this, &Program::quit);
   connect(views_.commands(), &Commands::quitRequested, this, &Program::quit);
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &Program::quit);
+  // When what has been loaded is on the screen: whoever wants memory meanwhile would have to wait.
+  memoryReturn_.setSingleShot(true);
+  memoryReturn_.setInterval(1s);
+  connect(&model_.libraries(), &Libraries::loadingChanged, &memoryReturn_,
+          qOverload<>(&QTimer::start));
+  connect(&memoryReturn_, &QTimer::timeout, this, [this] { worker_.post(returnFreeMemory); });
   connect(&delegate_, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
 }
 

@@ -3,6 +3,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QTimer>
 #include <memory>
 
 #include "app/app_delegate.h"
@@ -107,6 +108,7 @@ class Program final : public QObject {
   QQmlComponent component_{&qml_};
   std::unique_ptr<QQuickWindow> window_;
   std::unique_ptr<WindowPlace> windowPlace_;
+  QTimer memoryReturn_;
   bool windowShown_ = false;
   bool quitting_ = false;
 };

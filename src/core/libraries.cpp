@@ -1,6 +1,5 @@
 #include "core/libraries.h"
 
-#include "platform/memory.h"
 #include "platform/trace.h"
 #include "provider/error_wording.h"
 #include "provider/provider_client.h"
@@ -84,7 +83,6 @@ void Libraries::ended(LibraryKind kind) {
   progress_.change([kind](auto& progress) { progress.erase(kind); });
   loading_.change([kind](auto& loading) { loading.erase(kind); });
   tasks_.erase(kind);
-  services_.worker.post(returnFreeMemory);
 }
 
 void Libraries::failed(LibraryKind kind, std::exception_ptr failure) {
