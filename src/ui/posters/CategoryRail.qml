@@ -84,8 +84,6 @@ Rectangle {
         }
 
         delegate: TVButton {
-            id: button
-
             required property int index
             required property string categoryID
             required property string name
@@ -98,18 +96,15 @@ Rectangle {
             textAlignment: Text.AlignLeft
             focusPolicy: Qt.NoFocus
             selected: rail.categories.current === categoryID
+            ringed: list.activeFocus && list.keyRow === index
             Accessible.description: Assistive.placeOfChoice(index, list.count, selected)
             Accessible.selectable: true
             Accessible.selected: selected
             Accessible.focusable: true
-            Accessible.focused: list.activeFocus && list.keyRow === index
+            Accessible.focused: ringed
             onClicked: {
                 list.moveTo(index);
                 rail.categories.choose(index);
-            }
-
-            FocusRing {
-                shown: list.activeFocus && list.keyRow === button.index
             }
         }
     }

@@ -53,20 +53,24 @@ Item {
             name: card.name
         }
 
-        Rectangle {
+        OnDemand {
             anchors.top: parent.top
             anchors.right: parent.right
-            width: badge.width + 2 * 8
-            height: badge.height + 2 * 8
-            visible: card.isFavorite
-            color: Style.faded(Style.canvas, 0.8)
+            visible: wanted
+            wanted: card.isFavorite
 
-            Icon {
-                id: badge
-                anchors.centerIn: parent
-                symbol: "bookmark.fill"
-                size: 16
-                color: Style.mint
+            sourceComponent: Rectangle {
+                implicitWidth: badge.width + 2 * 8
+                implicitHeight: badge.height + 2 * 8
+                color: Style.faded(Style.canvas, 0.8)
+
+                Icon {
+                    id: badge
+                    anchors.centerIn: parent
+                    symbol: "bookmark.fill"
+                    size: 16
+                    color: Style.mint
+                }
             }
         }
 

@@ -16,8 +16,10 @@ FocusScope {
     readonly property int rowGap: 20
 
     function openMenu(row: int, place: Item, x: real, y: real) {
-        if (row >= 0)
-            menu.openAt(row, place, x, y);
+        if (row < 0)
+            return;
+        menu.active = true;
+        (menu.item as EntryMenu).openAt(row, place, x, y);
     }
 
     function openMenuByKey() {
@@ -153,22 +155,24 @@ FocusScope {
         elide: Text.ElideRight
     }
 
-    EntryMenu {
-        id: menu
+    // Its row is another entry's afterwards.
+    Connections {
+        target: area.items
 
-        narrowest: begun ? 250 : 220
-        shell: area.shell
-        playText: qsTr("Play")
-
-        // Its row is another entry's afterwards.
-        Connections {
-            target: area.items
-
-            function onModelReset() {
-                menu.close();
-            }
+        function onModelReset() {
+            menu.active = false;
         }
+    }
 
-        onClosed: Keyboard.give(grid)
+    Loader {
+        id: menu
+        active: false
+
+        sourceComponent: EntryMenu {
+            narrowest: begun ? 250 : 220
+            shell: area.shell
+            playText: qsTr("Play")
+            onClosed: Keyboard.give(grid)
+        }
     }
 }

@@ -69,11 +69,15 @@ Browsable {
             }
         }
 
-        EmptyStateCard {
+        OnDemand {
             anchors.centerIn: grid
-            visible: screen.views.posters.content === PosterView.Empty
-            emptyState: screen.views.emptyState
-            onConnectChosen: screen.views.shell.connectProvider()
+            visible: wanted
+            wanted: screen.views.posters.content === PosterView.Empty
+
+            sourceComponent: EmptyStateCard {
+                emptyState: screen.views.emptyState
+                onConnectChosen: screen.views.shell.connectProvider()
+            }
         }
 
         Loader {

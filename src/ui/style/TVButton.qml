@@ -6,6 +6,8 @@ T.AbstractButton {
     id: button
 
     property bool selected: false
+    // Whether the keys are shown to be here.
+    property bool ringed: visualFocus
     property string symbol: ""
     property int textAlignment: Text.AlignHCenter
     // Whether the text gets smaller where there is no room for it.
@@ -39,7 +41,7 @@ T.AbstractButton {
         color: button.highlighted ? Style.focusWhite : button.plainColor
 
         FocusRing {
-            shown: button.visualFocus
+            shown: button.ringed
         }
     }
 
