@@ -125,27 +125,39 @@ std::string mutatedJSON(std::string text, std::size_t limit, std::mt19937& rando
   const std::string value = text.substr(span.begin, span.size());
   const bool isText = value.size() > 2 && value.front() == '"' && value.back() == '"';
   const auto one = [&](const auto& words) { return std::string(words[below(words.size())]); };
-  const std::string word = below(4) == 0 ? one(values) : isText ? one(texts) : one(members);
-  // A few times, or as often as there is room for.
   const std::size_t room = limit > text.size() ? limit - text.size() : 0;
-  const std::size_t most = room / (isText ? value.size() - 2 : value.size() + 1);
-  const std::size_t times = below(8) == 0 ? most : std::min(most, std::size_t{1} << below(10));
+  // A few times, or as often as there is room for.
+  const auto timesOf = [&](std::size_t size) {
+    const std::size_t most = room / size;
+    return below(4) == 0 ? most : std::min(most, std::size_t{1} << below(10));
+  };
+  const auto stretched = [&](const std::string& quoted) {
+    if (quoted.size() <= 2) return quoted;
+    const std::size_t times = timesOf(quoted.size() - 2);
+    std::string longer = "\"";
+    for (std::size_t i = 0; i < times; ++i) longer.append(quoted, 1, quoted.size() - 2);
+    return longer + '"';
+  };
+  const auto word = [&] {
+    if (below(4) == 0) return one(values);
+    if (!isText) return one(members);
+    return below(2) == 0 ? one(texts) : stretched(one(texts));
+  };
   std::string changed;
   switch (below(5)) {
     case 0:
-      changed = word;
+      changed = word();
       break;
     case 1:
-      changed = value + ',' + word;
+      changed = value + ',' + word();
       break;
     case 2:
     case 3:
       if (isText) {
-        changed = "\"";
-        for (std::size_t i = 0; i < times; ++i) changed.append(value, 1, value.size() - 2);
-        changed += '"';
+        changed = stretched(value);
       } else {
-        for (std::size_t i = 0; i < times; ++i) changed += value + ',';
+        for (std::size_t times = timesOf(value.size() + 1); times > 0; --times)
+          changed += value + ',';
         changed += value;
       }
       break;
