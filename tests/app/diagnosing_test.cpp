@@ -34,7 +34,7 @@ class DiagnosingTest : public ProgramFixture {
   void crash() {
     ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
     ASSERT_TRUE(program.waitForFinished(20'000));
-    EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
+    EXPECT_NE(program.exitCode(), 0);
   }
   static void expectParts(const QByteArray& text, std::initializer_list<const char*> parts) {
     for (const char* part : parts)
@@ -57,6 +57,7 @@ TEST_F(DiagnosingTest, ACrashLeavesAReportThatTheNextStartTells) {
   EXPECT_TRUE(
       eventually([&] { return readFile(notes.filePath(u"log"_s)).contains("vantor.provider"); }));
   crash();
+  EXPECT_EQ(program.exitStatus(), QProcess::CrashExit);
   ASSERT_EQ(reports("new").size(), 1);
   const QByteArray report = readFile(notes.filePath(reports("new").front()));
   expectParts(report, {"SIGSEGV", "program: ", "libVLC: 3", "libQt6Core.so.6", " vantor+0x"});
