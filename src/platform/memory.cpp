@@ -13,9 +13,9 @@ namespace vantor {
 #ifdef __GLIBC__
 namespace {
 
-constexpr int KiB = 1 << 10;
-constexpr int MiB = 1 << 20;
-constexpr int launchHeap = 64 * MiB;
+constexpr int kibibyte = 1 << 10;
+constexpr int mebibyte = 1 << 20;
+constexpr int launchHeap = 64 * mebibyte;
 
 /// The part of the heap that is filled by huge pages.
 struct HugePart {
@@ -30,9 +30,9 @@ HugePart growForLaunch() {
   auto* const begin = static_cast<char*>(sbrk(0));
   mallopt(M_TOP_PAD, launchHeap);
   // Volatile, or the compiler leaves both calls out.
-  void* volatile const more = std::malloc(512 * KiB);
+  void* volatile const more = std::malloc(512 * kibibyte);
   std::free(more);
-  mallopt(M_TOP_PAD, 128 * KiB);
+  mallopt(M_TOP_PAD, 128 * kibibyte);
   const HugePart part{begin, static_cast<size_t>(static_cast<char*>(sbrk(0)) - begin)};
   madvise(part.begin, part.size, MADV_HUGEPAGE);
   return part;
@@ -47,7 +47,7 @@ void prepareHeap() {
   // other threads.
   mallopt(M_ARENA_MAX, 1);
   // Answers and copies lie above it; pictures that play are taken from pools.
-  mallopt(M_MMAP_THRESHOLD, MiB);
+  mallopt(M_MMAP_THRESHOLD, mebibyte);
   mallopt(M_TRIM_THRESHOLD, 2 * launchHeap);
   huge = growForLaunch();
 #endif
