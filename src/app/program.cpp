@@ -69,9 +69,12 @@ Program::Program(const LaunchArguments& launch)
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &Program::quit);
   // When what has been loaded is on the screen: whoever wants memory meanwhile would have to wait.
   memoryReturn_.setSingleShot(true);
-  memoryReturn_.setInterval(1s);
-  connect(&model_.libraries(), &Libraries::loadingChanged, &memoryReturn_,
-          qOverload<>(&QTimer::start));
+  connect(&model_.libraries(), &Libraries::loadingChanged, this, [this] {
+    if (model_.libraries().loading().empty())
+      memoryReturn_.start(1s);
+    else
+      memoryReturn_.stop();
+  });
   connect(&memoryReturn_, &QTimer::timeout, this, [this] { worker_.post(returnFreeMemory); });
   connect(&delegate_, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
 }

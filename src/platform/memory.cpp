@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <span>
 #endif
 
 namespace vantor {
@@ -17,25 +18,20 @@ constexpr int kibibyte = 1 << 10;
 constexpr int mebibyte = 1 << 20;
 constexpr int launchHeap = 64 * mebibyte;
 
-/// The part of the heap that is filled by huge pages.
-struct HugePart {
-  char* begin = nullptr;
-  size_t size = 0;
-};
-HugePart huge;
+std::span<char> hugePart;  // of the heap, filled by huge pages
 
 /// Takes at once what the first frame needs, and has the system fill it by huge pages where it has
 /// them: the faults of 10,000 small ones are a fifth of the time until that frame.
-HugePart growForLaunch() {
+std::span<char> growForLaunch() {
   auto* const begin = static_cast<char*>(sbrk(0));
   mallopt(M_TOP_PAD, launchHeap);
   // Volatile, or the compiler leaves both calls out.
   void* volatile const more = std::malloc(512 * kibibyte);
   std::free(more);
   mallopt(M_TOP_PAD, 128 * kibibyte);
-  const HugePart part{begin, static_cast<size_t>(static_cast<char*>(sbrk(0)) - begin)};
-  madvise(part.begin, part.size, MADV_HUGEPAGE);
-  return part;
+  const std::span grown(begin, static_cast<char*>(sbrk(0)));
+  madvise(grown.data(), grown.size(), MADV_HUGEPAGE);
+  return grown;
 }
 
 }  // namespace
@@ -48,8 +44,9 @@ void prepareHeap() {
   mallopt(M_ARENA_MAX, 1);
   // Answers and copies lie above it; pictures that play are taken from pools.
   mallopt(M_MMAP_THRESHOLD, mebibyte);
+  // Or whoever frees something would give back what the launch has not used yet.
   mallopt(M_TRIM_THRESHOLD, 2 * launchHeap);
-  huge = growForLaunch();
+  hugePart = growForLaunch();
 #endif
 }
 
@@ -57,7 +54,7 @@ void returnFreeMemory() {
 #ifdef __GLIBC__
   malloc_trim(0);
   // Or the system would make huge pages again of what is left between the gaps.
-  madvise(huge.begin, huge.size, MADV_NOHUGEPAGE);
+  madvise(hugePart.data(), hugePart.size(), MADV_NOHUGEPAGE);
 #endif
 }
 
