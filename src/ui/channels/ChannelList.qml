@@ -14,11 +14,14 @@ ListView {
     // Whether the keys go to it.
     required property bool focused
     readonly property int rowHeight: 44
+    readonly property real rowWidth: width - leftMargin - rightMargin
+    // From one row to the next.
+    readonly property real pitch: rowHeight + spacing
     // Where its lines begin and end.
     readonly property int startMargin: 4
     readonly property int endMargin: 10
-    readonly property int firstRow: Math.floor((contentY - originY) / (rowHeight + spacing))
-    readonly property int lastRow: Math.floor((contentY + height - originY) / (rowHeight + spacing))
+    readonly property int firstRow: Math.floor((contentY - originY) / pitch)
+    readonly property int lastRow: Math.floor((contentY + height - originY) / pitch)
 
     // The rows on screen, both included.
     signal rowsShown(first: int, last: int)
@@ -61,8 +64,8 @@ ListView {
     // One for all rows.
     Item {
         parent: list.contentItem
-        y: list.originY + list.currentRow * (list.rowHeight + list.spacing)
-        width: list.width - list.leftMargin - list.rightMargin
+        y: list.originY + list.currentRow * list.pitch
+        width: list.rowWidth
         height: list.rowHeight
 
         FocusRing {
@@ -71,7 +74,7 @@ ListView {
     }
 
     delegate: GuideRow {
-        width: list.width - list.leftMargin - list.rightMargin
+        width: list.rowWidth
         height: list.rowHeight
         focused: list.focused
         count: list.count

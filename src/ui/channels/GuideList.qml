@@ -22,7 +22,7 @@ ChannelList {
     HighlightKeys {
         id: keys
         shell: list.shell
-        rowsInView: Math.floor(list.height / (list.rowHeight + list.spacing))
+        rowsInView: Math.floor(list.height / list.pitch)
         onMenuRequested: list.openSelectionMenu()
     }
 
@@ -33,8 +33,7 @@ ChannelList {
     }
 
     function openMenu(row: GuideRow, x: real, y: real) {
-        menu.active = true;
-        const opened = menu.item as EntryMenu;
+        const opened = menu.made() as EntryMenu;
         opened.favoriteSymbol = row.bookmarkSymbol;
         opened.openAt(row.index, row, x, y);
     }
@@ -45,7 +44,6 @@ ChannelList {
         target: list.items
 
         function onModelReset() {
-            menu.active = false;
             list.centerCurrent();
         }
     }
@@ -71,9 +69,9 @@ ChannelList {
         }
     }
 
-    Loader {
+    EntryMenuLoader {
         id: menu
-        active: false
+        items: list.items
 
         sourceComponent: EntryMenu {
             narrowest: 250

@@ -7,9 +7,13 @@ Loader {
 
     active: false
 
-    function toggle() {
+    function made(): Menu {
         active = true;
-        if (menu.visible)
+        return menu;
+    }
+
+    function toggle() {
+        if (made().visible)
             menu.close();
         else
             menu.open();

@@ -16,10 +16,8 @@ FocusScope {
     readonly property int rowGap: 20
 
     function openMenu(row: int, place: Item, x: real, y: real) {
-        if (row < 0)
-            return;
-        menu.active = true;
-        (menu.item as EntryMenu).openAt(row, place, x, y);
+        if (row >= 0)
+            (menu.made() as EntryMenu).openAt(row, place, x, y);
     }
 
     function openMenuByKey() {
@@ -155,18 +153,9 @@ FocusScope {
         elide: Text.ElideRight
     }
 
-    // Its row is another entry's afterwards.
-    Connections {
-        target: area.items
-
-        function onModelReset() {
-            menu.active = false;
-        }
-    }
-
-    Loader {
+    EntryMenuLoader {
         id: menu
-        active: false
+        items: area.items
 
         sourceComponent: EntryMenu {
             narrowest: begun ? 250 : 220
