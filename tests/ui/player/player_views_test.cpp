@@ -24,11 +24,10 @@ class PlayerViewsTest : public PlaybackFixture {
   PlayerPane pane{playback, keeper};
   TransportControls controls{playback};
 
-  void advance(const EngineStatus& status) {
-    engine.now = status;
+  void showMovie() {
+    engine.now = filmAt(30'000, 90'000);
     clock.advance(250ms);
   }
-  static EngineStatus movie() { return filmAt(30'000, 90'000); }
 };
 
 TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
@@ -39,7 +38,7 @@ TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
   EXPECT_TRUE(pane.loading() && pane.surfaceVisible() && !pane.idle());
   EXPECT_EQ(pane.openingText(), u"Opening Channel 1"_s);
   EXPECT_EQ(pane.playPauseSymbol(), u"pause.fill"_s);
-  advance(movie());
+  showMovie();
   EXPECT_FALSE(pane.loading());
   pane.togglePause();
   EXPECT_EQ(pane.playPauseSymbol(), u"play.fill"_s);
@@ -65,13 +64,13 @@ TEST_F(PlayerViewsTest, ThePaneFollowsTheController) {
 
 TEST_F(PlayerViewsTest, ADragMovesPlaybackOnceAtItsEnd) {
   open(channel(u"1"_s));
-  advance(movie());
+  showMovie();
   EXPECT_EQ(controls.positionText() + u" of "_s + controls.durationText(), u"0:30 of 1:30"_s);
   EXPECT_EQ(controls.sliderEnd(), 90);
   engine.calls.clear();
   controls.beginSeek();
   controls.dragTo(60);
-  advance(movie());
+  showMovie();
   EXPECT_EQ(controls.positionText(), u"1:00"_s) << "follows the drag, not playback";
   controls.dragTo(45);
   controls.endSeek();
@@ -94,7 +93,7 @@ TEST_F(PlayerViewsTest, TheChoicesFollowWhatIsInForce) {
   EXPECT_FALSE(controls.audioEnabled());
   EXPECT_EQ(controls.subtitles().first().toMap()[u"name"_s], u"Off"_s);
   open(channel(u"1"_s));
-  advance(movie());
+  showMovie();
   engine.now.audioTracks = {{1, u"English"_s}, {2, u"Deutsch"_s}};
   engine.now.subtitleTracks = {{5, u"English"_s}};
   engine.devices.present = {{u"tv"_s, u"TV"_s}, {u"bar"_s, u"Bar"_s}};
