@@ -10,12 +10,11 @@
 
 #include "window_fixture.h"
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using namespace test;
 
 QList<QPointer<QObject>>* heard = nullptr;
 
@@ -82,9 +81,7 @@ TEST_F(AssistiveTest, EachMoveIsToldOnceWithItsPlaceAndWhetherItIsChosen) {
   transport.always(u"get_series_info"_s,
                    R"({"episodes":{"1":[{"id":"1","title":"A"},{"id":"2","title":"B"}]}})");
   open();
-  connectAccount(account);
-  acceptSignIn();
-  ASSERT_TRUE(eventually([&] { return app->browsing().items().size() == 6; }));
+  signInToLibraries();
   const auto stay = [] {};
   const struct {
     const char* what;
@@ -154,4 +151,4 @@ TEST_F(AssistiveTest, AMessageThatComesIsToldOnceAndWheneverItChanges) {
 }
 
 }  // namespace
-}  // namespace vantor
+}  // namespace vantor::test

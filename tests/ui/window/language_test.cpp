@@ -10,11 +10,6 @@
 namespace vantor::test {
 namespace {
 
-QByteArray named(QByteArray rows) {
-  // Names without a letter, since these are not the program's.
-  return rows.replace("Title ", "# ");
-}
-
 class LanguageTest : public WindowTest {
  protected:
   void begin(const QString& name, const QStringList& arguments = {}) {
@@ -23,14 +18,11 @@ class LanguageTest : public WindowTest {
     transport.always(guideRequest, guide({{"#", -15min, 15min}, {"#", 15min, 45min}}));
     transport.always(episodesRequest, R"({"episodes":{"1":[{"id":"1","title":"1"},
         {"id":"2","title":"2"}],"2":[{"id":"3","title":"3"}]}})");
+    // Names without a letter, since these are not the program's.
     for (const LibraryKind kind : allLibraryKinds)
-      always(kind, named(rows(kind, 1, 30)), R"([{"category_id":"1","category_name":"#"}])");
+      always(kind, rows(kind, 1, 30).replace("Title ", "# "),
+             R"([{"category_id":"1","category_name":"#"}])");
     open(arguments);
-  }
-  void signInAgainst() {
-    connectAccount(account);
-    acceptSignIn();
-    ASSERT_TRUE(idle());
   }
   void look(const char* state) {
     SCOPED_TRACE(state);
@@ -56,7 +48,7 @@ class LanguageTest : public WindowTest {
   std::optional<screens::TestLanguage> language;
 };
 
-TEST_F(LanguageTest, OfTheScreens) {
+TEST_F(LanguageTest, OfTheScreensAndTheSettings) {
   begin(u"pseudo"_s);
   look("without an account");
   app->setShowingConnect(true);
@@ -68,7 +60,7 @@ TEST_F(LanguageTest, OfTheScreens) {
   ASSERT_TRUE(eventually([&] { return transport.fail(QString(), HTTPFailure(500)); }));
   look("a sign-in that failed");
   views->connectView()->close();
-  signInAgainst();
+  signInToLibraries();
   look("the channels");
   press(Qt::Key_F10);
   look("every command");
@@ -86,11 +78,7 @@ TEST_F(LanguageTest, OfTheScreens) {
   }
   views->shell()->openRow(0);
   look("the episodes of a show");
-}
 
-TEST_F(LanguageTest, OfTheSettings) {
-  begin(u"pseudo"_s);
-  signInAgainst();
   app->setShowingSettings(true);
   SettingsView& settings = *views->settingsView();
   look("the settings");
@@ -109,7 +97,7 @@ TEST_F(LanguageTest, OfTheSettings) {
 
 TEST_F(LanguageTest, OfThePlayer) {
   begin(u"pseudo"_s);
-  signInAgainst();
+  signInToLibraries();
   app->play(item(0));
   look("a channel that is opened");
   engine.now = {.state = EngineState::error, .hasMedia = true};
@@ -164,7 +152,7 @@ TEST_F(LanguageTest, OfTheSampleLibrary) {
 
 TEST_F(LanguageTest, FromRightToLeftEverythingIsOnTheOtherSide) {
   begin(u"ar"_s);
-  signInAgainst();
+  signInToLibraries();
   const auto middle = [&](const QString& text) {
     return double(middleOf(appears("text", text)).x()) / window->width();
   };

@@ -110,6 +110,12 @@ class WindowTest : public ViewsTest {
     EXPECT_FALSE(app->playback().itemID() && selectedID().isEmpty()) << after;
   }
 
+  /// Signs in to libraries that are answered at once.
+  void signInToLibraries() {
+    connectAccount(account);
+    acceptSignIn();
+    ASSERT_TRUE(idle());
+  }
   void show(Section section) {
     app->navigate(section);
     ASSERT_TRUE(idle());

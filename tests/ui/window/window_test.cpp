@@ -39,9 +39,7 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
     provide(LibraryKind::shows, movies / 2);
     for (const Section from : allSections) {
       go(from);
-      connectAccount(account);
-      acceptSignIn();
-      ASSERT_TRUE(idle());
+      signInToLibraries();
     }
     walk();
     ASSERT_TRUE(idle());
