@@ -5,8 +5,6 @@
 namespace vantor::test {
 namespace {
 
-using Direction = TVShell::Direction;
-
 class TVShellTest : public ViewsTest {
  protected:
   void opened() override {
@@ -68,36 +66,21 @@ TEST_F(TVShellTest, TheStatusLineTellsOfALoad) {
   EXPECT_EQ(status->progress(), QString());
 }
 
-TEST_F(TVShellTest, EscStepsBackOneThingAtATime) {
-  open({u"--demo"_s});
-  app->navigate(Section::shows);
-  app->browsing().setShowingEpisodes(true);
-  app->playback().setExpanded(true);
-  for (const auto& [episodes, section] :
-       {std::pair(true, Section::shows), {false, Section::shows}, {false, Section::live}}) {
-    shell->escape();
-    EXPECT_FALSE(shell->expanded());
-    EXPECT_EQ(app->browsing().showingEpisodes(), episodes);
-    EXPECT_EQ(app->browsing().section(), section);
-  }
-}
-
 TEST_F(TVShellTest, ArrowKeysMoveTheHighlightWithinTheEntries) {
   open(0, 6);
   app->navigate(Section::movies);
   ASSERT_TRUE(idle());
+  using enum TVShell::Direction;
   // Nothing is selected at first, which counts as the first.
-  const std::tuple<Direction, int, int> cases[] = {
-      {Direction::Left, 1, 1},  {Direction::Down, 1, 2}, {Direction::Down, 4, 6},
-      {Direction::Right, 4, 6}, {Direction::Down, 4, 6}, {Direction::Up, 4, 2},
-      {Direction::Up, 4, 1},    {Direction::Left, 4, 1}, {Direction::Right, 4, 2},
-  };
+  const std::tuple<TVShell::Direction, int, int> cases[] = {
+      {Left, 1, 1}, {Down, 1, 2}, {Down, 4, 6}, {Right, 4, 6}, {Down, 4, 6},
+      {Up, 4, 2},   {Up, 4, 1},   {Left, 4, 1}, {Right, 4, 2}};
   for (const auto& [direction, columns, expected] : cases) {
     shell->moveSelection(direction, columns);
     EXPECT_EQ(selectedID(), u"movies:%1"_s.arg(expected));
   }
   shell->setSearch(u"nothing like it"_s);
-  shell->moveSelection(Direction::Down, 1);
+  shell->moveSelection(Down, 1);
   EXPECT_EQ(selectedID(), u"movies:2"_s) << "an empty list has nothing to move to";
 }
 

@@ -208,7 +208,7 @@ TEST_F(WindowTest, SettingsAreWalkedWithArrowsReturnAndEsc) {
   EXPECT_FALSE(app->showingSettings());
 }
 
-TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
+TEST_F(WindowTest, EscLeadsFromThePlayerToTheEpisodesWhereTheyWereAndToTheChannels) {
   open(2, 0, 2);
   show(Section::shows);
   press(Qt::Key_Return);
@@ -220,6 +220,7 @@ TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   QTest::qWait(0);
   press(Qt::Key_Escape);
   ASSERT_FALSE(app->playback().expanded());
+  EXPECT_TRUE(app->browsing().showingEpisodes());
   // The list gives the focus on to its row.
   const auto place = [&] {
     const QQuickItem* row = window->activeFocusItem();
@@ -228,6 +229,11 @@ TEST_F(WindowTest, TheEpisodesKeepTheirPlaceWhileThePlayerFillsTheWindow) {
   EXPECT_EQ(place(), 1);
   press(Qt::Key_Up);
   EXPECT_EQ(place(), 0);
+  for (const Section section : {Section::shows, Section::live}) {
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(app->browsing().showingEpisodes());
+    EXPECT_EQ(app->browsing().section(), section);
+  }
 }
 
 TEST_F(WindowTest, TheListTakesKeysFromTheStartAndDoubleClicks) {
