@@ -82,6 +82,36 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
   EXPECT_FALSE(app->playback().expanded());
 }
 
+TEST_F(FullScreenTest, TheExpandedPlayerHasItsPictureAndItsKeys) {
+  const auto covers = [&](bool expanded) {
+    return QTest::qWaitFor([&] {
+      const QQuickItem* area = overlay->area();
+      const double width = overlay->width();
+      return area && (expanded ? width > 2 * 355 : width == 355) &&
+             area->size() == overlay->size() && area->mapToScene({}) == overlay->mapToScene({});
+    });
+  };
+  EXPECT_TRUE(covers(false));
+  press(Qt::Key_Return);
+  app->playback().setExpanded(true);
+  EXPECT_TRUE(covers(true));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_TRUE(covers(false));
+  expectMoves("the expanded player");
+
+  showPicture();
+  app->playback().setExpanded(true);
+  engine.takeCalls();
+  press(Qt::Key_Space);
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
+  press(Qt::Key_Tab);
+  tabTo(u"Back to browsing"_s);
+  press(Qt::Key_Space);
+  EXPECT_FALSE(app->playback().expanded());
+  EXPECT_EQ(engine.takeCalls(), QStringList());
+}
+
 TEST_F(FullScreenTest, WhatNeedsTheWindowEndsThePictureAlone) {
   const std::function<void()> ends[] = {
       [&] { press(Qt::CTRL | Qt::Key_2); },

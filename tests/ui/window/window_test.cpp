@@ -2,7 +2,6 @@
 #include <QStyleHints>
 #include <QTest>
 
-#include "ui/player/persistent_video_overlay.h"
 #include "window_fixture.h"
 
 namespace vantor::test {
@@ -381,40 +380,6 @@ TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   press(Qt::Key_F10);
   click(find("keysText", u"Ctrl+3"_s));
   EXPECT_EQ(app->browsing().section(), Section::shows);
-}
-
-TEST_F(WindowTest, TheExpandedPlayerHasItsPictureAndItsKeys) {
-  open(1);
-  const auto* overlay = window->findChild<PersistentVideoOverlay*>();
-  ASSERT_TRUE(overlay);
-  const auto covers = [&](auto size) {
-    return QTest::qWaitFor([&] {
-      const QQuickItem* area = overlay->area();
-      return area && size(overlay->width()) && area->size() == overlay->size() &&
-             area->mapToScene({}) == overlay->mapToScene({});
-    });
-  };
-  const auto isSmall = [](double width) { return width == 355; };
-  EXPECT_TRUE(covers(isSmall));
-  press(Qt::Key_Return);
-  app->playback().setExpanded(true);
-  EXPECT_TRUE(covers([](double width) { return width > 2 * 355; }));
-  press(Qt::Key_Escape);
-  EXPECT_FALSE(app->playback().expanded());
-  EXPECT_TRUE(covers(isSmall));
-  press(Qt::Key_Down);
-  EXPECT_EQ(selectedID(), u"live:1"_s);
-
-  showPicture();
-  app->playback().setExpanded(true);
-  engine.takeCalls();
-  press(Qt::Key_Space);
-  EXPECT_EQ(engine.takeCalls(), QStringList{u"pause"_s});
-  press(Qt::Key_Tab);
-  tabTo(u"Back to browsing"_s);
-  press(Qt::Key_Space);
-  EXPECT_FALSE(app->playback().expanded());
-  EXPECT_THAT(engine.takeCalls(), ::testing::IsEmpty());
 }
 
 }  // namespace
