@@ -71,6 +71,10 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
       out();
       expectFull(false);
     }
+  press(Qt::Key_F);
+  expectFull(true);
+  window->showNormal();
+  expectFull(false);
   EXPECT_FALSE(app->playback().paused());
   expectMoves("full screen");
 
@@ -133,12 +137,6 @@ TEST_F(FullScreenTest, WhatNeedsTheWindowEndsThePictureAlone) {
     }
     EXPECT_FALSE(app->playback().source());
   }
-  play();
-  remote->setFullScreen(true);
-  EXPECT_TRUE(isFull());
-  window->showNormal();
-  EXPECT_FALSE(isFull());
-  EXPECT_FALSE(remote->pictureOnly());
 }
 
 TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
@@ -148,9 +146,7 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
   const std::function<void()> ends[] = {
       [&] { press(Qt::Key_P); },
       [&] { press(Qt::Key_Escape); },
-      [&] {
-        doubleClick({300, 200});
-      },
+      [&] { doubleClick(QPoint(300, 200)); },
       [&] { click(appears("help", u"Back to the window"_s)); },
       [&] { press(Qt::Key_F), expectFull(true), press(Qt::Key_F); },
   };
@@ -364,11 +360,6 @@ TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
 }
 
 TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
-  const auto load = [&](const QByteArray& entries, const QByteArray& categories) {
-    always(LibraryKind::live, entries, categories);
-    app->load(LibraryKind::live, LoadMode::refresh);
-    ASSERT_TRUE(idle());
-  };
   play();
   press(Qt::Key_Return);
   EXPECT_EQ(remote->chooser(), nullptr) << "the list has the keys";
@@ -397,11 +388,13 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
 
   // While it is open the library is another one.
   press(Qt::Key_Return);
-  load(R"([{"stream_id":3,"name":"Title 3","category_id":"a"},
-           {"stream_id":4,"name":"Title 4","category_id":"b"},
-           {"stream_id":5,"name":"Title 5","category_id":"b"}])",
-       R"([{"category_id":"a","category_name":"A"},{"category_id":"b","category_name":"B"},
-           {"category_id":"c","category_name":"C"}])");
+  app->load(LibraryKind::live, LoadMode::refresh);
+  answer(LibraryKind::live,
+         R"([{"stream_id":3,"name":"Title 3","category_id":"a"},
+             {"stream_id":4,"name":"Title 4","category_id":"b"},
+             {"stream_id":5,"name":"Title 5","category_id":"b"}])",
+         R"([{"category_id":"a","category_name":"A"},{"category_id":"b","category_name":"B"},
+             {"category_id":"c","category_name":"C"}])");
   EXPECT_EQ(remote->chooser()->currentRow(), 0);
   for (const QString& group : {u"A"_s, u"B"_s, u"C"_s, u"All channels"_s, u"A"_s}) {
     press(Qt::Key_Right);
@@ -420,7 +413,8 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
   EXPECT_EQ(app->browsing().category(), QString()) << "what is browsed stays";
 
   press(Qt::Key_Return);
-  load("[]", "[]");
+  app->load(LibraryKind::live, LoadMode::refresh);
+  answer(LibraryKind::live, "[]");
   press(Qt::Key_Down, Qt::Key_Return);
   EXPECT_EQ(title(), u"Title 4"_s);
   app->playback().stop();

@@ -87,10 +87,9 @@ TEST_F(WindowTest, OnlyMovementRepeats) {
 
 /// After each of these the arrows act on the entries.
 TEST_F(WindowTest, TheKeysGoWhereTheEyeIs) {
-  open();
+  open(20);
   always(LibraryKind::movies, rows(LibraryKind::movies, 1, 40),
          R"([{"category_id":"1","category_name":"One"}])");
-  signIn(rows(LibraryKind::live, 1, 20));
   QQuickItem* group = find("name", u"Group"_s);
   QQuickItem* search = find("objectName", u"library-search"_s);
   for (const auto& [key, after] :
@@ -338,8 +337,7 @@ TEST_F(WindowTest, SearchTakesTheFocusAndKeepsSpaceAndEscStepsBack) {
 TEST_F(WindowTest, WhatWasBegunComesAndGoesByKeys) {
   open(1);
   const auto begin = [&](int movie) {
-    app->play(entry(LibraryKind::movies, movie));
-    settle();
+    play(entry(LibraryKind::movies, movie));
     app->playback().onProgress(entry(LibraryKind::movies, movie).id, 100, 1000);
     QTest::qWait(0);
   };
