@@ -298,6 +298,7 @@ TEST_F(WindowTest, TheSignInSheetKeepsTheFocusAndGivesItBack) {
   open(3);
   const QQuickItem* before = window->activeFocusItem();
   const QQuickItem* shell = find("objectName", u"shell"_s);
+  ASSERT_TRUE(shell);
   press(Qt::CTRL | Qt::Key_K);
   ASSERT_TRUE(app->showingConnect());
   type(u"a b"_s);
