@@ -1,7 +1,4 @@
 // Subtitles, through to the pictures that are shown.
-#include <QFile>
-#include <QtEndian>
-
 #include "engine_fixture.h"
 #include "playback/still.h"
 
@@ -12,46 +9,30 @@ constexpr int seconds = 20;
 constexpr int width = 320;
 constexpr int height = 180;
 
-/// Big-endian bytes.
-template <class Integer>
-QByteArray be(Integer value) {
-  QByteArray bytes(sizeof value, Qt::Uninitialized);
-  qToBigEndian(value, bytes.data());
-  return bytes;
-}
-
 /// Words in every second.
 QByteArray texts() {
-  QByteArray file;
-  for (int second = 0; second < seconds; ++second) {
-    const QByteArray begin = QByteArray::number(second).rightJustified(2, '0');
-    file += QByteArray::number(second + 1) + "\n00:00:" + begin + ",000 --> 00:00:" + begin +
-            ",950\nWords\n\n";
-  }
-  return file;
+  QString file;
+  for (int second = 0; second < seconds; ++second)
+    file += u"%1\n00:00:%2,000 --> 00:00:%2,950\nWords\n\n"_s.arg(second + 1)
+                .arg(second, 2, 10, QChar(u'0'));
+  return file.toUtf8();
 }
 
 /// A white bar in every second, as the subtitles of a Blu-ray disc.
 QByteArray bitmaps() {
-  constexpr quint16 barWidth = 160;
-  constexpr quint16 barHeight = 20;
-  const QByteArray place = be(quint16{80}) + be(quint16{130});
-  const QByteArray line =
-      QByteArray::fromHex("00c0") + char(barWidth) + '\x01' + QByteArray(2, '\0');
-  const QByteArray bar = be(barWidth) + be(barHeight) + line.repeated(barHeight);
-  const QByteArray presentation = be(quint16{width}) + be(quint16{height}) +
-                                  QByteArray::fromHex("10 0000 80 00 00 01 0000 00 00") + place;
-  const QByteArray window = QByteArray::fromHex("01 00") + place + be(barWidth) + be(barHeight);
-  const QByteArray palette = QByteArray::fromHex("00 00 01 eb 80 80 ff");
-  const QByteArray object =
-      QByteArray::fromHex("0000 00 c0") + be(quint32(bar.size())).last(3) + bar;
-  const std::pair<quint8, QByteArray> segments[] = {
-      {0x16, presentation}, {0x17, window}, {0x14, palette}, {0x15, object}, {0x80, {}}};
+  const QByteArray line = "00 c0a0 01 0000";  // 160 pixels of the first colour
+  // Of each its type, the length of the rest, and that.
+  const QByteArray segments[] = {
+      "16 0013 0140 00b4 10 0000 80 00 00 01 0000 00 00 0050 0082",  // at 80, 130 of 320x180
+      "17 000a 01 00 0050 0082 00a0 0014",                           // there, 160x20
+      "14 0007 00 00 01 eb 80 80 ff",                                // the first colour is white
+      "15 0083 0000 00 c0 00007c 00a0 0014" + line.repeated(20),     // 160x20
+      "80 0000"};
   QByteArray file;
-  for (quint32 second = 0; second < seconds; ++second) {
-    for (const auto& [type, content] : segments)
-      file += "PG" + be(second * 90'000) + be(quint32{0}) + be(type) + be(quint16(content.size())) +
-              content;
+  for (int second = 0; second < seconds; ++second) {
+    const QByteArray time = QByteArray::number(second * 90'000, 16).rightJustified(8, '0');
+    for (const QByteArray& segment : segments)
+      file += "PG" + QByteArray::fromHex(time + "00000000" + segment);
   }
   return file;
 }
