@@ -17,6 +17,7 @@ namespace vantor::test {
 class EngineFixture : public ::testing::Test {
  protected:
   const Settled settled;
+  const bool unheard = qputenv("VANTOR_AUDIO", "none");
   QTemporaryDir folder;
   SystemClock clock;
   Worker worker;
@@ -27,8 +28,6 @@ class EngineFixture : public ::testing::Test {
                     worker,
                     {.applicationSupport = path(u"it's my \"data\""_s), .temporary = folder.path()},
                     Output::shown};
-
-  static void SetUpTestSuite() { qputenv("VANTOR_AUDIO", "none"); }
 
   QString path(const QString& name) const { return folder.filePath(name); }
 
@@ -47,11 +46,12 @@ class EngineFixture : public ::testing::Test {
     return make(u"long.mkv"_s, solidColor(u"red"_s, u"160x90"_s, 60) + tone(60));
   }
 
-  void playFile(const QString& file) {
+  void playFile(const QString& file, double resume = 0) {
     playback.play({.url = QUrl::fromLocalFile(file),
                    .title = u"Film"_s,
                    .id = u"f"_s,
-                   .kind = SourceKind::file});
+                   .kind = SourceKind::file,
+                   .resume = resume});
   }
   void playAddress(const QUrl& address, const QString& agent = u"Agent/1"_s) {
     playback.play({.url = address, .title = u"Channel"_s, .id = u"c"_s, .agent = agent});
