@@ -93,11 +93,7 @@ class EngineRecordingTest : public EngineFixture {
     EXPECT_TRUE(eventually([&] { return playback.recording().stage() == Recording::Stage::idle; }));
     return playback.recording().notice().value_or(QString());
   }
-  QString newest() {
-    return playback.recording().files().isEmpty()
-               ? QString()
-               : playback.recording().files().first().toLocalFile();
-  }
+  QString newest() { return playback.recording().files().value(0).toLocalFile(); }
 };
 
 TEST_F(EngineRecordingTest, RecordsEveryKindOfSourceWhileItPlaysOn) {
