@@ -10,8 +10,8 @@ namespace {
 using YUV = std::array<int, 3>;
 
 /// A picture of Y, U and V at each place, as numbers of 8 bits.
-SharedFrame frameOf(SourceNumber source, QSize size, const std::function<YUV(int x, int y)>& yuvAt,
-                    PictureLayout layout = PictureLayout::planar, int padding = 0) {
+auto frameOf(SourceNumber source, QSize size, const std::function<YUV(int x, int y)>& yuvAt,
+             PictureLayout layout = PictureLayout::planar, int padding = 0) {
   const int bytes = isDeep(layout) ? 2 : 1;
   const int stride = (size.width() * bytes + padding + 7) / 8 * 8;
   const int lines = (size.height() + 1) / 2 * 2;
@@ -41,8 +41,8 @@ SharedFrame frameOf(SourceNumber source, QSize size, const std::function<YUV(int
   return frame;
 }
 
-SharedFrame solidFrame(SourceNumber source, QSize size, YUV yuv,
-                       PictureLayout layout = PictureLayout::planar, int padding = 0) {
+auto solidFrame(SourceNumber source, QSize size, YUV yuv,
+                PictureLayout layout = PictureLayout::planar, int padding = 0) {
   return frameOf(
       source, size, [yuv](int, int) { return yuv; }, layout, padding);
 }
@@ -113,8 +113,7 @@ TEST_F(SurfaceTest, LiesInItsAreaAsItIsAskedTo) {
   for (const Case& row : cases) {
     SCOPED_TRACE(&row - cases);
     const int quarter = row.size.width() / 4;
-    auto frame = std::make_shared<VideoFrame>(
-        *frameOf(1, row.size, [=](int x, int) { return x < quarter ? blue : red; }));
+    const auto frame = frameOf(1, row.size, [=](int x, int) { return x < quarter ? blue : red; });
     frame->pixelAspect = row.pixelAspect;
     frames->present(frame);
     surface.setShape(int(row.shape));
@@ -126,7 +125,7 @@ TEST_F(SurfaceTest, LiesInItsAreaAsItIsAskedTo) {
 
 TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
   frames->expect(1);
-  const std::tuple<ColorMatrix, ColorRange, std::array<int, 3>, QColor> cases[] = {
+  const std::tuple<ColorMatrix, ColorRange, YUV, QColor> cases[] = {
       {ColorMatrix::bt601, ColorRange::limited, {81, 90, 240}, Qt::red},
       {ColorMatrix::bt709, ColorRange::limited, {173, 42, 26}, Qt::green},
       {ColorMatrix::bt601, ColorRange::full, {76, 85, 255}, QColor(254, 0, 0)},
@@ -139,7 +138,7 @@ TEST_F(SurfaceTest, MatrixAndRangeAreThePictures) {
     for (const PictureLayout layout : layouts) {
       if (isDeep(layout) && !frames->showsDeepSamples()) continue;
       SCOPED_TRACE(color.name().toStdString() + " " + std::to_string(static_cast<int>(layout)));
-      auto frame = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, yuv, layout));
+      const auto frame = solidFrame(1, {64, 48}, yuv, layout);
       frame->matrix = matrix;
       frame->range = range;
       frames->present(frame);
@@ -183,7 +182,7 @@ TEST_F(SurfaceTest, TonesAreMappedForTheirOwnPicturesOnly) {
   frames->expect(1);
   for (const Transfer transfer : {Transfer::pq, Transfer::hlg}) {
     const PictureLight light{transfer, Primaries::bt2020};
-    auto mapped = std::make_shared<VideoFrame>(*solidFrame(1, {64, 48}, gray));
+    const auto mapped = solidFrame(1, {64, 48}, gray);
     mapped->tones = std::make_shared<const ToneTable>(light);
     const RGB expected = standardOf({0.502f, 0.502f, 0.502f}, light);
     const QColor color = QColor::fromRgbF(expected[0], expected[1], expected[2]);
