@@ -12,7 +12,7 @@ TEST_F(ControllerTest, OpensTheLastOfSourcesInARowInOrderAndWithItsValues) {
   EXPECT_FALSE(playback.isLocal());
   playback.transport()->setSeconds(5);
   playback.setVolume(42.9);
-  engine.takeCalls();
+  EXPECT_EQ(engine.takeCalls(), QStringList{u"setVolume 42"_s});
   playback.play(channel(u"1"_s));
   playback.play(channel(u"7"_s));
   EXPECT_EQ(look(), "7 opening");
@@ -84,8 +84,7 @@ TEST_F(ControllerTest, TogglesTheEngineWhichPlaysAgainFromTheEnd) {
 
 TEST_F(ControllerTest, StopReportsTheLastPositionOnceAndReturnsToIdle) {
   openPlaying(channel(u"7"_s));
-  engine.now = filmAt(12'500, 60'000);
-  clock.advance(250ms);
+  see(filmAt(12'500, 60'000));
   playback.setExpanded(true);
   playback.setFullScreen(true);
   progress.clear();

@@ -72,6 +72,10 @@ class PlaybackFixture : public ::testing::Test {
     engine.now.state = state;
     clock.advance(250ms);
   }
+  void see(const EngineStatus& status) {
+    engine.now = status;
+    clock.advance(250ms);
+  }
 
   QStringList leftOvers() const {
     return QDir(temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
