@@ -46,10 +46,7 @@ int combs(const VideoPlane& luma) {
 
 TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
   if (libVLCInternals() == LibVLCInternals::left) GTEST_SKIP() << "with this version of libVLC";
-  const struct {
-    Shape shape;
-    QString format;
-  } parts[] = {
+  const std::pair<Shape, QString> parts[] = {
       {{{320, 180}}, u"setsar=1 -c:v libx264 -pix_fmt yuv420p"_s},
       {{{640, 480}, 4.0 / 3}, u"setsar=4/3 -c:v libx264 -pix_fmt yuv420p"_s},
       {{{720, 576}, 64.0 / 45},
@@ -90,9 +87,10 @@ TEST_F(BroadcastTest, PicturesFollowChangesOfSizeShapeCodecAndInterlacing) {
   ASSERT_EQ(seen.size(), std::size(parts));
   for (std::size_t i = 0; i < seen.size(); ++i) {
     SCOPED_TRACE(i);
-    EXPECT_EQ(seen.at(i).size, parts[i].shape.size);
-    EXPECT_NEAR(seen.at(i).pixelAspect, parts[i].shape.pixelAspect, 0.01);
-    EXPECT_EQ(seen.at(i).isDeep, parts[i].shape.isDeep);
+    const Shape& sent = parts[i].first;
+    EXPECT_EQ(seen.at(i).size, sent.size);
+    EXPECT_NEAR(seen.at(i).pixelAspect, sent.pixelAspect, 0.01);
+    EXPECT_EQ(seen.at(i).isDeep, sent.isDeep);
   }
 }
 
