@@ -1,8 +1,6 @@
 // What the provider sees of streams that break off: the real engine, in quicker time.
 #include <gtest/gtest.h>
 
-#include <QFile>
-
 #include "stream_server.h"
 #include "support/awaited.h"
 #include "support/environment_number.h"
@@ -11,8 +9,6 @@
 
 namespace vantor::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 class ReturningStreamTest : public ::testing::TestWithParam<const char*>,
                             protected SimulatedPlayback {
