@@ -8,13 +8,13 @@
 namespace vantor::test {
 
 /// What an engine tells of a film of that length at that place, in milliseconds.
-inline EngineStatus filmAt(std::int64_t time, std::int64_t length) {
+inline EngineStatus filmAt(std::int64_t time, std::int64_t length, std::int64_t pictures = 5) {
   return {.state = EngineState::playing,
           .hasMedia = true,
           .time = time,
           .length = length,
           .seekable = true,
-          .decodedVideo = 5};
+          .decodedVideo = pictures};
 }
 
 /// An engine whose media do what a test says.
@@ -29,10 +29,26 @@ class FakeEngine final : public MediaEngine {
   AudioDevices devices;        // what `audioDevices` answers
   bool releasesLate = false;   // what is unloaded has not let go of its connection by itself
 
-  void load(const MediaSource& source) override;
-  void unload() override;
-  void play() override;
-  void pause() override;
+  void load(const MediaSource& loaded) override {
+    calls.append(QStringLiteral("load %1 agent=%2 caching=%3")
+                     .arg(loaded.address.toString(), loaded.userAgent)
+                     .arg(loaded.networkCaching));
+    source = loaded;
+    now = {.hasMedia = true};
+  }
+  void unload() override {
+    calls.append(QStringLiteral("unload"));
+    now = {.releasing = releasesLate && (now.hasMedia || now.releasing)};
+  }
+  void play() override {
+    calls.append(QStringLiteral("play"));
+    if (now.hasMedia)
+      now.state = now.state == EngineState::paused ? EngineState::playing : EngineState::opening;
+  }
+  void pause() override {
+    calls.append(QStringLiteral("pause"));
+    if (now.hasMedia) now.state = EngineState::paused;
+  }
   void setTime(std::int64_t milliseconds) override { note("setTime", milliseconds); }
   void setVolume(int percent) override { note("setVolume", percent); }
   void setAudioTrack(std::int32_t id) override {
@@ -48,11 +64,21 @@ class FakeEngine final : public MediaEngine {
   void setAudioDevice(const QString& id) override { note("setAudioDevice", id); }
   void setAudioDelay(int milliseconds) override { note("setAudioDelay", milliseconds); }
   AudioDevices audioDevices() const override { return devices; }
-  void saveSnapshot(const QString& file, int width) override;
+  void saveSnapshot(const QString& file, int width) override {
+    note("saveSnapshot", width);
+    snapshot = file;
+    if (!picture.isNull()) picture.scaledToWidth(width).save(file, "PNG");
+  }
 
   /// Succeeds when `now` is recordable.
-  bool startRecording(const QString& folder) override;
-  bool stopRecording() override;
+  bool startRecording(const QString& folder) override {
+    note("startRecording", folder);
+    return now.recordable;
+  }
+  bool stopRecording() override {
+    calls.append(QStringLiteral("stopRecording"));
+    return recordingStops;
+  }
 
   /// Announces that `now` was changed in a way that should not wait.
   void announce() const {
