@@ -21,11 +21,6 @@ QCoro::Task<> watch(std::stop_token token, QPointer<AppModel> model, ProviderAcc
   *over = true;
 }
 
-QCoro::Task<> leave(std::stop_token token, QPointer<AppModel> model) {
-  const QCoro::Task<> task = model->disconnectAccount(token);
-  co_await task;
-}
-
 }  // namespace
 
 ModelFixture::ModelFixture(Parts given)
@@ -87,8 +82,7 @@ void ModelFixture::connectAccount(const ProviderAccount& wanted) {
 }
 
 void ModelFixture::disconnectAccount() {
-  signOutJob =
-      Job::start([this](std::stop_token token) { return leave(token, QPointer(model.get())); });
+  signOutJob = Job::start([this](auto token) { return model->disconnectAccount(token); });
   settle();
 }
 
@@ -177,11 +171,7 @@ MediaItem ModelFixture::entry(LibraryKind kind, int number) {
 
 void ModelFixture::playMovie(std::int64_t time) {
   play(entry(LibraryKind::movies, 2));
-  engine.now = {.state = EngineState::playing,
-                .hasMedia = true,
-                .time = time,
-                .length = 500'000,
-                .seekable = true};
+  engine.now = filmAt(time, 500'000, 0);
   clock.advance(std::chrono::milliseconds(500));
 }
 
@@ -195,14 +185,12 @@ QByteArray ModelFixture::acceptedSignIn() {
 }
 
 QByteArray ModelFixture::rows(LibraryKind kind, int first, int count) {
-  QByteArray json = "[";
-  for (int i = first; i < first + count; ++i) {
-    if (i > first) json += ',';
-    json += QByteArray("{\"") + (kind == LibraryKind::shows ? "series_id" : "stream_id") +
-            "\":" + QByteArray::number(i) + ",\"name\":\"Title " + QByteArray::number(i) +
-            "\",\"category_id\":" + QByteArray::number(i % 3) + "}";
-  }
-  return json + ']';
+  QByteArrayList rows;
+  for (int i = first; i < first + count; ++i)
+    rows.append(QByteArray("{\"") + (kind == LibraryKind::shows ? "series_id" : "stream_id") +
+                "\":" + QByteArray::number(i) + ",\"name\":\"Title " + QByteArray::number(i) +
+                "\",\"category_id\":" + QByteArray::number(i % 3) + '}');
+  return '[' + rows.join(',') + ']';
 }
 
 QByteArray ModelFixture::guide(const QList<Programme>& programmes) const {
