@@ -14,19 +14,13 @@ QCoro::Task<QByteArray> FakeTransport::transfer(HTTPRequest request, std::int64_
                          ? QUrlQuery(request.address).queryItemValue(QStringLiteral("action"))
                          : request.address.fileName();
   exchanges_.push_back(exchange);
-  const auto body = bodies_.constFind(exchange->action);
-  if (body != bodies_.constEnd()) {
+  if (bodies_.contains(exchange->action)) {
     exchange->over = true;
-    exchange->answer.resolve(*body);
+    exchange->answer.resolve(bodies_.value(exchange->action));
   }
-  return wait(exchange, cancelsAtOnce, token);
-}
-
-QCoro::Task<QByteArray> FakeTransport::wait(std::shared_ptr<Exchange> exchange, bool cancelsAtOnce,
-                                            std::stop_token token) {
-  const std::stop_callback onStop(token, [exchange, cancelsAtOnce] {
+  const std::stop_callback onStop(token, [exchange, endsAtOnce = cancelsAtOnce] {
     exchange->cancelled = true;
-    if (!cancelsAtOnce) return;
+    if (!endsAtOnce) return;
     exchange->over = true;
     exchange->answer.fail(std::make_exception_ptr(URLError(URLError::Code::cancelled)));
   });

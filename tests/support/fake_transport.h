@@ -49,8 +49,6 @@ class FakeTransport final : public HTTPTransport {
   int count(const QString& action, bool onlyOpen) const;
   /// Takes the oldest open one; null when there is none.
   std::shared_ptr<Exchange> end(const QString& action);
-  static QCoro::Task<QByteArray> wait(std::shared_ptr<Exchange> exchange, bool cancelsAtOnce,
-                                      std::stop_token token);
 
   std::vector<std::shared_ptr<Exchange>> exchanges_;
   QHash<QString, QByteArray> bodies_;
