@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <QHash>
 #include <mutex>
 #include <set>
 
@@ -17,17 +17,15 @@ class FakeCredentialStore final : public CredentialStore {
   Match copyMatching(const CredentialKey& key, std::stop_token token) override {
     const std::lock_guard lock(mutex_);
     if (!begins(Operation::copyMatching, token)) return {CredentialStatus::failure, {}};
-    const auto item = items_.find(key.account);
-    if (item == items_.end()) return {CredentialStatus::itemNotFound, {}};
-    return {CredentialStatus::success, item->second};
+    if (!items_.contains(key.account)) return {CredentialStatus::itemNotFound, {}};
+    return {CredentialStatus::success, items_.value(key.account)};
   }
   CredentialStatus update(const CredentialKey& key, const QByteArray& value,
                           std::stop_token token) override {
     const std::lock_guard lock(mutex_);
     if (!begins(Operation::update, token)) return CredentialStatus::failure;
-    const auto item = items_.find(key.account);
-    if (item == items_.end()) return CredentialStatus::itemNotFound;
-    item->second = value;
+    if (!items_.contains(key.account)) return CredentialStatus::itemNotFound;
+    items_[key.account] = value;
     return CredentialStatus::success;
   }
   CredentialStatus add(const CredentialKey& key, const QByteArray& value,
@@ -40,8 +38,7 @@ class FakeCredentialStore final : public CredentialStore {
   CredentialStatus remove(const CredentialKey& key, std::stop_token token) override {
     const std::lock_guard lock(mutex_);
     if (!begins(Operation::remove, token)) return CredentialStatus::failure;
-    return items_.erase(key.account) > 0 ? CredentialStatus::success
-                                         : CredentialStatus::itemNotFound;
+    return items_.remove(key.account) ? CredentialStatus::success : CredentialStatus::itemNotFound;
   }
 
   void fail(Operation operation) {
@@ -54,8 +51,7 @@ class FakeCredentialStore final : public CredentialStore {
   }
   std::optional<QByteArray> value(const QString& account) const {
     const std::lock_guard lock(mutex_);
-    const auto item = items_.find(account);
-    return item == items_.end() ? std::nullopt : std::optional(item->second);
+    return items_.contains(account) ? std::optional(items_.value(account)) : std::nullopt;
   }
   void put(const QString& account, const QByteArray& value) {
     const std::lock_guard lock(mutex_);
@@ -63,8 +59,7 @@ class FakeCredentialStore final : public CredentialStore {
   }
   int calls(Operation operation) const {
     const std::lock_guard lock(mutex_);
-    const auto count = calls_.find(operation);
-    return count == calls_.end() ? 0 : count->second;
+    return calls_.value(operation);
   }
 
  private:
@@ -74,9 +69,9 @@ class FakeCredentialStore final : public CredentialStore {
   }
 
   mutable std::mutex mutex_;
-  std::map<QString, QByteArray> items_;
+  QHash<QString, QByteArray> items_;
   std::set<Operation> failing_;
-  std::map<Operation, int> calls_;
+  QHash<Operation, int> calls_;
 };
 
 }  // namespace vantor::test
