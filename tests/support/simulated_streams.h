@@ -11,11 +11,9 @@ using namespace Qt::StringLiterals;
 
 /// A simulated provider's options, with media for whoever signs in as "viewer".
 inline sim::Options simulated(const std::string& password) {
-  sim::Options options;
-  options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-  options.username = "viewer";
-  options.password = password;
-  return options;
+  return {.username = "viewer",
+          .password = password,
+          .mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString()};
 }
 
 /// The address of its stream of that kind and id.

@@ -13,11 +13,7 @@ bool makeMedia(const QString& ffmpegArguments, const QString& file) {
   QStringList arguments{u"-nostdin"_s, u"-v"_s, u"error"_s, u"-y"_s};
   arguments += ffmpegArguments.split(u' ', Qt::SkipEmptyParts);
   arguments += file;
-  QProcess process;
-  process.setProcessChannelMode(QProcess::ForwardedChannels);
-  process.start(u"ffmpeg"_s, arguments);
-  return process.waitForFinished(60'000) && process.exitStatus() == QProcess::NormalExit &&
-         process.exitCode() == 0;
+  return QProcess::execute(u"ffmpeg"_s, arguments) == 0;
 }
 
 QString solidColor(const QString& color, const QString& size, double seconds) {
