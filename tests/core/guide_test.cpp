@@ -196,15 +196,5 @@ TEST_F(GuideTest, RefreshForgetsEverythingAndAsksForTheSelectedChannel) {
   EXPECT_EQ(titleOf(1), u"unknown"_s);
 }
 
-TEST_F(GuideTest, ThePreviewHasNone) {
-  AppModel& preview = launch({u"--demo"_s});
-  preview.guide().prefetchGuide(channel(1));
-  preview.select(preview.browsing().items().item(1));
-  preview.refreshGuide();
-  settle();
-  EXPECT_EQ(requests(), 0);
-  EXPECT_FALSE(preview.details().detailsLoading());
-}
-
 }  // namespace
 }  // namespace vantor::test

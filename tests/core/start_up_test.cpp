@@ -10,14 +10,6 @@ using Operation = FakeCredentialStore::Operation;
 class StartUpTest : public ModelTest {
  protected:
   void saveAccount() { credentials.put(providerItem, account.toJSON()); }
-  /// The program starts, the service names a new server, and that is asked to accept the account.
-  AppModel& launchAtNewServer() {
-    saveAccount();
-    launch();
-    nameServer("http://new.example");
-    EXPECT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
-    return *model;
-  }
 };
 
 TEST_F(StartUpTest, ASavedAccountComesBackWithItsFavouritesAndProgress) {
@@ -60,27 +52,32 @@ TEST_F(StartUpTest, WhoeverWentElsewhereBeforeTheAccountWasReadIsTakenToItsChann
   EXPECT_EQ(app.browsing().search(), u"x"_s);
 }
 
-TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccount) {
-  AppModel& app = launchAtNewServer();
-  EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"new.example"_s);
-  transport.answer(QString(), acceptedSignIn());
-  ASSERT_TRUE(isAskedFor(LibraryKind::live));
+TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccountAndThatIsSaved) {
+  const QString kept =
+      u"The updated server could not be verified. Keeping your saved connection."_s;
   ProviderAccount moved = account;
   moved.server = QUrl(u"http://new.example"_s);
-  EXPECT_EQ(app.session().account(), moved);
-  EXPECT_EQ(credentials.value(providerItem), moved.toJSON());
-  EXPECT_EQ(configuration->currentServer(), u"http://new.example"_s);
-}
-
-TEST_F(StartUpTest, KeepsTheSavedServerWhenTheNewOneFails) {
-  for (const bool refusedByStore : {false, true}) {
-    AppModel& app = launchAtNewServer();
-    if (refusedByStore) credentials.fail(Operation::update);
-    transport.answer(QString(), refusedByStore ? acceptedSignIn() : QByteArray("{}"));
-    ASSERT_TRUE(eventually([&] { return app.notice().has_value(); }));
-    EXPECT_EQ(app.notice(),
-              u"The updated server could not be verified. Keeping your saved connection."_s);
-    EXPECT_EQ(app.session().account(), account);
+  const std::tuple<const char*, QByteArray, bool> cases[] = {
+      {"not accepted", "{}", true},
+      {"not saved", acceptedSignIn(), false},
+      {"accepted and saved", acceptedSignIn(), true},
+  };
+  for (const auto& [what, answer, saves] : cases) {
+    SCOPED_TRACE(what);
+    saveAccount();
+    AppModel& app = launch();
+    nameServer("http://new.example");
+    ASSERT_TRUE(eventually([&] { return transport.open(QString()) == 1; }));
+    EXPECT_EQ(transport.exchanges().back()->request.address.host(), u"new.example"_s);
+    saves ? credentials.work(Operation::update) : credentials.fail(Operation::update);
+    transport.answer(QString(), answer);
+    ASSERT_TRUE(isAskedFor(LibraryKind::live));
+    const bool follows = answer != "{}" && saves;
+    EXPECT_EQ(app.notice(), follows ? std::nullopt : std::optional(kept));
+    EXPECT_EQ(app.session().account(), follows ? moved : account);
+    EXPECT_EQ(credentials.value(providerItem), (follows ? moved : account).toJSON());
+    EXPECT_EQ(configuration->currentServer(),
+              follows ? u"http://new.example"_s : u"http://fallback.example:25461"_s);
   }
 }
 
@@ -112,6 +109,11 @@ TEST_F(StartUpTest, WithoutAnAccountOrIsolatedNothingIsAsked) {
     AppModel& app = launch(arguments);
     EXPECT_FALSE(app.session().account().has_value());
     EXPECT_EQ(app.session().demo(), arguments.size() == 1);
+    app.guide().prefetchGuide(entry(LibraryKind::live, 1));
+    app.select(app.session().demo() ? item(1) : entry(LibraryKind::live, 1));
+    app.refreshGuide();
+    settle();
+    EXPECT_FALSE(app.details().detailsLoading());
   }
   EXPECT_EQ(credentials.calls(Operation::copyMatching), read);
   EXPECT_TRUE(transport.exchanges().empty());
