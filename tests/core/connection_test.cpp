@@ -90,7 +90,13 @@ TEST_F(ConnectionTest, SigningOutForgetsTheAccountAndItsFiles) {
   signIn(rows(LibraryKind::live, 0, 4));
   playMovie(60'000);
   app.select(item(1));
-  app.favorite(item(1));
+  const QString marks = u"favorites-"_s + account.idText();
+  for (const QStringList& stored :
+       {QStringList{u"live:1"_s}, QStringList(), QStringList{u"live:1"_s}}) {
+    app.favorite(item(1));
+    EXPECT_EQ(preferences->textList(marks), stored) << "stored with each toggle";
+    EXPECT_EQ(app.record().favorites().size(), stored.size());
+  }
   app.setShowingSettings(true);
   EXPECT_EQ(savedFiles().size(), 1);
   const QString progress = u"progress-"_s + account.idText();
@@ -102,8 +108,7 @@ TEST_F(ConnectionTest, SigningOutForgetsTheAccountAndItsFiles) {
   EXPECT_FALSE(app.browsing().selected() || app.showingSettings());
   EXPECT_TRUE(app.session().subscription().has_value());
   EXPECT_TRUE(savedFiles().isEmpty());
-  EXPECT_EQ(preferences->textList(u"favorites-"_s + account.idText()).size(), 1)
-      << "marks wait for the account to come back";
+  EXPECT_EQ(preferences->textList(marks).size(), 1) << "they wait for the account to come back";
   EXPECT_EQ(preferences->numberLists(progress).value(u"movies:2"_s), (QList<double>{60, 500}))
       << "the last report is still the leaving account's";
 }

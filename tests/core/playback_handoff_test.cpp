@@ -14,34 +14,27 @@ class PlaybackHandoffTest : public ModelTest {
   }
 };
 
-TEST_F(PlaybackHandoffTest, PlaysAnEntryUnderItsStreamAddressAndMarksIt) {
-  signIn();
-  play(movie);
-  EXPECT_EQ(engine.source.address, QUrl(u"http://tv.example/movie/user/secret/7.mkv"_s));
-  EXPECT_EQ(engine.source.userAgent, u"VantorPlayerMac/0.1.0"_s);
-  EXPECT_EQ(app.playback().title(), u"Title 7"_s);
-  EXPECT_EQ(app.playback().itemID(), u"movies:7"_s);
-  EXPECT_FALSE(app.playback().isLocal());
-  const QString key = u"favorites-"_s + account.idText();
-  app.favorite(movie);
-  EXPECT_EQ(preferences->textList(key), QStringList{u"movies:7"_s}) << "stored with each toggle";
-  app.favorite(movie);
-  EXPECT_TRUE(preferences->textList(key).isEmpty() && app.record().favorites().isEmpty());
-}
-
-TEST_F(PlaybackHandoffTest, ChannelsFollowTheFormatsOfTheSubscription) {
+TEST_F(PlaybackHandoffTest, AnEntryPlaysUnderItsAddressInAFormatOfTheSubscription) {
   MediaItem channel = entry(LibraryKind::live, 7);
   channel.fileExtension = u"m3u8"_s;
-  const std::pair<const char*, QString> cases[] = {
-      {R"(["m3u8","ts"])", u"7.m3u8"_s}, {R"(["ts"])", u"7.ts"_s}, {"[]", u"7.m3u8"_s}};
-  for (const auto& [formats, file] : cases) {
+  const std::tuple<MediaItem, const char*, QString> cases[] = {
+      {movie, R"(["m3u8","ts"])", u"movie/user/secret/7.mkv"_s},
+      {channel, R"(["m3u8","ts"])", u"live/user/secret/7.m3u8"_s},
+      {channel, R"(["ts"])", u"live/user/secret/7.ts"_s},
+      {channel, "[]", u"live/user/secret/7.m3u8"_s},
+  };
+  for (const auto& [item, formats, path] : cases) {
     connectAccount(account);
     transport.answer(QString(), QByteArray(R"({"user_info":{"auth":1,"status":"Active",)"
                                            R"("allowed_output_formats":)") +
                                     formats + "}}");
     ASSERT_TRUE(eventually([&] { return signInOver; }));
-    play(channel);
-    EXPECT_EQ(engine.source.address.fileName(), file);
+    play(item);
+    EXPECT_EQ(engine.source.address, QUrl(u"http://tv.example/"_s + path));
+    EXPECT_EQ(engine.source.userAgent, u"VantorPlayerMac/0.1.0"_s);
+    EXPECT_EQ(app.playback().title(), u"Title 7"_s);
+    EXPECT_EQ(app.playback().itemID(), item.id);
+    EXPECT_FALSE(app.playback().isLocal());
   }
 }
 
