@@ -103,13 +103,6 @@ void ModelFixture::signOut() {
           "the sign-out did not end");
 }
 
-void ModelFixture::signInAnew() {
-  signOut();
-  account = ProviderAccount::validated(account.name, account.serverText(), account.username,
-                                       u"another secret"_s);
-  signIn();
-}
-
 void ModelFixture::answer(LibraryKind kind, const QByteArray& entries,
                           const QByteArray& categories) {
   require([&] { return isAskedFor(kind); }, "the library was not asked for");

@@ -60,8 +60,6 @@ struct ModelFixture {
   void disconnectAccount();
   /// The same, to its end.
   void signOut();
-  /// Signs out and in again as the same user, with an account of another id.
-  void signInAnew();
 
   /// Answers the request for a library once it is there, and waits until nothing loads.
   void answer(LibraryKind kind, const QByteArray& entries, const QByteArray& categories = "[]");
