@@ -7,11 +7,7 @@ constexpr double length = 5000;  // seconds
 
 class ContinueWatchingTest : public ModelTest {
  protected:
-  /// The movies 1 to 9 are shown, and begun in this order.
-  void begin(std::initializer_list<int> movies) {
-    start();
-    for (const int number : movies) watch(number, 100);
-  }
+  /// The movies 1 to 9 are shown.
   void start() {
     launch();
     signIn();
@@ -103,7 +99,8 @@ TEST_F(ContinueWatchingTest, IsACategoryThatIsLeftWhenNothingIsInIt) {
   for (const auto& [what, end] : ends) {
     SCOPED_TRACE(what);
     account.id = QUuid::createUuid();
-    begin({4});
+    start();
+    watch(4, 100);
     model->setCategory(Browsing::continueWatching);
     model->load(LibraryKind::movies, LoadMode::refresh);
     ASSERT_TRUE(idle());
@@ -125,7 +122,8 @@ TEST_F(ContinueWatchingTest, IsACategoryThatIsLeftWhenNothingIsInIt) {
 }
 
 TEST_F(ContinueWatchingTest, WhatIsRemovedStaysOutUntilItIsPlayedAgain) {
-  begin({2, 4, 6});
+  start();
+  for (const int movie : {2, 4, 6}) watch(movie, 100);
   model->setCategory(Browsing::continueWatching);
   model->browsing().setSearch(u"title"_s);
   ASSERT_EQ(listed(), u"movies:6, movies:4, movies:2"_s);
