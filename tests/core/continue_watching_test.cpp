@@ -30,9 +30,6 @@ class ContinueWatchingTest : public ModelTest {
   QString begun() const { return model->record().begun().join(u", "_s); }
   QString category() const { return model->browsing().category(); }
   bool offered() const { return model->browsing().continueWatchingOffered(); }
-  QStringList stored() const {
-    return preferences->textList(u"watched-"_s + model->session().account()->idText());
-  }
 };
 
 TEST_F(ContinueWatchingTest, HoldsWhatWasBegunUntilItsEndNewestFirst) {
@@ -76,7 +73,8 @@ TEST_F(ContinueWatchingTest, EpisodesCountForTheirShow) {
   EXPECT_EQ(listed(), u"shows:1, shows:3"_s) << "for its other episode";
   model->stopContinuing(u"shows:3"_s);
   EXPECT_EQ(listed(), u"shows:1"_s);
-  EXPECT_EQ(stored(), (QStringList{u"episode:11"_s, u"shows:1"_s}));
+  EXPECT_EQ(preferences->textList(u"watched-"_s + account.idText()),
+            (QStringList{u"episode:11"_s, u"shows:1"_s}));
 }
 
 TEST_F(ContinueWatchingTest, IsACategoryThatIsLeftWhenNothingIsInIt) {
