@@ -29,7 +29,6 @@ QString state(const AppModel& app) {
   return read;
 }
 
-/// Hears every signal of the model and its topics.
 class Listener {
  public:
   explicit Listener(const AppModel& model)
