@@ -13,29 +13,23 @@
 namespace vantor::test {
 namespace {
 
-struct Trace {
-  bool began = false;
-  bool stoppedAtBegin = false;
-  bool stoppedAtEnd = false;
-  bool ended = false;
-};
+/// Whether a job was to stop, seen at its begin and then at its end.
+using Stops = std::vector<bool>;
 
-QCoro::Task<> traced(std::stop_token token, Trace* trace, Pending<Done> gate) {
-  trace->began = true;
-  trace->stoppedAtBegin = token.stop_requested();
+QCoro::Task<> traced(std::stop_token token, Stops* stops, Pending<Done> gate) {
+  stops->push_back(token.stop_requested());
   co_await gate;
-  trace->stoppedAtEnd = token.stop_requested();
-  trace->ended = true;
+  stops->push_back(token.stop_requested());
 }
 
 class JobTest : public ::testing::Test {
  protected:
-  Trace trace;
+  Stops stops;
   Pending<Done> gate;
   Job start() {
-    trace = {};
+    stops = {};
     gate = {};
-    return Job::start([this](std::stop_token token) { return traced(token, &trace, gate); });
+    return Job::start([this](std::stop_token token) { return traced(token, &stops, gate); });
   }
   void goOn() {
     gate.resolve({});
@@ -45,15 +39,14 @@ class JobTest : public ::testing::Test {
 
 TEST_F(JobTest, RunsFromTheEventLoopToItsEnd) {
   const Job job = start();
-  EXPECT_FALSE(trace.began);
+  EXPECT_EQ(stops, Stops());
   settle();
-  EXPECT_TRUE(trace.began);
+  EXPECT_EQ(stops, Stops{false});
   EXPECT_TRUE(job.running());
   gate.resolve({});
-  EXPECT_FALSE(trace.ended) << "a coroutine must not resume inside resolve()";
+  EXPECT_EQ(stops, Stops{false}) << "a coroutine must not resume inside resolve()";
   settle();
-  EXPECT_TRUE(trace.ended);
-  EXPECT_FALSE(trace.stoppedAtEnd);
+  EXPECT_EQ(stops, (Stops{false, false}));
   EXPECT_FALSE(job.running());
 }
 
@@ -64,8 +57,7 @@ TEST_F(JobTest, CancelledItSeesTheStopFromThenOn) {
     job.cancel();
     job.cancel();
     goOn();
-    EXPECT_EQ(trace.stoppedAtBegin, !begun);
-    EXPECT_TRUE(trace.stoppedAtEnd);
+    EXPECT_EQ(stops, (Stops{!begun, true}));
   }
 }
 
@@ -80,20 +72,16 @@ TEST_F(JobTest, DroppedOrReplacedItIsCancelledUnlessItWasDetached) {
       else
         job.reset();
       goOn();
-      EXPECT_TRUE(trace.ended);
-      EXPECT_EQ(trace.stoppedAtEnd, !detached) << replaced;
+      EXPECT_EQ(stops, (Stops{false, !detached})) << replaced;
     }
   }
 }
 
-QCoro::Task<> throwing(std::stop_token) {
-  throw Cancelled();
-  co_return;
-}
-
-TEST(Job, FailureEndsItQuietly) {
-  const Job job = Job::start(throwing);
+TEST_F(JobTest, FailureEndsItQuietly) {
+  const Job job = start();
+  gate.fail(std::make_exception_ptr(Cancelled()));
   settle();
+  EXPECT_EQ(stops, Stops{false});
   EXPECT_FALSE(job.running());
 }
 
