@@ -9,7 +9,6 @@
 namespace vantor::test {
 namespace {
 
-const QString settingsPath = u"/org/freedesktop/portal/desktop"_s;
 const QString appearanceSpace = u"org.freedesktop.appearance"_s;
 const QString gnomeSpace = u"org.gnome.desktop.interface"_s;
 const QString gnomeAccessSpace = u"org.gnome.desktop.a11y.interface"_s;
@@ -21,13 +20,13 @@ class DesktopSettingsTest : public ::testing::Test {
     portal.onCall = [this, answer](const QDBusMessage& call) {
       answered = call.member() == "ReadAll"_L1 && bus.connection.send(call.createReply(answer));
     };
-    EXPECT_TRUE(bus.offer(u"org.freedesktop.portal.Desktop"_s, settingsPath, portal));
+    EXPECT_TRUE(bus.offer(portalName, portalPath, portal));
     settings.follow(worker);
     return eventually([&] { return answered; });
   }
   void change(const QString& space, const QString& key, const QVariant& value) {
     QDBusMessage message = QDBusMessage::createSignal(
-        settingsPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     bus.connection.send(message << space << key << QVariant::fromValue(QDBusVariant(value)));
   }
   /// Whether text scale, motion and contrast become these.

@@ -17,7 +17,6 @@ namespace {
 
 enum class Manner { absent, answers, refuses, silent, talksNonsense };
 
-const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString saverPath = u"/org/freedesktop/ScreenSaver"_s;
 const QString managerPath = u"/org/gnome/SessionManager"_s;
 
@@ -67,8 +66,7 @@ class IdleInhibitorTest : public PlaybackFixture {
   void offer(Manner byPortal, Manner bySaver, Manner byManager) {
     manners = {{portalPath, byPortal}, {saverPath, bySaver}, {managerPath, byManager}};
     for (const auto& [path, manner] : manners) {
-      const QString known = path == portalPath ? u"org.freedesktop.portal.Desktop"_s
-                                               : path.mid(1).replace(u'/', u'.');
+      const QString known = path == portalPath ? portalName : path.mid(1).replace(u'/', u'.');
       if (manner == Manner::absent)
         desktop.connection.unregisterService(known);
       else
@@ -106,13 +104,7 @@ class IdleInhibitorTest : public PlaybackFixture {
 
 TEST_F(IdleInhibitorTest, AsksTheFirstThatTakesIt) {
   using enum Manner;
-  const struct {
-    Manner portal;
-    Manner saver;
-    Manner manager;
-    QStringList asked;
-    QStringList released;
-  } rows[] = {
+  const std::tuple<Manner, Manner, Manner, QStringList, QStringList> rows[] = {
       {answers, answers, answers, {askedOfPortal}, {portalReleased}},
       {refuses, answers, answers, {askedOfPortal, askedOfSaver}, {saverReleased}},
       {talksNonsense, answers, answers, {askedOfPortal, askedOfSaver}, {saverReleased}},
@@ -122,15 +114,16 @@ TEST_F(IdleInhibitorTest, AsksTheFirstThatTakesIt) {
   join();
   for (const auto& row : rows) {
     SCOPED_TRACE(&row - rows);
-    offer(row.portal, row.saver, row.manager);
+    const auto& [byPortal, bySaver, byManager, asking, releasing] = row;
+    offer(byPortal, bySaver, byManager);
     inhibitor->setWanted(true);
-    EXPECT_TRUE(waitsFor(row.asked.last())) << "once the bus is joined";
+    EXPECT_TRUE(waitsFor(asking.last())) << "once the bus is joined";
     inhibitor->setWanted(true);
-    EXPECT_EQ(asked(), row.asked);
+    EXPECT_EQ(asked(), asking);
     EXPECT_TRUE(eventually([&] { return clock.waiting() == 0; })) << "the next would be asked, too";
     inhibitor->setWanted(false);
     inhibitor->setWanted(false);
-    EXPECT_EQ(asked(), row.released);
+    EXPECT_EQ(asked(), releasing);
   }
 }
 
@@ -190,22 +183,16 @@ TEST_F(IdleInhibitorTest, ReleasesWhateverItHasAtItsEnd) {
     join();
     inhibitor->setWanted(true);
   };
+  const auto end = [this] { inhibitor.reset(); };
   offer(Manner::silent, Manner::answers, Manner::answers);
-  wantAnother();
-  inhibitor.reset();
-  EXPECT_EQ(asked(), QStringList()) << "while it joined";
-  wantAnother();
-  ASSERT_TRUE(waitsFor(askedOfPortal));
-  inhibitor.reset();
-  answerLate();
-  clock.advance(1h);
-  EXPECT_EQ(asked(), QStringList{askedOfPortal}) << "while it asked";
-  manners[portalPath] = Manner::answers;
-  wantAnother();
-  ASSERT_TRUE(waitsFor(askedOfPortal));
-  asked();
-  inhibitor.reset();
-  EXPECT_EQ(asked(), QStringList{portalReleased});
+  follow({
+      {"ends while it joins", [&] { wantAnother(), end(); }, {}},
+      {"another asks", wantAnother, {askedOfPortal}},
+      {"ends while it asks", [&] { end(), answerLate(), clock.advance(1h); }, {}},
+      {"is answered from now on", [this] { manners[portalPath] = Manner::answers; }, {}},
+      {"another asks", wantAnother, {askedOfPortal}},
+      {"ends with what it has", end, {portalReleased}},
+  });
 }
 
 TEST_F(IdleInhibitorTest, FollowsThePlayer) {

@@ -44,7 +44,7 @@ class MprisTest : public ModelTest {
   void SetUp() override {
     signIn(rows(LibraryKind::live, 1, 3));
     appear();
-    bus.follow(playerPath, bus.propertyInterface, u"PropertiesChanged"_s);
+    bus.follow(playerPath, propertyInterface, u"PropertiesChanged"_s);
     bus.follow(playerPath, playerInterface, u"Seeked"_s);
   }
   void appear() {
@@ -65,7 +65,7 @@ class MprisTest : public ModelTest {
   QString set(const QString& property, const QVariant& value,
               const QString& interface = playerInterface) {
     const QVariantList arguments{interface, property, QVariant::fromValue(QDBusVariant(value))};
-    QString error = call(u"Set"_s, arguments, bus.propertyInterface);
+    QString error = call(u"Set"_s, arguments, propertyInterface);
     const QStringList rates = engine.calls.filter(u"setRate "_s);
     if (!rates.isEmpty()) engine.now.rate = rates.last().section(u' ', 1).toDouble();
     clock.advance(250ms);

@@ -15,6 +15,10 @@
 
 namespace vantor::test {
 
+inline const QString propertyInterface = u"org.freedesktop.DBus.Properties"_s;
+inline const QString portalName = u"org.freedesktop.portal.Desktop"_s;
+inline const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+
 /// An object of the desktop's, with all below it. Each call is the test's to answer.
 class DesktopObject final : public QDBusVirtualObject {
  public:
@@ -82,7 +86,6 @@ class OwnBus final : public QObject {
     return std::exchange(told_, {});
   }
 
-  const QString propertyInterface = u"org.freedesktop.DBus.Properties"_s;
   QDBusConnection connection =
       QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"the test's own"_s);
   std::map<QString, QVariantMap> values;  // of the properties that were told of, by interface

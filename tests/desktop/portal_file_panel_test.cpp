@@ -12,9 +12,6 @@
 namespace vantor::test {
 namespace {
 
-const QString portalName = u"org.freedesktop.portal.Desktop"_s;
-const QString portalObject = u"/org/freedesktop/portal/desktop"_s;
-
 class PortalFilePanelTest : public ::testing::Test {
  protected:
   using File = std::optional<QUrl>;
@@ -29,15 +26,15 @@ class PortalFilePanelTest : public ::testing::Test {
     if (call.member() != "OpenFile"_L1) return;
     const QVariantMap options = qdbus_cast<QVariantMap>(call.arguments().value(2));
     request = place.isEmpty()
-                  ? portalObject + u"/request/"_s + call.service().mid(1).replace(u'.', u'_') +
-                        u'/' + options[u"handle_token"_s].toString()
+                  ? portalPath + u"/request/"_s + call.service().mid(1).replace(u'.', u'_') + u'/' +
+                        options[u"handle_token"_s].toString()
                   : place;
     if (answer == Answer::place)
       bus.connection.send(call.createReply(QVariant::fromValue(QDBusObjectPath(request))));
     else if (answer == Answer::refusal)
       bus.connection.send(call.createErrorReply(QDBusError::AccessDenied, u"no"_s));
   }
-  bool offer() { return bus.offer(portalName, portalObject, portal); }
+  bool offer() { return bus.offer(portalName, portalPath, portal); }
   /// Waits for the bus, too.
   Pending<File> choose() {
     panel.join(worker);
@@ -88,7 +85,7 @@ TEST_F(PortalFilePanelTest, AnswersWithTheFileThatWasChosenThere) {
       {{}, std::nullopt},
   };
   ASSERT_TRUE(offer());
-  for (const QString& own : {QString(), portalObject + u"/request/elsewhere"_s})
+  for (const QString& own : {QString(), portalPath + u"/request/elsewhere"_s})
     for (const auto& [arguments, file] : rows) {
       place = own;
       const auto choice = choose();

@@ -20,7 +20,7 @@ class RecordingServiceTest : public PlaybackFixture {
   void SetUp() override {
     service.offer(worker, u"tv.vantor.player"_s);
     ASSERT_TRUE(eventually([this] { return !call(u"ListRecordings"_s).startsWith(u"Unknown"_s); }));
-    bus.follow(path, bus.propertyInterface, u"PropertiesChanged"_s);
+    bus.follow(path, propertyInterface, u"PropertiesChanged"_s);
   }
 
   /// What the call returned, or the error and its sentence.
