@@ -34,17 +34,13 @@ TEST(LanguageTest, TheFirstOfTheUsersLanguagesThatThereIs) {
 class LocaleTest : public ModelTest {};
 
 TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
-  struct Case {
-    const char* locale;
-    const char* counts;  // of no, one and two entries
-    const char* times;
-  };
-  constexpr Case cases[] = {
-      {"C", "0 items, 1 item, 2 items", "20:15–21:00"},
-      {"en_US", "0 items, 1 item, 2 items", "8:15 PM–9:00 PM"},
-      {"de_DE", "0 Einträge, 1 Eintrag, 2 Einträge", "20:15–21:00"},
-      {"fr_FR", "0 élément, 1 élément, 2 éléments", "20:15–21:00"},
-      {"es_ES", "0 elementos, 1 elemento, 2 elementos", "20:15–21:00"},
+  // Of a locale: no, one and two entries, and the times of a programme.
+  const std::tuple<QString, QString, QString> cases[] = {
+      {u"C"_s, u"0 items, 1 item, 2 items"_s, u"20:15–21:00"_s},
+      {u"en_US"_s, u"0 items, 1 item, 2 items"_s, u"8:15 PM–9:00 PM"_s},
+      {u"de_DE"_s, u"0 Einträge, 1 Eintrag, 2 Einträge"_s, u"20:15–21:00"_s},
+      {u"fr_FR"_s, u"0 élément, 1 élément, 2 éléments"_s, u"20:15–21:00"_s},
+      {u"es_ES"_s, u"0 elementos, 1 elemento, 2 elementos"_s, u"20:15–21:00"_s},
   };
   const ProviderTime start =
       std::chrono::floor<ProviderTime::duration>(std::chrono::system_clock::from_time_t(
@@ -56,12 +52,12 @@ TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
   for (int entries = 0; entries < 3; ++entries) {
     model->load(LibraryKind::live, LoadMode::refresh);
     answer(LibraryKind::live, rows(LibraryKind::live, 1, entries));
-    for (const Case& expected : cases) {
-      const Language language({QString::fromLatin1(expected.locale)});
-      QLocale::setDefault(QLocale(QLatin1String(expected.locale)));
-      EXPECT_EQ(status.count(), QString::fromUtf8(expected.counts).split(u", "_s)[entries]);
-      EXPECT_EQ(programmeTimes(programme).replace(QChar(0x202F), u' '),
-                QString::fromUtf8(expected.times));
+    for (const auto& [locale, counts, times] : cases) {
+      SCOPED_TRACE(locale.toStdString());
+      const Language language({locale});
+      QLocale::setDefault(QLocale(locale));
+      EXPECT_EQ(status.count(), counts.split(u", "_s)[entries]);
+      EXPECT_EQ(programmeTimes(programme).replace(QChar(0x202F), u' '), times);
     }
   }
   QLocale::setDefault(QLocale::c());
