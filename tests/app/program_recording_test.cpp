@@ -79,12 +79,5 @@ TEST_F(ProgramRecordingTest, KilledLeavesAFileThatPlays) {
       call(u"ListRecordings"_s).arguments().value(0).toStringList().contains(left.filePath()));
 }
 
-TEST_F(ProgramRecordingTest, PlaysWithoutASessionBus) {
-  environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s);
-  ASSERT_TRUE(start({u"--smoke-test"_s, media("channel0.ts")}));
-  EXPECT_TRUE(eventually([&] { return hasOpen(media("channel0.ts")); }));
-  EXPECT_EQ(quit(), 0);
-}
-
 }  // namespace
 }  // namespace vantor::test

@@ -11,16 +11,6 @@ namespace {
 
 using ProgramTest = ProgramFixture;
 
-TEST_F(ProgramTest, QuitsWithAPlayingFile) {
-  saveAccount();
-  const QString file = media("movie.mkv");
-  ASSERT_TRUE(start({u"--smoke-test"_s, file}));
-  EXPECT_TRUE(eventually([&] { return hasOpen(file); }));
-  EXPECT_EQ(quit(), 0);
-  EXPECT_EQ(server.counters().connectionsAccepted, 0) << "an isolated run asks nobody";
-  EXPECT_FALSE(QFile::exists(home.filePath(u"data/Vantor Player Mac Preview"_s)));
-}
-
 TEST_F(ProgramTest, QuitsWithTheSignInSheetOpen) {
   ASSERT_TRUE(start());
   // The window is up once the file of the preferences' folder is there; the sheet follows at once.
@@ -45,16 +35,28 @@ TEST_F(ProgramTest, TellsWhichWritingSystemsHaveNoFont) {
   EXPECT_EQ(quit(), 0);
 }
 
-TEST_F(ProgramTest, PlaysAFileOfAnyNameInALocaleThatDoesNotExist) {
+TEST_F(ProgramTest, AnIsolatedOnePlaysAFileOfAnyNameInAnyEnvironmentAndAsksNobody) {
+  saveAccount();
   const QString file = home.filePath(u"Ölfilm – 日本.mkv"_s);
   ASSERT_TRUE(QFile::copy(media("movie.mkv"), file));
-  for (const char* locale : {"xx_YY.UTF-8", "de_DE.KOI8-R@none", "/etc/passwd", "C"}) {
-    for (const auto& variable : {u"LC_ALL"_s, u"LANG"_s, u"LANGUAGE"_s})
-      environment.insert(variable, QString::fromLatin1(locale));
+  const QStringList locale{u"LC_ALL"_s, u"LANG"_s, u"LANGUAGE"_s};
+  const std::pair<QStringList, QString> rows[] = {
+      {{}, {}},
+      {locale, u"xx_YY.UTF-8"_s},
+      {locale, u"de_DE.KOI8-R@none"_s},
+      {locale, u"/etc/passwd"_s},
+      {locale, u"C"_s},
+      {{u"DBUS_SESSION_BUS_ADDRESS"_s}, u"unix:path=/nonexistent"_s},
+  };
+  for (const auto& [variables, value] : rows) {
+    SCOPED_TRACE(value.toStdString());
+    for (const QString& variable : variables) environment.insert(variable, value);
     ASSERT_TRUE(start({u"--smoke-test"_s, file}));
-    EXPECT_TRUE(eventually([&] { return hasOpen(file); })) << locale;
-    EXPECT_EQ(quit(), 0) << locale;
+    EXPECT_TRUE(eventually([&] { return hasOpen(file); }));
+    EXPECT_EQ(quit(), 0);
   }
+  EXPECT_EQ(server.counters().connectionsAccepted, 0);
+  EXPECT_FALSE(QFile::exists(home.filePath(u"data/Vantor Player Mac Preview"_s)));
 }
 
 TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
