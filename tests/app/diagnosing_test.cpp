@@ -2,7 +2,6 @@
 
 #include "program_fixture.h"
 
-#include <QDirIterator>
 #include <QLocalServer>
 
 #include <sys/resource.h>
@@ -22,14 +21,6 @@ class DiagnosingTest : public ProgramFixture {
   }
   QStringList reports(const char* ending) {
     return notes.entryList({u"crash-*."_s + QLatin1String(ending)}, QDir::Files);
-  }
-  QStringList files() {
-    QStringList found;
-    QDirIterator all(home.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                     QDirIterator::Subdirectories);
-    while (all.hasNext()) found.append(all.next());
-    found.sort();
-    return found;
   }
   void crash() {
     ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);

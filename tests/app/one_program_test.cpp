@@ -195,7 +195,6 @@ TEST_F(OneProgramTest, BearsRequestsAndCallsOfAnyKindAndOrder) {
 }
 
 TEST_F(OneProgramTest, TheBusStartsItWhenSomebodyWantsIt) {
-  prepare();
   environment.insert(u"XDG_DATA_DIRS"_s, home.filePath(u"system"_s));
   writeFile(home.filePath(u"system/dbus-1/services/%1.service"_s.arg(name)),
             "[D-BUS Service]\nName=" + name.toUtf8() + "\nExec=" VANTOR_PROGRAM "\n");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -16,20 +17,15 @@
 #include "sim/server.h"
 #include "storage/secure_store.h"
 #include "support/files.h"
+#include "support/simulated_streams.h"
 #include "support/waiting.h"
 
 namespace vantor::test {
 
-inline sim::Options withStreams() {
-  sim::Options options;
-  options.mediaFolder = qEnvironmentVariable("VANTOR_SIM_MEDIA").toStdString();
-  return options;
-}
-
 /// The program as a process, with folders of its own and a simulated provider.
 class ProgramFixture : public ::testing::Test {
  protected:
-  sim::Options options = withStreams();
+  const sim::Options options = simulated(sim::Options().password);
   sim::Server server{options};
   QTemporaryDir home;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -37,9 +33,25 @@ class ProgramFixture : public ::testing::Test {
   SecretServiceStore credentials;
   SecureStore secrets{credentials, ServiceValues::ofBuild().bundleIdentifier};
 
+  void SetUp() override {
+    environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
+    environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
+    environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
+    environment.insert(u"XDG_STATE_HOME"_s, home.filePath(u"state"_s));
+    environment.insert(u"VANTOR_AUDIO"_s, u"none"_s);
+  }
   void TearDown() override {
     kill(program);
     secrets.remove(providerItem, {});
+  }
+  /// What is in the program's folders, and the folders themselves.
+  QStringList files() const {
+    QStringList found;
+    QDirIterator all(home.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                     QDirIterator::Subdirectories);
+    while (all.hasNext()) found.append(all.next());
+    found.sort();
+    return found;
   }
   QString media(const char* name) const { return QString::fromStdString(server.mediaPath(name)); }
   void saveAccount() {
@@ -48,16 +60,7 @@ class ProgramFixture : public ::testing::Test {
         QString::fromStdString(options.username), QString::fromStdString(options.password));
     secrets.write(account.toJSON(), providerItem, {});
   }
-  /// Gives the program folders of its own, and the simulated provider.
-  void prepare() {
-    environment.insert(u"VANTOR_CONFIG_URL"_s, QString::fromStdString(server.configUrl()));
-    environment.insert(u"XDG_DATA_HOME"_s, home.filePath(u"data"_s));
-    environment.insert(u"XDG_CONFIG_HOME"_s, home.filePath(u"config"_s));
-    environment.insert(u"XDG_STATE_HOME"_s, home.filePath(u"state"_s));
-    environment.insert(u"VANTOR_AUDIO"_s, u"none"_s);
-  }
   bool start(const QStringList& arguments = {}) {
-    prepare();
     startToo(program, arguments);
     return program.waitForStarted();
   }

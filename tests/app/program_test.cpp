@@ -2,7 +2,6 @@
 
 #include "program_fixture.h"
 
-#include <QDirIterator>
 #include <QFile>
 #include <QLocalServer>
 
@@ -106,12 +105,9 @@ TEST_F(ProgramTest, LoadsTheSavedAccountsLibraryAndKeepsItEncrypted) {
   EXPECT_EQ(quit(), 0);
   EXPECT_EQ(program.readAll(), QByteArray());
   const QByteArray password = QByteArray::fromStdString(options.password);
-  QDirIterator files(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-  while (files.hasNext()) {
-    const QByteArray content = readFile(files.next());
+  for (const QString& file : files())
     for (const QByteArray& form : {password, password.toPercentEncoding()})
-      EXPECT_FALSE(content.contains(form)) << files.fileName().toStdString();
-  }
+      EXPECT_FALSE(readFile(file).contains(form)) << file.toStdString();
 }
 
 TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
