@@ -80,7 +80,7 @@ TEST_F(RecordingServiceTest, RefusesWithTheReason) {
 TEST_F(RecordingServiceTest, NotifiesOfWhatNoScreenShows) {
   const QString name = u"org.freedesktop.Notifications"_s;
   const QString object = u"/org/freedesktop/Notifications"_s;
-  QStringList shown;  // what each replaces, says and offers
+  QStringList shown;  // what each replaces, says and offers; since the last look
   desktop.onCall = [&](const QDBusMessage& call) {
     const QVariantList arguments = call.arguments();
     shown.append(u"%1 %2 %3"_s.arg(arguments[1].toUInt())
@@ -91,11 +91,9 @@ TEST_F(RecordingServiceTest, NotifiesOfWhatNoScreenShows) {
     bus.connection.send(QDBusMessage::createSignal(object, name, u"ActionInvoked"_s)
                         << notification << action);
   };
-  QStringList expected;
   const auto shows = [&](const QStringList& texts) {
-    expected.append(texts);
-    EXPECT_TRUE(eventually([&] { return shown.size() >= expected.size(); }));
-    EXPECT_EQ(shown, expected);
+    EXPECT_TRUE(eventually([&] { return shown.size() >= texts.size(); }));
+    EXPECT_EQ(std::exchange(shown, {}), texts);
   };
   const QString refused = u"7 Stop recording before changing sources. Stop Recording"_s;
   ASSERT_TRUE(bus.offer(name, object, desktop));
