@@ -1,5 +1,6 @@
 #include "sim/arguments.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -32,14 +33,10 @@ TEST(SimArguments, MistakesAreRefusedWithAHint) {
       {{"--tls=yes"}, "--help"},
       {{"--tsl"}, "--help"},
       {{"stray"}, "--help"}};
-  for (const auto& [words, hint] : mistakes) {
-    try {
-      parseArguments(words);
-      ADD_FAILURE() << words.back() << " is taken";
-    } catch (const std::runtime_error& error) {
-      EXPECT_NE(std::string(error.what()).find(hint), std::string::npos) << error.what();
-    }
-  }
+  for (const auto& [words, hint] : mistakes)
+    EXPECT_THAT([&] { parseArguments(words); },
+                testing::ThrowsMessage<std::runtime_error>(testing::HasSubstr(hint)))
+        << words.back();
 }
 
 }  // namespace
