@@ -73,9 +73,7 @@ TEST(StoredCatalog, IsReadStrictly) {
       {R"("categories":[])", R"("categories":{})"},
       {R"("savedAt":1)", R"("savedAt":"1")"},
       {R"("savedAt":1)", R"("savedAt":1e300)"},
-      {sound, sound + 'x'},
-      {sound, "[]"},
-      {sound, ""}};
+      {sound, "[]"}};
   for (const char* key : {"id", "providerID", "kind", "name", "category", "fileExtension",
                           "isExample", "categories", "savedAt"})
     damages.emplace_back(QByteArray("\"") + key + '"', "\"other\"");
