@@ -19,6 +19,7 @@ const QString tooLargeForAll =
     u"The provider response is larger than this preview can safely load."_s;
 const QString noConnection =
     u"Unable to connect. Check your internet connection and provider details, then try again."_s;
+const QString unreadable = u"The provider returned an unreadable library."_s;
 
 /// The ids of the catalogue that comes, or the sentence of what comes instead.
 QString idsOrSentence(QCoro::Task<Catalog> loading) {
@@ -35,10 +36,9 @@ QString idsOrSentence(QCoro::Task<Catalog> loading) {
   }
 }
 
-class CatalogByCategoryTest : public ::testing::Test {
+class CatalogLoadTest : public ::testing::Test {
  protected:
   using Answer = std::variant<QByteArray, std::exception_ptr>;
-  static Answer oversized() { return std::make_exception_ptr(OversizedBody()); }
   const QString action = u"get_vod_streams"_s;
 
   /// What comes of these answers to the requests for entries, the first being that for all.
@@ -63,8 +63,35 @@ class CatalogByCategoryTest : public ::testing::Test {
   std::stop_source stop;
 };
 
-TEST_F(CatalogByCategoryTest, AnswersAreMergedOrTheirFailureEndsTheLoad) {
-  const auto failure = [](auto error) -> Answer { return std::make_exception_ptr(error); };
+TEST_F(CatalogLoadTest, AsksForBothAtOnceAndTakesTheEntriesFailureFirst) {
+  auto loading = client.catalog(LibraryKind::shows, stop.get_token());
+  settle();
+  transport.fail(u"get_series_categories"_s, OversizedBody());
+  settle();
+  transport.fail(u"get_series"_s, HTTPFailure(401));
+  EXPECT_THROW(awaited<Catalog>(std::move(loading)), HTTPFailure);
+}
+
+TEST_F(CatalogLoadTest, WhatEndsTheEntriesEndsTheCategories) {
+  const std::pair<std::function<void()>, QString> ends[] = {
+      {[&] { transport.fail(action, HTTPFailure(500)); }, noConnection},
+      {[&] { transport.answer(action, "{}"); }, unreadable},
+      {[&] { stop.request_stop(); }, u"Canceled."_s}};
+  for (const auto& [end, sentence] : ends) {
+    auto loading = client.catalog(LibraryKind::movies, stop.get_token());
+    settle();
+    const auto categories = transport.exchanges().back();
+    end();
+    EXPECT_EQ(idsOrSentence(std::move(loading)), sentence);
+    settle();
+    EXPECT_TRUE(categories->cancelled) << sentence.toStdString();
+    EXPECT_EQ(transport.open(action), 0) << sentence.toStdString();
+  }
+}
+
+TEST_F(CatalogLoadTest, AnswersByCategoryAreMergedOrTheirFailureEndsTheLoad) {
+  const Answer oversized = std::make_exception_ptr(OversizedBody());
+  const Answer failed = std::make_exception_ptr(HTTPFailure(500));
   const QByteArray one = R"([{"category_id":1}])";
   const QByteArray two = R"([{"category_id":1},{"category_id":"2"}])";
   QByteArray many = "[";
@@ -74,33 +101,27 @@ TEST_F(CatalogByCategoryTest, AnswersAreMergedOrTheirFailureEndsTheLoad) {
       {"what fits is asked for once", two, {R"([{"stream_id":1}])"}, u"1"_s},
       {"numbers of the library, and none behind the one before",
        two,
-       {oversized(), R"([{"num":9,"stream_id":9},{"stream_id":"x"},{"num":"2","stream_id":2}])",
+       {oversized, R"([{"num":9,"stream_id":9},{"stream_id":"x"},{"num":"2","stream_id":2}])",
         R"([{"num":3,"stream_id":3},{"num":7,"stream_id":9},{"num":1,"stream_id":1}])", "[]"},
        u"1 2 3 9 x"_s},
       {"numbers of each answer",
        two,
-       {oversized(), R"([{"num":1,"stream_id":7},{"num":2,"stream_id":5}])",
+       {oversized, R"([{"num":1,"stream_id":7},{"num":2,"stream_id":5}])",
         R"([{"num":1,"stream_id":6},{"num":2,"stream_id":7}])", R"([{"num":1,"stream_id":4}])"},
        u"7 5 6 4"_s},
-      {"a category too large", two, {oversized(), "[]", oversized()}, tooLargeForAll},
-      {"a server that knows no categories", two, {oversized(), oversized()}, tooLargeForAll},
+      {"a category too large", two, {oversized, "[]", oversized}, tooLargeForAll},
+      {"a server that knows no categories", two, {oversized, oversized}, tooLargeForAll},
       {"no category is every category",
        one,
-       {oversized(), R"([{"stream_id":1}])", oversized()},
+       {oversized, R"([{"stream_id":1}])", oversized},
        u"1"_s},
-      {"\"0\" is a category", R"([{"category_id":0}])", {oversized(), oversized()}, tooLargeForAll},
-      {"nothing to ask by", "[]", {oversized()}, tooLargeForAll},
-      {"categories without end", many, {oversized()}, tooLargeForAll},
-      {"a failure in the middle",
-       two,
-       {oversized(), "[]", failure(HTTPFailure(500))},
-       noConnection},
-      {"a failure at the end", one, {oversized(), "[]", failure(HTTPFailure(500))}, noConnection},
-      {"half an answer", two, {oversized(), "[]", R"([{"stream_id":1},)"}, noConnection},
-      {"another shape",
-       two,
-       {oversized(), "{}"},
-       u"The provider returned an unreadable library."_s},
+      {"\"0\" is a category", R"([{"category_id":0}])", {oversized, oversized}, tooLargeForAll},
+      {"nothing to ask by", "[]", {oversized}, tooLargeForAll},
+      {"categories without end", many, {oversized}, tooLargeForAll},
+      {"a failure in the middle", two, {oversized, "[]", failed}, noConnection},
+      {"a failure at the end", one, {oversized, "[]", failed}, noConnection},
+      {"half an answer", two, {oversized, "[]", R"([{"stream_id":1},)"}, noConnection},
+      {"another shape", two, {oversized, "{}"}, unreadable},
   };
   for (const auto& [what, categories, answers, outcome] : cases) {
     ASSERT_EQ(outcomeOf(answers, categories), outcome) << what;
@@ -109,7 +130,7 @@ TEST_F(CatalogByCategoryTest, AnswersAreMergedOrTheirFailureEndsTheLoad) {
   }
 }
 
-TEST_F(CatalogByCategoryTest, NoAnswerIsAskedForAfterAStop) {
+TEST_F(CatalogLoadTest, NoAnswerIsAskedForAfterAStop) {
   transport.always(u"get_vod_categories"_s, R"([{"category_id":1},{"category_id":2}])");
   const auto isAsked = [&] { return transport.open(action) == 1; };
   int parts = 0;

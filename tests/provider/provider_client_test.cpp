@@ -5,7 +5,6 @@
 #include "platform/cancelled.h"
 #include "platform/preferences.h"
 #include "platform/worker.h"
-#include "provider/error_wording.h"
 #include "provider/vantor_configuration.h"
 #include "support/awaited.h"
 #include "support/fake_transport.h"
@@ -16,9 +15,6 @@
 
 namespace vantor::test {
 namespace {
-
-const QString unreachable =
-    u"Unable to connect. Check your internet connection and provider details, then try again."_s;
 
 class ProviderClientTest : public ::testing::Test {
  protected:
@@ -79,38 +75,6 @@ TEST(SignInAnswer, IsReadLeniently) {
   EXPECT_NO_THROW(parseSignIn(R"({"user_info":{"auth":1,"status":"Active","exp_date":1e300}})"));
 }
 
-TEST_F(ProviderClientTest, CatalogAsksForBothAtOnceAndTakesTheEntriesFailureFirst) {
-  auto loading = client.catalog(LibraryKind::shows, stop.get_token());
-  settle();
-  transport.fail(u"get_series_categories"_s, OversizedBody());
-  settle();
-  transport.fail(u"get_series"_s, HTTPFailure(401));
-  EXPECT_THROW(awaited<Catalog>(std::move(loading)), HTTPFailure);
-}
-
-TEST_F(ProviderClientTest, WhatEndsTheEntriesEndsTheCategories) {
-  const std::pair<std::function<void()>, QString> ends[] = {
-      {[&] { transport.fail(u"get_live_streams"_s, HTTPFailure(500)); }, unreachable},
-      {[&] { transport.answer(u"get_live_streams"_s, "{}"); },
-       u"The provider returned an unreadable library."_s},
-      {[&] { stop.request_stop(); }, u"Canceled."_s}};
-  for (const auto& [end, sentence] : ends) {
-    auto loading = client.catalog(LibraryKind::live, stop.get_token());
-    settle();
-    const auto categories = transport.exchanges().back();
-    end();
-    try {
-      awaited<Catalog>(std::move(loading));
-      ADD_FAILURE() << sentence.toStdString();
-    } catch (...) {
-      EXPECT_EQ(readableError(std::current_exception()), sentence);
-    }
-    settle();
-    EXPECT_TRUE(categories->cancelled) << sentence.toStdString();
-    EXPECT_EQ(transport.open(u"get_live_streams"_s), 0) << sentence.toStdString();
-  }
-}
-
 TEST_F(ProviderClientTest, WhoeverStopsReadsNoAnswer) {
   const auto expectCancelled = [&]<class Value>(auto start, const char* action,
                                                 const QByteArray& answer) {
@@ -145,19 +109,15 @@ TEST_F(ProviderClientTest, WhoeverStopsReadsNoAnswer) {
       "{}");
 }
 
-class ConfigurationTest : public ::testing::Test {
- protected:
-  QTemporaryDir folder;
+TEST(Configuration, TakesTheServerThatTheDocumentNamesOrTheLastAcceptedOne) {
+  const QTemporaryDir folder;
   FakeTransport transport;
-  Preferences preferences{folder.filePath(u"p.ini"_s)};
-  VantorConfiguration configuration{transport, preferences,
+  Preferences preferences(folder.filePath(u"p.ini"_s));
+  VantorConfiguration configuration(transport, preferences,
                                     QUrl(u"https://support.example/vantor-config.json"_s),
-                                    u"http://fallback.example:25461"_s};
+                                    u"http://fallback.example:25461"_s);
   const QString document = u"vantor-config.json"_s;
-  QString resolve() { return awaited<QString>(configuration.resolve(std::stop_token())); }
-};
-
-TEST_F(ConfigurationTest, TakesTheServerThatTheDocumentNamesOrTheLastAcceptedOne) {
+  const auto resolve = [&] { return awaited<QString>(configuration.resolve(std::stop_token())); };
   transport.always(document, R"({"schemaVersion":1,"serverUrl":"http://new.example:80/","x":1})");
   EXPECT_EQ(resolve(), u"http://new.example:80"_s);
   EXPECT_EQ(configuration.currentServer(), u"http://fallback.example:25461"_s)
