@@ -10,6 +10,7 @@
 #include <ctime>
 
 #include <sys/resource.h>
+#include <zlib.h>
 
 namespace vantor::test {
 namespace {
@@ -38,13 +39,9 @@ QByteArray bigEndian(std::uint32_t number) {
 }
 
 QByteArray chunk(const QByteArray& typeAndData) {
-  std::uint32_t sum = 0xFFFFFFFF;  // CRC-32
-  for (const char byte : typeAndData) {
-    sum ^= static_cast<unsigned char>(byte);
-    for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ (sum & 1 ? 0xEDB88320 : 0);
-  }
-  return bigEndian(static_cast<std::uint32_t>(typeAndData.size() - 4)) + typeAndData +
-         bigEndian(~sum);
+  const auto size = static_cast<std::uint32_t>(typeAndData.size());
+  const auto sum = crc32(0, reinterpret_cast<const Bytef*>(typeAndData.constData()), size);
+  return bigEndian(size - 4) + typeAndData + bigEndian(static_cast<std::uint32_t>(sum));
 }
 
 // The first and the second colour of the files below.
