@@ -27,10 +27,8 @@ using MaybeCatalog = std::optional<Catalog>;
 
 Catalog library(int entries) {
   CatalogBuilder builder;
-  for (int i = 0; i < entries; ++i) {
-    const std::string id = std::to_string(i);
-    builder.add({.providerID = id, .name = "Channel", .fileExtension = "m3u8"});
-  }
+  for (int i = 0; i < entries; ++i)
+    builder.add({.providerID = std::to_string(i), .name = "Channel", .fileExtension = "m3u8"});
   return builder.build(std::chrono::system_clock::now());
 }
 
@@ -84,21 +82,20 @@ TEST_F(CatalogDiskStoreTest, KeepsALibraryAsNonceCiphertextAndTag) {
 TEST_F(CatalogDiskStoreTest, RefusesEveryDamagedFile) {
   const auto store = create();
   awaited<Done>(store->save(library(1), account, LibraryKind::movies));
-  const QByteArray good = private_file::read(file("movies"));
-  std::vector<QByteArray> damaged = {QByteArray(), good.left(27), good.left(good.size() - 1),
-                                     good + 'x'};
-  for (const qsizetype position : {qsizetype{0}, qsizetype{12}, good.size() - 1}) {
-    damaged.push_back(good);
-    damaged.back()[position] = static_cast<char>(damaged.back()[position] ^ 1);
-  }
-  for (const std::string& box :
-       {sealed_box::seal("{\"items\":7}", *credentials.value(catalogKeyItem)),
-        sealed_box::seal("{}", QByteArray(32, 'k'))})
-    damaged.push_back(QByteArray::fromStdString(box));
-  for (const QByteArray& bytes : damaged) {
+  const std::string good = private_file::read(file("movies")).toStdString();
+  const auto altered = [&](std::size_t position) {
+    return std::string(good).replace(position, 1, 1, static_cast<char>(good[position] ^ 1));
+  };
+  const std::string damaged[] = {
+      "", good.substr(0, 27), good.substr(0, good.size() - 1), good + 'x',
+      // In the nonce, the ciphertext and the tag.
+      altered(0), altered(12), altered(good.size() - 1),
+      sealed_box::seal("{\"items\":7}", *credentials.value(catalogKeyItem)),
+      sealed_box::seal("{}", QByteArray(32, 'k'))};
+  for (const std::string& bytes : damaged) {
     private_file::replace(file("movies"), bytes);
     EXPECT_ANY_THROW(awaited<MaybeCatalog>(store->load(account, LibraryKind::movies)))
-        << bytes.size();
+        << &bytes - damaged;
   }
   QFile::remove(file("movies"));
   ASSERT_TRUE(QDir().mkdir(file("movies")));
