@@ -16,10 +16,10 @@ namespace vantor::test {
 namespace {
 
 /// The left half red, the right half blue.
-QImage twoHalves(int width, int height) {
-  QImage image(width, height, QImage::Format_RGB32);
+QImage twoHalves(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
   image.fill(Qt::blue);
-  QPainter(&image).fillRect(0, 0, width / 2, height, Qt::red);
+  QPainter(&image).fillRect(0, 0, size.width() / 2, size.height(), Qt::red);
   return image;
 }
 
@@ -69,8 +69,7 @@ TEST(Thumbnail, FitsTheBoundAndKeepsTheShape) {
                                            {{3000, 1}, {360, 1}},    {{1000, 1500}, {240, 360}}};
   for (const char* format : {"png", "jpeg", "bmp", "webp"}) {
     for (const auto& [original, fitted] : cases) {
-      const QImage thumbnail =
-          decodeThumbnail(encoded(twoHalves(original.width(), original.height()), format));
+      const QImage thumbnail = decodeThumbnail(encoded(twoHalves(original), format));
       ASSERT_EQ(thumbnail.size(), fitted) << format << original.width();
       const int middle = thumbnail.height() / 2;
       EXPECT_GT(thumbnail.pixelColor(thumbnail.width() / 10, middle).red(), 200) << format;
@@ -81,7 +80,7 @@ TEST(Thumbnail, FitsTheBoundAndKeepsTheShape) {
 
 TEST(Thumbnail, IsUprightTransparentAndTheFirstFrameOfAnAnimation) {
   const QImage turned = decodeThumbnail(
-      encoded(twoHalves(800, 400), "jpeg", QImageIOHandler::TransformationRotate90));
+      encoded(twoHalves({800, 400}), "jpeg", QImageIOHandler::TransformationRotate90));
   ASSERT_EQ(turned.size(), QSize(180, 360));
   EXPECT_GT(turned.pixelColor(90, 20).red(), 200);
   EXPECT_GT(turned.pixelColor(90, 340).blue(), 200);
@@ -103,7 +102,7 @@ TEST(Thumbnail, RefusesPicturesOfTooManyPixels) {
   const QByteArray oneRow = QByteArray(3 * 5'000 + 1, '\0');
   EXPECT_EQ(decodeThumbnail(declaredPNG(5'000, 5'000, oneRow.repeated(5'000))).size(),
             QSize(360, 360));
-  QByteArray bitmap = encoded(twoHalves(8, 8), "bmp");
+  QByteArray bitmap = encoded(twoHalves({8, 8}), "bmp");
   bitmap.replace(18, 8, QByteArray("\x30\x75\0\0\x30\x75\0\0", 8));  // 30,000 by 30,000
   for (const QByteArray& tooLarge :
        {declaredPNG(5'000, 5'001, oneRow.repeated(5'001)), declaredPNG(30'000, 30'000, oneRow),
@@ -114,7 +113,7 @@ TEST(Thumbnail, RefusesPicturesOfTooManyPixels) {
 }
 
 TEST(Thumbnail, RefusesAJPEGOfEndlessScans) {
-  const QByteArray picture = encoded(twoHalves(80, 40), "jpeg", {}, true);
+  const QByteArray picture = encoded(twoHalves({80, 40}), "jpeg", {}, true);
   const QByteArray end = picture.right(2);
   const QByteArray scan = picture.mid(picture.lastIndexOf("\xFF\xDA")).chopped(2);
   EXPECT_FALSE(decodeThumbnail(picture.chopped(2) + scan.repeated(10) + end).isNull());
@@ -129,7 +128,7 @@ QByteArray riffChunk(const QByteArray& name, const QByteArray& data) {
 }
 
 TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
-  const QImage image = twoHalves(64, 48);
+  const QImage image = twoHalves({64, 48});
   const QByteArray png = encoded(image, "png");
   const QByteArray jpeg = encoded(image, "jpeg");
   const QByteArray turned = encoded(image, "jpeg", QImageIOHandler::TransformationRotate90);
@@ -163,7 +162,7 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
        webpFile(riffChunk("VP8X", QByteArray("\2\0\0\0", 4) + size) +
                 riffChunk("ANIM", QByteArray(6, '\0')) + frame.repeated(1000))},
   };
-  const QByteArray ordinary = encoded(twoHalves(3000, 2000), "jpeg");
+  const QByteArray ordinary = encoded(twoHalves({3000, 2000}), "jpeg");
   const auto processorTime = [](const QByteArray& bytes) {
     const std::clock_t before = std::clock();
     decodeThumbnail(bytes);
@@ -185,7 +184,7 @@ TEST(Thumbnail, HandsTheDecoderOnlyWhatThePictureNeeds) {
 }
 
 TEST(Thumbnail, IsNullForWhatIsNoPicture) {
-  const QByteArray picture = encoded(twoHalves(400, 400), "png");
+  const QByteArray picture = encoded(twoHalves({400, 400}), "png");
   for (const QByteArray& bytes :
        {QByteArray(), QByteArray("<html><body>404</body></html>"),
         QByteArray(R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"/>)"),
