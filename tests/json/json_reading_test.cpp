@@ -41,16 +41,10 @@ const Reader readers[] = {
      [](const QByteArray& json) { return parsedCatalog("[]", json); }},
     {"episodes", R"({"info":{}@,"episodes":{<"1":[{"id":1,"title":"first"}],>
                      "1":[{"id":2,"title":"last"@},{"title":"no id"@}]}})",
-     [](const QByteArray& json) {
-       const auto episodes = parseEpisodes(json, MediaItem());
-       return episodes.isEmpty() ? QString() : episodes.first().name;
-     }},
+     [](const QByteArray& json) { return parseEpisodes(json, MediaItem()).value(0).name; }},
     {"guide", R"({<"epg_listings":[],>"epg_listings":[{"title":"last","start_timestamp":1,
                   "stop_timestamp":2@}]@})",
-     [](const QByteArray& json) {
-       const auto entries = parseGuide(json, QString());
-       return entries.isEmpty() ? QString() : entries.first().title;
-     }},
+     [](const QByteArray& json) { return parseGuide(json, QString()).value(0).title; }},
     {"sign-in", R"({<"user_info":{"auth":0},>"user_info":{"auth":1,"status":"Active",
                     <"max_connections":"first",>"max_connections":"last"@}@,"server_info":{}})",
      [](const QByteArray& json) { return parseSignIn(json).maximumConnections; }},
