@@ -76,13 +76,13 @@ TEST(SignInAnswer, IsReadLeniently) {
 }
 
 TEST_F(ProviderClientTest, WhoeverStopsReadsNoAnswer) {
-  const auto expectCancelled = [&]<class Value>(auto start, const char* action,
-                                                const QByteArray& answer) {
+  const auto expectCancelled = [&](auto start, const char* action, const QByteArray& answer) {
     // It waits to be read, or AddressSanitizer tells of the worker that is gone.
     for (const bool waits : {true, false}) {
       auto own = std::make_unique<Worker>();
       QSemaphore reading;
-      QCoro::Task<Value> operation = start(ProviderClient(account, transport, *own));
+      auto operation = start(ProviderClient(account, transport, *own));
+      using Value = typename decltype(operation)::value_type;
       settle();
       if (waits) own->post([&reading] { reading.acquire(); });
       transport.answer(QString::fromLatin1(action), answer);
@@ -99,14 +99,12 @@ TEST_F(ProviderClientTest, WhoeverStopsReadsNoAnswer) {
   };
   transport.always(u"get_live_categories"_s, "[]");
   transport.always(u"get_vod_streams"_s, "[]");
-  expectCancelled.operator()<Catalog>(catalog(LibraryKind::live), "get_live_streams", "[]");
-  expectCancelled.operator()<Catalog>(catalog(LibraryKind::movies), "get_vod_categories", "[]");
-  expectCancelled.operator()<QList<MediaItem>>(
-      [&](const ProviderClient& own) { return own.episodes({}, stop.get_token()); },
-      "get_series_info", R"({"episodes":{}})");
-  expectCancelled.operator()<GuideEntries>(
-      [&](const ProviderClient& own) { return own.guide({}, stop.get_token()); }, "get_short_epg",
-      "{}");
+  expectCancelled(catalog(LibraryKind::live), "get_live_streams", "[]");
+  expectCancelled(catalog(LibraryKind::movies), "get_vod_categories", "[]");
+  expectCancelled([&](const ProviderClient& own) { return own.episodes({}, stop.get_token()); },
+                  "get_series_info", R"({"episodes":{}})");
+  expectCancelled([&](const ProviderClient& own) { return own.guide({}, stop.get_token()); },
+                  "get_short_epg", "{}");
 }
 
 TEST(Configuration, TakesTheServerThatTheDocumentNamesOrTheLastAcceptedOne) {
