@@ -40,15 +40,23 @@ GuideEntries readListings(simdjson::ondemand::array listings, const QString& cha
   GuideEntries entries;
   Programme row;
   int position = -1;
+  qsizetype room = maximumProgrammeText;
+  const auto fitting = [&room](const std::string& text) {
+    QString shown = shownText(text).left(room);
+    room -= shown.size();
+    return shown;
+  };
   const bool wellShaped = forEachObject(listings, [&](simdjson::ondemand::object listing) {
     throwIfStopped(stop);
     ++position;
+    if (entries.size() == maximumProgrammes || room == 0) return;
     readRow(listing, row);
     const auto start = providerTime(row.start);
     const auto end = providerTime(row.end);
     if (!start || !end || *start >= *end) return;
-    entries.append({channelID + QLatin1Char(':') + QString::number(position), shownText(row.title),
-                    shownText(row.description), *start, *end});
+    QString title = fitting(row.title);
+    entries.append({channelID + QLatin1Char(':') + QString::number(position), std::move(title),
+                    fitting(row.description), *start, *end});
   });
   return wellShaped ? entries : GuideEntries();
 }

@@ -294,6 +294,18 @@ TEST(Guide, TimesMayLieFarAway) {
     EXPECT_GT(entry.end - entry.start, std::chrono::hours(1)) << entry.id.toStdString();
 }
 
+TEST(Guide, WhatItBecomesIsBounded) {
+  const auto read = [](const QByteArray& row, int rows) {
+    return parseGuide(answerOf(row, rows, "{\"epg_listings\":[", "]}"), channelID);
+  };
+  QByteArray row = R"({"start_timestamp":1,"stop_timestamp":2,"description":"")";
+  EXPECT_EQ(read(row + '}', 600'000).size(), maximumProgrammes);
+  row.chop(1);
+  const GuideEntries entries = read(row + QByteArray(100'000, 'x') + "\"}", 9);
+  EXPECT_EQ(entries.size(), 3);
+  EXPECT_EQ(entries.last().description.size(), maximumProgrammeText - 200'000);
+}
+
 TEST(Guide, AnotherShapeIsAnEmptyGuide) {
   for (const char* shape :
        {"[]", "{}", R"({"epg_listings":{}})", R"({"epg_listings":"x"})", R"([{"epg_listings":[]}])",

@@ -1,8 +1,6 @@
 #include "ui/channels/upcoming_entries.h"
 
 #include <QCoreApplication>
-#include <algorithm>
-#include <iterator>
 
 #include "core/programme_guide.h"
 
@@ -13,8 +11,10 @@ using namespace Qt::StringLiterals;
 GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
   GuideEntries upcoming;
   const auto time = std::chrono::floor<ProviderTime::duration>(now);
-  std::copy_if(entries.begin(), entries.end(), std::back_inserter(upcoming),
-               [time](const GuideEntry& entry) { return entry.end > time; });
+  for (const GuideEntry& entry : entries) {
+    if (entry.end > time) upcoming.append(entry);
+    if (upcoming.size() == 2) break;
+  }
   return upcoming;
 }
 

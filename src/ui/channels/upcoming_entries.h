@@ -7,8 +7,8 @@ namespace vantor {
 
 class ProgrammeGuide;
 
-/// The programmes that have not ended yet, in their stored order: what is on now, then what is
-/// next.
+/// The first two programmes that have not ended yet, in their stored order: what is on now, then
+/// what is next.
 GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now);
 /// Those of a channel; none while its guide is unknown.
 GuideEntries upcomingEntries(const ProgrammeGuide& guide, const QString& channelID, WallTime now);
