@@ -59,7 +59,20 @@ using namespace test;
 const QString serviceName = u"org.freedesktop.secrets"_s;
 const QString root = u"/org/freedesktop/secrets"_s;
 
-enum class Manner { works, absent, locked, dismissed, unanswered, otherType, slow, dies };
+const QString collection = root + u"/collection/login"_s;
+
+enum class Manner {
+  works,
+  absent,
+  locked,
+  hidden,  // locked, and tells of no item before it is unlocked
+  dismissed,
+  hiddenAndDismissed,
+  unanswered,
+  otherType,
+  slow,
+  dies
+};
 
 /// What a desktop offers as its Secret Service.
 class Service final : public QDBusVirtualObject {
@@ -82,7 +95,7 @@ class Service final : public QDBusVirtualObject {
       bus_.registerService(serviceName);
   }
   QDBusObjectPath put(const QString& account, const QByteArray& value) {
-    const QString path = root + u"/collection/login/"_s + QString::number(++made_);
+    const QString path = collection + u'/' + QString::number(++made_);
     items[path] = {{{u"service"_s, u"tv.vantor.player"_s}, {u"account"_s, account}}, value};
     return QDBusObjectPath(path);
   }
@@ -106,16 +119,17 @@ class Service final : public QDBusVirtualObject {
  private:
   bool locked() const {
     return manner_ == Manner::locked || manner_ == Manner::dismissed ||
-           manner_ == Manner::unanswered;
+           manner_ == Manner::unanswered || hides();
   }
+  bool hides() const { return manner_ == Manner::hidden || manner_ == Manner::hiddenAndDismissed; }
   void complete(const QString& prompt) {
-    const bool dismissed = manner_ != Manner::locked;
+    const bool dismissed = manner_ != Manner::locked && manner_ != Manner::hidden;
     if (!dismissed) manner_ = Manner::works;
     auto completed =
         QDBusMessage::createSignal(prompt, u"org.freedesktop.Secret.Prompt"_s, u"Completed"_s);
     completed << dismissed
               << QVariant::fromValue(
-                     QDBusVariant(QVariant::fromValue(dismissed ? BusPaths() : matching({}))));
+                     QDBusVariant(QVariant::fromValue(dismissed ? BusPaths() : toUnlock_)));
     bus_.send(completed);
   }
   BusPaths matching(const BusTexts& wanted) const {
@@ -140,6 +154,7 @@ class Service final : public QDBusVirtualObject {
 
   QDBusConnection bus_;
   Manner manner_ = Manner::works;
+  BusPaths toUnlock_;
   int made_ = 0;
 };
 
@@ -152,7 +167,8 @@ QDBusMessage Service::replyTo(const QDBusMessage& call) {
     return QVariant::fromValue(there ? list : BusPaths());
   };
   const QString prompt = locked() ? root + u"/prompt/1"_s : u"/"_s;
-  if (what == u"GetAll"_s && items.contains(call.path()))
+  if (what == u"ReadAlias"_s) return answer({path(collection)});
+  if (what == u"GetAll"_s && (call.path() == collection || items.contains(call.path())))
     return answer({QVariantMap{{u"Locked"_s, locked()}, {u"Label"_s, u"label"_s}}});
   if (what == u"GetAll"_s) return answer({QVariantMap()});
   if (what == u"OpenSession"_s && given.value(0) != u"plain"_s)
@@ -160,11 +176,13 @@ QDBusMessage Service::replyTo(const QDBusMessage& call) {
   if (what == u"OpenSession"_s)
     return answer({QVariant::fromValue(QDBusVariant(QString())), path(root + u"/session/1"_s)});
   if (what == u"SearchItems"_s) {
-    const BusPaths found = matching(qdbus_cast<BusTexts>(given.value(0)));
+    const BusPaths found = hides() ? BusPaths() : matching(qdbus_cast<BusTexts>(given.value(0)));
     return answer({paths(!locked(), found), paths(locked(), found)});
   }
-  if (what == u"Unlock"_s)
-    return answer({paths(!locked(), qdbus_cast<BusPaths>(given.value(0))), path(prompt)});
+  if (what == u"Unlock"_s) {
+    toUnlock_ = qdbus_cast<BusPaths>(given.value(0));
+    return answer({paths(!locked(), toUnlock_), path(toUnlock_.isEmpty() ? u"/"_s : prompt)});
+  }
   if (what == u"GetSecrets"_s)
     return answer({QVariant::fromValue(
         secrets(qdbus_cast<BusPaths>(given.value(0)), given.value(1).value<QDBusObjectPath>()))});
@@ -309,7 +327,10 @@ TEST_F(SecretServiceMoments, EachEndsInASentenceOrWaitsForTheUser) {
       {"works", in, in, out, Manner::works},
       {"absent", out + notRead, out + notRead, in + notRemoved, Manner::absent},
       {"locked", in, in, out, Manner::locked},
+      {"hidden", in, in, out, Manner::hidden},
       {"dismissed", out + notRead, out + notRead, in + notRemoved, Manner::dismissed},
+      {"hidden and dismissed", out + notRead, out + notRead, in + notRemoved,
+       Manner::hiddenAndDismissed},
       {"unanswered", waits, waits, waits, Manner::unanswered},
       {"dies", out + notRead, out + notRead, in + notRemoved, Manner::dies},
       {"deleted", out, in, out, Manner::works, true},

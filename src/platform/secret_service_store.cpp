@@ -71,14 +71,13 @@ struct Found {
   Owned<SecretItem> item;
 };
 
-/// The first item that matches, unlocked, with its value.
-Found find(const CredentialKey& key, GCancellable* cancellable) {
-  const auto service = join(cancellable);
-  if (!service) return {};
+/// The first item that matches, unlocked, with its value; not found while a locked collection may
+/// hide it.
+Found search(SecretService* service, const CredentialKey& key, GCancellable* cancellable) {
   GError* error = nullptr;
   const auto query = attributes(key);
   GList* items = secret_service_search_sync(
-      service.get(), &schema, query.get(),
+      service, &schema, query.get(),
       static_cast<SecretSearchFlags>(SECRET_SEARCH_UNLOCK | SECRET_SEARCH_LOAD_SECRETS),
       cancellable, &error);
   if (error) {
@@ -91,6 +90,37 @@ Found find(const CredentialKey& key, GCancellable* cancellable) {
   // A prompt that the user dismissed is no error to libsecret, but leaves the item locked.
   if (secret_item_get_locked(first.get())) return {};
   return {CredentialStatus::success, std::move(first)};
+}
+
+/// The collection that new items go to, null when it cannot be told or there is none.
+Owned<SecretCollection> defaultCollection(SecretService* service, GCancellable* cancellable) {
+  GError* error = nullptr;
+  Owned<SecretCollection> collection(secret_collection_for_alias_sync(
+      service, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, cancellable, &error));
+  const Owned<GError> owned(error);
+  return collection;
+}
+
+bool unlock(SecretService* service, SecretCollection* collection, GCancellable* cancellable) {
+  const std::unique_ptr<GList, decltype(&g_list_free)> wanted(g_list_append(nullptr, collection),
+                                                              g_list_free);
+  GError* error = nullptr;
+  const gint unlocked =
+      secret_service_unlock_sync(service, wanted.get(), cancellable, nullptr, &error);
+  const Owned<GError> owned(error);
+  return unlocked > 0;
+}
+
+Found find(const CredentialKey& key, GCancellable* cancellable) {
+  const auto service = join(cancellable);
+  if (!service) return {};
+  Found found = search(service.get(), key, cancellable);
+  if (found.status != CredentialStatus::itemNotFound) return found;
+  // Some services, as KeePassXC, tell of nothing that is locked.
+  const auto collection = defaultCollection(service.get(), cancellable);
+  if (!collection || !secret_collection_get_locked(collection.get())) return found;
+  if (!unlock(service.get(), collection.get(), cancellable)) return {};
+  return search(service.get(), key, cancellable);
 }
 
 }  // namespace
