@@ -22,7 +22,7 @@ std::vector<AskedCategory> CatalogByCategory::readCategories(QByteArray answer,
                                                              const std::stop_token& stop) {
   parseCategories(std::move(answer), entries_.builder(), stop);
   const std::vector<MediaCategory>& named = entries_.builder().categories();
-  if (named.empty() || named.size() > mostCategories) throw OversizedBody();
+  if (named.empty() || named.size() > mostCategories) return {};
   std::vector<AskedCategory> asked;
   for (const MediaCategory& category : named) asked.push_back({category.id});
   const QString none = u"0"_s;

@@ -31,7 +31,8 @@ class CatalogByCategory {
   explicit CatalogByCategory(LibraryKind kind) : entries_(kind, RowNumbers::kept) {}
 
   /// Reads the answer to the categories request. The categories to ask for: those that it names,
-  /// then "0", which servers call that of the entries without one.
+  /// then "0", which servers call that of the entries without one. None when there is nothing to
+  /// ask by, or too much.
   std::vector<AskedCategory> readCategories(QByteArray answer, const std::stop_token& stop);
   /// Reads the answer for one of them.
   CatalogPart readEntries(QByteArray answer, const std::stop_token& stop);

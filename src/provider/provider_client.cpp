@@ -62,20 +62,27 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
       client.request(categoryAction(kind), {}, children);
   try {
     QByteArray entries;
-    bool tooLarge = false;
+    std::exception_ptr tooLarge;
     const Attempt inOneAnswer(providerTrace, "loading a library in one answer");
     try {
       entries = co_await entriesAnswer;
     } catch (const OversizedBody&) {
       inOneAnswer.failed();
-      tooLarge = true;
+      tooLarge = std::current_exception();
     }
     if (tooLarge) {
-      QByteArray categories = co_await categoriesAnswer;
-      const QCoro::Task<Catalog> collected =
+      QByteArray categories;
+      try {
+        categories = co_await categoriesAnswer;
+      } catch (...) {
+        throwIfStopped(children);
+        std::rethrow_exception(tooLarge);
+      }
+      const QCoro::Task<std::optional<Catalog>> collected =
           loadByCategory(client, kind, std::move(categories), std::move(onPart), children);
-      Catalog catalog = co_await collected;
-      co_return catalog;
+      std::optional<Catalog> catalog = co_await collected;
+      if (!catalog) std::rethrow_exception(tooLarge);
+      co_return *std::move(catalog);
     }
     // Read at once: the categories may take long, and are for nothing if these are no entries.
     const auto read = client.worker_->run([entries = std::move(entries), kind, children]() mutable {
@@ -98,19 +105,28 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
   }
 }
 
-QCoro::Task<Catalog> ProviderClient::loadByCategory(ProviderClient client, LibraryKind kind,
-                                                    QByteArray categories, OnPart onPart,
-                                                    std::stop_token token) {
+QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClient client,
+                                                                   LibraryKind kind,
+                                                                   QByteArray categories,
+                                                                   OnPart onPart,
+                                                                   std::stop_token token) {
   throwIfStopped(token);
   const auto library = std::make_shared<CatalogByCategory>(kind);
   const auto listed =
       client.worker_->run([library, token, answer = std::move(categories)]() mutable {
         return library->readCategories(std::move(answer), token);
       });
-  const std::vector<AskedCategory> categoriesToAsk = co_await listed;
+  std::vector<AskedCategory> categoriesToAsk;
+  const Attempt reading(providerTrace, "reading what a large library can be asked by");
+  try {
+    categoriesToAsk = co_await listed;
+  } catch (...) {
+    reading.failed();
+  }
+  throwIfStopped(token);
+  if (categoriesToAsk.empty()) co_return std::nullopt;
   CatalogPart part;
   part.progress.categories = categoriesToAsk.size();
-  throwIfStopped(token);
   if (onPart) onPart(part);
   for (const AskedCategory& category : categoriesToAsk) {
     throwIfStopped(token);
@@ -124,12 +140,23 @@ QCoro::Task<Catalog> ProviderClient::loadByCategory(ProviderClient client, Libra
       // To some servers "0" means all of them.
       if (category.named) throw;
       attempt.failed();
+    } catch (const HTTPFailure&) {
+      // Others know no such category.
+      if (category.named) throw;
+      attempt.failed();
     }
     throwIfStopped(token);
     const auto read = client.worker_->run([library, token, answer = std::move(answer)]() mutable {
       return library->readEntries(std::move(answer), token);
     });
-    part = co_await read;
+    try {
+      part = co_await read;
+    } catch (const OversizedBody&) {
+      throw;
+    } catch (const AppError&) {
+      if (category.named) throw;
+      attempt.failed();
+    }
     throwIfStopped(token);
     if (onPart) onPart(part);
   }

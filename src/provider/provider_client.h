@@ -38,9 +38,10 @@ class ProviderClient {
   static QCoro::Task<ProviderDetails> signIn(ProviderClient client, std::stop_token token);
   static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, OnPart onPart,
                                    std::stop_token token);
-  static QCoro::Task<Catalog> loadByCategory(ProviderClient client, LibraryKind kind,
-                                             QByteArray categories, OnPart onPart,
-                                             std::stop_token token);
+  /// Absent when there are no categories to ask by.
+  static QCoro::Task<std::optional<Catalog>> loadByCategory(ProviderClient client, LibraryKind kind,
+                                                            QByteArray categories, OnPart onPart,
+                                                            std::stop_token token);
   static QCoro::Task<QList<MediaItem>> loadEpisodes(ProviderClient client, MediaItem show,
                                                     std::stop_token token);
   static QCoro::Task<GuideEntries> loadGuide(ProviderClient client, MediaItem channel,

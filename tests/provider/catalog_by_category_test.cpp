@@ -91,7 +91,9 @@ TEST_F(CatalogLoadTest, WhatEndsTheEntriesEndsTheCategories) {
 
 TEST_F(CatalogLoadTest, AnswersByCategoryAreMergedOrTheirFailureEndsTheLoad) {
   const Answer oversized = std::make_exception_ptr(OversizedBody());
+  const Answer tooLarge = std::make_exception_ptr(OversizedBody(u"too large"_s));
   const Answer failed = std::make_exception_ptr(HTTPFailure(500));
+  const Answer unreachable = std::make_exception_ptr(URLError(URLError::Code::unreachable));
   const QByteArray one = R"([{"category_id":1}])";
   const QByteArray two = R"([{"category_id":1},{"category_id":"2"}])";
   QByteArray many = "[";
@@ -116,10 +118,16 @@ TEST_F(CatalogLoadTest, AnswersByCategoryAreMergedOrTheirFailureEndsTheLoad) {
        {oversized, R"([{"stream_id":1}])", oversized},
        u"1"_s},
       {"\"0\" is a category", R"([{"category_id":0}])", {oversized, oversized}, tooLargeForAll},
-      {"nothing to ask by", "[]", {oversized}, tooLargeForAll},
-      {"categories without end", many, {oversized}, tooLargeForAll},
+      {"nothing to ask by", "[]", {tooLarge}, u"too large"_s},
+      {"nothing readable to ask by", "{}", {tooLarge}, u"too large"_s},
+      {"categories without end", many, {tooLarge}, u"too large"_s},
       {"a failure in the middle", two, {oversized, "[]", failed}, noConnection},
-      {"a failure at the end", one, {oversized, "[]", failed}, noConnection},
+      {"a server that knows no category for the rest",
+       one,
+       {oversized, R"([{"stream_id":1}])", failed},
+       u"1"_s},
+      {"and says so", one, {oversized, R"([{"stream_id":1}])", "{}"}, u"1"_s},
+      {"no connection at the end", one, {oversized, "[]", unreachable}, noConnection},
       {"half an answer", two, {oversized, "[]", R"([{"stream_id":1},)"}, noConnection},
       {"another shape", two, {oversized, "{}"}, unreadable},
   };
