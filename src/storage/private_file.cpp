@@ -86,7 +86,7 @@ QByteArray read(const QString& path) {
 void replace(const QString& path, QByteArrayView content) {
   const QByteArray temporary = unfinished(path);
   try {
-    const Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC);
+    const Descriptor file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK);
     // The file may be left from a run with another mode.
     if (::fchmod(file.get(), S_IRUSR | S_IWUSR) != 0) fail("chmod");
     writeAll(file.get(), content);
