@@ -27,6 +27,12 @@ void handle(int) {
   errno = error;
 }
 
+auto handlerOf(int signal) {
+  struct sigaction present = {};
+  ::sigaction(signal, nullptr, &present);
+  return present.sa_handler;
+}
+
 }  // namespace
 
 TerminationSignals::TerminationSignals() {
@@ -38,11 +44,14 @@ TerminationSignals::TerminationSignals() {
   struct sigaction action = {};
   action.sa_handler = handle;
   action.sa_flags = SA_RESTART;
-  for (const int signal : signals) ::sigaction(signal, &action, nullptr);
+  // Who began this program may want it to outlive the terminal, as nohup does.
+  for (const int signal : signals)
+    if (handlerOf(signal) != SIG_IGN) ::sigaction(signal, &action, nullptr);
 }
 
 TerminationSignals::~TerminationSignals() {
-  for (const int signal : signals) std::signal(signal, SIG_DFL);
+  for (const int signal : signals)
+    if (handlerOf(signal) == handle) std::signal(signal, SIG_DFL);
   notifier_.setEnabled(false);
   for (const int end : ends_)
     if (end >= 0) ::close(end);
