@@ -58,6 +58,9 @@ Rectangle {
                 if (list.keyRow >= first)
                     list.moveTo(list.keyRow - 1);
             }
+            function onModelReset() {
+                list.moveTo(list.keyRow);
+            }
         }
 
         function tell() {

@@ -2,7 +2,7 @@
 
 #include "core/app_model.h"
 #include "ui/entries/library_wording.h"
-#include "ui/entries/one_line.h"
+#include "ui/entries/shown_text.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {
@@ -24,8 +24,10 @@ CategoryListModel::CategoryListModel(AppModel& model, QObject* parent)
 
 void CategoryListModel::update() {
   const Catalog catalog = model_.browsing().catalog();
-  if (section_ == model_.browsing().section() && catalog.sharesContentsWith(catalog_))
+  if (section_ == model_.browsing().section() && catalog.categories() == catalog_.categories()) {
+    catalog_ = catalog;
     return updateContinued();
+  }
   beginResetModel();
   section_ = model_.browsing().section();
   catalog_ = catalog;
