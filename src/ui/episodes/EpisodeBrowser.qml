@@ -41,18 +41,23 @@ FocusScope {
         anchors.top: season.bottom
         width: parent.width - 2 * x
 
-        Repeater {
-            model: [browser.episodes.progress, browser.episodes.error, browser.episodes.emptyNote]
+        component Message: LiveText {
+            width: texts.width
+            visible: text !== ""
+            topPadding: 12
+            wrapMode: Text.Wrap
+        }
 
-            StyledText {
-                required property string modelData
+        Message {
+            text: browser.episodes.progress
+        }
 
-                width: texts.width
-                visible: text !== ""
-                topPadding: 12
-                text: modelData
-                wrapMode: Text.Wrap
-            }
+        Message {
+            text: browser.episodes.error
+        }
+
+        Message {
+            text: browser.episodes.emptyNote
         }
     }
 
