@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
+  connect(&model.session(), &Session::accountChanged, this, &ConnectView::suggestUsername);
   connect(&model.session(), &Session::signingInOrOutChanged, this, &ConnectView::workingChanged);
   connect(this, &ConnectView::workingChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::usernameChanged, this, &ConnectView::canConnectChanged);
@@ -56,11 +57,17 @@ void ConnectView::setAttempting(bool attempting) {
 void ConnectView::shownOrHidden() {
   setPassword({});
   setError({});
-  if (model_.showingConnect())
-    setUsername(model_.session().account() ? model_.session().account()->username : QString());
+  setUsername({});
+  suggestUsername();
   if (shown_ == model_.showingConnect()) return;
   shown_ = model_.showingConnect();
   Q_EMIT shownChanged();
+}
+
+void ConnectView::suggestUsername() {
+  // The saved account may become known while the sheet is open.
+  if (model_.showingConnect() && model_.session().account() && username_.isEmpty())
+    setUsername(model_.session().account()->username);
 }
 
 void ConnectView::close() {

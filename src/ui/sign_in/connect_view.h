@@ -56,6 +56,7 @@ class ConnectView final : public QObject {
   static QCoro::Task<> attempt(QPointer<ConnectView> self, QString username, QString password,
                                std::stop_token stop);
   void shownOrHidden();
+  void suggestUsername();
   void setError(const QString& error);
   void setAttempting(bool attempting);
 
