@@ -49,7 +49,7 @@ Item {
         IconButton {
             symbol: "arrow.clockwise"
             help: qsTr("Refresh library")
-            visible: header.shell.refreshOffered
+            visible: header.shell.refreshOffered && header.shell.searchOffered
             enabled: header.shell.refreshEnabled
             onClicked: header.shell.refresh()
         }
