@@ -63,6 +63,7 @@ Item {
             width: 22
             anchors.verticalCenter: parent.verticalCenter
             text: row.index + 1
+            textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             font: Style.caption
             fontSizeMode: Text.HorizontalFit

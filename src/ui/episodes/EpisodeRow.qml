@@ -38,6 +38,7 @@ Rectangle {
         width: 75
         anchors.verticalCenter: parent.verticalCenter
         text: row.label
+        textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
         font: Style.body
         color: press.pressed ? Style.canvas : Style.mint

@@ -28,6 +28,7 @@ Rectangle {
             id: number
             anchors.verticalCenter: parent.verticalCenter
             text: panel.banner.number
+            textFormat: Text.PlainText
             font: Style.font(panel.textSize * 1.5, Font.DemiBold)
             color: Style.mint
         }

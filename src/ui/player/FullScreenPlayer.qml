@@ -58,6 +58,7 @@ FocusScope {
         anchors.margins: screen.distantText
         visible: text !== ""
         text: screen.remote.note
+        textFormat: Text.PlainText
         font: Style.font(screen.distantText, Font.DemiBold)
         color: Style.focusWhite
         style: Text.Outline

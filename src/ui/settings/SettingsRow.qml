@@ -28,6 +28,7 @@ TVButton {
             Text {
                 width: parent.width
                 text: row.title
+                textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
                 font: Style.headline
                 color: row.textColor
@@ -37,6 +38,7 @@ TVButton {
             Text {
                 width: parent.width
                 text: row.subtitle
+                textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
                 font: Style.caption
                 color: row.textColor

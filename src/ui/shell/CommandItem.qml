@@ -30,6 +30,7 @@ MenuItem {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
             text: item.text
+            textFormat: Text.PlainText
             font: item.font
             color: item.highlighted ? Style.canvas : Style.focusWhite
         }
@@ -39,6 +40,7 @@ MenuItem {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: item.keysText
+            textFormat: Text.PlainText
             font: Style.caption
             color: item.highlighted ? Style.canvas : Style.secondary
         }
@@ -51,6 +53,7 @@ MenuItem {
             y: 8
             visible: item.startsMenu
             text: item.modelData.heading
+            textFormat: Text.PlainText
             font: Style.font(10, Font.DemiBold, 0.5)
             color: Style.mint
         }

@@ -11,6 +11,7 @@ Text {
     height: size
     scale: size / font.pixelSize
     text: Style.glyph(symbol)
+    textFormat: Text.PlainText
     font: Style.iconFont()
     color: Style.focusWhite
     horizontalAlignment: Text.AlignHCenter
