@@ -8,6 +8,12 @@
 #include "playback/playback.h"
 
 namespace vantor {
+namespace {
+
+// Characters. The bus ends the connection of who sends 64 MB.
+constexpr qsizetype longestFact = 1'000;
+
+}  // namespace
 
 NowPlaying::NowPlaying(AppModel& model, Zapping& zapping, EpisodeQueue& episodes,
                        const Clock& clock)
@@ -25,16 +31,16 @@ NowPlaying::NowPlaying(AppModel& model, Zapping& zapping, EpisodeQueue& episodes
 
 std::optional<NowPlaying::Facts> NowPlaying::facts() const {
   if (!model_.playback().source()) return {};
-  Facts facts{.title = model_.playback().title()};
+  Facts facts{.title = model_.playback().title().left(longestFact)};
   const std::optional<MediaItem> item = model_.playing();
   if (!item) return facts;
   facts.artwork = item->artwork.value_or(QUrl());
   if (item->kind == LibraryKind::live) {
     facts.channel = facts.title;
     const QString programme = programmeOf(item->id);
-    if (!programme.isEmpty()) facts.title = programme;
+    if (!programme.isEmpty()) facts.title = programme.left(longestFact);
   } else if (item->show) {
-    facts.show = *item->show;
+    facts.show = item->show->left(longestFact);
     facts.season = item->season;
     facts.episode = item->episode;
   }

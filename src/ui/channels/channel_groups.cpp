@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/entries/one_line.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 

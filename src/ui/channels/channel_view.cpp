@@ -4,6 +4,7 @@
 #include "ui/channels/channel_groups.h"
 #include "ui/channels/programme_times.h"
 #include "ui/channels/upcoming_entries.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 
@@ -49,7 +50,7 @@ void ChannelView::chooseGroup(int group) {
 }
 
 QString ChannelView::channelName() const {
-  return channelSelected() ? model_.browsing().selected()->name : tr("Live TV");
+  return channelSelected() ? oneLine(model_.browsing().selected()->name) : tr("Live TV");
 }
 
 std::optional<GuideEntry> ChannelView::programme() const {
@@ -60,7 +61,7 @@ std::optional<GuideEntry> ChannelView::programme() const {
 
 QString ChannelView::programmeTitle() const {
   const auto current = programme();
-  return current ? current->title : QString();
+  return current ? oneLine(current->title) : QString();
 }
 
 QString ChannelView::programmeTimes() const {
@@ -70,7 +71,7 @@ QString ChannelView::programmeTimes() const {
 
 QString ChannelView::programmeDescription() const {
   const auto current = programme();
-  return current ? current->description : QString();
+  return current ? paragraph(current->description) : QString();
 }
 
 QString ChannelView::programmeHint() const {

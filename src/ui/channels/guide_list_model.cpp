@@ -3,6 +3,7 @@
 #include "core/programme_guide.h"
 #include "ui/channels/upcoming_entries.h"
 #include "ui/entries/item_list_model.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 
@@ -44,14 +45,14 @@ GuideEntries GuideListModel::upcoming(const QString& channelID) const {
 QString GuideListModel::nowText(const QModelIndex& index) const {
   const QString id = index.data(ItemListModel::ItemIDRole).toString();
   const GuideEntries entries = upcoming(id);
-  if (!entries.isEmpty()) return entries.first().title;
+  if (!entries.isEmpty()) return oneLine(entries.first().title);
   if (index.data(ItemListModel::IsExampleRole).toBool()) return tr("Preview channel");
   return absentProgramme(guide_, id);
 }
 
 QString GuideListModel::nextText(const QModelIndex& index) const {
   const GuideEntries entries = upcoming(index.data(ItemListModel::ItemIDRole).toString());
-  return entries.size() < 2 ? u"—"_s : entries[1].title;
+  return entries.size() < 2 ? u"—"_s : oneLine(entries[1].title);
 }
 
 void GuideListModel::updateTexts(int first, int last) {

@@ -5,7 +5,7 @@
 #include "core/browsing.h"
 #include "playback/playback.h"
 #include "ui/entries/library_wording.h"
-#include "ui/entries/one_line.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 

@@ -5,7 +5,7 @@
 
 #include "core/app_model.h"
 #include "playback/playback.h"
-#include "ui/entries/one_line.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 

@@ -5,6 +5,7 @@
 #include "core/programme_guide.h"
 #include "ui/channels/programme_times.h"
 #include "ui/channels/upcoming_entries.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 namespace {
@@ -54,7 +55,9 @@ std::optional<MediaItem> ChannelBanner::told() const {
 
 QString ChannelBanner::name() const {
   const auto channel = told();
-  return channel ? channel->name : zapping_.typed().isEmpty() ? QString() : tr("No such channel");
+  return channel                      ? oneLine(channel->name)
+         : zapping_.typed().isEmpty() ? QString()
+                                      : tr("No such channel");
 }
 
 QUrl ChannelBanner::artwork() const {
@@ -69,7 +72,7 @@ GuideEntries ChannelBanner::upcoming() const {
 
 QString ChannelBanner::now() const {
   const GuideEntries entries = upcoming();
-  if (!entries.isEmpty()) return entries.first().title;
+  if (!entries.isEmpty()) return oneLine(entries.first().title);
   const auto channel = told();
   return channel ? absentProgramme(guide_, channel->id) : QString();
 }
@@ -90,7 +93,8 @@ double ChannelBanner::progress() const {
 
 QString ChannelBanner::next() const {
   const GuideEntries entries = upcoming();
-  return entries.size() < 2 ? QString() : programmeTimes(entries[1]) + u"   "_s + entries[1].title;
+  return entries.size() < 2 ? QString()
+                            : programmeTimes(entries[1]) + u"   "_s + oneLine(entries[1].title);
 }
 
 }  // namespace vantor

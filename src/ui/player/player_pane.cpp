@@ -2,6 +2,7 @@
 
 #include "playback/playback.h"
 #include "playback/stream_keeper.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 
@@ -27,7 +28,7 @@ QString PlayerPane::placeholder() const {
 }
 
 QString PlayerPane::title() const {
-  return playback_.title();
+  return oneLine(playback_.title());
 }
 
 bool PlayerPane::loading() const {
@@ -35,7 +36,7 @@ bool PlayerPane::loading() const {
 }
 
 QString PlayerPane::openingText() const {
-  return tr("Opening %1").arg(playback_.title());
+  return tr("Opening %1").arg(title());
 }
 
 QString PlayerPane::message() const {

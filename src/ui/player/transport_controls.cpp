@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "playback/playback.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 
@@ -18,7 +19,7 @@ namespace {
 QVariantList listed(const QList<EngineTrack>& tracks) {
   QVariantList list;
   for (const EngineTrack& track : tracks)
-    list.append(QVariantMap{{u"id"_s, track.id}, {u"name"_s, track.name}});
+    list.append(QVariantMap{{u"id"_s, track.id}, {u"name"_s, oneLine(track.name)}});
   return list;
 }
 

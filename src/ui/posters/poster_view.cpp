@@ -6,6 +6,7 @@
 #include "playback/playback.h"
 #include "ui/entries/item_list_model.h"
 #include "ui/entries/library_wording.h"
+#include "ui/entries/shown_text.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {
@@ -42,7 +43,7 @@ QString PosterView::kicker() const {
 }
 
 QString PosterView::name() const {
-  return hero_ ? hero_->name : sectionTitle(model_.browsing().section());
+  return hero_ ? oneLine(hero_->name) : sectionTitle(model_.browsing().section());
 }
 
 QString PosterView::facts() const {
@@ -52,11 +53,11 @@ QString PosterView::facts() const {
   if (const QString rating = hero_->rating.value_or(QString()); !rating.isEmpty())
     facts.append(u"★ "_s + rating);
   if (hero_->isExample) facts.append(tr("Preview entry"));
-  return facts.join(u"   "_s);
+  return oneLine(facts.join(u"   "_s));
 }
 
 QString PosterView::description() const {
-  if (hero_ && hero_->plot && !hero_->plot->isEmpty()) return *hero_->plot;
+  if (hero_ && hero_->plot && !hero_->plot->isEmpty()) return paragraph(*hero_->plot);
   if (hero_ && hero_->isExample)
     return tr(
         "A sample title for exploring the Vantor interface. No playable content is included.");

@@ -1,5 +1,6 @@
 // What the settings pages say.
 #include "core/app_model.h"
+#include "ui/entries/shown_text.h"
 #include "ui/settings/settings_block.h"
 #include "ui/settings/settings_view.h"
 
@@ -42,7 +43,7 @@ QList<SettingsBlock> playlistsPage(const AppModel& model) {
           "libraries stay available when you change sections."))};
   if (model.session().account() && model.session().subscription())
     blocks.append(text(SettingsView::tr("Provider connection limit: %1")
-                           .arg(model.session().subscription()->maximumConnections)));
+                           .arg(oneLine(model.session().subscription()->maximumConnections))));
   blocks.append(
       {row(SettingsView::tr("Xtream Codes parameters"),
            SettingsView::tr("Change your provider account"), Action::changeProvider),

@@ -4,6 +4,7 @@
 
 #include "core/browsing.h"
 #include "ui/entries/library_wording.h"
+#include "ui/entries/shown_text.h"
 #include "ui/shell/tv_shell.h"
 
 namespace vantor {
@@ -28,7 +29,7 @@ QString StatusView::label() const {
   const auto found = std::find_if(categories.begin(), categories.end(), [&](const auto& category) {
     return category.id == browsing_.category();
   });
-  return found == categories.end() ? sectionTitle(browsing_.section()) : found->name;
+  return found == categories.end() ? sectionTitle(browsing_.section()) : oneLine(found->name);
 }
 
 bool StatusView::loading() const {

@@ -49,8 +49,8 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   EXPECT_EQ(row(0), u"Loading guide…, then —"_s);
   view->showRows(0, 3);
   settle();
-  arrive(0, halfHours({"Morning news", "Harbour lights"}, 10min));
-  arrive(1, halfHours({"Only one"}, 10min));
+  arrive(0, halfHours({"Morning\nnews", "Harbour\r\nlights"}, 10min));
+  arrive(1, halfHours({QByteArray(5'000, 'x')}, 10min));
   clock.advance(1s);  // the loader looks again for what had to wait
   QSignalSpy changes(view->rows(), &QAbstractItemModel::dataChanged);
   ASSERT_TRUE(eventually([&] { return transport.fail(guideRequest, HTTPFailure(500)); }));
@@ -63,7 +63,7 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   clock.advance(1s);
   arrive(3, halfHours({"Over", "Over as well"}, -2h));
   EXPECT_EQ(row(0), u"Morning news, then Harbour lights"_s);
-  EXPECT_EQ(row(1), u"Only one, then —"_s);
+  EXPECT_EQ(row(1), QString(1'000, u'x') + u", then —"_s);
   EXPECT_EQ(row(2), u"Guide unavailable, then —"_s);
   EXPECT_EQ(row(3), u"No programme information, then —"_s);
 
