@@ -88,10 +88,11 @@ QCoro::Task<bool> Session::followService(QPointer<Session> self, std::stop_token
     return !self || stop.stop_requested() || !self->account() || self->account()->id != checked;
   };
   if (isSuperseded()) co_return true;
-  if (server == self->account()->serverText()) co_return true;
   ProviderAccount candidate = *self->account();
   candidate.server = QUrl(server, QUrl::StrictMode);
   if (!candidate.server.isValid()) co_return true;
+  // The document may write in capitals what an address has in small letters.
+  if (candidate.serverText() == self->account()->serverText()) co_return true;
   const Attempt attempt(sessionTrace, "following the service to another server");
   try {
     const ProviderClient client(candidate, self->services_.transport, self->services_.worker);
