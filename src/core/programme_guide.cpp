@@ -57,31 +57,34 @@ void ProgrammeGuide::showNone() {
   guide_.set({});
 }
 
-GuideLoader& ProgrammeGuide::loader(const ProviderAccount& account) {
+GuideLoader& ProgrammeGuide::loader() {
   if (!guideLoader_)
     guideLoader_ = std::make_unique<GuideLoader>(
-        ProviderClient(account, services_.transport, services_.worker), services_.clock);
+        ProviderClient(*session_.account(), services_.transport, services_.worker),
+        services_.clock);
   return *guideLoader_;
 }
 
-QCoro::Task<GuideEntries> ProgrammeGuide::load(ProviderAccount account, MediaItem item,
-                                               std::stop_token stop) {
-  return load(QPointer(this), std::move(account), std::move(item), stop);
+void ProgrammeGuide::serverChanged() {
+  guideLoader_.reset();
 }
 
-QCoro::Task<GuideEntries> ProgrammeGuide::load(QPointer<ProgrammeGuide> self,
-                                               ProviderAccount account, MediaItem item,
+QCoro::Task<GuideEntries> ProgrammeGuide::load(MediaItem item, std::stop_token stop) {
+  return load(QPointer(this), std::move(item), stop);
+}
+
+QCoro::Task<GuideEntries> ProgrammeGuide::load(QPointer<ProgrammeGuide> self, MediaItem item,
                                                std::stop_token stop) {
   for (;;) {
     try {
-      const QCoro::Task<GuideEntries> loading = self->loader(account).load(item, stop);
+      const QCoro::Task<GuideEntries> loading = self->loader().load(item, stop);
       GuideEntries entries = co_await loading;
       co_return entries;
     } catch (const Cancelled&) {
       if (!self || stop.stop_requested()) throw;
     }
-    // Only too many loads are turned away: channels that were passed over in a hurry are still
-    // being fetched.
+    // Turned away, since channels that were passed over in a hurry are still being fetched; or
+    // asked of a server that is no longer the account's.
     const QCoro::Task<> pause = self->services_.clock.sleep(GuideLoader::waitStep, stop);
     co_await pause;
     if (!self || stop.stop_requested()) throw Cancelled();
@@ -93,21 +96,19 @@ void ProgrammeGuide::prefetchGuide(const MediaItem& item) {
   if (guideTasks_.contains(item.id) || guideTasks_.size() >= runningFetches) return;
   const auto age = sinceCheck(item.id);
   if (age && *age <= guideInterval) return;
-  guideTasks_[item.id] = Job::start([self = QPointer(this), account = *session_.account(), item,
-                                     token = session_.generation()](std::stop_token stop) {
-    return fetch(self, account, item, token, stop);
-  });
+  guideTasks_[item.id] =
+      Job::start([self = QPointer(this), item, token = session_.generation()](
+                     std::stop_token stop) { return fetch(self, item, token, stop); });
 }
 
-QCoro::Task<> ProgrammeGuide::fetch(QPointer<ProgrammeGuide> self, ProviderAccount account,
-                                    MediaItem item, Session::Generation token,
-                                    std::stop_token stop) {
+QCoro::Task<> ProgrammeGuide::fetch(QPointer<ProgrammeGuide> self, MediaItem item,
+                                    Session::Generation token, std::stop_token stop) {
   if (!self || !self->session_.isCurrent(token, stop)) co_return;
   GuideEntries entries;
   bool failed = false;
   const Attempt attempt(providerTrace, "loading the guide of a row");
   try {
-    const QCoro::Task<GuideEntries> loaded = load(self, account, item, stop);
+    const QCoro::Task<GuideEntries> loaded = load(self, item, stop);
     entries = co_await loaded;
   } catch (...) {
     // The row shows that there is no guide; nothing more is said about it.

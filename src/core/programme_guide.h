@@ -41,8 +41,10 @@ class ProgrammeGuide final : public QObject {
   bool show(const QString& channelID);
   void showNone();
   /// Fetches now; the caller hands what comes to `shownGuideArrived`.
-  QCoro::Task<GuideEntries> load(ProviderAccount account, MediaItem item, std::stop_token stop);
+  QCoro::Task<GuideEntries> load(MediaItem item, std::stop_token stop);
   void shownGuideArrived(const QString& channelID, const GuideEntries& entries);
+  /// The account has another server, which is asked for whatever is being fetched.
+  void serverChanged();
   /// Drops what was fetched, and when, and cancels what is being fetched.
   void forget();
 
@@ -52,10 +54,10 @@ class ProgrammeGuide final : public QObject {
   void guideFailuresChanged(const QString& channelID);  // likewise
 
  private:
-  GuideLoader& loader(const ProviderAccount& account);
-  static QCoro::Task<GuideEntries> load(QPointer<ProgrammeGuide> self, ProviderAccount account,
-                                        MediaItem item, std::stop_token stop);
-  static QCoro::Task<> fetch(QPointer<ProgrammeGuide> self, ProviderAccount account, MediaItem item,
+  GuideLoader& loader();
+  static QCoro::Task<GuideEntries> load(QPointer<ProgrammeGuide> self, MediaItem item,
+                                        std::stop_token stop);
+  static QCoro::Task<> fetch(QPointer<ProgrammeGuide> self, MediaItem item,
                              Session::Generation token, std::stop_token stop);
   void arrived(const QString& channelID, const GuideEntries& entries);
   void missed(const QString& channelID);

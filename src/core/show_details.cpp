@@ -65,7 +65,7 @@ QCoro::Task<> ShowDetails::fetch(QPointer<ShowDetails> self, ProviderAccount acc
       const QCoro::Task<QList<MediaItem>> answered = client.episodes(item, stop);
       episodes = co_await answered;
     } else {
-      const QCoro::Task<GuideEntries> loaded = self->guide_.load(account, item, stop);
+      const QCoro::Task<GuideEntries> loaded = self->guide_.load(item, stop);
       entries = co_await loaded;
     }
   } catch (...) {

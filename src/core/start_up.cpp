@@ -56,12 +56,15 @@ QCoro::Task<> AppModel::startUp(QPointer<AppModel> self, Session::Generation tok
   const bool superseded = self->session_.generation() != token;
   self->applyRestored(superseded ? Restored() : std::move(restored));
   if (!self || !self->session_.restoringLibrary()) co_return;
+  const QUrl server = self->session_.account()->server;
   const QCoro::Task<bool> followed = self->session_.followService(stop);
   const bool well = co_await followed;
   if (!well && self)
     self->notice_.set(
         tr("The updated server could not be verified. Keeping your saved connection."));
-  if (self && self->session_.isCurrent(token, stop)) self->libraryRestorable();
+  if (!self || !self->session_.isCurrent(token, stop)) co_return;
+  if (self->session_.account()->server != server) self->guide_.serverChanged();
+  self->libraryRestorable();
 }
 
 void AppModel::libraryRestorable() {

@@ -82,6 +82,30 @@ TEST_F(StartUpTest, FollowsAChangedServerOnceItAcceptsTheAccountAndThatIsSaved) 
   }
 }
 
+TEST_F(StartUpTest, AGuideIsAskedForAtTheServerThatTheServiceMovedTo) {
+  saveAccount();
+  AppModel& app = launch();
+  app.navigate(Section::search);
+  app.select(entry(LibraryKind::live, 1));
+  app.guide().prefetchGuide(entry(LibraryKind::live, 2));
+  settle();
+  ASSERT_EQ(transport.open(guideRequest), 2);
+  transport.always(QString(), acceptedSignIn());
+  nameServer("http://new.example");
+  const auto openThere = [&] {
+    clock.advance(100ms);
+    return std::ranges::count_if(transport.exchanges(), [](const auto& exchange) {
+      return exchange->action == guideRequest && !exchange->over &&
+             exchange->request.address.host() == u"new.example"_s;
+    });
+  };
+  ASSERT_TRUE(eventually([&] { return openThere() == 2; }));
+  EXPECT_EQ(transport.open(guideRequest), 2) << "nothing waits for the old one";
+  while (transport.answer(guideRequest, guide({{"News", 0s, 1h}}))) settle();
+  EXPECT_TRUE(eventually([&] { return !app.details().detailsLoading(); }));
+  EXPECT_EQ(app.guide().guide().size(), 1);
+}
+
 TEST_F(StartUpTest, WhatCannotBeReadEndsInASentence) {
   credentials.put(providerItem, "{\"id\":7}");
   EXPECT_TRUE(launch().notice().has_value());
