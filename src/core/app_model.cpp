@@ -81,8 +81,10 @@ std::optional<MediaItem> AppModel::lastChannel() const {
 void AppModel::takeUpRecord() {
   const std::optional<QString> last = record_.begin();
   if (!last) return;
-  if (habits_) habits_->takeOver(*last);
-  if (trackMemory_) trackMemory_->takeOver(*last);
+  // Also in an isolated run, which makes this the account that the next start goes on with.
+  const QString account = session_.account()->idText();
+  ViewingHabits::takeOver(services_.preferences, *last, account);
+  TrackMemory::takeOver(services_.preferences, *last, account);
 }
 
 void AppModel::setCategory(const QString& id) {

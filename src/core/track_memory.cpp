@@ -85,9 +85,9 @@ QString TrackMemory::key(const QString& topic) const {
   return topic + session_.account()->idText();
 }
 
-void TrackMemory::takeOver(const QString& account) {
+void TrackMemory::takeOver(Preferences& preferences, const QString& from, const QString& to) {
   for (const QString& topic : {soundTopic, subtitlesTopic})
-    preferences_.rename(topic + account, key(topic));
+    preferences.rename(topic + from, topic + to);
 }
 
 }  // namespace vantor

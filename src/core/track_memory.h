@@ -24,8 +24,8 @@ class TrackMemory final : public QObject {
 
   /// What to look for in a source, of a show if the id is not empty.
   TrackChoices choicesFor(const QString& showID) const;
-  /// Goes on with what is kept for another account.
-  void takeOver(const QString& account);
+  /// Makes what is kept for one account what is kept for another.
+  static void takeOver(Preferences& preferences, const QString& from, const QString& to);
 
  private:
   QList<TrackChoice> choices(const QString& topic, const QString& showID) const;

@@ -105,9 +105,8 @@ void ViewingHabits::setLastChannel(const QString& id) {
   if (session_.account()) preferences_.setText(channelKey(session_.account()->idText()), id);
 }
 
-void ViewingHabits::takeOver(const QString& account) {
-  const QString current = session_.account()->idText();
-  for (const auto& key : {shapesKey, channelKey}) preferences_.rename(key(account), key(current));
+void ViewingHabits::takeOver(Preferences& preferences, const QString& from, const QString& to) {
+  for (const auto& key : {shapesKey, channelKey}) preferences.rename(key(from), key(to));
 }
 
 }  // namespace vantor

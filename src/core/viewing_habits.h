@@ -25,8 +25,8 @@ class ViewingHabits final : public QObject {
   /// The entry id of the account's channel that was played last, empty while there is none.
   QString lastChannel() const;
   void setLastChannel(const QString& id);
-  /// Goes on with what is kept for another account.
-  void takeOver(const QString& account);
+  /// Makes what is kept for one account what is kept for another.
+  static void takeOver(Preferences& preferences, const QString& from, const QString& to);
 
  private:
   void restoreVolume();

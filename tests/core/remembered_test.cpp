@@ -226,6 +226,20 @@ TEST_F(RememberedTest, ChosenTracksAreLookedForByShowAndInGeneral) {
   expected(episode(6, u"shows:4"_s), {u"setAudioTrack 2"_s, u"setSubtitleTrack -1"_s});
 }
 
+TEST_F(RememberedTest, ASignInFromThePreviewTakesAllOver) {
+  choose(channel, PictureShape::fill);
+  asked(movie, both);
+  playback().setAudioTrack(2);
+  launch({u"--demo"_s});
+  account = ProviderAccount::validated(account.name, account.serverText(), account.username,
+                                       u"another secret"_s);
+  signIn();
+  launch();
+  EXPECT_EQ(preferences->text(key(u"channel"_s)), channel.id);
+  EXPECT_EQ(shapeOf(channel), PictureShape::fill);
+  EXPECT_EQ(asked(movie, both), QStringList{u"setAudioTrack 2"_s});
+}
+
 TEST_F(RememberedTest, ATrackChosenInTheSourceStandsHoweverItsTracksCome) {
   asked(movie, both);
   playback().setAudioTrack(2);
