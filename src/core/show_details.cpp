@@ -8,6 +8,8 @@ namespace vantor {
 namespace {
 
 constexpr qsizetype cachedShows = 30;
+// Of all shows together, since one alone may have 200,000.
+constexpr qsizetype cachedEpisodes = 50'000;
 
 }  // namespace
 
@@ -91,7 +93,10 @@ void ShowDetails::failed(std::exception_ptr failure) {
 void ShowDetails::episodesArrived(const QString& showID, const QList<MediaItem>& episodes) {
   const Announcements::Scope scope(announcements_);
   episodeCache_.insert(showID, episodes);
-  if (episodeCache_.size() > cachedShows) episodeCache_ = {{showID, episodes}};
+  qsizetype cached = 0;
+  for (const QList<MediaItem>& each : std::as_const(episodeCache_)) cached += each.size();
+  if (episodeCache_.size() > cachedShows || cached > cachedEpisodes)
+    episodeCache_ = {{showID, episodes}};
   episodes_.set(episodes);
   detailsLoading_.set(false);
 }

@@ -38,6 +38,18 @@ TEST_F(DetailsTest, AShowIsAskedForOnceUntilThirtyOthersWere) {
   EXPECT_EQ(firstTitle(), u"one"_s) << "but the last";
 }
 
+TEST_F(DetailsTest, LongShowsCountForMany) {
+  QByteArrayList rows;
+  for (int id = 1; id <= 50'000; ++id) rows.append("{\"id\":" + QByteArray::number(id) + '}');
+  selectWhole(1);
+  select(2);
+  answerEpisodes("{\"1\":[" + rows.join(',') + "]}");
+  select(1);
+  EXPECT_TRUE(app.details().detailsLoading());
+  select(2);
+  EXPECT_EQ(app.details().episodes().size(), 50'000) << "at once";
+}
+
 TEST_F(DetailsTest, AFailureIsShownAndTheNextSelectionTriesAgain) {
   const std::pair<std::function<void()>, QString> failures[] = {
       {[&] { answerEpisodes("[]"); }, u"This show's episodes could not be read."_s},
