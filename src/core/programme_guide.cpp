@@ -168,6 +168,8 @@ void ProgrammeGuide::shownGuideArrived(const QString& channelID, const GuideEntr
 
 void ProgrammeGuide::forget() {
   const Announcements::Scope scope(announcements_);
+  // Who waits for a fetch has to ask again.
+  if (!guideTasks_.empty() || !guideCache_.isEmpty()) cacheDiffers_.note();
   guideTasks_.clear();
   guideLoader_.reset();
   guideChecked_.clear();
@@ -175,9 +177,7 @@ void ProgrammeGuide::forget() {
     guideFailures_.clear();
     failuresDiffer_.note();
   }
-  if (guideCache_.isEmpty()) return;
   guideCache_.clear();
-  cacheDiffers_.note();
 }
 
 }  // namespace vantor

@@ -74,6 +74,16 @@ TEST_F(ChannelViewTest, ARowSaysWhatIsKnownOfItsProgrammes) {
   EXPECT_EQ(row(0), u"New, then —"_s);
 }
 
+TEST_F(ChannelViewTest, ARefreshAsksAgainForWhatHasYetToArrive) {
+  open(1);
+  view->showRows(0, 0);
+  settle();
+  app->refreshGuide();
+  settle();
+  arrive(0, halfHours({"New"}, 10min));
+  EXPECT_EQ(row(0), u"New, then —"_s);
+}
+
 TEST_F(ChannelViewTest, SampleChannelsHaveNoGuide) {
   open({u"--demo"_s});
   view->showRows(0, 5);
