@@ -68,14 +68,10 @@ void AppModel::navigate(Section section) {
 }
 
 void AppModel::selectRemembered() {
-  std::optional<MediaItem> item = browsing_.remembered();
-  if (!item && browsing_.section() == Section::live && habits_) item = lastChannel();
-  if (item) select(*item);
-}
-
-std::optional<MediaItem> AppModel::lastChannel() const {
-  const std::optional<std::size_t> place = browsing_.items().indexOf(habits_->lastChannel());
-  return place ? std::optional(browsing_.items().item(*place)) : std::nullopt;
+  std::optional<QString> id = browsing_.rememberedID();
+  if (!id && browsing_.section() == Section::live && habits_) id = habits_->lastChannel();
+  const std::optional<std::size_t> place = id ? browsing_.items().indexOf(*id) : std::nullopt;
+  if (place) select(browsing_.items().item(*place));
 }
 
 void AppModel::takeUpRecord() {

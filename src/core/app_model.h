@@ -79,9 +79,9 @@ class AppModel final : public QObject {
 
   /// Goes where there is no account and nothing is loaded; every job of the world before is stale.
   void leaveWorld();
-  /// Selects what was selected when the section was left; among the channels else the last one.
+  /// Selects what was selected when the section was left, if it is in the list; among the channels
+  /// the last one, if nothing was.
   void selectRemembered();
-  std::optional<MediaItem> lastChannel() const;  // while it is in the list
   /// Goes on with what is kept of the user's last account.
   void takeUpRecord();
 

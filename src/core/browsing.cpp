@@ -138,12 +138,9 @@ void Browsing::enter(Section target) {
   if (position.anchor) setBrowseAnchor(target, *position.anchor);
 }
 
-std::optional<MediaItem> Browsing::remembered() const {
+std::optional<QString> Browsing::rememberedID() const {
   const auto position = positions_.find(section());
-  if (position == positions_.end() || !position->second.selectedID) return std::nullopt;
-  const auto index = items().indexOf(*position->second.selectedID);
-  if (!index) return std::nullopt;
-  return items().item(*index);
+  return position == positions_.end() ? std::nullopt : position->second.selectedID;
 }
 
 void Browsing::reset() {

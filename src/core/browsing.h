@@ -47,8 +47,8 @@ class Browsing final : public QObject {
   // What the model does, which brings along what else depends on it.
   /// Leaves for another section, where it was left before, with nothing selected.
   void enter(Section section);
-  /// The entry that was selected when the section was left, while it is in the list.
-  std::optional<MediaItem> remembered() const;
+  /// The id of the entry that was selected when the section was left.
+  std::optional<QString> rememberedID() const;
   void choose(const QString& category);
   void setSelected(std::optional<MediaItem> item);
   /// What the list is made of differs.

@@ -137,6 +137,10 @@ TEST_F(RememberedTest, TheLastChannelIsSelectedAfterALaunch) {
   model->navigate(Section::movies);
   model->navigate(Section::live);
   EXPECT_EQ(selectedID(), u"live:2"_s) << "later where the section was left";
+  model->browsing().setSearch(u"Title 7"_s);
+  model->navigate(Section::movies);
+  model->navigate(Section::live);
+  EXPECT_EQ(selectedID(), u""_s) << "which is not among those found";
   const std::tuple<QString, int, QString> signIns[] = {
       {account.username, 3, u""_s},  // the channel is gone
       {account.username, 9, u"live:7"_s},
