@@ -18,7 +18,10 @@ std::optional<ProviderTime> expiry(std::string_view text) {
   return time && *time > ProviderTime() ? time : std::nullopt;
 }
 
-/// Empty unless all are texts.
+/// Many times as many as there are; a large answer has room for millions.
+constexpr qsizetype mostFormats = 64;
+
+/// Empty unless all are texts, of which the first are kept.
 QStringList formatsOf(simdjson::ondemand::array array) {
   QStringList list;
   bool onlyTexts = true;
@@ -31,7 +34,7 @@ QStringList formatsOf(simdjson::ondemand::array array) {
     }
     std::string text;
     appendString(format, text);
-    list.append(QString::fromStdString(text));
+    if (list.size() < mostFormats) list.append(QString::fromStdString(text));
   }
   return onlyTexts ? list : QStringList();
 }

@@ -69,9 +69,14 @@ TEST(SignInAnswer, IsReadLeniently) {
               u"Your provider did not accept this account. Check the username, password and "
               "subscription status."_s)
         << answer;
-  EXPECT_TRUE(parseSignIn(R"({"user_info":{"auth":1,"status":"Active",
-                              "allowed_output_formats":["m3u8",7]}})")
-                  .formats.isEmpty());
+  const auto formats = [](const QByteArray& list) {
+    return parseSignIn(R"({"user_info":{"auth":1,"status":"Active","allowed_output_formats":[)" +
+                       list + "]}}")
+        .formats.size();
+  };
+  EXPECT_EQ(formats(R"("m3u8",7)"), 0);
+  EXPECT_EQ(formats(R"("ts",)" + QByteArray(R"("",)").repeated(99) + R"("ts")"), 64);
+  EXPECT_EQ(formats(R"("ts",)" + QByteArray(R"("",)").repeated(99) + "7"), 0);
   EXPECT_NO_THROW(parseSignIn(R"({"user_info":{"auth":1,"status":"Active","exp_date":1e300}})"));
 }
 
