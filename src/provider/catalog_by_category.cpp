@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Several times what the largest providers have; together they bound memory, time and traffic.
-constexpr std::size_t mostCategories = 5'000;
+// With that of the categories they bound memory, time and traffic, at several times what the
+// largest providers have.
 constexpr qsizetype mostAnswered = 32 * defaultBodyLimit;  // bytes
 constexpr std::size_t mostMemory = 4 * defaultBodyLimit;   // bytes, of the catalogue
 
@@ -20,9 +20,9 @@ constexpr std::size_t mostMemory = 4 * defaultBodyLimit;   // bytes, of the cata
 
 std::vector<AskedCategory> CatalogByCategory::readCategories(QByteArray answer,
                                                              const std::stop_token& stop) {
-  parseCategories(std::move(answer), entries_.builder(), stop);
+  const bool all = parseCategories(std::move(answer), entries_.builder(), stop);
   const std::vector<MediaCategory>& named = entries_.builder().categories();
-  if (named.empty() || named.size() > mostCategories) return {};
+  if (named.empty() || !all) return {};
   std::vector<AskedCategory> asked;
   for (const MediaCategory& category : named) asked.push_back({category.id});
   const QString none = u"0"_s;

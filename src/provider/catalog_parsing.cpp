@@ -16,8 +16,9 @@ std::shared_ptr<CatalogBuilder> parseEntries(QByteArray entries, LibraryKind kin
   return std::make_shared<CatalogBuilder>(std::move(collector.builder()));
 }
 
-void parseCategories(QByteArray categories, CatalogBuilder& builder, const std::stop_token& stop) {
+bool parseCategories(QByteArray categories, CatalogBuilder& builder, const std::stop_token& stop) {
   std::unordered_set<std::string, TextHash> seen;
+  bool all = true;
   forEachRow(std::move(categories), stop, [&](simdjson::ondemand::object object) {
     std::string id;
     std::string name;
@@ -30,9 +31,15 @@ void parseCategories(QByteArray categories, CatalogBuilder& builder, const std::
       appendValueText(value, *text);
       return true;
     });
-    if (id.empty() || !seen.insert(id).second) return;
+    if (id.empty() || seen.contains(id)) return;
+    if (seen.size() == mostCategories) {
+      all = false;
+      return;
+    }
     builder.add(MediaCategory{QString::fromStdString(id), QString::fromStdString(name)});
+    seen.insert(std::move(id));
   });
+  return all;
 }
 
 Catalog parseCatalog(QByteArray entries, QByteArray categories, LibraryKind kind, Catalog::Time now,

@@ -55,6 +55,15 @@ TEST(CatalogParsing, ReadsTheFieldsOfEachKind) {
                              .year = QString()}));
 }
 
+TEST(CatalogParsing, OfCategoriesWithoutEndTheFirstAreKept) {
+  QByteArrayList rows;
+  for (int id = 0; id < 6'000; ++id)
+    rows.append("{\"category_id\":" + QByteArray::number(id) + '}');
+  const Catalog catalog = parse("[]", LibraryKind::live, '[' + rows.join(',') + ']');
+  ASSERT_EQ(catalog.categories().size(), 5'000u);
+  EXPECT_EQ(catalog.categories().back().id, u"4999"_s);
+}
+
 TEST(CatalogParsing, NumbersKeepTheirText) {
   const Catalog catalog = parse(
       R"([{"stream_id":123456789012345678901234567890},{"stream_id":0},{"stream_id":-7},
