@@ -12,7 +12,7 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       frames_(frames),
       artwork_(artwork),
       shell_(model),
-      statusView_(model.browsing(), model.libraries()),
+      statusView_(model.session(), model.browsing(), model.libraries()),
       emptyState_(model.session(), model.browsing()),
       items_(model.browsing(), model.record(), model.playback()),
       categories_(model),

@@ -48,7 +48,7 @@ TEST_F(LocaleTest, NumbersDecideTheNounAndTimesAreWrittenAsTheUserDoes) {
   const GuideEntry programme{.start = start, .end = start + std::chrono::minutes(45)};
   launch();
   signIn();
-  const StatusView status(model->browsing(), model->libraries());
+  const StatusView status(model->session(), model->browsing(), model->libraries());
   for (int entries = 0; entries < 3; ++entries) {
     model->load(LibraryKind::live, LoadMode::refresh);
     answer(LibraryKind::live, rows(LibraryKind::live, 1, entries));

@@ -11,8 +11,10 @@ namespace vantor {
 
 using namespace Qt::StringLiterals;
 
-StatusView::StatusView(const Browsing& browsing, const Libraries& libraries, QObject* parent)
-    : QObject(parent), browsing_(browsing), libraries_(libraries) {
+StatusView::StatusView(const Session& session, const Browsing& browsing, const Libraries& libraries,
+                       QObject* parent)
+    : QObject(parent), session_(session), browsing_(browsing), libraries_(libraries) {
+  connect(&session, &Session::restoringLibraryChanged, this, &StatusView::changed);
   for (const auto signal :
        {&Browsing::sectionChanged, &Browsing::categoryChanged, &Browsing::itemsChanged})
     connect(&browsing, signal, this, &StatusView::changed);
@@ -34,6 +36,7 @@ QString StatusView::label() const {
 
 bool StatusView::loading() const {
   const auto kind = browsing_.kind();
+  if (kind == LibraryKind::live && session_.restoringLibrary()) return true;
   return kind && libraries_.loading().contains(*kind);
 }
 

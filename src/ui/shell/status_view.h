@@ -7,6 +7,7 @@ namespace vantor {
 
 class Browsing;
 class Libraries;
+class Session;
 
 /// What the line above the entries says. Main thread only.
 class StatusView final : public QObject {
@@ -20,9 +21,11 @@ class StatusView final : public QObject {
   Q_PROPERTY(QString error READ error NOTIFY changed)
 
  public:
-  StatusView(const Browsing& browsing, const Libraries& libraries, QObject* parent = nullptr);
+  StatusView(const Session& session, const Browsing& browsing, const Libraries& libraries,
+             QObject* parent = nullptr);
 
   QString label() const;
+  /// Whether the section's library is being loaded, or will be once the server was checked.
   bool loading() const;
   /// How far a library has come that is loaded in parts; empty otherwise.
   QString progress() const;
@@ -33,6 +36,7 @@ class StatusView final : public QObject {
   void changed();
 
  private:
+  const Session& session_;
   const Browsing& browsing_;
   const Libraries& libraries_;
 };

@@ -66,6 +66,21 @@ TEST_F(TVShellTest, TheStatusLineTellsOfALoad) {
   EXPECT_EQ(status->progress(), QString());
 }
 
+TEST_F(TVShellTest, TheStatusLineTellsOfTheCheckBeforeTheFirstLoad) {
+  credentials.put(providerItem, account.toJSON());
+  open();
+  EXPECT_TRUE(status->loading());
+  bool told = true;
+  QObject::connect(status, &StatusView::changed, [&] { told = status->loading(); });
+  app->navigate(Section::favorites);
+  EXPECT_FALSE(told);
+  app->navigate(Section::live);
+  EXPECT_TRUE(told);
+  nameServer();
+  answer(LibraryKind::live, rows(LibraryKind::live, 1, 3));
+  EXPECT_FALSE(told);
+}
+
 TEST_F(TVShellTest, ArrowKeysMoveTheHighlightWithinTheEntries) {
   open(0, 6);
   app->navigate(Section::movies);
