@@ -4,6 +4,7 @@
 #include <QDBusPendingReply>
 #include <QUrl>
 #include <QVariantMap>
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -25,7 +26,9 @@ QString objectPath(const QString& name) {
   return u'/' + QString(name).replace(u'.', u'/').replace(u'-', u'_');
 }
 
-QDBusMessage wish(const QString& name, const LaunchArguments& launch, const QByteArray& token) {
+/// What the command line asks for, in the order in which a first start does it.
+QList<QDBusMessage> wishes(const QString& name, const LaunchArguments& launch,
+                           const QByteArray& token) {
   QVariantMap platformData;
   if (!token.isEmpty()) {
     const QString text = QString::fromUtf8(token);
@@ -35,11 +38,14 @@ QDBusMessage wish(const QString& name, const LaunchArguments& launch, const QByt
     return QDBusMessage::createMethodCall(name, objectPath(name), u"org.freedesktop.Application"_s,
                                           method);
   };
-  if (!launch.file.isEmpty())
-    return call(u"Open"_s) << QStringList{launch.file.toString(QUrl::FullyEncoded)} << platformData;
+  QList<QDBusMessage> calls;
   if (!launch.show.isEmpty())
-    return call(u"ActivateAction"_s) << launch.show << QVariantList() << platformData;
-  return call(u"Activate"_s) << platformData;
+    calls << (call(u"ActivateAction"_s) << launch.show << QVariantList() << platformData);
+  if (!launch.file.isEmpty())
+    calls << (call(u"Open"_s) << QStringList{launch.file.toString(QUrl::FullyEncoded)}
+                              << platformData);
+  if (calls.isEmpty()) calls << (call(u"Activate"_s) << platformData);
+  return calls;
 }
 
 }  // namespace
@@ -75,9 +81,10 @@ OneProgram::Place OneProgram::place() {
 bool OneProgram::handOver(const LaunchArguments& launch, const QByteArray& token) {
   const Place found = place();
   if (found.rank != Rank::later) return false;
-  const QDBusMessage answer =
-      found.bus->call(wish(name_, launch, token), QDBus::Block, programPatience);
-  return answer.type() == QDBusMessage::ReplyMessage;
+  return std::ranges::all_of(wishes(name_, launch, token), [&found](const QDBusMessage& wish) {
+    return found.bus->call(wish, QDBus::Block, programPatience).type() ==
+           QDBusMessage::ReplyMessage;
+  });
 }
 
 void OneProgram::leave() {

@@ -23,8 +23,8 @@ class OneProgram {
   OneProgram& operator=(const OneProgram&) = delete;
 
   /// Whether the program that has the name does what `launch` asks of this one, which then has
-  /// nothing left to do. Waits a second for a bus that says nothing, and five for a program that
-  /// does. `token` is the desktop's leave to come to the front.
+  /// nothing left to do. Waits a second for a bus that says nothing, and five for each answer of a
+  /// program. `token` is the desktop's leave to come to the front.
   bool handOver(const LaunchArguments& launch, const QByteArray& token);
 
   /// Whoever is started from now on is the one.

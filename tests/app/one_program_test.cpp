@@ -79,12 +79,14 @@ class OneProgramTest : public ProgramFixture {
 };
 
 TEST_F(OneProgramTest, ALaterStartHandsOverWhatItWasAskedAndEnds) {
+  saveAccount();
   ASSERT_TRUE(startFirst());
   EXPECT_EQ(owner(), program.processId());
   EXPECT_EQ(startAgain({}), u"0"_s);
   EXPECT_EQ(startAgain({u"--show"_s, u"movies"_s}), u"0"_s);
-  EXPECT_EQ(startAgain({film}), u"0"_s);
+  EXPECT_EQ(startAgain({u"--show"_s, u"shows"_s, film}), u"0"_s);
   EXPECT_TRUE(eventually([&] { return hasOpen(film); }));
+  EXPECT_TRUE(server.waitForRequests("get_series", 1, std::chrono::seconds(30)));
   EXPECT_TRUE(eventually([&] { return title() == u"movie"_s; }));
   EXPECT_EQ(startAgain({u"file:///nowhere/lost%20film.mkv"_s}), u"0"_s);
   EXPECT_TRUE(eventually([&] { return title() == u"lost film"_s; }));
