@@ -55,6 +55,8 @@ double mapped(double light, double peak) {
   const double brightest = signalOfPQ(peak);
   const double white = signalOfPQ(referenceWhite) / brightest;
   const double knee = 1.5 * white - 0.5;
+  // Nothing is brighter than the display shows, and there is no room to bend it in.
+  if (knee >= 1) return std::min(light, referenceWhite);
   const double signal = std::min(signalOfPQ(light) / brightest, 1.0);
   if (signal < knee) return light;
   const double t = (signal - knee) / (1 - knee);

@@ -6,6 +6,7 @@
 
 #include "playback/libvlc_engine.h"
 #include "playback/still.h"
+#include "playback/tone_table.h"
 #include "support/test_media.h"
 #include "surface_fixture.h"
 
@@ -67,6 +68,21 @@ double between(const QImage& seen, const QImage& expected) {
     }
   }
   return sum / (3.0 * size.width() * size.height());
+}
+
+TEST(ToneTable, KeepsTheGraysOfAPictureThatIsNoBrighterThanTheDisplay) {
+  for (const double peak : {100.0, 203.0}) {
+    SCOPED_TRACE(peak);
+    const ToneTable table({.transfer = Transfer::pq, .peak = peak});
+    float last = 0;
+    for (int step = 0; step < ToneTable::stepCount; ++step) {
+      const float signal = static_cast<float>(step) / (ToneTable::stepCount - 1);
+      const float shown = table.at({signal, signal, signal})[0];
+      EXPECT_GE(shown, last) << step;
+      last = shown;
+    }
+    EXPECT_EQ(last, 1);
+  }
 }
 
 using ToneTest = SurfaceFixture;
