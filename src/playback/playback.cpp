@@ -246,8 +246,10 @@ void Playback::togglePause() {
 }
 
 void Playback::seek(double seconds) {
-  commanded_.note();
-  if (transport_.seekable()) engine_.setTime(engineTime(seconds));
+  if (!transport_.seekable()) return;
+  // What has ended or failed goes nowhere, and may be on its way back.
+  if (state() != PlaybackState::ended && state() != PlaybackState::failed) commanded_.note();
+  engine_.setTime(engineTime(seconds));
 }
 
 void Playback::setPictureShape(PictureShape shape) {

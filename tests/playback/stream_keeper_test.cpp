@@ -214,7 +214,6 @@ TEST_F(StreamKeeperTest, StopsForGoodWhateverTheUserDoes) {
       {"retry", [this] { playback.retry(); }, 1},
       {"pause", [this] { playback.togglePause(); }, 0},
       {"restart", [this] { playback.restart(); }, 0},
-      {"seek", [this] { playback.seek(20); }, 0},
       {"quit", [this] { keeper.reset(); }, 0},
       {"give up", [this] { keeper->giveUp(); }, 0},
   };
@@ -243,6 +242,25 @@ TEST_F(StreamKeeperTest, StopsForGoodWhateverTheUserDoes) {
         playback.stop();
       }
     }
+  }
+}
+
+TEST_F(StreamKeeperTest, OnlyASeekThatMovesSomethingIsACommand) {
+  const Step film = [this] { openFilm(300'000, 900'000); };
+  const Step freezes = [this] { clock.advance(10s); };
+  const std::tuple<const char*, Step, Step, bool> rows[] = {
+      {"broadcast ends", broadcast, ends, true}, {"broadcast is frozen", broadcast, freezes, true},
+      {"film is cut off", film, ends, true},     {"film fails", film, fails, true},
+      {"film is frozen", film, freezes, false},
+  };
+  for (const auto& [name, begin, stops, comesBack] : rows) {
+    SCOPED_TRACE(name);
+    begin();
+    stops();
+    ASSERT_TRUE(bringsBack());
+    playback.seek(20);
+    EXPECT_EQ(bringsBack(), comesBack);
+    playback.stop();
   }
 }
 
