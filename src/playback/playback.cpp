@@ -66,10 +66,6 @@ std::optional<QString> Playback::itemID() const {
   return source() ? std::optional(source()->id) : std::nullopt;
 }
 
-bool Playback::isLocal() const {
-  return source() && source()->kind == SourceKind::file;
-}
-
 void Playback::play(const PlayRequest& request) {
   const Announcements::Scope scope(announcements_);
   commanded_.note();
@@ -164,6 +160,7 @@ void Playback::start(const PlayRequest& request) {
     tracks_ = request.tracks;
   }
   source_.set(request);
+  isLocal_ = request.kind == SourceKind::file;
   message_.set(std::nullopt);
   go(PlaybackEvent::open);
   const QPointer<Playback> self(this);

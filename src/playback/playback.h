@@ -79,9 +79,9 @@ class Playback final : public QObject {
   PictureFacts picture() const { return engine_.status().picture; }
   TransportState* transport() { return &transport_; }
   const std::optional<PlayRequest>& source() const { return source_.get(); }
-  QString title() const;                  // also without a source
-  std::optional<QString> itemID() const;  // the source's, if there is one
-  bool isLocal() const;
+  QString title() const;                     // also without a source
+  std::optional<QString> itemID() const;     // the source's, if there is one
+  bool isLocal() const { return isLocal_; }  // the source, or the last one, is a file from disk
   const QImage& heldFrame() const { return heldFrame_.get(); }  // last picture of the one before
   bool expanded() const { return expanded_.get(); }             // the player fills the window
   void setExpanded(bool expanded) { expanded_.set(expanded); }
@@ -161,6 +161,7 @@ class Playback final : public QObject {
   TransportState transport_;
   Recording recording_;
   Attempt playing_{playbackTrace, "playing a source"};
+  bool isLocal_ = false;
   TrackChoices tracks_;
   // Looks at what was opened, its tracks listed, in which those chosen before are put in force.
   int audioLooks_ = 0;

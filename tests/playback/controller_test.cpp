@@ -117,6 +117,8 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
   settle();
   EXPECT_EQ(look(), "local opening");
   EXPECT_EQ(engine.source.address, QUrl::fromLocalFile(path));
+  playback.stop();
+  EXPECT_TRUE(playback.isLocal()) << "as the last source was";
 }
 
 TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
