@@ -220,7 +220,8 @@ QVariantMap MprisPlayer::metadata() const {
 
 void MprisPlayer::onSourceChanged() {
   // The same source opened once more is still the same track.
-  if (std::exchange(playing_, playback_.itemID()) == playback_.itemID()) return;
+  const std::optional<PlayRequest> before = std::exchange(playing_, playback_.source());
+  if (before && playing_ && before->isOfSameSource(*playing_)) return;
   ++track_;
   sought_.reset();
   told_ = here();

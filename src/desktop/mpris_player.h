@@ -9,6 +9,7 @@
 
 #include "desktop/picture_file.h"
 #include "platform/clock.h"
+#include "playback/play_request.h"
 
 namespace vantor {
 
@@ -106,8 +107,8 @@ class MprisPlayer final : public QDBusAbstractAdaptor {
   const PictureFile& picture_;
   const Clock& clock_;
   const std::function<void(QDBusError::ErrorType, const QString&)> refuse_;
-  std::optional<QString> playing_;  // id of the source
-  int track_ = 0;                   // sources so far
+  std::optional<PlayRequest> playing_;
+  int track_ = 0;  // sources so far
   Place told_;
   std::optional<double> sought_;  // microseconds, until the engine has a position after it
 };

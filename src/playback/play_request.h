@@ -26,6 +26,10 @@ struct PlayRequest {
   TrackChoices tracks;                     // to begin with, where the source has them
 
   bool operator==(const PlayRequest&) const = default;
+  /// Whether both are of the same source; all files from disk have one id.
+  bool isOfSameSource(const PlayRequest& other) const {
+    return id == other.id && (kind != SourceKind::file || url == other.url);
+  }
 };
 
 }  // namespace vantor

@@ -155,7 +155,7 @@ void Playback::start(const PlayRequest& request) {
   const Ticket ticket = ++generation_;
   pollTask_ = {};
   const bool takeStill = output_ == Output::shown && engine_.status().decodedVideo > 0;
-  if (itemID() != request.id) {
+  if (!source() || !source()->isOfSameSource(request)) {
     pictureShape_.set(request.shape);
     tracks_ = request.tracks;
   }

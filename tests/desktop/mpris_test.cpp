@@ -388,8 +388,10 @@ TEST_F(MprisTest, SetsRateVolumeAndFullScreen) {
 }
 
 TEST_F(MprisTest, OpensFilesOnly) {
-  const QString file = writeFile(home.filePath(u"a film.mkv"_s));
-  const QString good = QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
+  const auto addressOf = [this](const QString& name) {
+    return QUrl::fromLocalFile(writeFile(home.filePath(name))).toString(QUrl::FullyEncoded);
+  };
+  const QString good = addressOf(u"a film.mkv"_s);
   const std::pair<QString, QString> refused[] = {
       {u"http://tv.example/live/1.ts"_s, u"NotSupported"_s},
       {u"file:///nowhere/at/all.mkv"_s, u"InvalidArgs"_s},
@@ -402,6 +404,11 @@ TEST_F(MprisTest, OpensFilesOnly) {
   EXPECT_EQ(call(u"OpenUri"_s, {good}), QString());
   EXPECT_EQ(metadata()[u"xesam:title"_s], u"a film"_s);
   EXPECT_EQ(metadata()[u"xesam:url"_s], good);
+  const QVariant track = trackID();
+  EXPECT_EQ(call(u"OpenUri"_s, {good}), QString());
+  EXPECT_EQ(trackID(), track);
+  EXPECT_EQ(call(u"OpenUri"_s, {addressOf(u"another.mkv"_s)}), QString());
+  EXPECT_NE(trackID(), track);
 }
 
 TEST_F(MprisTest, HasANameOfItsOwnWhenTheNameIsTaken) {

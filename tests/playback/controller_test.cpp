@@ -121,6 +121,26 @@ TEST_F(ControllerTest, DeletedLocalFileFailsAndCanBeTriedAgain) {
   EXPECT_TRUE(playback.isLocal()) << "as the last source was";
 }
 
+TEST_F(ControllerTest, FilesFromDiskHaveTheirIDInCommonAndNothingElse) {
+  const auto file = [this](const QString& name) {
+    const QString path = temporary.filePath(name);
+    writeFile(path);
+    return PlayRequest{
+        .url = QUrl::fromLocalFile(path), .id = u"local"_s, .kind = SourceKind::file};
+  };
+  openPlaying(file(u"a.mkv"_s));
+  engine.now.audioTracks = {{1, {}, u"eng"_s}, {2, {}, u"deu"_s}};
+  see(EngineState::playing);
+  playback.setAudioTrack(2);
+  playback.setPictureShape(PictureShape::fill);
+  openPlaying(file(u"a.mkv"_s));
+  EXPECT_EQ(playback.pictureShape(), PictureShape::fill);
+  EXPECT_EQ(playback.tracks().audio.size(), 1);
+  open(file(u"b.mkv"_s));
+  EXPECT_EQ(playback.pictureShape(), PictureShape::fit);
+  EXPECT_TRUE(playback.tracks().audio.isEmpty());
+}
+
 TEST_F(ControllerTest, DestroyedWhileItOpensLeavesTheEngineAlone) {
   for (const bool begun : {false, true}) {
     auto other = std::make_unique<Playback>(engine, clock, worker, folders(), Output::shown);
