@@ -7,7 +7,7 @@
 namespace vantor {
 
 /// Takes from a window's keys what a key that is held down would do again and again: only keys that
-/// move the highlight or write repeat. Main thread only.
+/// move something, change the sound or write repeat. Main thread only.
 class HeldKeys : public QObject {
   Q_OBJECT
   QML_ELEMENT

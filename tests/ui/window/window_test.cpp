@@ -62,10 +62,10 @@ TEST_F(WindowTest, EverySectionIsReachedFromEveryOther) {
 /// A key that is held down comes once as itself and then again and again.
 TEST_F(WindowTest, OnlyMovementRepeats) {
   open(20);
-  const auto hold = [&](Qt::Key key) {
+  const auto hold = [&](Qt::Key key, const QString& text = {}) {
     for (const bool again : {false, true, true, true})
-      QTest::simulateEvent(window, true, key, Qt::NoModifier, QString(), again);
-    QTest::simulateEvent(window, false, key, Qt::NoModifier, QString(), false);
+      QTest::simulateEvent(window, true, key, Qt::NoModifier, text, again);
+    QTest::simulateEvent(window, false, key, Qt::NoModifier, text, false);
     QTest::qWait(0);
   };
   hold(Qt::Key_Down);
@@ -83,6 +83,28 @@ TEST_F(WindowTest, OnlyMovementRepeats) {
   EXPECT_EQ(views->settingsView()->title(), u"Playlists"_s) << "one page at a time";
   hold(Qt::Key_Escape);
   EXPECT_TRUE(app->showingSettings());
+  hold(Qt::Key_Escape);
+
+  showPicture();
+  PlayerRemote& remote = *views->remote();
+  hold(Qt::Key_P);
+  EXPECT_TRUE(remote.small());
+  hold(Qt::Key_F);
+  EXPECT_TRUE(remote.fullScreen());
+  hold(Qt::Key_Z);
+  EXPECT_EQ(app->playback().pictureShape(), PictureShape::fill);
+  hold(Qt::Key_Minus);
+  EXPECT_EQ(app->playback().transport()->volume(), 80);
+  hold(Qt::Key_Up);
+  clock.advance(250ms);
+  EXPECT_EQ(app->playback().itemID(), u"live:9"_s);
+  hold(Qt::Key_Backspace);
+  EXPECT_EQ(app->playback().itemID(), u"live:5"_s);
+  remote.setFullScreen(false);
+  QQuickItem* search = find("objectName", u"library-search"_s);
+  search->forceActiveFocus();
+  hold(Qt::Key_A, u"a"_s);
+  EXPECT_EQ(search->property("text"), u"aaaa"_s);
 }
 
 /// After each of these the arrows act on the entries.
