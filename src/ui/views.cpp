@@ -26,7 +26,7 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       zapping_(model, clock),
       banner_(zapping_, model.guide(), clock),
       episodeQueue_(model),
-      nextEpisode_(episodeQueue_, model.playback(), clock),
+      nextEpisode_(episodeQueue_, model.playback(), keeper, clock),
       statistics_(model.playback(), clock),
       remote_(model, {zapping_, banner_, nextEpisode_, transport_, statistics_}, clock),
       commands_(model) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "playback/playback.h"
+#include "playback/stream_keeper.h"
 
 namespace vantor {
 namespace {
@@ -15,14 +16,16 @@ constexpr int secondsAfterEnd = 10;
 
 }  // namespace
 
-NextEpisode::NextEpisode(EpisodeQueue& queue, Playback& playback, Clock& clock, QObject* parent)
-    : QObject(parent), queue_(queue), playback_(playback), clock_(clock) {
+NextEpisode::NextEpisode(EpisodeQueue& queue, Playback& playback, StreamKeeper& keeper,
+                         Clock& clock, QObject* parent)
+    : QObject(parent), queue_(queue), playback_(playback), keeper_(keeper), clock_(clock) {
   connect(&queue, &EpisodeQueue::changed, this, [this] {
     refused_ = false;
     update();
   });
   connect(&playback, &Playback::stateChanged, this, &NextEpisode::update);
   connect(&playback, &Playback::fullScreenChanged, this, &NextEpisode::update);
+  connect(&keeper, &StreamKeeper::bringingBackChanged, this, &NextEpisode::update);
   connect(playback.transport(), &TransportState::secondsChanged, this, &NextEpisode::update);
   connect(playback.transport(), &TransportState::durationChanged, this, &NextEpisode::update);
 }
@@ -44,6 +47,8 @@ bool NextEpisode::refuse() {
 }
 
 bool NextEpisode::isNearEnd() const {
+  // What was cut off has ended for a moment only.
+  if (keeper_.bringingBack()) return false;
   if (playback_.state() == PlaybackState::ended) return true;
   if (playback_.loading() || playback_.state() == PlaybackState::failed) return false;
   const double duration = playback_.transport()->duration();

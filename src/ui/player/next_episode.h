@@ -10,6 +10,7 @@
 namespace vantor {
 
 class Playback;
+class StreamKeeper;
 
 /// The next episode, offered near the end of the one before. Main thread only.
 class NextEpisode final : public QObject {
@@ -22,7 +23,8 @@ class NextEpisode final : public QObject {
 
  public:
   /// What is passed outlives it.
-  NextEpisode(EpisodeQueue& queue, Playback& playback, Clock& clock, QObject* parent = nullptr);
+  NextEpisode(EpisodeQueue& queue, Playback& playback, StreamKeeper& keeper, Clock& clock,
+              QObject* parent = nullptr);
 
   /// From 30 seconds before the end, until it is refused. On the whole screen it plays by itself 10
   /// seconds after the end.
@@ -45,6 +47,7 @@ class NextEpisode final : public QObject {
 
   EpisodeQueue& queue_;
   Playback& playback_;
+  StreamKeeper& keeper_;
   Clock& clock_;
   bool offered_ = false;
   bool refused_ = false;  // of what plays now

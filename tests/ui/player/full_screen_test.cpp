@@ -519,6 +519,10 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   remote->setFullScreen(true);
   clock.advance(10s);
   EXPECT_EQ(playing(), u"episode:2"_s);
+
+  playsAt(500);
+  ends();
+  EXPECT_FALSE(next.offered()) << "it was cut off, and comes back";
 }
 
 }  // namespace
