@@ -54,6 +54,8 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
     Q_EMIT pictureOnlyChanged();
   });
   connect(&playback_, &Playback::sourceChanged, this, [this] {
+    skipping_.reset();
+    transport_.abandonSeek();
     if (!playback_.source()) setSmall(false);
   });
   connect(&playback_, &Playback::stateChanged, this, &PlayerRemote::updateControls);
@@ -306,7 +308,8 @@ void PlayerRemote::nextSubtitle() {
 }
 
 bool PlayerRemote::skip(double seconds) {
-  if (!playback_.transport()->seekable()) return false;
+  // Until the source is open the position is that of the one before.
+  if (playback_.loading() || !playback_.transport()->seekable()) return false;
   transport_.beginSeek();
   transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
   say(transport_.positionText() + u" / "_s + transport_.durationText());

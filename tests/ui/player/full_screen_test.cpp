@@ -19,9 +19,8 @@ class FullScreenTest : public WindowTest {
     app->play(item(0));
     showPicture();
   }
-  void playMovie() {
-    app->playback().play(
-        {.url = QUrl(u"http://tv.example/1.mp4"_s), .title = u"Film"_s, .id = u"movies:1"_s});
+  void playMovie(const QString& id = u"movies:1"_s) {
+    app->playback().play({.url = QUrl(u"http://tv.example/1.mp4"_s), .title = u"Film"_s, .id = id});
     become(filmAt(30'000, 90'000));
   }
   QString title() const { return app->playback().title(); }
@@ -220,6 +219,17 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   EXPECT_NE(remote->note(), QString());
   clock.advance(2s);
   EXPECT_EQ(remote->note(), QString());
+
+  press(Qt::Key_Right);
+  engine.now.decodedVideo = 0;  // of which no still is taken first
+  playMovie(u"movies:2"_s);
+  clock.advance(300ms);
+  EXPECT_EQ(jumps(), QStringList()) << "it was another film's";
+  app->playback().retry();
+  become(filmAt(0, 90'000, 0));
+  press(Qt::Key_Right);
+  EXPECT_EQ(views->transport()->sliderValue(), 0) << "it is still opening";
+  become(filmAt(30'000, 90'000));
 
   const std::pair<Qt::Key, double> volumes[] = {
       {Qt::Key_Minus, 95}, {Qt::Key_Plus, 100}, {Qt::Key_Plus, 100},     {Qt::Key_Minus, 95},
