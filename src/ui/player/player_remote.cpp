@@ -30,6 +30,10 @@ constexpr std::array shapeNames{QT_TRANSLATE_NOOP("vantor::PlayerRemote", "Whole
                                 QT_TRANSLATE_NOOP("vantor::PlayerRemote", "Stretch"), "4:3",
                                 "16:9"};
 
+bool isDigit(int key) {
+  return key >= Qt::Key_0 && key <= Qt::Key_9;
+}
+
 }  // namespace
 
 PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QObject* parent)
@@ -162,7 +166,9 @@ bool PlayerRemote::press(int key, int modifiers) {
     return true;
   }
   if (!watching()) return false;
-  if (!shift && ((chooser_ && chooser_->press(key)) || zap(key))) return true;
+  // Some layouts write digits with Shift.
+  const bool plain = !shift || isDigit(key);
+  if (plain && ((chooser_ && chooser_->press(key)) || zap(key))) return true;
   switch (key) {
     case Qt::Key_N:
       return nextEpisode_.play();
@@ -228,7 +234,7 @@ bool PlayerRemote::escape() {
 }
 
 bool PlayerRemote::zap(int key) {
-  if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+  if (isDigit(key)) {
     putChooserAway();
     return zapping_.type(key - Qt::Key_0);
   }

@@ -327,6 +327,9 @@ TEST_F(FullScreenTest, TheKeysOfChannels) {
       EXPECT_EQ(title(), expected);
     }
   }
+  press(Qt::SHIFT | Qt::Key_3);
+  clock.advance(1500ms);
+  EXPECT_EQ(title(), u"Title 3"_s) << "as some layouts write digits";
 }
 
 TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
