@@ -37,7 +37,8 @@ QtObject {
 
         function onFullScreenChanged() {
             if (actions.remote.fullScreen) {
-                actions.maximizedBefore = actions.maximized;
+                // What is bound to it learns of a change later than it is made.
+                actions.maximizedBefore = actions.window.visibility === Window.Maximized;
                 actions.window.showFullScreen();
             } else if (actions.maximizedBefore) {
                 actions.window.showMaximized();
@@ -47,14 +48,21 @@ QtObject {
         }
     }
 
+    // On its way into it the window may change otherwise: a small one is what it was first.
+    property bool filled: false
+
     // The desktop has its own ways out of it.
     readonly property Connections followsWindow: Connections {
         target: actions.window
 
         function onVisibilityChanged() {
             const visibility = actions.window.visibility;
-            if (visibility === Window.Windowed || visibility === Window.Maximized)
+            if (visibility === Window.FullScreen) {
+                actions.filled = true;
+            } else if (actions.filled && (visibility === Window.Windowed || visibility === Window.Maximized)) {
+                actions.filled = false;
                 actions.remote.fullScreen = false;
+            }
         }
     }
 

@@ -3,6 +3,7 @@
 #include "playback/playback.h"
 #include "ui/player/persistent_video_overlay.h"
 #include "ui/window/window_fixture.h"
+#include "ui/window/window_place.h"
 
 namespace vantor::test {
 namespace {
@@ -170,6 +171,21 @@ TEST_F(FullScreenTest, TheSmallWindowHasThePictureOnly) {
   click(appears("help", u"Stop playback"_s));
   EXPECT_FALSE(remote->small());
   expectMoves("the small window");
+}
+
+TEST_F(FullScreenTest, AMaximizedWindowIsOneAgainAfterTheSmallOneAndTheWholeScreen) {
+  WindowPlace place(*window, *preferences);
+  QObject::connect(remote, &PlayerRemote::smallChanged, &place,
+                   [&] { place.setSmall(remote->small()); });
+  window->showMaximized();
+  play();
+  press(Qt::Key_P);
+  expectPictureOnly(true);
+  press(Qt::Key_F);
+  expectFull(true);
+  press(Qt::Key_F);
+  expectFull(false);
+  EXPECT_EQ(window->visibility(), QWindow::Maximized);
 }
 
 TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
