@@ -32,10 +32,10 @@ FocusScope {
         hoverEnabled: true
         cursorShape: screen.remote.controlsShown ? Qt.ArrowCursor : Qt.BlankCursor
         onPositionChanged: screen.remote.moved()
-        onClicked: screen.player.togglePause()
+        onClicked: screen.player.tapPicture()
         onDoubleClicked: {
             // The first of the two clicks was no order to pause.
-            screen.player.togglePause();
+            screen.player.tapPicture();
             screen.remote.toggleFullScreen();
         }
         onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)

@@ -24,10 +24,10 @@ FocusScope {
         maximizes: false
         hoverEnabled: true
         onPositionChanged: screen.remote.moved()
-        onClicked: screen.player.togglePause()
+        onClicked: screen.player.tapPicture()
         onDoubleClicked: {
             // The first of the two clicks was no order to pause.
-            screen.player.togglePause();
+            screen.player.tapPicture();
             screen.remote.small = false;
         }
         onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)

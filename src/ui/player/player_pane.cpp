@@ -73,6 +73,21 @@ void PlayerPane::togglePause() {
   playback_.togglePause();
 }
 
+void PlayerPane::tapPicture() {
+  switch (playback_.state()) {
+    case PlaybackState::opening:
+    case PlaybackState::suspended:
+    case PlaybackState::playing:
+    case PlaybackState::paused:
+      if (!keeper_.bringingBack()) playback_.togglePause();
+      break;
+    case PlaybackState::idle:
+    case PlaybackState::ended:
+    case PlaybackState::failed:
+      break;
+  }
+}
+
 void PlayerPane::toggleExpanded() {
   playback_.setExpanded(!playback_.expanded());
 }

@@ -45,6 +45,9 @@ class PlayerPane final : public QObject {
   QString expandSymbol() const;
 
   Q_INVOKABLE void togglePause();
+  /// The same for a click on the picture, where another one takes it back: a double click is no
+  /// order to pause.
+  Q_INVOKABLE void tapPicture();
   Q_INVOKABLE void toggleExpanded();
   Q_INVOKABLE void stop();
   Q_INVOKABLE void retry();

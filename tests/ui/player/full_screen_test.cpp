@@ -188,6 +188,27 @@ TEST_F(FullScreenTest, AMaximizedWindowIsOneAgainAfterTheSmallOneAndTheWholeScre
   EXPECT_EQ(window->visibility(), QWindow::Maximized);
 }
 
+TEST_F(FullScreenTest, ADoubleClickCommandsNothingOfWhatHasStopped) {
+  playMovie();
+  for (const std::int64_t place : {89'000, 30'000}) {
+    for (const bool full : {true, false}) {
+      engine.now.decodedVideo = 0;
+      playMovie();
+      full ? remote->setFullScreen(true) : remote->setSmall(true);
+      EngineStatus end = filmAt(place, 90'000);
+      become(end);
+      end.state = EngineState::ended;
+      become(end);
+      EXPECT_EQ(keeper->bringingBack(), place == 30'000);
+      engine.takeCalls();
+      doubleClick(QPoint(300, 200));
+      EXPECT_FALSE(remote->pictureOnly());
+      EXPECT_EQ(engine.takeCalls(), QStringList());
+      EXPECT_EQ(keeper->bringingBack(), place == 30'000);
+    }
+  }
+}
+
 TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   play();
   const auto shownAfter = [&](std::chrono::milliseconds time) {
