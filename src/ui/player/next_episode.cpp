@@ -4,6 +4,7 @@
 
 #include "playback/playback.h"
 #include "playback/stream_keeper.h"
+#include "ui/entries/shown_text.h"
 
 namespace vantor {
 namespace {
@@ -32,7 +33,7 @@ NextEpisode::NextEpisode(EpisodeQueue& queue, Playback& playback, StreamKeeper& 
 
 QString NextEpisode::title() const {
   const auto next = queue_.next();
-  return next ? next->name : QString();
+  return next ? oneLine(next->name) : QString();
 }
 
 QString NextEpisode::outlook() const {
