@@ -23,35 +23,35 @@ class HeardMessages {
   using Wanted = bool (*)(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
   explicit HeardMessages(Wanted wanted) : previous_(qInstallMessageHandler(hear)) {
-    const QMutexLocker turn(&hearing_);
-    wanted_ = wanted;
-    heard_.clear();
+    const QMutexLocker turn(&hearing);
+    isWanted = wanted;
+    heard.clear();
   }
   /// They are shown again.
   ~HeardMessages() {
     qInstallMessageHandler(previous_);
-    const QMutexLocker turn(&hearing_);
-    wanted_ = nullptr;
+    const QMutexLocker turn(&hearing);
+    isWanted = nullptr;
   }
   HeardMessages(const HeardMessages&) = delete;
   HeardMessages& operator=(const HeardMessages&) = delete;
 
   /// Those since the last call, oldest first; any thread.
   QStringList take() {
-    const QMutexLocker turn(&hearing_);
-    return std::exchange(heard_, {});
+    const QMutexLocker turn(&hearing);
+    return std::exchange(heard, {});
   }
 
  private:
   static void hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    const QMutexLocker turn(&hearing_);
-    if (wanted_ && wanted_(type, context, text)) heard_.append(text);
+    const QMutexLocker turn(&hearing);
+    if (isWanted && isWanted(type, context, text)) heard.append(text);
   }
 
   // Threads that no test waits for may say something at any time.
-  inline static QMutex hearing_;
-  inline static Wanted wanted_ = nullptr;
-  inline static QStringList heard_;
+  inline static QMutex hearing;
+  inline static Wanted isWanted = nullptr;
+  inline static QStringList heard;
   const QtMessageHandler previous_;
 };
 
