@@ -156,6 +156,8 @@ QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClien
     } catch (const AppError&) {
       if (category.named) throw;
       attempt.failed();
+      // The last one; all that has come was told of.
+      break;
     }
     throwIfStopped(token);
     if (onPart) onPart(part);
