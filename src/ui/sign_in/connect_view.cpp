@@ -11,7 +11,10 @@ using namespace Qt::StringLiterals;
 ConnectView::ConnectView(AppModel& model, QObject* parent) : QObject(parent), model_(model) {
   shownOrHidden();
   connect(&model, &AppModel::showingConnectChanged, this, &ConnectView::shownOrHidden);
-  connect(&model.session(), &Session::accountChanged, this, &ConnectView::suggestUsername);
+  // The saved account may become known while the sheet is open.
+  connect(&model.session(), &Session::accountChanged, this, [this] {
+    if (shown_ && username_.isEmpty()) setUsername(savedUsername());
+  });
   connect(&model.session(), &Session::signingInOrOutChanged, this, &ConnectView::workingChanged);
   connect(this, &ConnectView::workingChanged, this, &ConnectView::canConnectChanged);
   connect(this, &ConnectView::usernameChanged, this, &ConnectView::canConnectChanged);
@@ -28,6 +31,10 @@ bool ConnectView::closable() const {
 
 bool ConnectView::canConnect() const {
   return !working() && !username_.isEmpty() && !password_.isEmpty();
+}
+
+QString ConnectView::savedUsername() const {
+  return model_.session().account() ? model_.session().account()->username : QString();
 }
 
 void ConnectView::setUsername(const QString& username) {
@@ -57,17 +64,10 @@ void ConnectView::setAttempting(bool attempting) {
 void ConnectView::shownOrHidden() {
   setPassword({});
   setError({});
-  setUsername({});
-  suggestUsername();
+  if (model_.showingConnect()) setUsername(savedUsername());
   if (shown_ == model_.showingConnect()) return;
   shown_ = model_.showingConnect();
   Q_EMIT shownChanged();
-}
-
-void ConnectView::suggestUsername() {
-  // The saved account may become known while the sheet is open.
-  if (model_.showingConnect() && model_.session().account() && username_.isEmpty())
-    setUsername(model_.session().account()->username);
 }
 
 void ConnectView::close() {

@@ -55,8 +55,8 @@ class ConnectView final : public QObject {
  private:
   static QCoro::Task<> attempt(QPointer<ConnectView> self, QString username, QString password,
                                std::stop_token stop);
+  QString savedUsername() const;  // empty without an account
   void shownOrHidden();
-  void suggestUsername();
   void setError(const QString& error);
   void setAttempting(bool attempting);
 
