@@ -53,9 +53,6 @@ class Catalog {
   /// Bytes that the contents hold in memory.
   std::size_t memory() const;
 
-  /// Whether both handles share their contents.
-  bool sharesContentsWith(const Catalog& other) const { return contents_ == other.contents_; }
-
  private:
   friend class CatalogBuilder;
   friend class CatalogWriter;
