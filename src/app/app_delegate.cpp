@@ -1,5 +1,6 @@
 #include "app/app_delegate.h"
 
+#include "platform/pending.h"
 #include "playback/playback.h"
 
 namespace vantor {
@@ -25,6 +26,11 @@ QCoro::Task<> AppDelegate::shutDown(QPointer<AppDelegate> self, QPointer<Playbac
   if (playback) {
     const QCoro::Task<> ended = playback->shutdown();
     co_await ended;
+    // What was given up for it comes to its own end now, such as the removal of a still: when the
+    // event loop has been told to end, nothing that waits goes on.
+    const Pending<Done> turn;
+    turn.resolve({});
+    co_await turn;
   }
   if (self) Q_EMIT self->terminate();
 }

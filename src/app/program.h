@@ -68,6 +68,8 @@ class Program final : public QObject {
   void offerSignIn();
   void quit();
 
+  // Ends last: whoever insists on the end must not kill what is still closing a file.
+  TerminationSignals signals_;
   const LaunchArguments launch_;
   const ServiceValues values_ = ServiceValues::ofBuild();
   const Folders folders_ = Folders::ofUser();
@@ -103,7 +105,6 @@ class Program final : public QObject {
   MprisService mpris_;
   std::optional<CrashNotice> crashNotice_;
   AppDelegate delegate_;
-  TerminationSignals signals_;
   QQmlEngine qml_;
   QQmlComponent component_{&qml_};
   std::unique_ptr<QQuickWindow> window_;

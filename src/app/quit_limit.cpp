@@ -8,6 +8,7 @@
 namespace vantor {
 namespace {
 
+volatile std::sig_atomic_t limited = 0;
 volatile std::sig_atomic_t statusAtLimit = 0;
 
 void end(int) {
@@ -17,6 +18,7 @@ void end(int) {
 }  // namespace
 
 void limitQuitting(int status, std::chrono::milliseconds longest) {
+  limited = 1;
   statusAtLimit = status;
   struct sigaction action = {};
   action.sa_handler = end;
@@ -25,6 +27,10 @@ void limitQuitting(int status, std::chrono::milliseconds longest) {
   const std::chrono::microseconds rest = longest - seconds;
   const itimerval limit = {{}, {seconds.count(), rest.count()}};
   ::setitimer(ITIMER_REAL, &limit, nullptr);
+}
+
+bool isQuittingLimited() {
+  return limited != 0;
 }
 
 }  // namespace vantor

@@ -14,14 +14,13 @@ namespace {
 constexpr int signals[] = {SIGTERM, SIGINT, SIGHUP};
 
 volatile std::sig_atomic_t writeEnd = -1;
-volatile std::sig_atomic_t asked = 0;
 
 /// Only what is allowed in a signal handler. Whoever it interrupts may be about to read errno.
 void handle(int) {
   const int error = errno;
   // The main thread may be waiting for something, such as a session bus that does not answer Qt.
-  if (asked == 0) limitQuitting(0, std::chrono::seconds(5));
-  asked = 1;
+  // What quits already has its own time: a recording that is being saved gets more.
+  if (!isQuittingLimited()) limitQuitting(0, std::chrono::seconds(5));
   const char byte = 0;
   [[maybe_unused]] const ssize_t written = ::write(writeEnd, &byte, 1);
   errno = error;

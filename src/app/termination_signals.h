@@ -6,7 +6,7 @@
 namespace vantor {
 
 /// SIGTERM, SIGINT and SIGHUP as a signal of the main thread's event loop. One per process, which
-/// ends five seconds after the first of them unless the event loop has set another limit by then.
+/// ends five seconds after the first of them unless it has another limit by then.
 class TerminationSignals final : public QObject {
   Q_OBJECT
 

@@ -33,6 +33,20 @@ TEST_F(AppDelegateTest, EndsAfterPlaybackHasStopped) {
   EXPECT_EQ(ends, 1) << "however often the user asks";
 }
 
+TEST_F(AppDelegateTest, EndsAfterWhatWasGivenUpForIt) {
+  const QDir folder(folders().temporary);
+  const auto stills = [&] { return folder.entryList({u"quillet-frame-*"_s}, QDir::Dirs); };
+  openPlaying(channel(u"1"_s));
+  playback.play(channel(u"2"_s));
+  settle();
+  ASSERT_EQ(stills().size(), 1);
+  QObject::connect(&delegate, &AppDelegate::terminate,
+                   [&] { EXPECT_EQ(stills(), QStringList()) << "nothing goes on after the end"; });
+  delegate.applicationShouldTerminate();
+  settle();
+  EXPECT_EQ(ends, 1);
+}
+
 TEST_F(AppDelegateTest, WaitsForARecordingButNotForEver) {
   for (const bool saved : {true, false}) {
     SCOPED_TRACE(saved);
