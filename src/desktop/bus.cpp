@@ -43,8 +43,13 @@ QDBusPendingCall askForName(const QDBusConnection& bus, const QString& name) {
   return bus.asyncCall(callOfBus(u"RequestName"_s) << name << doNotQueue);
 }
 
+// With a sender's name the connection would wait to hear who that is.
+void hear(QDBusConnection bus, const QString& path, const QString& interface, const QString& signal,
+          QObject* receiver, const char* slot) {
+  bus.connect(QString(), path, interface, signal, receiver, slot);
+}
+
 void followOwner(QDBusConnection bus, const QString& service, QObject* receiver, const char* slot) {
-  // With a sender's name the connection would wait to hear who that is.
   bus.connect(QString(), u"/org/freedesktop/DBus"_s, u"org.freedesktop.DBus"_s,
               u"NameOwnerChanged"_s, {service}, u"sss"_s, receiver, slot);
 }

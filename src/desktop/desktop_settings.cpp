@@ -34,15 +34,14 @@ void DesktopSettings::follow(Worker& worker) {
 }
 
 void DesktopSettings::useBus(const QDBusConnection& bus) {
-  // With a sender's name the connection would wait to hear who that is. A slot with a QDBusVariant
-  // is refused as long as nobody has used one.
-  QDBusConnection(bus).connect(QString(), portal::path, interface, u"SettingChanged"_s, this,
-                               SLOT(onSettingChanged(QDBusMessage)));
+  // A slot with a QDBusVariant is refused as long as nobody has used one.
+  hear(bus, portal::path, interface, u"SettingChanged"_s, this,
+       SLOT(onSettingChanged(QDBusMessage)));
   qDBusRegisterMetaType<Settings>();
   QDBusMessage question =
       QDBusMessage::createMethodCall(portal::service, portal::path, interface, u"ReadAll"_s);
   question << QStringList{appearance, gnome, gnomeAccess};
-  auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+  auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question, withoutLimit), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
     answer->deleteLater();
     const QDBusPendingReply<Settings> reply = *answer;

@@ -21,7 +21,6 @@ using namespace std::chrono_literals;
 constexpr uint idle = 8;  // flag of the portal and of the session manager
 constexpr auto patience = 5s;
 // A late answer has to be released, so it is waited for.
-constexpr int withoutLimit = std::numeric_limits<int>::max();
 
 const QString program = u"Vantor Player"_s;
 

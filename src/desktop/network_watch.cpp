@@ -24,15 +24,13 @@ void NetworkWatch::listen(Worker& worker) {
                      [this](const QDBusConnection& bus) { useBus(bus); });
 }
 
-void NetworkWatch::useBus(QDBusConnection bus) {
-  // With a sender's name the connection would wait to hear who that is.
-  bus.connect(QString(), u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
-              u"PrepareForSleep"_s, this, SLOT(onPrepareForSleep(bool)));
-  bus.connect(QString(), networkManagerPath, networkManager, u"StateChanged"_s, this,
-              SLOT(onStateChanged(uint)));
-  bus.connect(QString(), networkManagerPath, u"org.freedesktop.DBus.Properties"_s,
-              u"PropertiesChanged"_s, this,
-              SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
+void NetworkWatch::useBus(const QDBusConnection& bus) {
+  hear(bus, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s,
+       this, SLOT(onPrepareForSleep(bool)));
+  hear(bus, networkManagerPath, networkManager, u"StateChanged"_s, this,
+       SLOT(onStateChanged(uint)));
+  hear(bus, networkManagerPath, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, this,
+       SLOT(onPropertiesChanged(QString, QVariantMap, QStringList)));
 }
 
 void NetworkWatch::onPrepareForSleep(bool asleep) {

@@ -30,7 +30,7 @@ class NetworkWatch final : public QObject {
                            const QStringList& invalidated);
 
  private:
-  void useBus(QDBusConnection bus);
+  void useBus(const QDBusConnection& bus);
 
   Job joining_;
 };

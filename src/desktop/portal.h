@@ -6,11 +6,9 @@
 /// What the desktop's portals are called on the session bus (XDG Desktop Portal).
 namespace vantor::portal {
 
-using namespace Qt::StringLiterals;
-
-inline const QString service = u"org.freedesktop.portal.Desktop"_s;
-inline const QString path = u"/org/freedesktop/portal/desktop"_s;
-inline const QString request = u"org.freedesktop.portal.Request"_s;
+inline const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
+inline const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+inline const QString request = QStringLiteral("org.freedesktop.portal.Request");
 
 /// Takes back what was asked for; `object` is what the portal calls it.
 inline QDBusMessage closing(const QString& object) {

@@ -118,10 +118,13 @@ void PortalFilePanel::askPortal() {
   QDBusMessage message = QDBusMessage::createMethodCall(
       portal::service, portal::path, u"org.freedesktop.portal.FileChooser"_s, u"OpenFile"_s);
   message << parentWindow_ << wording.title << optionsOf(wording, token);
-  auto* const answer = new QDBusPendingCallWatcher(bus_->asyncCall(message), this);
+  auto* const answer = new QDBusPendingCallWatcher(bus_->asyncCall(message, withoutLimit), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, asked = requests_] {
     answer->deleteLater();
-    if (asked == requests_ && !request_.isEmpty()) answered(*answer);
+    if (asked == requests_ && !request_.isEmpty()) return answered(*answer);
+    // It may have been told to close before it opened.
+    const QDBusPendingReply<QDBusObjectPath> late = *answer;
+    if (!late.isError()) bus_->send(portal::closing(late.value().path()));
   });
   patience_ = clock_.callAfter(patience, [this] {
     close();

@@ -5,6 +5,7 @@
 #include <QDBusPendingReply>
 #include <utility>
 
+#include "desktop/bus.h"
 #include "playback/playback.h"
 
 namespace vantor {
@@ -26,9 +27,8 @@ RecordingNotifier::RecordingNotifier(Playback& playback) : playback_(playback) {
 void RecordingNotifier::useBus(const QDBusConnection& bus, const QString& application) {
   bus_ = bus;
   application_ = application;
-  // With a sender's name the connection would wait to hear who that is.
-  bus_->connect(QString(), notificationsPath, notifications, u"ActionInvoked"_s, this,
-                SLOT(onAction(uint, QString)));
+  hear(bus, notificationsPath, notifications, u"ActionInvoked"_s, this,
+       SLOT(onAction(uint, QString)));
 }
 
 void RecordingNotifier::notify() {
