@@ -33,8 +33,12 @@ void Session::enterNewWorld() {
 }
 
 void Session::setDisk(std::shared_ptr<CatalogDiskStore> disk) {
-  // The old store may be in the middle of a save, and its end waits for that.
-  if (auto old = std::exchange(disk_, std::move(disk)))
+  auto old = std::exchange(disk_, std::move(disk));
+  if (!old || old == disk_) return;
+  // It may be in the middle of a save, and its end waits for that.
+  if (disk_)
+    disk_->follow(std::move(old));
+  else
     services_.worker.post([old = std::move(old)] {});
 }
 

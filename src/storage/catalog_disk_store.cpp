@@ -56,6 +56,10 @@ std::shared_ptr<CatalogDiskStore> CatalogDiskStore::create(const SecureStore& se
   return std::shared_ptr<CatalogDiskStore>(new CatalogDiskStore(folder, *key));
 }
 
+void CatalogDiskStore::follow(std::shared_ptr<CatalogDiskStore> former) {
+  worker_.post([former = std::move(former)]() mutable { former.reset(); });
+}
+
 QString CatalogDiskStore::file(const QUuid& account, LibraryKind kind) const {
   return folder_ + QLatin1Char('/') + canonicalText(account) + QLatin1Char('-') + rawValue(kind) +
          u".bin"_s;
@@ -71,9 +75,12 @@ Pending<std::optional<Catalog>> CatalogDiskStore::load(const QUuid& account, Lib
 Pending<Done> CatalogDiskStore::save(const Catalog& catalog, const QUuid& account,
                                      LibraryKind kind) {
   return worker_.run([catalog, path = file(account, kind), key = key_] {
-    const std::string box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
-    if (std::ssize(box) < sealed_box::nonceSize + sealed_box::tagSize)
+    std::string box;
+    try {
+      box = sealed_box::seal(CatalogWriter::toJSON(catalog), key);
+    } catch (const sealed_box::Failure&) {
       throw AppError(AppError::tr("The library could not be saved securely."));
+    }
     private_file::replace(path, box);
   });
 }

@@ -26,6 +26,9 @@ class CatalogDiskStore {
   static std::shared_ptr<CatalogDiskStore> create(const SecureStore& secrets,
                                                   const Folders& folders, std::stop_token token);
 
+  /// Takes over from another store: does nothing before that has come to its end.
+  void follow(std::shared_ptr<CatalogDiskStore> former);
+
   /// Absent when there is no file.
   Pending<std::optional<Catalog>> load(const QUuid& account, LibraryKind kind);
   Pending<Done> save(const Catalog& catalog, const QUuid& account, LibraryKind kind);
