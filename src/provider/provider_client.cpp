@@ -105,6 +105,26 @@ QCoro::Task<Catalog> ProviderClient::load(ProviderClient client, LibraryKind kin
   }
 }
 
+QCoro::Task<QByteArray> ProviderClient::entriesOf(ProviderClient client, LibraryKind kind,
+                                                  AskedCategory category, std::stop_token token) {
+  const QueryItems extra{std::pair(u"category_id"_s, category.id)};
+  const QCoro::Task<QByteArray> answered = client.request(action(kind), extra, token);
+  const Attempt withoutName(providerTrace, "loading the entries without a category");
+  QByteArray answer = "[]";
+  try {
+    answer = co_await answered;
+  } catch (const OversizedBody&) {
+    // To some servers "0" means all of them.
+    if (category.named) throw;
+    withoutName.failed();
+  } catch (const HTTPFailure&) {
+    // Others know no such category.
+    if (category.named) throw;
+    withoutName.failed();
+  }
+  co_return answer;
+}
+
 QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClient client,
                                                                    LibraryKind kind,
                                                                    QByteArray categories,
@@ -117,11 +137,11 @@ QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClien
         return library->readCategories(std::move(answer), token);
       });
   std::vector<AskedCategory> categoriesToAsk;
-  const Attempt reading(providerTrace, "reading what a large library can be asked by");
+  const Attempt listing(providerTrace, "reading what a large library can be asked by");
   try {
     categoriesToAsk = co_await listed;
   } catch (...) {
-    reading.failed();
+    listing.failed();
   }
   throwIfStopped(token);
   if (categoriesToAsk.empty()) co_return std::nullopt;
@@ -130,22 +150,10 @@ QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClien
   if (onPart) onPart(part);
   for (const AskedCategory& category : categoriesToAsk) {
     throwIfStopped(token);
-    const QueryItems extra{std::pair(u"category_id"_s, category.id)};
-    const QCoro::Task<QByteArray> answered = client.request(action(kind), extra, token);
-    const Attempt attempt(providerTrace, "loading the entries without a category");
-    QByteArray answer = "[]";
-    try {
-      answer = co_await answered;
-    } catch (const OversizedBody&) {
-      // To some servers "0" means all of them.
-      if (category.named) throw;
-      attempt.failed();
-    } catch (const HTTPFailure&) {
-      // Others know no such category.
-      if (category.named) throw;
-      attempt.failed();
-    }
+    const QCoro::Task<QByteArray> asked = entriesOf(client, kind, category, token);
+    QByteArray answer = co_await asked;
     throwIfStopped(token);
+    const Attempt reading(providerTrace, "reading the entries of a category");
     const auto read = client.worker_->run([library, token, answer = std::move(answer)]() mutable {
       return library->readEntries(std::move(answer), token);
     });
@@ -155,7 +163,7 @@ QCoro::Task<std::optional<Catalog>> ProviderClient::loadByCategory(ProviderClien
       throw;
     } catch (const AppError&) {
       if (category.named) throw;
-      attempt.failed();
+      reading.failed();
       // The last one; all that has come was told of.
       break;
     }
