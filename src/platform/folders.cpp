@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <cerrno>
 
 #include <sys/stat.h>
 
@@ -40,7 +41,11 @@ bool makePrivateFolder(const QString& path) {
   if (info.isDir()) return true;
   const QString parent = info.absolutePath();
   if (parent != path && !makePrivateFolder(parent)) return false;
-  return ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 || QFileInfo(path).isDir();
+  if (::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0) return true;
+  const int error = errno;
+  if (QFileInfo(path).isDir()) return true;
+  errno = error;
+  return false;
 }
 
 }  // namespace vantor

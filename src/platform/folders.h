@@ -18,7 +18,8 @@ struct Folders {
   QString notes() const;
 };
 
-/// Creates `path` with missing parents, giving each folder that it creates the mode 0700.
+/// Creates `path` with missing parents, giving each folder that it creates the mode 0700. When it
+/// cannot, `errno` tells why.
 bool makePrivateFolder(const QString& path);
 
 }  // namespace vantor
