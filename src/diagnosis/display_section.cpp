@@ -7,6 +7,7 @@
 #include "diagnosis/report.h"
 #include "diagnosis/sections.h"
 #include "playback/rhi.h"
+#include "playback/video_material.h"
 
 namespace vantor::sections {
 namespace {
@@ -62,15 +63,14 @@ void tellGraphics(Report& report) {
     report.say(u"graphics"_s, u"no driver works"_s);
     return;
   }
-  const auto* rhi = static_cast<QRhi*>(
+  auto* const rhi = static_cast<QRhi*>(
       window.rendererInterface()->getResource(&window, QSGRendererInterface::RhiResource));
   if (!rhi) return;
   const QRhiDriverInfo driver = rhi->driverInfo();
   report.say(u"graphics"_s,
              u"%1, %2, %3"_s.arg(QLatin1String(rhi->backendName()),
                                  QString::fromUtf8(driver.deviceName), nameOf(driver.deviceType)));
-  report.say(u"pictures of 10 bits"_s,
-             rhi->isTextureFormatSupported(QRhiTexture::R16) ? u"yes"_s : u"no"_s);
+  report.say(u"pictures of 10 bits"_s, showsDeepSamples(rhi) ? u"yes"_s : u"no"_s);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QSysInfo>
-#include <clocale>
 
 #include "playback/libvlc_findings.h"
 

@@ -39,7 +39,7 @@ QList<QByteArray> libraryOptions(Output output, unsigned processors) {
   QList<QByteArray> options{"--quiet",
                             "--no-video-title-show",
                             "--no-osd",
-                            "--network-caching=1200",
+                            "--network-caching=" + QByteArray::number(networkCaching),
                             "--file-caching=500",
                             plenty ? "--deinterlace-mode=yadif2x" : "--deinterlace-mode=bob"};
   if (output == Output::discarded) options += {"--vout=dummy", "--aout=dummy", "--avcodec-hw=none"};
@@ -50,7 +50,7 @@ QList<QByteArray> mediaOptions(const MediaSource& source) {
   QList<QByteArray> options;
   if (!hasControlCharacter(source.userAgent))
     options += ":http-user-agent=" + source.userAgent.toUtf8();
-  options += ":network-caching=" + QByteArray::number(source.networkCaching);
+  options += ":network-caching=" + QByteArray::number(networkCaching);
   return options;
 }
 

@@ -72,11 +72,12 @@ struct EngineStatus {
   PictureFacts picture;
 };
 
+constexpr int networkCaching = 1200;  // milliseconds of a source that are read ahead
+
 /// One media to load; the engine gets the texts as values, never as options to parse.
 struct MediaSource {
   QUrl address;
   QString userAgent;
-  int networkCaching = 1200;  // milliseconds
 };
 
 /// The media engine, one player for the whole run. Called on the main thread; no call waits for the

@@ -30,9 +30,8 @@ class FakeEngine final : public MediaEngine {
   bool releasesLate = false;   // what is unloaded has not let go of its connection by itself
 
   void load(const MediaSource& loaded) override {
-    calls.append(QStringLiteral("load %1 agent=%2 caching=%3")
-                     .arg(loaded.address.toString(), loaded.userAgent)
-                     .arg(loaded.networkCaching));
+    calls.append(
+        QStringLiteral("load %1 agent=%2").arg(loaded.address.toString(), loaded.userAgent));
     source = loaded;
     now = {.hasMedia = true};
   }

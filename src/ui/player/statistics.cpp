@@ -5,7 +5,6 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 constexpr auto period = 1s;
@@ -82,7 +81,7 @@ void Statistics::read() {
   add(tr("Lost"), tr("%n pictures", nullptr, static_cast<int>(facts.lost)));
   if (facts.bitsPerSecond > 0)
     add(tr("Bit rate"), tr("%1 Mbit/s").arg(facts.bitsPerSecond / mega, 0, 'f', 2));
-  if (!playback_.isLocal()) add(tr("Buffer"), tr("%1 ms").arg(MediaSource().networkCaching));
+  if (!playback_.isLocal()) add(tr("Buffer"), tr("%1 ms").arg(networkCaching));
   text_ = lines.join(u'\n');
   next_ = clock_.callAfter(period, [this] { read(); });
   Q_EMIT changed();
