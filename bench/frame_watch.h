@@ -1,9 +1,12 @@
 #pragma once
 
+#include <pthread.h>
+
 #include <QElapsedTimer>
 #include <QQuickWindow>
 #include <QTest>
 #include <atomic>
+#include <ctime>
 
 #include "measure.h"
 
@@ -18,20 +21,26 @@ class FrameWatch {
 
   struct Frame {
     Milliseconds prepared{0};  // on the main thread, with the action that led to it
+    Milliseconds busy{0};      // processor time of the same, which nothing beside it makes longer
     Milliseconds drawn{0};
     bool shown = false;
   };
 
   explicit FrameWatch(QQuickWindow& window) {
     timer_.start();
+    pthread_getcpuclockid(pthread_self(), &mainClock_);
     const auto on = [&](auto signal, auto action) {
       QObject::connect(&window, signal, &context_, action, Qt::DirectConnection);
     };
     on(&QQuickWindow::afterAnimating, [this] { begun_ = timer_.nsecsElapsed(); });
     on(&QQuickWindow::afterSynchronizing, [this] {
       handingOver_ = timer_.nsecsElapsed() - begun_;
+      mainBusy_ = processorTime(mainClock_);
+      syncBusy_ = processorTime(CLOCK_THREAD_CPUTIME_ID) - syncBegun_;
       begun_ = timer_.nsecsElapsed();
     });
+    on(&QQuickWindow::beforeSynchronizing,
+       [this] { syncBegun_ = processorTime(CLOCK_THREAD_CPUTIME_ID); });
     on(&QQuickWindow::afterRendering, [this] { drawing_ = timer_.nsecsElapsed() - begun_; });
     on(&QQuickWindow::frameSwapped, [this] { ++shown_; });
   }
@@ -41,11 +50,13 @@ class FrameWatch {
   Frame after(Action action, int milliseconds) {
     const int before = shown_;
     const qint64 start = timer_.nsecsElapsed();
+    const qint64 busy = processorTime(mainClock_);
     action();
     const qint64 acted = timer_.nsecsElapsed() - start;
     Frame frame;
     frame.shown = QTest::qWaitFor([&] { return shown_ > before; }, milliseconds);
     frame.prepared = time(acted + (frame.shown ? handingOver_.load() : 0));
+    frame.busy = time(frame.shown ? mainBusy_ - busy + syncBusy_ : 0);
     frame.drawn = time(frame.shown ? drawing_.load() : 0);
     return frame;
   }
@@ -55,11 +66,21 @@ class FrameWatch {
     return Milliseconds(static_cast<double>(nanoseconds) / 1e6);
   }
 
+  static qint64 processorTime(clockid_t clock) {
+    timespec time{};
+    clock_gettime(clock, &time);
+    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+  }
+
   QObject context_;
   QElapsedTimer timer_;
   std::atomic<qint64> begun_ = 0;
   std::atomic<qint64> handingOver_ = 0;
   std::atomic<qint64> drawing_ = 0;
+  std::atomic<qint64> syncBegun_ = 0;
+  std::atomic<qint64> mainBusy_ = 0;
+  std::atomic<qint64> syncBusy_ = 0;
+  clockid_t mainClock_ = 0;
   std::atomic<int> shown_ = 0;
 };
 
