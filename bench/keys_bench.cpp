@@ -20,8 +20,8 @@ struct Key {
   int times = 1;
 };
 
-/// Through the sections, with a search, and into a show and out again.
-const std::vector<Key> walk = {
+/// Through the sections, and into a show and out again.
+const std::vector<Key> throughSections = {
     {Qt::Key_1, Qt::ControlModifier},
     {Qt::Key_Down, Qt::NoModifier, 30},
     {Qt::Key_PageDown, {}, 20},
@@ -34,10 +34,14 @@ const std::vector<Key> walk = {
     {Qt::Key_Return},
     {Qt::Key_Down, {}, 3},
     {Qt::Key_Escape},
-    {Qt::Key_F, Qt::ControlModifier},
+};
+
+/// From the field of the search, which is chosen by the sidebar: a text, what it found, and back.
+const std::vector<Key> inSearch = {
     {Qt::Key_N},
     {Qt::Key_E},
-    {Qt::Key_Escape},
+    {Qt::Key_Return},
+    {Qt::Key_Down, {}, 4},
     {Qt::Key_1, Qt::ControlModifier},
     {Qt::Key_PageUp, {}, 10},
 };
@@ -47,10 +51,9 @@ struct Answers {
   QString slowest;
 };
 
-Answers press(QQuickWindow& window) {
+void press(QQuickWindow& window, const std::vector<Key>& keys, Answers& answers) {
   FrameWatch watch(window);
-  Answers answers;
-  for (const Key& key : walk)
+  for (const Key& key : keys)
     for (int i = 0; i < key.times; ++i) {
       const auto frame =
           watch.after([&] { QTest::keyClick(&window, key.key, key.modifiers); }, 100);
@@ -58,6 +61,13 @@ Answers press(QQuickWindow& window) {
         answers.slowest = QKeySequence(key.key | key.modifiers).toString();
       answers.all.add(frame.prepared);
     }
+}
+
+Answers press(screens::Stage& stage) {
+  Answers answers;
+  press(stage.window(), throughSections, answers);
+  stage.show(Section::search);
+  press(stage.window(), inSearch, answers);
   return answers;
 }
 
@@ -86,11 +96,11 @@ int main(int argc, char** argv) {
   stage.signIn();
   for (const Section section : {Section::movies, Section::shows, Section::live})
     stage.show(section);
-  const Answers first = press(stage.window());
-  const Answers usual = press(stage.window());
+  const Answers first = press(stage);
+  const Answers usual = press(stage);
   const auto during = [&](sim::Fault fault) {
     stage.provider().setFault("*", fault);
-    return press(stage.window());
+    return press(stage);
   };
   row("keys through all sections: slowest", slowest(first),
       "again " + slowest(usual) + ", typical " + milliseconds(usual.all.median()),
