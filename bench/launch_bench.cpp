@@ -13,8 +13,6 @@
 #include "measured_process.h"
 #include "saved_account.h"
 
-using namespace Qt::StringLiterals;
-
 namespace vantor::bench {
 namespace {
 

@@ -46,10 +46,6 @@ QString Catalog::name(std::size_t index) const {
   return qt(contents_->textOf(index, EntryText::name));
 }
 
-LibraryKind Catalog::kind(std::size_t index) const {
-  return contents_->rows[index].kind;
-}
-
 MediaItem Catalog::item(std::size_t index) const {
   const CatalogContents& contents = *contents_;
   const EntryRow& row = contents.rows[index];

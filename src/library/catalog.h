@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string_view>
 #include <vector>
 
 #include "library/media_item.h"
@@ -34,7 +33,6 @@ class Catalog {
   MediaItem item(std::size_t index) const;
   QString id(std::size_t index) const;
   QString name(std::size_t index) const;
-  LibraryKind kind(std::size_t index) const;
   /// The first entry with that id, at the same cost in any library.
   std::optional<std::size_t> indexOf(const QString& id) const;
 

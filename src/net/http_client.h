@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QThread>
-#include <memory>
 
 #include "net/http_transport.h"
 

@@ -15,7 +15,7 @@ namespace vantor {
 
 struct HTTPRequest {
   QUrl address;
-  QByteArray userAgent;                                          // no header when empty
+  QByteArray userAgent;                                          // empty: Qt's own
   std::chrono::milliseconds timeout = std::chrono::seconds(60);  // without data
 };
 

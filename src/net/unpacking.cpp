@@ -4,7 +4,7 @@
 #include <zlib.h>
 #include <zstd.h>
 
-#include <stdexcept>
+#include <new>
 
 namespace vantor {
 namespace {

@@ -17,7 +17,7 @@ inline WallTime keptSince(WallTime noted, WallTime now) {
   return noted > now ? WallTime::min() : noted;
 }
 
-/// Where all time in the program comes from. Main thread only.
+/// Where the main thread has the time from, and its delays. Main thread only.
 class Clock {
  public:
   virtual ~Clock() = default;

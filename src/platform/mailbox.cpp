@@ -1,7 +1,6 @@
 #include "platform/mailbox.h"
 
 #include <QCoreApplication>
-#include <memory>
 
 namespace vantor {
 namespace {

@@ -9,7 +9,6 @@ namespace vantor {
 
 namespace {
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 constexpr auto tickInterval = 250ms;

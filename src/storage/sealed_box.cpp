@@ -4,7 +4,6 @@
 #include <openssl/rand.h>
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 
 namespace vantor::sealed_box {

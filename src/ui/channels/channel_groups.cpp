@@ -6,8 +6,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 QStringList ChannelGroups::names() const {
   QStringList names = {tr("All channels")};
   for (const MediaCategory& category : catalog_.categories()) names.append(oneLine(category.name));

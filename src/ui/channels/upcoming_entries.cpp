@@ -6,8 +6,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 GuideEntries upcomingEntries(const GuideEntries& entries, WallTime now) {
   GuideEntries upcoming;
   const auto time = std::chrono::floor<ProviderTime::duration>(now);

@@ -9,8 +9,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 EpisodeListModel::EpisodeListModel(AppModel& model, QObject* parent)
     : QAbstractListModel(parent), model_(model) {
   connect(&model.details(), &ShowDetails::episodesChanged, this, &EpisodeListModel::readEpisodes);

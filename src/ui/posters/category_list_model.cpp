@@ -7,8 +7,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 CategoryListModel::CategoryListModel(AppModel& model, QObject* parent)
     : QAbstractListModel(parent),
       model_(model),

@@ -7,7 +7,6 @@
 namespace vantor {
 namespace {
 
-using namespace Qt::StringLiterals;
 using Action = SettingsBlock::Action;
 using Kind = SettingsBlock::Kind;
 

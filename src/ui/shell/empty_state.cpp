@@ -4,8 +4,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 EmptyState::EmptyState(const Session& session, const Browsing& browsing, QObject* parent)
     : QObject(parent), session_(session), browsing_(browsing) {
   for (const auto signal :

@@ -9,8 +9,6 @@
 
 namespace vantor {
 
-using namespace Qt::StringLiterals;
-
 StatusView::StatusView(const Session& session, const Browsing& browsing, const Libraries& libraries,
                        QObject* parent)
     : QObject(parent), session_(session), browsing_(browsing), libraries_(libraries) {

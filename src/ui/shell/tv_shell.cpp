@@ -1,7 +1,5 @@
 #include "ui/shell/tv_shell.h"
 
-#include <array>
-
 #include "core/app_model.h"
 #include "playback/playback.h"
 #include "ui/entries/library_wording.h"
