@@ -79,7 +79,7 @@ bool MprisPlayer::hasTrack() const {
 bool MprisPlayer::canSeek() const {
   const PlaybackState state = playback_.state();
   return (state == PlaybackState::playing || state == PlaybackState::paused) &&
-         transport_.seekable();
+         playback_.followed() && transport_.seekable();
 }
 
 bool MprisPlayer::canGoNext() const {

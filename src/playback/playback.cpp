@@ -51,7 +51,7 @@ Playback::Playback(MediaEngine& engine, Clock& clock, Worker& worker, const Fold
       transport_(announcements_),
       recording_(announcements_, engine, clock, folders) {
   if (output_ == Output::shown) recording_.refresh();
-  engine_.onChange = [this] { tickWait_.request_stop(); };
+  engine_.onChange = [this] { onEngineChange(); };
 }
 
 Playback::~Playback() {

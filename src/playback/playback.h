@@ -75,6 +75,9 @@ class Playback final : public QObject {
   PlaybackState state() const { return state_.get(); }
   bool loading() const { return isOpening(state()); }
   bool paused() const { return isHalted(state()); }
+  /// The progress loop follows the source, so that `transport` tells where it is. Nothing follows
+  /// what plays again from its end.
+  bool followed() const { return pollTask_.running(); }
   const std::optional<QString>& message() const { return message_.get(); }  // what failed
   PictureFacts picture() const { return engine_.status().picture; }
   TransportState* transport() { return &transport_; }
@@ -136,6 +139,7 @@ class Playback final : public QObject {
   /// With a sentence for the user, as it stands in English.
   void fail(const char* sentence);
   // progress_loop.cpp
+  void onEngineChange();
   Watch tick(Opening& opening);
   void applyResume(Opening& opening);
   void applyTracks(const EngineStatus& status);

@@ -50,6 +50,15 @@ QCoro::Task<> Playback::watch(QPointer<Playback> self, Ticket ticket, double res
   }
 }
 
+void Playback::onEngineChange() {
+  tickWait_.request_stop();
+  const bool playsAgain = state() == PlaybackState::playing || state() == PlaybackState::paused;
+  if (followed() || !playsAgain) return;
+  const EngineState engine = engine_.status().state;
+  if (engine == EngineState::error) fail(notOpened);
+  if (engine == EngineState::ended) go(PlaybackEvent::end);
+}
+
 Playback::Watch Playback::tick(Opening& opening) {
   const Announcements::Scope scope(announcements_);
   const EngineStatus status = engine_.status();

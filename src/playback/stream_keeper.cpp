@@ -110,7 +110,7 @@ void StreamKeeper::onStateChanged() {
 }
 
 void StreamKeeper::begin() {
-  decoded_ = 0;
+  seen_ = {};
   hasMoved();
   doubtful_ = false;
   moved_ = clock_.steadyNow();
@@ -160,17 +160,20 @@ void StreamKeeper::look() {
 }
 
 bool StreamKeeper::hasMoved() {
-  const std::int64_t decoded = engine_.status().decoded;
-  return decoded != std::exchange(decoded_, decoded);
+  const std::int64_t before = seen_.decoded;
+  // What has ended or failed knows no place.
+  const EngineStatus now = engine_.status();
+  if (now.state == EngineState::ended || now.state == EngineState::error) return false;
+  seen_ = now;
+  return now.decoded != before;
 }
 
 bool StreamKeeper::comesBack() {
   if (playback_.source()->kind == SourceKind::broadcast) return true;
-  const TransportState& film = *playback_.transport();
   // A film that goes on at its place is at its beginning for a moment, and has no length.
   const bool again = attempts_ > 0;
-  place_ = std::max(again ? place_ : 0, film.seconds());
-  length_ = std::max(again ? length_ : 0, film.duration());
+  place_ = std::max(again ? place_ : 0, static_cast<double>(seen_.time) / 1000);
+  length_ = std::max(again ? length_ : 0, static_cast<double>(seen_.length) / 1000);
   return place_ < length_ - credits;
 }
 

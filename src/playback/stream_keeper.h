@@ -11,10 +11,10 @@
 #include "platform/clock.h"
 #include "platform/job.h"
 #include "platform/pending.h"
+#include "playback/media_engine.h"
 
 namespace vantor {
 
-class MediaEngine;
 class Playback;
 class VideoFrameQueue;
 
@@ -78,8 +78,8 @@ class StreamKeeper final : public QObject {
   Stage stage_ = Stage::idle;
   double length_ = 0;                 // seconds, of a film; 0 while unknown
   double place_ = 0;                  // seconds, where a film goes on
-  std::int64_t decoded_ = 0;          // pictures and blocks of sound at the last look
-  SteadyTime moved_;                  // when that last grew
+  EngineStatus seen_;                 // at the last look at what plays
+  SteadyTime moved_;                  // when what is decoded last grew
   SteadyTime since_;                  // begin of the stage
   bool doubtful_ = false;             // the network has changed since
   bool hurried_ = false;              // it changed while an attempt was under way

@@ -198,6 +198,11 @@ TEST_F(MprisTest, CanDoWhatItSays) {
   see(EngineState::ended, 500'000, 500'000);
   keeper.giveUp();
   stands(u"Stopped"_s, u"Control Pause Play"_s);
+  app.playback().togglePause();
+  stands(u"Playing"_s, u"Control Pause Play"_s);
+  engine.now.state = EngineState::ended;
+  engine.announce();
+  stands(u"Stopped"_s, u"Control Pause Play"_s);
   call(u"PlayPause"_s);
   stands(u"Playing"_s, u"Control Pause Play"_s);
   call(u"Stop"_s);

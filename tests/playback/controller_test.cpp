@@ -33,8 +33,15 @@ TEST_F(ControllerTest, GoesFromStateToState) {
   const Step begin = [&] { open(channel(u"7"_s)); };
   const Step start = [&] { starts(); };
   const Step toggle = [&] { playback.togglePause(); };
-  const Step end = [&] { see(EngineState::ended); };
-  const Step fail = [&] { see(EngineState::error); };
+  const auto become = [&](EngineState engineState) {
+    return [this, engineState] {
+      engine.now.state = engineState;
+      engine.announce();
+      clock.advance(250ms);
+    };
+  };
+  const Step end = become(EngineState::ended);
+  const Step fail = become(EngineState::error);
   const Step restart = [&] { playback.restart(); };
   const Step stop = [&] { playback.stop(); };
   const Step retry = [&] { playback.retry(); };
@@ -51,6 +58,13 @@ TEST_F(ControllerTest, GoesFromStateToState) {
        {begin, start, toggle},
        {paused, playing, ended, failed, playing, idle, opening, opening}},
       {ended, {begin, start, end}, {ended, playing, ended, ended, playing, idle, opening, opening}},
+      // Again, with no loop that follows it.
+      {playing,
+       {begin, start, end, toggle},
+       {playing, paused, ended, failed, playing, idle, opening, opening}},
+      {paused,
+       {begin, start, end, restart, toggle},
+       {paused, playing, ended, failed, playing, idle, opening, opening}},
       {failed, {begin, fail}, {failed, failed, failed, failed, failed, idle, opening, opening}},
   };
   for (const auto& [state, way, after] : rows) {

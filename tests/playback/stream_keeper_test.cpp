@@ -76,6 +76,15 @@ TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
   const Step unstarted = [this] { open(source(SourceKind::broadcast)); };
   const Step file = [this] { openPlaying(source(SourceKind::file)); };
   const Step pause = [this] { playback.togglePause(); };
+  const Step again = [this] {
+    playback.restart();
+    engine.now = filmAt(300'000, 900'000);
+    clock.advance(250ms);
+  };
+  const Step endsAgain = [this] {
+    engine.now.state = EngineState::ended;
+    engine.announce();
+  };
   const Step news = [this] { keeper->hurry(); };
   const Step lastPicture = [this] {
     ++engine.now.decodedVideo;
@@ -100,6 +109,8 @@ TEST_F(StreamKeeperTest, TellsWhatStoppedByItself) {
       {"film fails in the middle", {film(300'000, 900'000), fails}, true},
       {"film is frozen", {film(300'000, 900'000), quiet(10s)}, true},
       {"film ends in its credits", {film(880'000, 900'000), ends}, false},
+      {"film played again is cut off", {film(890'000, 900'000), ends, again, endsAgain}, true},
+      {"film played again is frozen", {film(890'000, 900'000), ends, again, quiet(10s)}, true},
       {"film without a length ends", {film(300'000, 0), ends}, false},
   };
   for (const auto& [name, steps, comesBack] : rows) {

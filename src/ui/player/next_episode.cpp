@@ -52,6 +52,8 @@ bool NextEpisode::isNearEnd() const {
   if (keeper_.bringingBack()) return false;
   if (playback_.state() == PlaybackState::ended) return true;
   if (playback_.loading() || playback_.state() == PlaybackState::failed) return false;
+  // Again from its beginning.
+  if (!playback_.followed()) return false;
   const double duration = playback_.transport()->duration();
   const double left = duration - playback_.transport()->seconds();
   return duration > 0 && left <= std::min(offerTime, duration / 10);

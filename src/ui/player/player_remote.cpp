@@ -314,8 +314,9 @@ void PlayerRemote::nextSubtitle() {
 }
 
 bool PlayerRemote::skip(double seconds) {
-  // Until the source is open the position is that of the one before.
-  if (playback_.loading() || !playback_.transport()->seekable()) return false;
+  // Until the source is open the position is that of the one before, and at last it stands still.
+  if (playback_.loading() || !playback_.followed() || !playback_.transport()->seekable())
+    return false;
   transport_.beginSeek();
   transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
   say(transport_.positionText() + u" / "_s + transport_.durationText());

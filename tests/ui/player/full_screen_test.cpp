@@ -266,6 +266,15 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   become(filmAt(0, 90'000, 0));
   press(Qt::Key_Right);
   EXPECT_EQ(views->transport()->sliderValue(), 0) << "it is still opening";
+  become(filmAt(90'000, 90'000));
+  engine.now.state = EngineState::ended;
+  clock.advance(250ms);
+  app->playback().restart();
+  jumps();
+  press(Qt::Key_Right);
+  clock.advance(300ms);
+  EXPECT_EQ(jumps(), QStringList()) << "it plays again, nobody knows where";
+  app->playback().retry();
   become(filmAt(30'000, 90'000));
 
   const std::pair<Qt::Key, double> volumes[] = {
@@ -566,7 +575,11 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   remote->setFullScreen(false);
   clock.advance(30s);
   EXPECT_EQ(playing(), u"episode:1"_s) << "only in full screen it plays by itself";
+  app->playback().restart();
+  EXPECT_FALSE(next.offered()) << "it plays again";
   remote->setFullScreen(true);
+  engine.now.state = EngineState::ended;
+  engine.announce();
   clock.advance(10s);
   EXPECT_EQ(playing(), u"episode:2"_s);
 
