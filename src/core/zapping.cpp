@@ -91,7 +91,9 @@ void Zapping::choose(Station station) {
 
 void Zapping::open() {
   rest_.reset();
-  if (!channel_ || model_.playback().itemID() == channel_->id) return;
+  const PlaybackState state = model_.playback().state();
+  const bool over = state == PlaybackState::ended || state == PlaybackState::failed;
+  if (!channel_ || (model_.playback().itemID() == channel_->id && !over)) return;
   opening_ = true;
   model_.play(*channel_);
   opening_ = false;

@@ -52,6 +52,19 @@ TEST_F(ZappingTest, AHeldKeyOpensOnlyWhereItRests) {
   EXPECT_EQ(opened(1s), QStringList()) << "what plays is not opened again";
 }
 
+TEST_F(ZappingTest, WhatHasFailedOrEndedIsOpenedAgain) {
+  for (const EngineState end : {EngineState::error, EngineState::ended}) {
+    play(item(6));
+    engine.now = filmAt(0, 0);
+    clock.advance(250ms);
+    engine.now.state = end;
+    clock.advance(250ms);
+    zapping.step(-1);
+    zapping.step(1);
+    EXPECT_EQ(opened(250ms), QStringList{u"7"_s});
+  }
+}
+
 TEST_F(ZappingTest, TypedNumbers) {
   // The last is the file that is opened, unless what plays goes on.
   const std::tuple<const char*, bool, QString> cases[] = {
