@@ -68,6 +68,8 @@ class AppModel final : public QObject {
   void setShowingSettings(bool showing) { showingSettings_.set(showing); }
 
  Q_SIGNALS:
+  /// Playback has taken an entry, which may have been playing before.
+  void handedOver();
   void noticeChanged();
   void showingConnectChanged();
   void showingSettingsChanged();

@@ -43,6 +43,7 @@ void AppModel::play(MediaItem item) {
     handedOver_ = before;
     return;
   }
+  Q_EMIT handedOver();
   record_.watch(item);
   if (habits_ && item.kind == LibraryKind::live) habits_->setLastChannel(item.id);
 }

@@ -16,6 +16,7 @@ constexpr qsizetype mostDigits = 6;
 
 Zapping::Zapping(AppModel& model, Clock& clock) : model_(model), clock_(clock) {
   connect(&model.playback(), &Playback::sourceChanged, this, &Zapping::onSourceChanged);
+  connect(&model, &AppModel::handedOver, this, &Zapping::onHandedOver);
 }
 
 bool Zapping::step(int channels) {
@@ -101,17 +102,34 @@ void Zapping::open() {
   if (channel_ && model_.playback().itemID() != channel_->id && playing_) choose(*playing_);
 }
 
+std::shared_ptr<const ItemList> Zapping::list() const {
+  return opening_ ? chosen_.list : model_.browsing().sharedItems();
+}
+
 void Zapping::onSourceChanged() {
   const std::optional<PlayRequest>& source = model_.playback().source();
   if (!source || source->kind != SourceKind::broadcast) return forget();
   if (playing_ && playing_->list->id(playing_->place) == source->id) return;
-  std::shared_ptr<const ItemList> list = opening_ ? chosen_.list : model_.browsing().sharedItems();
-  const std::optional<std::size_t> place = list->indexOf(source->id);
+  std::shared_ptr<const ItemList> now = list();
+  const std::optional<std::size_t> place = now->indexOf(source->id);
   if (!place) return forget();
-  before_ = std::exchange(playing_, Station{list, *place});
+  before_ = playing_;
+  take({std::move(now), *place});
+}
+
+void Zapping::onHandedOver() {
+  std::shared_ptr<const ItemList> now = list();
+  if (!playing_ || (playing_->list == now && !rest_)) return;
+  // What plays already was started again, from another list or instead of the next choice.
+  const std::optional<std::size_t> place = now->indexOf(playing_->list->id(playing_->place));
+  if (place) take({std::move(now), *place});
+}
+
+void Zapping::take(Station station) {
+  playing_ = station;
   rest_.reset();
   typed_.clear();
-  choose({std::move(list), *place});
+  choose(std::move(station));
 }
 
 void Zapping::forget() {

@@ -55,7 +55,11 @@ class Zapping final : public QObject {
 
   std::size_t count() const;  // of channels in the list
   std::optional<std::size_t> typedPlace() const;
+  /// Which the channel that was opened just now comes from.
+  std::shared_ptr<const ItemList> list() const;
   void onSourceChanged();
+  void onHandedOver();
+  void take(Station station);
   void choose(Station station);
   /// Chooses and opens it at once.
   void go(Station station);

@@ -124,6 +124,18 @@ TEST_F(ZappingTest, TheListIsThatOfTheStart) {
   }
 }
 
+TEST_F(ZappingTest, TheListIsThatOfTheLastStartAlsoOfWhatPlays) {
+  play(item(3));
+  app.setCategory(u"1"_s);  // 1, 4, 7
+  zapping.step(2);
+  play(item(1));
+  EXPECT_EQ(opened(250ms), QStringList()) << "the start is the later wish";
+  zapping.step(1);
+  EXPECT_EQ(opened(250ms), QStringList{u"7"_s});
+  zapping.goBack();
+  EXPECT_EQ(opened(), QStringList{u"4"_s});
+}
+
 TEST_F(ZappingTest, OnlyChannelsOfTheProvider) {
   int changes = 0;
   QObject::connect(&zapping, &Zapping::changed, [&] { ++changes; });
