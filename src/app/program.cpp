@@ -56,14 +56,16 @@ Program::Program(const LaunchArguments& launch)
              std::make_unique<Playback>(engine_, clock_, worker_, folders_, Output::shown)),
       keeper_(model_.playback(), engine_, *frames_, transport_, clock_),
       recordingService_(model_.playback()),
-      screenAwake_(model_.playback(), keeper_, engine_, idleInhibitor_),
       views_(model_, keeper_, clock_, ownFilePanel_, *frames_, artwork_, opener_,
              SettingsLinks{values_.supportSite, resourceFolder()}),
+      screenAwake_(model_.playback(), keeper_, engine_, idleInhibitor_),
       nowPlaying_(model_, views_.zapping(), views_.episodeQueue(), clock_),
       mpris_({model_, nowPlaying_, keeper_, artwork_, worker_, clock_, folders_.temporary,
               values_.bundleIdentifier},
              {[this] { raiseWindow(); }, [this] { quit(); }}) {
   connect(&networkWatch_, &NetworkWatch::changed, &keeper_, &StreamKeeper::hurry);
+  connect(views_.nextEpisode(), &NextEpisode::changed, &screenAwake_,
+          [this] { screenAwake_.setContinues(views_.nextEpisode()->countsDown()); });
   connect(&signals_, &TerminationSignals::received, this, &Program::quit);
   connect(views_.commands(), &Commands::quitRequested, this, &Program::quit);
   connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &Program::quit);

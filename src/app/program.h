@@ -99,8 +99,8 @@ class Program final : public QObject {
   NetworkWatch networkWatch_;
   IdleInhibitor idleInhibitor_{clock_};
   DesktopSettings desktopSettings_;
-  ScreenAwake screenAwake_;
   Views views_;
+  ScreenAwake screenAwake_;  // hears of an end after the view that may go on by itself
   NowPlaying nowPlaying_;
   MprisService mpris_;
   std::optional<CrashNotice> crashNotice_;

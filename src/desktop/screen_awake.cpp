@@ -15,9 +15,15 @@ ScreenAwake::ScreenAwake(Playback& playback, const StreamKeeper& keeper, const M
   connect(&keeper, &StreamKeeper::bringingBackChanged, this, &ScreenAwake::follow);
 }
 
+void ScreenAwake::setContinues(bool continues) {
+  continues_ = continues;
+  follow();
+}
+
 bool ScreenAwake::isWatched() const {
   // Without a key pressed for a while, a short break would turn the screen off at once.
-  if (keeper_.bringingBack() || playback_.state() == PlaybackState::opening) return watched_;
+  if (keeper_.bringingBack() || continues_ || playback_.state() == PlaybackState::opening)
+    return watched_;
   return playback_.state() == PlaybackState::playing && engine_.status().decodedVideo > 0;
 }
 

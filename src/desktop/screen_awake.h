@@ -19,6 +19,9 @@ class ScreenAwake final : public QObject {
   ScreenAwake(Playback& playback, const StreamKeeper& keeper, const MediaEngine& engine,
               IdleInhibitor& inhibitor);
 
+  /// Whether what has ended is followed by something in a moment, with nobody pressing a key.
+  void setContinues(bool continues);
+
  private:
   bool isWatched() const;
   void follow();
@@ -27,6 +30,7 @@ class ScreenAwake final : public QObject {
   const StreamKeeper& keeper_;
   const MediaEngine& engine_;
   IdleInhibitor& inhibitor_;
+  bool continues_ = false;
   bool watched_ = false;
 };
 

@@ -200,7 +200,7 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
   VideoFrameQueue frames;
   FakeTransport transport;
   StreamKeeper keeper(playback, engine, frames, transport, clock);
-  const ScreenAwake awake(playback, keeper, engine, *inhibitor);
+  ScreenAwake awake(playback, keeper, engine, *inhibitor);
   offer(refuses, answers, answers);
   join();
   const QStringList held{askedOfPortal, askedOfSaver};
@@ -243,6 +243,10 @@ TEST_F(IdleInhibitorTest, FollowsThePlayer) {
       {"opens another", opens(u"5"_s, SourceKind::onDemand), {}},
       {"plays", plays, held},
       {"ends", shows(EngineState::ended), released},
+      {"opens an episode", opens(u"6"_s, SourceKind::onDemand), {}},
+      {"plays", plays, held},
+      {"another follows", [&] { awake.setContinues(true), shows(EngineState::ended)(); }, {}},
+      {"it is not wanted", [&] { awake.setContinues(false); }, released},
   });
 }
 

@@ -37,7 +37,7 @@ QString NextEpisode::title() const {
 }
 
 QString NextEpisode::outlook() const {
-  return secondsLeft_ > 0 ? tr("Plays in %1 s").arg(secondsLeft_) : tr("Return plays it");
+  return countsDown() ? tr("Plays in %1 s").arg(secondsLeft_) : tr("Return plays it");
 }
 
 bool NextEpisode::refuse() {
@@ -63,8 +63,7 @@ void NextEpisode::update() {
   const bool offered = !refused_ && queue_.next() && isNearEnd();
   const bool counts =
       offered && playback_.state() == PlaybackState::ended && playback_.fullScreen();
-  const bool counted = secondsLeft_ > 0;
-  if (offered == offered_ && counts == counted) return;
+  if (offered == offered_ && counts == countsDown()) return;
   offered_ = offered;
   second_.reset();
   secondsLeft_ = counts ? secondsAfterEnd : 0;
@@ -75,6 +74,8 @@ void NextEpisode::update() {
 void NextEpisode::countDown() {
   if (secondsLeft_ == 1) {
     play();
+    // A recording that is being saved keeps what has ended.
+    if (playback_.state() == PlaybackState::ended) refuse();
     return;
   }
   --secondsLeft_;

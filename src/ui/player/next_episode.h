@@ -31,6 +31,8 @@ class NextEpisode final : public QObject {
   bool offered() const { return offered_; }
   QString title() const;
   QString outlook() const;  // when it plays, or how
+  /// It plays by itself in a moment.
+  bool countsDown() const { return secondsLeft_ > 0; }
 
   /// Plays it, offered or not; false when there is none.
   Q_INVOKABLE bool play() { return queue_.playNext(); }

@@ -559,6 +559,7 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   ends();
   clock.advance(20s);
   EXPECT_EQ(playing(), u"episode:2"_s) << "refused";
+  EXPECT_FALSE(next.countsDown());
 
   press(Qt::Key_N);
   playsAt(980);
@@ -570,6 +571,7 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   playFirst();
   playsAt(990);
   ends();
+  EXPECT_TRUE(next.countsDown());
   clock.advance(9s);
   EXPECT_EQ(playing(), u"episode:1"_s);
   remote->setFullScreen(false);
@@ -586,6 +588,16 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   playsAt(500);
   ends();
   EXPECT_FALSE(next.offered()) << "it was cut off, and comes back";
+
+  playFirst();
+  playsAt(990);
+  engine.now.recordable = true;
+  app->playback().startRecording(home.path());
+  ends();
+  EXPECT_TRUE(next.countsDown());
+  clock.advance(10s);
+  EXPECT_EQ(playing(), u"episode:1"_s);
+  EXPECT_FALSE(next.offered()) << "it could not be opened";
 }
 
 }  // namespace
