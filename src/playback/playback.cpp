@@ -68,14 +68,16 @@ std::optional<QString> Playback::itemID() const {
 
 void Playback::play(const PlayRequest& request) {
   const Announcements::Scope scope(announcements_);
+  if (!mayChangeSource()) return;
   commanded_.note();
-  if (mayChangeSource()) start(request);
+  start(request);
 }
 
 void Playback::retry() {
   const Announcements::Scope scope(announcements_);
+  if (!source() || !mayChangeSource()) return;
   commanded_.note();
-  if (source() && mayChangeSource()) startAgain(0);
+  startAgain(0);
 }
 
 void Playback::reopen(double resume) {

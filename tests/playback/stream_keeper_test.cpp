@@ -361,6 +361,9 @@ TEST_F(StreamKeeperTest, FinishesARecordingFirst) {
   ends();
   EXPECT_EQ(playback.recording().stage(), Recording::Stage::saving);
   const qsizetype before = openings();
+  playback.play(channel(u"2"_s));
+  playback.retry();
+  EXPECT_TRUE(bringsBack()) << "nothing else may play yet";
   clock.advance(20s);
   EXPECT_EQ(openings(), before);
   engine.onRecordingStopped({});
