@@ -97,7 +97,10 @@ void StreamKeeper::onStateChanged() {
         enter(Stage::idle);
       break;
     case Stage::opening:
-      if (state == PlaybackState::playing) opened();
+      if (state == PlaybackState::playing) {
+        playback_.setRate(seen_.rate);
+        opened();
+      }
       if (state != PlaybackState::failed) break;
       enter(Stage::asking);
       question_ =

@@ -191,7 +191,7 @@ TEST_F(StreamKeeperTest, StartsAnewAfterPlayingSteadilyOnly) {
   EXPECT_EQ(playback.state(), PlaybackState::failed);
 }
 
-TEST_F(StreamKeeperTest, AFilmGoesOnFromWhereItWas) {
+TEST_F(StreamKeeperTest, AFilmGoesOnFromWhereItWasAtItsSpeed) {
   openFilm(300'000, 900'000);
   // It is at its beginning when it breaks off again.
   for (int times = 0; times < 2; ++times) {
@@ -204,10 +204,13 @@ TEST_F(StreamKeeperTest, AFilmGoesOnFromWhereItWas) {
   see(filmAt(0, 900'000));
   EXPECT_EQ(engine.takeCalls(), QStringList{u"setTime 300000"_s});
   engine.now.time = 400'000;
+  engine.now.rate = 1.5;
   plays(1s);
   fails();
   untilOpened();
   EXPECT_EQ(playback.source()->resume, 400);
+  starts();
+  EXPECT_EQ(engine.calls.last(), u"setRate 1.5"_s);
 }
 
 /// The ways into each stage, and each command there.
