@@ -273,7 +273,10 @@ void PlayerRemote::changeShape() {
 }
 
 void PlayerRemote::changeVolume(double percent) {
-  const double volume = std::clamp(transport_.volume() + percent, 0.0, 100.0);
+  const double mutedFrom = playback_.transport()->mutedFrom();
+  if (mutedFrom > 0 && percent <= 0) return say(tr("Muted"));
+  const double present = mutedFrom > 0 ? mutedFrom : transport_.volume();
+  const double volume = std::clamp(present + percent, 0.0, 100.0);
   playback_.setVolume(volume);
   say(tr("Volume %1 %").arg(qRound(volume)));
 }
