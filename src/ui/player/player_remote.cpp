@@ -174,7 +174,7 @@ bool PlayerRemote::press(int key, int modifiers) {
       return nextEpisode_.play();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return nextEpisode_.offered() && nextEpisode_.play();
+      return offersEpisode() && nextEpisode_.play();
     case Qt::Key_Left:
       return skip(shift ? -longSkip : -shortSkip);
     case Qt::Key_Right:
@@ -227,10 +227,14 @@ bool PlayerRemote::escape() {
     putChooserAway();
     return true;
   }
-  if (watching() && nextEpisode_.refuse()) return true;
+  if (offersEpisode()) return nextEpisode_.refuse();
   if (!small_) return false;
   setSmall(false);
   return true;
+}
+
+bool PlayerRemote::offersEpisode() const {
+  return watching() && !small_ && nextEpisode_.offered();
 }
 
 bool PlayerRemote::zap(int key) {

@@ -110,6 +110,8 @@ class PlayerRemote final : public QObject {
   void chooserChanged();
 
  private:
+  /// Whether the offer is seen: the small window has no room for it.
+  bool offersEpisode() const;
   bool zap(int key);
   bool pressWithControl(int key, bool shift);
   void toggleMuted();

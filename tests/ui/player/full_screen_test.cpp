@@ -554,7 +554,11 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   playsAt(971);
   EXPECT_TRUE(next.offered());
   EXPECT_NE(find("text", next.title()), nullptr);
-  press(Qt::Key_Escape);
+  press(Qt::Key_P, Qt::Key_Return, Qt::Key_Escape);
+  EXPECT_EQ(playing(), u"episode:2"_s) << "the small window does not show the offer";
+  EXPECT_FALSE(remote->small());
+  EXPECT_TRUE(next.offered());
+  press(Qt::Key_F, Qt::Key_Escape);
   EXPECT_FALSE(next.offered());
   EXPECT_TRUE(isFull());
   ends();
