@@ -66,6 +66,14 @@ bool Zapping::enter() {
   return true;
 }
 
+bool Zapping::takeBack() {
+  if (!rest_) return false;
+  rest_.reset();
+  typed_.clear();
+  choose(*playing_);
+  return true;
+}
+
 bool Zapping::goBack() {
   if (!channel_ || !before_) return false;
   go(*before_);

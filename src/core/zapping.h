@@ -38,6 +38,9 @@ class Zapping final : public QObject {
   /// Goes to the typed number at once; a number that the list does not have is forgotten. False
   /// when none was typed.
   bool enter();
+  /// Forgets the typed number, or the chosen channel that is not opened yet. False when there is
+  /// nothing of that.
+  bool takeBack();
   /// Back to the channel before this one, and again to this one.
   bool goBack();
   /// Opens a channel of another list, by its index, and goes on in that list.

@@ -92,6 +92,23 @@ TEST_F(ZappingTest, TypedNumbers) {
   EXPECT_EQ(opened(2s), QStringList{u"3"_s}) << "a step is the later wish";
 }
 
+TEST_F(ZappingTest, WhatIsNotOpenedYetIsTakenBack) {
+  play(item(4));
+  const std::function<void()> begun[] = {
+      [&] { zapping.step(2); },
+      [&] { number(u"3"_s); },
+      [&] { zapping.step(2), number(u"3"_s); },
+  };
+  for (const auto& begin : begun) {
+    begin();
+    EXPECT_TRUE(zapping.takeBack());
+    EXPECT_EQ(zapping.typed(), QString());
+    EXPECT_EQ(chosen(), u"Title 5"_s);
+    EXPECT_EQ(opened(2s), QStringList());
+    EXPECT_FALSE(zapping.takeBack());
+  }
+}
+
 TEST_F(ZappingTest, TheLastChannelAndBack) {
   play(item(1));
   EXPECT_FALSE(zapping.goBack());

@@ -66,6 +66,8 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
   connect(&zapping_, &Zapping::changed, this, &PlayerRemote::watchingChanged);
   connect(this, &PlayerRemote::watchingChanged, this, [this] {
     if (!zapping()) putChooserAway();
+    // What comes later would come as a surprise.
+    if (!watching()) zapping_.takeBack();
   });
   connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
   connect(&model.browsing(), &Browsing::sectionChanged, this, &PlayerRemote::leavePicture);
@@ -88,8 +90,9 @@ QString PlayerRemote::fullScreenSymbol() const {
 void PlayerRemote::setSmall(bool small) {
   small = small && playback_.source();
   if (small_ == small) return;
-  if (small) setFullScreen(false);
   small_ = small;
+  // After the other, since somebody watches all the time.
+  if (small) setFullScreen(false);
   moved();
   Q_EMIT smallChanged();
   Q_EMIT pictureOnlyChanged();
@@ -227,6 +230,7 @@ bool PlayerRemote::escape() {
     putChooserAway();
     return true;
   }
+  if (zapping_.takeBack()) return true;
   if (offersEpisode()) return nextEpisode_.refuse();
   if (!small_) return false;
   setSmall(false);

@@ -376,7 +376,18 @@ TEST_F(FullScreenTest, TheKeysOfChannels) {
   }
   press(Qt::SHIFT | Qt::Key_3);
   clock.advance(1500ms);
+  showPicture();
   EXPECT_EQ(title(), u"Title 3"_s) << "as some layouts write digits";
+
+  press(Qt::Key_1, Qt::Key_Escape);
+  EXPECT_TRUE(app->playback().expanded()) << "first the number is taken back";
+  press(Qt::Key_1);
+  app->playback().setExpanded(false);
+  clock.advance(2s);
+  EXPECT_EQ(title(), u"Title 3"_s) << "whoever typed it has left";
+  press(Qt::Key_F, Qt::Key_Up, Qt::Key_P);
+  clock.advance(2s);
+  EXPECT_EQ(title(), u"Title 4"_s) << "the small window watches, too";
 }
 
 TEST_F(FullScreenTest, TheBannerTellsOfTheChannelWhileItIsChosen) {
