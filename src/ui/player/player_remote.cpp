@@ -331,6 +331,8 @@ bool PlayerRemote::skip(double seconds) {
   transport_.beginSeek();
   transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
   say(transport_.positionText() + u" / "_s + transport_.durationText());
+  // Where the slider is seen.
+  if (fullScreen()) moved();
   skipping_ = clock_.callAfter(skipRest, [this] { transport_.endSeek(); });
   return true;
 }

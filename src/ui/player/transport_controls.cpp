@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "playback/playback.h"
 #include "ui/entries/shown_text.h"
@@ -48,7 +49,9 @@ constexpr std::array rates{0.5, 1.0, 1.25, 1.5, 2.0};
 TransportControls::TransportControls(Playback& playback, QObject* parent)
     : QObject(parent), playback_(playback), state_(*playback.transport()) {
   connect(&state_, &TransportState::secondsChanged, this, [this] {
-    if (!seeking_) Q_EMIT positionChanged();
+    if (shown_ == Shown::drag) return;
+    shown_ = Shown::playback;
+    Q_EMIT positionChanged();
   });
   connect(&state_, &TransportState::durationChanged, this, &TransportControls::durationChanged);
   connect(&state_, &TransportState::durationChanged, this, &TransportControls::positionChanged);
@@ -86,7 +89,7 @@ QString TransportControls::delayText(int milliseconds) {
 }
 
 double TransportControls::shownPosition() const {
-  return seeking_ ? seekValue_ : state_.seconds();
+  return shown_ == Shown::playback ? state_.seconds() : seekValue_;
 }
 
 QString TransportControls::positionText() const {
@@ -102,7 +105,7 @@ double TransportControls::sliderEnd() const {
 }
 
 double TransportControls::sliderValue() const {
-  return seeking_ ? seekValue_ : std::min(state_.seconds(), state_.duration());
+  return shown_ == Shown::playback ? std::min(state_.seconds(), state_.duration()) : seekValue_;
 }
 
 double TransportControls::volume() const {
@@ -180,28 +183,29 @@ int TransportControls::delayChoice() const {
 }
 
 void TransportControls::beginSeek() {
-  if (seeking_) return;
+  if (shown_ == Shown::drag) return;
   seekValue_ = sliderValue();
-  seeking_ = true;
+  shown_ = Shown::drag;
 }
 
 void TransportControls::dragTo(double seconds) {
-  if (!seeking_) return;
+  if (shown_ != Shown::drag) return;
   seekValue_ = seconds;
   Q_EMIT positionChanged();
 }
 
 void TransportControls::endSeek() {
-  if (!seeking_) return;
-  seeking_ = false;
+  if (shown_ != Shown::drag) return;
+  const PlaybackState state = playback_.state();
+  const bool goes = state_.seekable() && state != PlaybackState::ended &&
+                    state != PlaybackState::failed;
+  shown_ = goes ? Shown::target : Shown::playback;
   playback_.seek(seekValue_);
   Q_EMIT positionChanged();
 }
 
 void TransportControls::abandonSeek() {
-  if (!seeking_) return;
-  seeking_ = false;
-  Q_EMIT positionChanged();
+  if (std::exchange(shown_, Shown::playback) != Shown::playback) Q_EMIT positionChanged();
 }
 
 void TransportControls::chooseAudio(int id) {

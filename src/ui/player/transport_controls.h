@@ -65,7 +65,7 @@ class TransportControls final : public QObject {
   Q_INVOKABLE void beginSeek();
   Q_INVOKABLE void dragTo(double seconds);
   Q_INVOKABLE void endSeek();
-  /// Forgets a drag whose slider went away.
+  /// Forgets a drag whose slider went away, and where one led.
   Q_INVOKABLE void abandonSeek();
 
   Q_INVOKABLE void chooseAudio(int id);
@@ -92,7 +92,10 @@ class TransportControls final : public QObject {
 
   Playback& playback_;
   TransportState& state_;
-  bool seeking_ = false;
+  /// Of what the position is shown: of playback, of a drag, or of where one led, until playback
+  /// tells where it is.
+  enum class Shown { playback, drag, target };
+  Shown shown_ = Shown::playback;
   double seekValue_ = 0;  // seconds
 };
 

@@ -239,6 +239,8 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   EXPECT_EQ(jumps(), QStringList());
 
   press(Qt::Key_F);
+  clock.advance(3s);
+  EXPECT_FALSE(remote->controlsShown());
   const std::pair<QList<QKeyCombination>, std::int64_t> skips[] = {
       {{Qt::Key_Right}, 40'000},  // milliseconds
       {{Qt::Key_Right, Qt::Key_Right}, 50'000},
@@ -250,8 +252,10 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
     for (const QKeyCombination key : keys) press(key);
     EXPECT_EQ(jumps(), QStringList());
     EXPECT_EQ(views->transport()->sliderValue() * 1000, to);
+    EXPECT_TRUE(remote->controlsShown());
     clock.advance(300ms);
     EXPECT_EQ(jumps(), QStringList{u"setTime %1"_s.arg(to)});
+    for (const std::int64_t place : {to, std::int64_t(30'000)}) become(filmAt(place, 90'000));
   }
   EXPECT_NE(remote->note(), QString());
   clock.advance(2s);

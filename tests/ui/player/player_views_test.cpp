@@ -74,7 +74,9 @@ TEST_F(PlayerViewsTest, ADragMovesPlaybackOnceAtItsEnd) {
   EXPECT_EQ(controls.positionText(), u"1:00"_s) << "follows the drag, not playback";
   controls.dragTo(45);
   controls.endSeek();
+  EXPECT_EQ(controls.positionText(), u"0:45"_s) << "until playback tells where it is";
   controls.beginSeek();
+  EXPECT_EQ(controls.sliderValue(), 45);
   controls.dragTo(10);
   controls.abandonSeek();
   EXPECT_EQ(controls.sliderValue(), 30);
