@@ -96,6 +96,8 @@ FocusScope {
             height: rows.height
             scale: zoom
             transformOrigin: Item.BottomLeft
+            // The keys are the player's again.
+            Keys.onEscapePressed: focus = false
 
             Column {
                 id: rows

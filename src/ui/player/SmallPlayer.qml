@@ -79,6 +79,8 @@ FocusScope {
             id: row
             width: controls.width
             height: controls.height
+            // The keys are the player's again.
+            Keys.onEscapePressed: focus = false
 
             Row {
                 id: controls

@@ -168,6 +168,8 @@ bool PlayerRemote::press(int key, int modifiers) {
       toggleSmall();
     return true;
   }
+  // The window goes on to the next control that is seen.
+  if ((key == Qt::Key_Tab || key == Qt::Key_Backtab) && pictureOnly()) moved();
   if (!watching()) return false;
   // Some layouts write digits with Shift.
   const bool plain = !shift || isDigit(key);

@@ -226,9 +226,18 @@ TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   EXPECT_TRUE(shownAfter(10s)) << "it is paused";
   press(Qt::Key_Space);
   EXPECT_FALSE(shownAfter(0ms));
-  remote->moved();
-  press(Qt::Key_Tab);
-  EXPECT_TRUE(shownAfter(10s)) << "they have the keys";
+  for (const Qt::Key way : {Qt::Key_F, Qt::Key_P})
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+      remote->setFullScreen(way == Qt::Key_F);
+      remote->setSmall(way == Qt::Key_P);
+      play();
+      EXPECT_FALSE(shownAfter(4s));
+      press(key);
+      EXPECT_TRUE(shownAfter(10s)) << "they have the keys";
+      press(Qt::Key_Escape);
+      EXPECT_TRUE(remote->pictureOnly());
+      EXPECT_FALSE(shownAfter(3s)) << "the player has them again";
+    }
 }
 
 TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
