@@ -17,7 +17,8 @@ FocusScope {
     Binding {
         target: screen.remote
         property: "busy"
-        value: controls.activeFocus || controlsHover.hovered || T.Overlay.overlay?.visible === true
+        // What a button is called lies over the window as a menu does, without the keys.
+        value: controls.activeFocus || !screen.activeFocus && screen.Window.active && T.Overlay.overlay?.visible === true
     }
     Component.onDestruction: remote.busy = false
 
@@ -82,7 +83,9 @@ FocusScope {
         }
 
         HoverHandler {
-            id: controlsHover
+            // The point is told also while the pointer lies still.
+            readonly property point place: point.scenePosition
+            onPlaceChanged: screen.remote.moved()
         }
 
         FocusScope {

@@ -66,13 +66,15 @@ FocusScope {
         visible: screen.remote.controlsShown || row.activeFocus
 
         HoverHandler {
-            id: hover
+            // The point is told also while the pointer lies still.
+            readonly property point place: point.scenePosition
+            onPlaceChanged: screen.remote.moved()
         }
 
         Binding {
             target: screen.remote
             property: "busy"
-            value: row.activeFocus || hover.hovered
+            value: row.activeFocus
         }
 
         FocusScope {

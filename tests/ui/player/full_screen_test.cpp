@@ -222,6 +222,24 @@ TEST_F(FullScreenTest, ControlsGoWhenNobodyNeedsThem) {
   QTest::mouseMove(window, QPoint(320, 220));
   EXPECT_TRUE(shownAfter(0ms));
   EXPECT_FALSE(shownAfter(3s));
+  for (const bool full : {true, false}) {
+    remote->setSmall(!full);
+    remote->setFullScreen(full);
+    play();
+    remote->moved();
+    const QPoint button = middleOf(appears("help", u"Stop playback"_s));
+    QTest::mouseMove(window, button);
+    EXPECT_TRUE(shownAfter(2s));
+    QTest::mouseMove(window, button + QPoint(2, 2));
+    EXPECT_TRUE(shownAfter(2s)) << "the pointer moves over them";
+    appears("text", u"Stop playback"_s);
+    EXPECT_FALSE(shownAfter(2s)) << "it lies on them";
+    QTest::qWait(50);
+    EXPECT_FALSE(shownAfter(0ms));
+  }
+  play();
+  remote->setFullScreen(true);
+  EXPECT_FALSE(shownAfter(4s));
   press(Qt::Key_Space);
   EXPECT_TRUE(shownAfter(10s)) << "it is paused";
   press(Qt::Key_Space);
