@@ -30,6 +30,7 @@ Views::Views(AppModel& model, StreamKeeper& keeper, Clock& clock, DialogFilePane
       statistics_(model.playback(), clock),
       remote_(model, {zapping_, banner_, nextEpisode_, transport_, statistics_}, clock),
       commands_(model) {
+  QObject::connect(&commands_, &Commands::sectionChosen, &remote_, &PlayerRemote::leavePicture);
   keepPasswordsUnread();
 }
 

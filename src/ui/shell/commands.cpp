@@ -85,6 +85,11 @@ QVariantList Commands::list() const {
   return list;
 }
 
+void Commands::enter(Section section) {
+  model_.navigate(section);
+  Q_EMIT sectionChosen();
+}
+
 void Commands::run(int command) {
   const auto commands = table();
   if (command < 0 || command >= static_cast<int>(commands.size())) return;
@@ -100,11 +105,11 @@ void Commands::run(int command) {
     case Act::fullScreen:
       return model_.playback().setFullScreen(!model_.playback().fullScreen());
     case Act::live:
-      return model_.navigate(Section::live);
+      return enter(Section::live);
     case Act::movies:
-      return model_.navigate(Section::movies);
+      return enter(Section::movies);
     case Act::shows:
-      return model_.navigate(Section::shows);
+      return enter(Section::shows);
     case Act::settings:
       return model_.setShowingSettings(true);
     case Act::quit:

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QVariantList>
 
+#include "core/section.h"
+
 namespace vantor {
 
 class AppModel;
@@ -25,9 +27,13 @@ class Commands final : public QObject {
   Q_INVOKABLE void run(int command);
 
  Q_SIGNALS:
+  /// A section was chosen, be it the one that is shown.
+  void sectionChosen();
   void quitRequested();
 
  private:
+  void enter(Section section);
+
   AppModel& model_;
 };
 

@@ -120,6 +120,7 @@ TEST_F(FullScreenTest, WhatNeedsTheWindowEndsThePictureAlone) {
   const std::function<void()> ends[] = {
       [&] { press(Qt::CTRL | Qt::Key_2); },
       [&] { press(Qt::CTRL | Qt::Key_1); },
+      [&] { press(Qt::CTRL | Qt::Key_1); },  // where it is already
       [&] { app->setShowingSettings(true); },
       [&] { app->setShowingSettings(false), app->setShowingConnect(true); },
       [&] { app->setShowingConnect(false); },
