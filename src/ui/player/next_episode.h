@@ -36,6 +36,8 @@ class NextEpisode final : public QObject {
 
   /// Plays it, offered or not; false when there is none.
   Q_INVOKABLE bool play() { return queue_.playNext(); }
+  /// False when there is none before this one.
+  bool playPrevious() { return queue_.playPrevious(); }
   /// False when nothing is offered.
   Q_INVOKABLE bool refuse();
 

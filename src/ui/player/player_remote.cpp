@@ -154,7 +154,7 @@ void PlayerRemote::putChooserAway() {
   last->deleteLater();
 }
 
-bool PlayerRemote::press(int key, int modifiers) {
+bool PlayerRemote::press(int key, int modifiers, bool again) {
   const auto held = Qt::KeyboardModifiers(modifiers) & ~Qt::KeypadModifier;
   const bool shift = held & Qt::ShiftModifier;
   const auto others = held & ~Qt::ShiftModifier;
@@ -168,6 +168,7 @@ bool PlayerRemote::press(int key, int modifiers) {
       toggleSmall();
     return true;
   }
+  if (command(key)) return true;
   // The window goes on to the next control that is seen.
   if ((key == Qt::Key_Tab || key == Qt::Key_Backtab) && pictureOnly()) moved();
   if (!watching()) return false;
@@ -177,6 +178,10 @@ bool PlayerRemote::press(int key, int modifiers) {
   switch (key) {
     case Qt::Key_N:
       return nextEpisode_.play();
+    case Qt::Key_MediaNext:
+      return !again && nextEpisode_.play();
+    case Qt::Key_MediaPrevious:
+      return !again && nextEpisode_.playPrevious();
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return offersEpisode() && nextEpisode_.play();
@@ -205,6 +210,25 @@ bool PlayerRemote::press(int key, int modifiers) {
     case Qt::Key_M:
     case Qt::Key_VolumeMute:
       toggleMuted();
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool PlayerRemote::command(int key) {
+  if (!playback_.source()) return false;
+  switch (key) {
+    // The one key that keyboards have for both is called "Play", too.
+    case Qt::Key_MediaPlay:
+    case Qt::Key_MediaTogglePlayPause:
+      playback_.togglePause();
+      return true;
+    case Qt::Key_MediaPause:
+      if (!playback_.paused()) playback_.togglePause();
+      return true;
+    case Qt::Key_MediaStop:
+      playback_.stop();
       return true;
     default:
       return false;

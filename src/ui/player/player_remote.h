@@ -92,8 +92,9 @@ class PlayerRemote final : public QObject {
   /// What the last key did ("Volume 45 %"), shown for a moment; empty: nothing.
   QString note() const { return note_; }
 
-  /// A key, as Qt names it, that nothing else took. Whether it means something here.
-  Q_INVOKABLE bool press(int key, int modifiers);
+  /// A key, as Qt names it, that nothing else took; `again` while it is held down. Whether it means
+  /// something here.
+  Q_INVOKABLE bool press(int key, int modifiers, bool again = false);
   /// Whether Esc put something away here.
   Q_INVOKABLE bool escape();
   Q_INVOKABLE void changeVolume(double percent);
@@ -113,6 +114,8 @@ class PlayerRemote final : public QObject {
   /// Whether the offer is seen: the small window has no room for it.
   bool offersEpisode() const;
   bool zap(int key);
+  /// A key of the keyboard for playback itself, wherever one is.
+  bool command(int key);
   bool pressWithControl(int key, bool shift);
   void toggleMuted();
   void changeDelay(int milliseconds);

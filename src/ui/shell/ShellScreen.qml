@@ -19,7 +19,7 @@ FocusScope {
         if (event.text === "?" && !views.remote.small)
             keyList.open();
         else
-            event.accepted = views.remote.press(event.key, event.modifiers);
+            event.accepted = views.remote.press(event.key, event.modifiers, event.isAutoRepeat);
     }
     Keys.onSpacePressed: event => {
         event.accepted = event.modifiers === Qt.NoModifier;

@@ -24,6 +24,11 @@ class FullScreenTest : public WindowTest {
     app->playback().play({.url = QUrl(u"http://tv.example/1.mp4"_s), .title = u"Film"_s, .id = id});
     become(filmAt(30'000, 90'000));
   }
+  /// Also a key that QTest's clicks do not know.
+  void pressRaw(Qt::Key key) {
+    for (const bool pressed : {true, false})
+      QTest::simulateEvent(window, pressed, key, Qt::NoModifier, QString(), false);
+  }
   QString title() const { return app->playback().title(); }
   bool isFull() {
     QTest::qWait(0);
@@ -398,9 +403,7 @@ TEST_F(FullScreenTest, TheKeysOfChannels) {
   for (const auto& enter : places) {
     enter();
     for (const auto& [keys, expected] : cases) {
-      for (const Qt::Key key : keys)  // also those that QTest's clicks do not know
-        for (const bool pressed : {true, false})
-          QTest::simulateEvent(window, pressed, key, Qt::NoModifier, QString(), false);
+      for (const Qt::Key key : keys) pressRaw(key);
       clock.advance(1500ms);
       showPicture();
       EXPECT_EQ(title(), expected);
@@ -637,6 +640,13 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   ends();
   EXPECT_FALSE(next.offered()) << "it was cut off, and comes back";
 
+  playsAt(100);
+  for (const auto& [key, expected] :
+       {std::pair(Qt::Key_MediaNext, u"episode:3"_s), {Qt::Key_MediaPrevious, u"episode:2"_s}}) {
+    pressRaw(key);
+    EXPECT_EQ(playing(), expected);
+  }
+
   playFirst();
   playsAt(990);
   engine.now.recordable = true;
@@ -646,6 +656,21 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   clock.advance(10s);
   EXPECT_EQ(playing(), u"episode:1"_s);
   EXPECT_FALSE(next.offered()) << "it could not be opened";
+}
+
+TEST_F(FullScreenTest, TheKeysOfAKeyboardForPlayback) {
+  play();
+  const std::pair<Qt::Key, bool> keys[] = {{Qt::Key_MediaPause, true},
+                                           {Qt::Key_MediaPause, true},
+                                           {Qt::Key_MediaTogglePlayPause, false},
+                                           {Qt::Key_MediaPlay, true},
+                                           {Qt::Key_MediaPlay, false}};
+  for (const auto& [key, paused] : keys) {
+    pressRaw(key);
+    EXPECT_EQ(app->playback().paused(), paused) << key;
+  }
+  pressRaw(Qt::Key_MediaStop);
+  EXPECT_FALSE(app->playback().source());
 }
 
 }  // namespace
