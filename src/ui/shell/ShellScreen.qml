@@ -42,6 +42,28 @@ FocusScope {
             Keyboard.give(content);
     }
 
+    // Its keys come through the player, whatever control opened it.
+    Connections {
+        target: screen.views.remote
+
+        function onChooserChanged() {
+            if (screen.views.remote.chooser)
+                screen.watch();
+        }
+    }
+
+    /// Gives the keys to the player, and to none of its controls.
+    function watch() {
+        const player = picture.item ?? content.item;
+        Keyboard.give(player);
+        const passed = [];
+        let item = screen.Window.activeFocusItem;
+        for (; item && item !== player; item = item.parent)
+            passed.push(item);
+        if (item)
+            passed.forEach(control => control.focus = false);
+    }
+
     // What had the keys may be gone, or hidden: then only something around it has them, where no
     // key does anything.
     Connections {

@@ -479,6 +479,8 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
     EXPECT_FALSE(remote->chooser());
     EXPECT_EQ(isFull(), full);
 
+    remote->moved();
+    tabTo(has("help", u"List of channels"_s));
     press(Qt::Key_Return);
     engine.takeCalls();
     for (const Qt::Key key :
