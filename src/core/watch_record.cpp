@@ -10,7 +10,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double finishMargin = 20;       // seconds
 constexpr qsizetype progressBound = 200;  // entries
 
 QString favoritesKey(const QString& account) {
@@ -26,7 +25,7 @@ QString watchedKey(const QString& account) {
 }
 
 bool isFinished(double seconds, double duration) {
-  return !(duration - finishMargin > seconds);
+  return !(duration - Playback::finishMargin > seconds);
 }
 
 /// Movies whose progress was recorded before the order was; of episodes the shows are not known.

@@ -63,6 +63,8 @@ class Playback final : public QObject {
   static constexpr int longestAudioDelay = 2000;
   /// Seconds; what was watched no longer is begun anew.
   static constexpr double shortestResume = 10;
+  /// Seconds at the end of a film; who has come to them has seen it all.
+  static constexpr double finishMargin = 20;
 
   // For what looks after a source that has stopped by itself; nobody has asked for these.
   /// Opens the current source again, at `resume` seconds.

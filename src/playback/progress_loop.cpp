@@ -14,7 +14,6 @@ using namespace std::chrono_literals;
 constexpr auto tickInterval = 250ms;
 constexpr auto startLimit = 30s;
 constexpr std::int64_t audibleTime = 1001;  // milliseconds of sound that count as a start
-constexpr double creditsLength = 20;        // seconds at the end that are not resumed into
 
 /// A source with pictures has started with the first of them, one without after a second of sound.
 bool hasStarted(const EngineStatus& status) {
@@ -100,7 +99,7 @@ Playback::Watch Playback::tick(Opening& opening) {
 void Playback::applyResume(Opening& opening) {
   if (!transport_.seekable()) return;
   const double resume = std::exchange(opening.resume, 0);
-  if (resume > shortestResume && transport_.duration() - creditsLength > resume)
+  if (resume > shortestResume && transport_.duration() - finishMargin > resume)
     engine_.setTime(engineTime(resume));
 }
 

@@ -21,8 +21,7 @@ constexpr auto frozen = 10s;                         // without a picture or sou
 constexpr auto frozenAfterNews = 2s;                 // once the network has changed
 constexpr std::array waits = {1s, 2s, 4s, 8s, 15s};  // before each attempt; the last one again
 constexpr auto longestInterruption = 3min;
-constexpr auto steady = 30s;    // of playing, after which it is all forgotten
-constexpr double credits = 20;  // seconds; a film that ends in them is over
+constexpr auto steady = 30s;  // of playing, after which it is all forgotten
 constexpr auto release = 50ms;
 constexpr auto answer = 10s;                    // without data
 constexpr std::int64_t longestReason = 65'536;  // bytes
@@ -177,7 +176,7 @@ bool StreamKeeper::comesBack() {
   const bool again = attempts_ > 0;
   place_ = std::max(again ? place_ : 0, static_cast<double>(seen_.time) / 1000);
   length_ = std::max(again ? length_ : 0, static_cast<double>(seen_.length) / 1000);
-  return place_ < length_ - credits;
+  return place_ < length_ - Playback::finishMargin;
 }
 
 void StreamKeeper::interrupted() {

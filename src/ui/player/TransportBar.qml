@@ -9,7 +9,9 @@ ColumnLayout {
     required property TransportControls transport
 
     spacing: 7
-    Component.onDestruction: transport.abandonSeek()
+    // A skip by key goes on without it.
+    Component.onDestruction: if (position.pressed)
+        transport.abandonSeek()
 
     // Time runs from left to right wherever one is.
     RowLayout {

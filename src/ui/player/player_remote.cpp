@@ -354,12 +354,16 @@ bool PlayerRemote::skip(double seconds) {
   // Until the source is open the position is that of the one before, and at last it stands still.
   if (playback_.loading() || !playback_.followed() || !playback_.transport()->seekable())
     return false;
-  transport_.beginSeek();
+  // Nor does it take a drag of the slider away.
+  if (!transport_.beginSeek() && !skipping_) return true;
   transport_.dragTo(std::clamp(transport_.sliderValue() + seconds, 0.0, transport_.sliderEnd()));
   say(transport_.positionText() + u" / "_s + transport_.durationText());
   // Where the slider is seen.
   if (fullScreen()) moved();
-  skipping_ = clock_.callAfter(skipRest, [this] { transport_.endSeek(); });
+  skipping_ = clock_.callAfter(skipRest, [this] {
+    transport_.endSeek();
+    skipping_.reset();
+  });
   return true;
 }
 

@@ -182,10 +182,11 @@ int TransportControls::delayChoice() const {
   return static_cast<int>(delaysAround(state_.audioDelay()).indexOf(state_.audioDelay()));
 }
 
-void TransportControls::beginSeek() {
-  if (shown_ == Shown::drag) return;
+bool TransportControls::beginSeek() {
+  if (shown_ == Shown::drag) return false;
   seekValue_ = sliderValue();
   shown_ = Shown::drag;
+  return true;
 }
 
 void TransportControls::dragTo(double seconds) {
@@ -197,8 +198,8 @@ void TransportControls::dragTo(double seconds) {
 void TransportControls::endSeek() {
   if (shown_ != Shown::drag) return;
   const PlaybackState state = playback_.state();
-  const bool goes = state_.seekable() && state != PlaybackState::ended &&
-                    state != PlaybackState::failed;
+  const bool goes =
+      state_.seekable() && state != PlaybackState::ended && state != PlaybackState::failed;
   shown_ = goes ? Shown::target : Shown::playback;
   playback_.seek(seekValue_);
   Q_EMIT positionChanged();

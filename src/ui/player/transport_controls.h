@@ -62,7 +62,8 @@ class TransportControls final : public QObject {
   int delayChoice() const;
 
   /// A drag of the position: only its end moves the playback.
-  Q_INVOKABLE void beginSeek();
+  /// False while one is under way.
+  Q_INVOKABLE bool beginSeek();
   Q_INVOKABLE void dragTo(double seconds);
   Q_INVOKABLE void endSeek();
   /// Forgets a drag whose slider went away, and where one led.

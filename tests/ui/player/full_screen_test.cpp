@@ -294,6 +294,20 @@ TEST_F(FullScreenTest, TheKeysOfARemoteControl) {
   clock.advance(2s);
   EXPECT_EQ(remote->note(), QString());
 
+  press(Qt::Key_Right, Qt::Key_Escape);
+  clock.advance(300ms);
+  EXPECT_EQ(jumps(), QStringList{u"setTime 40000"_s}) << "the screen's slider has gone";
+  for (const std::int64_t place : {40'000, 30'000}) become(filmAt(place, 90'000));
+  press(Qt::Key_F);
+  views->transport()->beginSeek();
+  views->transport()->dragTo(70);
+  press(Qt::Key_Right);
+  clock.advance(300ms);
+  EXPECT_EQ(jumps(), QStringList()) << "somebody holds the slider";
+  views->transport()->endSeek();
+  EXPECT_EQ(jumps(), QStringList{u"setTime 70000"_s});
+  for (const std::int64_t place : {70'000, 30'000}) become(filmAt(place, 90'000));
+
   press(Qt::Key_Right);
   engine.now.decodedVideo = 0;  // of which no still is taken first
   playMovie(u"movies:2"_s);
