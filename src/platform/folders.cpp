@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <cerrno>
 
 #include <sys/stat.h>
@@ -13,19 +12,18 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// QStandardPaths knows it from Qt 6.7 on.
-QString stateFolder() {
-  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-  return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
-                                     : QDir::homePath() + u"/.local/state"_s;
+/// What the variable names: QStandardPaths follows relative paths too, which are to be ignored.
+QString userFolder(const char* variable, const QString& usual) {
+  const QString named = qEnvironmentVariable(variable);
+  return QDir::isAbsolutePath(named) ? QDir::cleanPath(named) : QDir::homePath() + usual;
 }
 
 }  // namespace
 
 Folders Folders::ofUser() {
-  return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
-          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation), QDir::tempPath(),
-          stateFolder()};
+  return {userFolder("XDG_DATA_HOME", u"/.local/share"_s),
+          userFolder("XDG_CONFIG_HOME", u"/.config"_s), QDir::tempPath(),
+          userFolder("XDG_STATE_HOME", u"/.local/state"_s)};
 }
 
 QString Folders::preferencesFile() const {

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
 
+#include "platform/folders.h"
 #include "support/files.h"
 #include "support/waiting.h"
 
@@ -88,6 +90,16 @@ TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
   EXPECT_TRUE(preferences->textList(u"favorites-A"_s).isEmpty());
   EXPECT_EQ(preferences->text(u"vantor.server"_s), std::nullopt);
   EXPECT_TRUE(preferences->numberLists(key).isEmpty());
+}
+
+TEST(Folders, ThoseWhoseVariablesNameNoAbsolutePathAreTheUsualOnes) {
+  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+  for (const auto& [named, folder] :
+       {std::pair("/tmp/a/", u"/tmp/a"_s), {"a/b", QDir::homePath() + u"/.config"_s}}) {
+    qputenv("XDG_CONFIG_HOME", named);
+    EXPECT_EQ(Folders::ofUser().preferencesFile(), folder + u"/Vantor Player/preferences.ini"_s);
+  }
+  qputenv("XDG_CONFIG_HOME", before);
 }
 
 }  // namespace
