@@ -39,7 +39,7 @@ QString resourceFolder() {
 Program::Program(const LaunchArguments& launch)
     : launch_(launch),
       log_(launch.isolated ? std::nullopt : std::optional<RunLog>(std::in_place, folders_.notes())),
-      preferences_(folders_.preferencesFile()),
+      preferences_(launch.isolated ? QString() : folders_.preferencesFile()),
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
       artwork_(transport_, clock_, artworkWorker_),

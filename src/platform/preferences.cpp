@@ -34,7 +34,7 @@ struct Preferences::Writer {
       const QMutexLocker lock(&mutex);
       batch.swap(waiting);
     }
-    if (batch.isEmpty()) return;
+    if (batch.isEmpty() || file.isEmpty()) return;
     QSettings settings(file, QSettings::IniFormat);
     for (auto it = batch.cbegin(); it != batch.cend(); ++it) {
       if (it.value())
@@ -48,6 +48,7 @@ struct Preferences::Writer {
 
 Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>()) {
   writer_->file = file;
+  if (file.isEmpty()) return;
   QDir().mkpath(QFileInfo(file).absolutePath());
   // Qt's lock of the file. Who is killed while making it leaves it empty, and every write would
   // wait half a minute for an owner.

@@ -22,6 +22,7 @@ using NumberLists = QHash<QString, QList<double>>;
 /// Damaged or foreign values read as absent.
 class Preferences {
  public:
+  /// Without a file, which is an empty path, values last as long as the object.
   explicit Preferences(const QString& file);
   ~Preferences();
 

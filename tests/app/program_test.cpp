@@ -56,6 +56,7 @@ TEST_F(ProgramTest, AnIsolatedOnePlaysAFileOfAnyNameInAnyEnvironmentAndAsksNobod
   }
   EXPECT_EQ(server.counters().connectionsAccepted, 0);
   EXPECT_FALSE(QFile::exists(home.filePath(u"data/Vantor Player Mac Preview"_s)));
+  EXPECT_FALSE(QFile::exists(home.filePath(u"config/Vantor Player"_s)));
 }
 
 TEST_F(ProgramTest, BringsTheNoticesOfWhatItIsMadeOf) {
