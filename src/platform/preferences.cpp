@@ -1,6 +1,5 @@
 #include "platform/preferences.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -9,11 +8,21 @@
 #include <QMutex>
 #include <QSettings>
 
+#include "platform/folders.h"
 #include "platform/mailbox.h"
 
 namespace vantor {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// They tell what somebody watches.
+void keepFromOthers(const QString& file) {
+  QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+}
+
+}  // namespace
 
 /// What waits to be written; a value that changes again before its turn is written once.
 struct Preferences::Writer {
@@ -43,13 +52,18 @@ struct Preferences::Writer {
         settings.remove(it.key());
     }
     settings.sync();
+    keepFromOthers(file);
   }
 };
 
 Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>()) {
   writer_->file = file;
   if (file.isEmpty()) return;
-  QDir().mkpath(QFileInfo(file).absolutePath());
+  const QString folder = QFileInfo(file).absolutePath();
+  makePrivateFolder(folder);
+  // Earlier runs made them for everyone.
+  QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  keepFromOthers(file);
   // Qt's lock of the file. Who is killed while making it leaves it empty, and every write would
   // wait half a minute for an owner.
   const QString lock = file + u".lock"_s;

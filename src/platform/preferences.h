@@ -19,7 +19,7 @@ using NumberLists = QHash<QString, QList<double>>;
 ///
 /// Reads answer from memory; what is set in one turn of the event loop goes to the file together,
 /// and has reached it when the destructor ends. Setting a value to what it is writes nothing.
-/// Damaged or foreign values read as absent.
+/// Damaged or foreign values read as absent. The file and its folder are its owner's only.
 class Preferences {
  public:
   /// Without a file, which is an empty path, values last as long as the object.

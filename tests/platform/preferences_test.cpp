@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -79,6 +80,18 @@ TEST_F(PreferencesTest, WritesOnlyWhatChanges) {
   preferences->remove(u"never there"_s);
   preferences.reset();
   EXPECT_FALSE(QFile::exists(file));
+}
+
+TEST_F(PreferencesTest, AreTheirOwnersOnlyWhoeverMadeTheFile) {
+  const QString parent = QFileInfo(file).path();
+  const QFile::Permissions everyone(0x0777);
+  const QFile::Permissions others(0x0077);
+  preferences->setText(key, u"new"_s);
+  preferences.reset();
+  EXPECT_FALSE((QFile::permissions(file) | QFile::permissions(parent)) & others);
+  for (const QString& path : {file, parent}) ASSERT_TRUE(QFile::setPermissions(path, everyone));
+  preferences = std::make_unique<Preferences>(file);
+  EXPECT_FALSE((QFile::permissions(file) | QFile::permissions(parent)) & others);
 }
 
 TEST_F(PreferencesTest, DamagedValuesReadAsAbsent) {
