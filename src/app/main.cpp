@@ -3,6 +3,7 @@
 #include <QLoggingCategory>
 #include <QPointingDevice>
 #include <QQuickStyle>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <memory>
@@ -52,6 +53,15 @@ bool isAnswered(const LaunchArguments& launch, int argc, char** argv) {
   return true;
 }
 
+/// Whether Qt will find no display, and abort.
+bool hasNoDisplay(const QStringList& typed) {
+  const char* const variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+  const QString options[] = {u"-platform"_s, u"--platform"_s, u"-display"_s, u"--display"_s};
+  return std::ranges::all_of(variables, qEnvironmentVariableIsEmpty) &&
+         std::ranges::none_of(options,
+                              [&](const QString& option) { return typed.contains(option); });
+}
+
 QByteArray aboutThisRun() {
   QString about = u"Vantor Player ended unexpectedly\n"_s;
   for (const auto& [name, value] : vantor::versions())
@@ -78,6 +88,13 @@ int main(int argc, char** argv) {
   for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
   LaunchArguments launch = launchArguments(typed);
   if (isAnswered(launch, argc, argv)) return 0;
+  // Whether there was one to tell.
+  const auto tellMistake = [&launch] {
+    if (launch.mistake.isEmpty()) return false;
+    std::fprintf(stderr, "vantor: %s See --help.\n", qUtf8Printable(launch.mistake));
+    return true;
+  };
+  if (hasNoDisplay(typed) && tellMistake()) return 1;
   const QByteArray token = activationToken();
   const auto object = std::make_shared<vantor::ApplicationObject>();
   std::optional<vantor::OneProgram> one;
@@ -93,10 +110,7 @@ int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
   // Without what is Qt's, which could have been mistakes before.
   launch = launchArguments(QGuiApplication::arguments());
-  if (!launch.mistake.isEmpty()) {
-    std::fprintf(stderr, "vantor: %s See --help.\n", qUtf8Printable(launch.mistake));
-    return 1;
-  }
+  if (tellMistake()) return 1;
   askForOthers();
   if (one && one->handOver(launch, token)) return 0;
   // From here on: without a display Qt aborts, which it says itself.

@@ -119,6 +119,9 @@ TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
     EXPECT_TRUE(told.contains("vantor")) << told.constData();
     EXPECT_EQ(told.contains("'demmo'. See --help"), mistake) << told.constData();
   }
+  for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    environment.remove(QLatin1String(display));
+  EXPECT_TRUE(said({u"--demmo"_s}, 1).contains("'demmo'. See --help"));
 }
 
 }  // namespace
