@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 
 #include "sim/arguments.h"
 #include "sim/media.h"
@@ -40,7 +41,8 @@ int main(int count, char** words) {
     if (arguments.answer.empty()) {
       run(arguments);
     } else {
-      std::cout << arguments.answer;
+      std::cout << arguments.answer << std::flush;
+      if (!std::cout) throw std::runtime_error("the answer could not be written");
     }
     return 0;
   } catch (const std::exception& error) {

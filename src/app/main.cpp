@@ -87,7 +87,11 @@ int main(int argc, char** argv) {
   QStringList typed;
   for (int i = 0; i < argc; ++i) typed.append(QString::fromLocal8Bit(argv[i]));
   LaunchArguments launch = launchArguments(typed);
-  if (isAnswered(launch, argc, argv)) return 0;
+  if (isAnswered(launch, argc, argv)) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return 0;
+    std::perror("vantor");
+    return 1;
+  }
   // Whether there was one to tell.
   const auto tellMistake = [&launch] {
     if (launch.mistake.isEmpty()) return false;

@@ -122,6 +122,8 @@ TEST_F(ProgramTest, AnswersHelpAndVersionWithoutADisplayAndRefusesMistakes) {
   for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
     environment.remove(QLatin1String(display));
   EXPECT_TRUE(said({u"--demmo"_s}, 1).contains("'demmo'. See --help"));
+  program.setStandardOutputFile(u"/dev/full"_s);
+  said({u"--version"_s}, 1);
 }
 
 }  // namespace
