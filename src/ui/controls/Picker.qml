@@ -24,11 +24,15 @@ ComboBox {
 
     // Elsewhere Space pauses; here it opens the list, as Return does: when it is let go, since that
     // takes the choice of a list that is open.
+    Keys.priority: letterSought ? Keys.AfterItem : Keys.BeforeItem
     Keys.onPressed: event => {
+        const letter = /[^\x00-\x20\x7f]/.test(event.text);
         returnHeld = opensList(event);
-        event.accepted = returnHeld;
+        event.accepted = returnHeld || letter && letterSought;
+        letterSought = letter && !letterSought;
     }
     Keys.onReleased: event => {
+        letterSought = false;
         event.accepted = returnHeld && opensList(event);
         returnHeld = false;
         if (event.accepted)
@@ -38,6 +42,9 @@ ComboBox {
 
     // Return was pressed here: what was pressed elsewhere and brought the focus here opens nothing.
     property bool returnHeld: false
+    // Elsewhere a letter commands the player. Here it comes twice: before the control, which looks for
+    // it and leaves it to others, and after it.
+    property bool letterSought: false
 
     function opensList(event: var): bool {
         return !popup.visible && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter);

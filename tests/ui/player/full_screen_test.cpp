@@ -91,6 +91,19 @@ TEST_F(FullScreenTest, EveryWayInLeadsOutAgain) {
   EXPECT_FALSE(app->playback().expanded());
 }
 
+TEST_F(FullScreenTest, AmongTheGroupsLettersAreForTheGroups) {
+  play();
+  find("name", u"Group"_s)->forceActiveFocus(Qt::TabFocusReason);
+  for (const char* where : {"closed", "open"}) {
+    press(Qt::Key_P, Qt::Key_F, Qt::SHIFT | Qt::Key_Question);
+    EXPECT_FALSE(remote->pictureOnly()) << where;
+    EXPECT_FALSE(find("text", u"List of channels"_s)) << where;
+    press(Qt::Key_Space);
+  }
+  press(Qt::Key_Escape, Qt::Key_F11);
+  expectFull(true);
+}
+
 TEST_F(FullScreenTest, TheExpandedPlayerHasItsPictureAndItsKeys) {
   const auto covers = [&](bool expanded) {
     return QTest::qWaitFor([&] {
