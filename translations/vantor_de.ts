@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>BookmarkButton</name>
+    <message>
+        <source>Add / remove from My list</source>
+        <translation>Zu „Meine Liste“ hinzufügen / entfernen</translation>
+    </message>
+</context>
+<context>
     <name>CategoryRail</name>
     <message>
         <source>CATEGORIES</source>
@@ -166,10 +173,6 @@
 </context>
 <context>
     <name>HeroPanel</name>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Zu „Meine Liste“ hinzufügen / entfernen</translation>
-    </message>
     <message>
         <source>All shows</source>
         <translation>Alle Serien</translation>
@@ -435,6 +438,14 @@
         <source>Stop playback</source>
         <translation>Wiedergabe beenden</translation>
     </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Läuft</translation>
+    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -448,10 +459,6 @@
     <message>
         <source>Watch channel</source>
         <translation>Sender ansehen</translation>
-    </message>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Zu „Meine Liste“ hinzufügen / entfernen</translation>
     </message>
 </context>
 <context>
@@ -758,6 +765,14 @@
     <message>
         <source>%1, chosen</source>
         <translation>%1, ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1, playing</source>
+        <translation>%1, läuft</translation>
+    </message>
+    <message>
+        <source>%1, on My list</source>
+        <translation>%1, in „Meine Liste“</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>BookmarkButton</name>
+    <message>
+        <source>Add / remove from My list</source>
+        <translation>Añadir a Mi lista o quitar</translation>
+    </message>
+</context>
+<context>
     <name>CategoryRail</name>
     <message>
         <source>CATEGORIES</source>
@@ -166,10 +173,6 @@
 </context>
 <context>
     <name>HeroPanel</name>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Añadir a Mi lista o quitar</translation>
-    </message>
     <message>
         <source>All shows</source>
         <translation>Todas las series</translation>
@@ -435,6 +438,14 @@
         <source>Stop playback</source>
         <translation>Detener la reproducción</translation>
     </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>En reproducción</translation>
+    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -448,10 +459,6 @@
     <message>
         <source>Watch channel</source>
         <translation>Ver canal</translation>
-    </message>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Añadir a Mi lista o quitar</translation>
     </message>
 </context>
 <context>
@@ -758,6 +765,14 @@
     <message>
         <source>%1, chosen</source>
         <translation>%1, opción actual</translation>
+    </message>
+    <message>
+        <source>%1, playing</source>
+        <translation>%1, en reproducción</translation>
+    </message>
+    <message>
+        <source>%1, on My list</source>
+        <translation>%1, en Mi lista</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>BookmarkButton</name>
+    <message>
+        <source>Add / remove from My list</source>
+        <translation>Ajouter à / retirer de Ma liste</translation>
+    </message>
+</context>
+<context>
     <name>CategoryRail</name>
     <message>
         <source>CATEGORIES</source>
@@ -166,10 +173,6 @@
 </context>
 <context>
     <name>HeroPanel</name>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Ajouter à / retirer de Ma liste</translation>
-    </message>
     <message>
         <source>All shows</source>
         <translation>Toutes les séries</translation>
@@ -435,6 +438,14 @@
         <source>Stop playback</source>
         <translation>Arrêter la lecture</translation>
     </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>En lecture</translation>
+    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -448,10 +459,6 @@
     <message>
         <source>Watch channel</source>
         <translation>Regarder la chaîne</translation>
-    </message>
-    <message>
-        <source>Add / remove from My list</source>
-        <translation>Ajouter à / retirer de Ma liste</translation>
     </message>
 </context>
 <context>
@@ -758,6 +765,14 @@
     <message>
         <source>%1, chosen</source>
         <translation>%1, choix actuel</translation>
+    </message>
+    <message>
+        <source>%1, playing</source>
+        <translation>%1, en lecture</translation>
+    </message>
+    <message>
+        <source>%1, on My list</source>
+        <translation>%1, dans Ma liste</translation>
     </message>
 </context>
 <context>

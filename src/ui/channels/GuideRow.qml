@@ -30,7 +30,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: nowText + " / " + nextText + ", " + Assistive.place(index, count)
+    Accessible.description: nowText + " / " + nextText + ", " + Assistive.placeOfEntry(index, count, isPlaying, isFavorite)
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Vantor.Style
 import Vantor.Ui
@@ -73,12 +72,8 @@ ColumnLayout {
                 onClicked: panel.channels.watch()
             }
 
-            TVButton {
+            BookmarkButton {
                 symbol: panel.channels.bookmarkSymbol
-                Accessible.name: qsTr("Add / remove from My list")
-                ToolTip.text: qsTr("Add / remove from My list")
-                ToolTip.visible: hovered
-                ToolTip.delay: 700
                 onClicked: panel.channels.toggleBookmark()
             }
         }

@@ -12,9 +12,11 @@ MenuItem {
     property bool choice: false
     property bool marked: false
     readonly property bool plain: symbol === ""
+    // A symbol of its own says it already.
+    readonly property bool ticked: marked && plain
     readonly property color ink: highlighted ? Style.canvas : Style.focusWhite
     readonly property int before: plain ? 12 : 38
-    readonly property int after: marked ? 34 : 12
+    readonly property int after: ticked ? 34 : 12
 
     implicitHeight: plain ? 30 : 32
     leftPadding: mirrored ? after : before
@@ -57,7 +59,7 @@ MenuItem {
             anchors.right: parent.right
             anchors.rightMargin: 10
             anchors.verticalCenter: parent.verticalCenter
-            visible: item.marked
+            visible: item.ticked
             symbol: "checkmark"
             color: item.highlighted ? Style.canvas : Style.mint
         }

@@ -13,10 +13,12 @@ PopupMenu {
     property string favoriteSymbol: ""
     property int row: -1
     property bool begun: false
+    property bool favorite: false
 
     function openAt(index: int, item: Item, x: real, y: real) {
         row = index;
         begun = shell.isBegunRow(index);
+        favorite = shell.isFavoriteRow(index);
         popup(item, x, y);
     }
 
@@ -29,6 +31,8 @@ PopupMenu {
     SymbolItem {
         text: qsTr("Add / remove from My list")
         symbol: menu.favoriteSymbol
+        choice: true
+        marked: menu.favorite
         onTriggered: menu.shell.favoriteRow(menu.row)
     }
 

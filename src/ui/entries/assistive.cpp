@@ -26,6 +26,12 @@ QString Assistive::place(int index, int count) {
   return tr("%1 of %2").arg(locale.toString(index + 1), locale.toString(count));
 }
 
+QString Assistive::placeOfEntry(int index, int count, bool isPlaying, bool isFavorite) {
+  QString text = place(index, count);
+  if (isPlaying) text = tr("%1, playing").arg(text);
+  return isFavorite ? tr("%1, on My list").arg(text) : text;
+}
+
 QString Assistive::placeOfChoice(int index, int count, bool chosen) {
   return chosen ? tr("%1, chosen").arg(place(index, count)) : place(index, count);
 }

@@ -18,7 +18,9 @@ class Assistive : public QObject {
   Q_INVOKABLE void highlight(QQuickItem* row);
   /// Where an entry stands: "3 of 57,000" for index 2.
   Q_INVOKABLE static QString place(int index, int count);
-  /// The same of one of several choices: "3 of 11, chosen". Orca does not read out that state of
+  /// The same of one that may be played and kept: "3 of 57,000, playing, on My list".
+  Q_INVOKABLE static QString placeOfEntry(int index, int count, bool isPlaying, bool isFavorite);
+  /// Where one of several choices stands: "3 of 11, chosen". Orca does not read out that state of
   /// rows and buttons.
   Q_INVOKABLE static QString placeOfChoice(int index, int count, bool chosen);
 

@@ -20,7 +20,7 @@ Rectangle {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: label + ", " + Assistive.place(index, count)
+    Accessible.description: label + ", " + Assistive.placeOfEntry(index, count, isPlaying, false)
     Accessible.focusable: true
     Accessible.focused: focused
     Accessible.onPressAction: row.chosen(row.index)

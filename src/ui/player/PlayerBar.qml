@@ -31,6 +31,7 @@ Item {
             implicitHeight: 30
             symbol: bar.player.playPauseSymbol
             help: qsTr("Play / pause")
+            Accessible.description: bar.player.playPauseSymbol === "play.fill" ? qsTr("Paused") : qsTr("Playing")
             onClicked: bar.player.togglePause()
         }
 

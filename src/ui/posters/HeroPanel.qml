@@ -68,10 +68,9 @@ Item {
                 onClicked: hero.views.shell.activateSelection()
             }
 
-            TVButton {
+            BookmarkButton {
                 Layout.preferredHeight: open.implicitHeight
                 symbol: hero.view.favoriteSymbol
-                Accessible.name: qsTr("Add / remove from My list")
                 onClicked: hero.view.toggleFavorite()
             }
 

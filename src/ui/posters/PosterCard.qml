@@ -24,7 +24,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: Assistive.place(index, count)
+    Accessible.description: Assistive.placeOfEntry(index, count, false, isFavorite)
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true

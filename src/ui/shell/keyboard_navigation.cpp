@@ -73,6 +73,11 @@ void TVShell::favoriteRow(int row) {
   if (hasRow(row)) model_.favorite(model_.browsing().items().item(static_cast<std::size_t>(row)));
 }
 
+bool TVShell::isFavoriteRow(int row) const {
+  return hasRow(row) && model_.record().favorites().contains(
+                            model_.browsing().items().id(static_cast<std::size_t>(row)));
+}
+
 bool TVShell::isBegunRow(int row) const {
   return hasRow(row) && model_.record().begun().contains(
                             model_.browsing().items().id(static_cast<std::size_t>(row)));

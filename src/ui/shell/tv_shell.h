@@ -75,6 +75,7 @@ class TVShell final : public QObject {
   Q_INVOKABLE void openRow(int row);
   Q_INVOKABLE void playRow(int row);
   Q_INVOKABLE void favoriteRow(int row);
+  Q_INVOKABLE bool isFavoriteRow(int row) const;
   /// Whether "Continue watching" has the entry.
   Q_INVOKABLE bool isBegunRow(int row) const;
   Q_INVOKABLE void stopContinuingRow(int row);

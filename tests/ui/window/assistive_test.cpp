@@ -88,8 +88,10 @@ TEST_F(AssistiveTest, EachMoveIsToldOnceWithItsPlaceAndWhetherItIsChosen) {
     const char* told;
   } rows[] = {
       {"a channel", [&] { show(Section::live); }, Qt::Key_Down, "2 of 6, chosen"},
+      {"one that plays and is kept", [&] { app->play(item(2)), app->favorite(item(2)); },
+       Qt::Key_Down, "3 of 6, playing, on My list, chosen"},
       {"its menu", stay, Qt::Key_Menu, "Watch channel: 1 of 2"},
-      {"an entry of it", stay, Qt::Key_Down, "2 of 2"},
+      {"an entry of it", stay, Qt::Key_Down, "2 of 2, chosen"},
       {"every command", [&] { press(Qt::Key_Escape); }, Qt::Key_F10, "1 of 10"},
       {"a command", stay, Qt::Key_Down, "Ctrl+K, 2 of 10"},
       {"a group", [&] { press(Qt::Key_Escape), drop("name", u"Group"_s); }, Qt::Key_Down,
@@ -97,6 +99,7 @@ TEST_F(AssistiveTest, EachMoveIsToldOnceWithItsPlaceAndWhetherItIsChosen) {
       {"the group that is chosen", stay, Qt::Key_Up, "All channels: 1 of 2, chosen"},
       {"the field of it", stay, Qt::Key_Escape, "Group: All channels"},
       {"a poster", [&] { show(Section::movies); }, Qt::Key_Right, "2 of 6, chosen"},
+      {"one that is kept", [&] { app->favorite(item(2)); }, Qt::Key_Right, "3 of 6, on My list"},
       {"an episode", [&] { openShow(); }, Qt::Key_Down, "B: S1 · E1, 2 of 2"},
       {"a speed", [&] { drop("help", u"Playback speed"_s); }, Qt::Key_Up, "0.5×: 1 of 5"},
       {"the speed that is chosen", stay, Qt::Key_Down, "1×: 2 of 5, chosen"},
@@ -107,6 +110,27 @@ TEST_F(AssistiveTest, EachMoveIsToldOnceWithItsPlaceAndWhetherItIsChosen) {
     row.prepare();
     QTest::qWait(50);
     EXPECT_THAT(told([&] { press(row.key); }), ElementsAre(HasSubstr(row.told))) << row.what;
+  }
+}
+
+TEST_F(AssistiveTest, AButtonSaysWhetherItPlaysAndWhetherItsEntryIsKept) {
+  open(2, 2);
+  app->play(item(0));
+  showPicture();
+  const auto arrive = [&](const Test& isMeant) {
+    return told([&] { appears(isMeant)->forceActiveFocus(Qt::TabFocusReason); });
+  };
+  for (const Section section : {Section::live, Section::movies}) {
+    show(section);
+    app->select(item(0));
+    for (const auto& [state, kept] : {std::pair("Playing", ""), {"Paused", ", chosen"}}) {
+      EXPECT_THAT(arrive(has("help", u"Play / pause"_s)),
+                  ElementsAre(std::string("Play / pause: ") + state));
+      press(Qt::Key_Return);
+      EXPECT_THAT(arrive(has("checkable", true)),
+                  ElementsAre(std::string("Add / remove from My list: ") + kept));
+      press(Qt::Key_Return);
+    }
   }
 }
 
