@@ -40,6 +40,22 @@ Rectangle {
             keyRow = target;
         }
 
+        function showCurrent() {
+            if (!activeFocus)
+                positionViewAtIndex(rail.categories.currentRow, ListView.Contain);
+        }
+
+        // When it has its size, and the rows of a section that was just entered.
+        Component.onCompleted: Qt.callLater(showCurrent)
+
+        Connections {
+            target: rail.categories
+
+            function onModelReset() {
+                Qt.callLater(list.showCurrent);
+            }
+        }
+
         onActiveFocusChanged: if (activeFocus) {
             moveTo(rail.categories.currentRow);
             tell();

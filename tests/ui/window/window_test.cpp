@@ -388,6 +388,23 @@ TEST_F(WindowTest, WhatWasBegunComesAndGoesByKeys) {
   EXPECT_EQ(app->record().favorites(), QSet{u"movies:1"_s}) << "the last thing to do with others";
 }
 
+TEST_F(WindowTest, TheChosenCategoryIsInSightWhenItsSectionComesBack) {
+  QStringList categories;
+  for (int id = 1; id <= 60; ++id)
+    categories.append(uR"({"category_id":"%1","category_name":"Group %1"})"_s.arg(id));
+  for (const LibraryKind kind : allLibraryKinds)
+    always(kind, rows(kind, 1, 9), u"[%1]"_s.arg(categories.join(u',')).toUtf8());
+  open();
+  signInToLibraries();
+  show(Section::movies);
+  app->setCategory(u"50"_s);
+  for (const Section between : {Section::live, Section::shows, Section::favorites}) {
+    show(between);
+    show(Section::movies);
+    EXPECT_TRUE(find("categoryID", u"50"_s)) << "after section " << static_cast<int>(between);
+  }
+}
+
 TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   open({u"--demo"_s});
   const QQuickItem* before = window->activeFocusItem();
