@@ -16,7 +16,7 @@ IconButton {
     signal chosen(var choice)
 
     implicitWidth: 32
-    implicitHeight: 28
+    implicitHeight: 32
     size: 18
     Accessible.role: Accessible.ButtonMenu
     onClicked: menu.toggle()

@@ -7,6 +7,7 @@ AbstractButton {
     id: link
 
     padding: 4
+    implicitHeight: 32
     focusPolicy: Qt.TabFocus
     font: Style.body
     Accessible.role: Accessible.Link
@@ -24,6 +25,7 @@ AbstractButton {
         color: Style.mint
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
+        verticalAlignment: Text.AlignVCenter
 
         HoverHandler {
             cursorShape: Qt.PointingHandCursor

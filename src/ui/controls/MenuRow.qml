@@ -11,7 +11,7 @@ ItemDelegate {
     required property int count
     property bool marked: false
 
-    implicitHeight: 30
+    implicitHeight: 32
     leftPadding: mirrored ? 30 : 12
     rightPadding: mirrored ? 12 : 30
     font: Style.body

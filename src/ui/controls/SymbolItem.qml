@@ -18,7 +18,7 @@ MenuItem {
     readonly property int before: plain ? 12 : 38
     readonly property int after: ticked ? 34 : 12
 
-    implicitHeight: plain ? 30 : 32
+    implicitHeight: 32
     leftPadding: mirrored ? after : before
     rightPadding: mirrored ? before : after
     font: plain ? Style.font(12) : Style.body

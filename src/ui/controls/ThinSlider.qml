@@ -6,7 +6,15 @@ import Vantor.Ui
 Slider {
     id: slider
 
+    // The pointer meets it 6 above and below its line of the layout, too.
+    readonly property int reach: 6
+
     implicitHeight: 20
+    containmentMask: QtObject {
+        function contains(place: point): bool {
+            return place.x >= 0 && place.x <= slider.width && place.y >= -slider.reach && place.y <= slider.height + slider.reach;
+        }
+    }
     padding: 0
     focusPolicy: Qt.TabFocus
     opacity: enabled ? 1 : Style.disabledOpacity

@@ -28,7 +28,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             symbol: bar.player.playPauseSymbol
             help: qsTr("Play / pause")
             Accessible.description: bar.player.playPauseSymbol === "play.fill" ? qsTr("Paused") : qsTr("Playing")
@@ -36,7 +36,7 @@ Item {
         }
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             symbol: bar.player.expandSymbol
             help: qsTr("Expand player")
             size: 18
@@ -44,7 +44,7 @@ Item {
         }
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             visible: bar.remote.zapping
             symbol: "list"
             help: qsTr("List of channels")
@@ -52,7 +52,7 @@ Item {
         }
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             symbol: "picture.in.picture"
             help: qsTr("Small window")
             size: 18
@@ -60,7 +60,7 @@ Item {
         }
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             symbol: bar.remote.fullScreenSymbol
             help: qsTr("Full screen")
             size: 22
@@ -68,7 +68,7 @@ Item {
         }
 
         IconButton {
-            implicitHeight: 30
+            implicitHeight: 32
             symbol: "stop.fill"
             help: qsTr("Stop playback")
             onClicked: bar.player.stop()

@@ -30,8 +30,8 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
-        implicitWidth: 28
-        implicitHeight: 28
+        implicitWidth: 32
+        implicitHeight: 32
         symbol: "xmark"
         help: qsTr("Dismiss")
         size: 16

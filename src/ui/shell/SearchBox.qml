@@ -70,8 +70,8 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 2
         anchors.verticalCenter: parent.verticalCenter
-        implicitWidth: 30
-        implicitHeight: 30
+        implicitWidth: 32
+        implicitHeight: 32
         visible: box.shell.search !== ""
         symbol: "xmark.circle.fill"
         help: qsTr("Clear search")

@@ -405,6 +405,37 @@ TEST_F(WindowTest, TheChosenCategoryIsInSightWhenItsSectionComesBack) {
   }
 }
 
+TEST_F(WindowTest, NoControlIsTooSmallToHit) {
+  open(2);
+  app->play(item(0));
+  showPicture();
+  app->browsing().setSearch(u"t"_s);
+  app->tell(u"A notice"_s);
+  const auto expectLarge = [](const QQuickItem* control) {
+    const QPointF middle(control->width() / 2, control->height() / 2);
+    for (const QPointF& away : {QPointF(15, 0), QPointF(-15, 0), QPointF(0, 15), QPointF(0, -15)})
+      EXPECT_TRUE(control->contains(middle + away))
+          << qPrintable(control->property("help").toString() + control->property("text").toString())
+          << control->metaObject()->className() << control->width() << control->height();
+  };
+  appears("help", u"Dismiss"_s)->forceActiveFocus(Qt::TabFocusReason);
+  for (int i = 0; i < 40; ++i) {
+    expectLarge(window->activeFocusItem());
+    press(Qt::Key_Tab);
+  }
+  appears("help", u"Playback speed"_s)->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Return);
+  expectLarge(appears("text", u"2×"_s));
+  press(Qt::Key_Escape);
+  find("name", u"Group"_s)->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Space);
+  expectLarge(appears("modelData", u"All channels"_s));
+  press(Qt::Key_Escape);
+  app->setShowingSettings(true);
+  views->settingsView()->activate(3);
+  expectLarge(tabTo(u"Help & support"_s));
+}
+
 TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
   open({u"--demo"_s});
   const QQuickItem* before = window->activeFocusItem();
