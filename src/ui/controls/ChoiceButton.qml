@@ -19,6 +19,7 @@ IconButton {
     implicitHeight: 32
     size: 18
     Accessible.role: Accessible.ButtonMenu
+    menuOpen: menu.menu?.visible ?? false
     onClicked: menu.toggle()
 
     MenuLoader {

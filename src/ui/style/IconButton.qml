@@ -10,6 +10,8 @@ AbstractButton {
     required property string help
     property int size: 20
     property color color: Style.focusWhite
+    // Its menu lies where the tool tip would.
+    property bool menuOpen: false
 
     implicitWidth: 34
     implicitHeight: 34
@@ -26,7 +28,7 @@ AbstractButton {
     Keys.onEnterPressed: button.clicked()
 
     ToolTip.text: help
-    ToolTip.visible: hovered && !down
+    ToolTip.visible: hovered && !down && !menuOpen
     ToolTip.delay: 700
 
     background: Rectangle {

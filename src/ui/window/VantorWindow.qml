@@ -52,6 +52,10 @@ ApplicationWindow {
 
         function onFrameSwapped() {
             window.appeared = true;
+            // There is one for all, outside the content too.
+            const tip = shell.ToolTip.toolTip;
+            tip.transformOrigin = Popup.TopLeft;
+            tip.scale = Qt.binding(() => Style.zoom);
         }
     }
 

@@ -15,6 +15,7 @@ Row {
         symbol: "menu"
         help: qsTr("Menu (F10)")
         Accessible.name: qsTr("Menu")
+        menuOpen: menu.menu?.visible ?? false
         onClicked: menu.toggle()
 
         MenuLoader {

@@ -2,6 +2,7 @@
 #include <QStyleHints>
 #include <QTest>
 
+#include "ui/style/style.h"
 #include "window_fixture.h"
 
 namespace vantor::test {
@@ -434,6 +435,25 @@ TEST_F(WindowTest, NoControlIsTooSmallToHit) {
   app->setShowingSettings(true);
   views->settingsView()->activate(3);
   expectLarge(tabTo(u"Help & support"_s));
+}
+
+TEST_F(WindowTest, ToolTipsHaveTheSizeOfTheWindowAndLeaveMenusAlone) {
+  open(2);
+  auto* style = qml->singletonInstance<Style*>(qmlTypeId("Vantor.Style", 1, 0, "Style"));
+  style->setWishes(1.5, false, false);
+  app->play(item(0));
+  showPicture();
+  const auto pointAt = [&](const QString& help) {
+    QTest::mouseMove(window, middleOf(appears("help", help)));
+  };
+  pointAt(u"Stop playback"_s);
+  EXPECT_GT(style->property("zoom").toDouble(), 1);
+  EXPECT_EQ(appears("text", u"Stop playback"_s)->parentItem()->scale(), style->property("zoom"));
+  pointAt(u"Playback speed"_s);
+  click(find("help", u"Playback speed"_s));
+  EXPECT_TRUE(appears("text", u"2×"_s));
+  QTest::qWait(900);
+  EXPECT_FALSE(find("text", u"Playback speed"_s));
 }
 
 TEST_F(WindowTest, TheMenuOpensWithF10AndGivesTheFocusBack) {
