@@ -1,9 +1,10 @@
 import QtQuick
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Vantor.Style
 import Vantor.Ui
 
-// All keys, until one is pressed.
+// All keys, until one is pressed or the pointer is.
 Sheet {
     id: sheet
 
@@ -47,7 +48,14 @@ Sheet {
     // Its own, which may exceed the window's: the sheet is reduced as a whole then.
     width: rows.implicitWidth + 2 * padding
     height: rows.implicitHeight + 2 * padding
+    closePolicy: Popup.CloseOnPressOutside
     onEscaped: close()
+
+    MouseArea {
+        anchors.fill: parent
+        anchors.margins: -sheet.padding
+        onClicked: sheet.close()
+    }
 
     RowLayout {
         id: rows

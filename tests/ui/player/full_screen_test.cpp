@@ -590,11 +590,15 @@ TEST_F(FullScreenTest, TheKeysAreListed) {
   play();
   for (const bool full : {false, true}) {
     app->playback().setFullScreen(full);
-    for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Down, Qt::Key_Return}) {
+    const std::function<void()> ends[] = {
+        [&] { press(Qt::Key_Escape); }, [&] { press(Qt::Key_Down); },
+        [&] { press(Qt::Key_Return); }, [&] { click(find("text", u"List of channels"_s)); },
+        [&] { QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(600, 30)); }};
+    for (const auto& end : ends) {
       QTest::keyClick(window, '?', Qt::ShiftModifier);
       EXPECT_NE(appears("text", u"List of channels"_s), nullptr);
       const QString before = selectedID();
-      press(end);
+      end();
       EXPECT_TRUE(eventually([&] { return !find("text", u"List of channels"_s); }));
       EXPECT_EQ(selectedID(), before);
       EXPECT_EQ(isFull(), full);
