@@ -58,7 +58,12 @@ Sheet {
                 Accessible.name: placeholderText
                 inputMethodHints: Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
                 onTextEdited: sheet.view.username = text
-                onAccepted: sheet.view.connectAccount()
+                onAccepted: {
+                    if (sheet.view.password === "")
+                        password.forceActiveFocus(Qt.TabFocusReason);
+                    else
+                        sheet.view.connectAccount();
+                }
             }
 
             PasswordField {

@@ -139,9 +139,8 @@ TEST_F(AssistiveTest, ASignInIsTypedAndNobodyIsToldThePassword) {
   app->setShowingConnect(true);
   QTest::qWait(50);
   type(u"visible"_s);
-  press(Qt::Key_Return);
+  EXPECT_THAT(told([&] { press(Qt::Key_Return); }), ElementsAre("Password: "));
   EXPECT_FALSE(views->connectView()->working());
-  EXPECT_THAT(told([&] { press(Qt::Key_Tab); }), ElementsAre("Password: "));
   QAccessibleInterface* field = QAccessible::queryAccessibleInterface(objects.first());
   EXPECT_THAT(told([&] { type(u"abc"_s); }), ElementsAre());
   EXPECT_TRUE(field->state().passwordEdit);
