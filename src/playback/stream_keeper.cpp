@@ -163,15 +163,19 @@ void StreamKeeper::look() {
 
 bool StreamKeeper::hasMoved() {
   const std::int64_t before = seen_.decoded;
-  // What has ended or failed knows no place.
+  see();
+  return seen_.decoded != before;
+}
+
+void StreamKeeper::see() {
   const EngineStatus now = engine_.status();
-  if (now.state == EngineState::ended || now.state == EngineState::error) return false;
-  seen_ = now;
-  return now.decoded != before;
+  // What has failed knows no place, nor does what was unloaded for it.
+  if (now.hasMedia && now.state != EngineState::error) seen_ = now;
 }
 
 bool StreamKeeper::comesBack() {
   if (playback_.source()->kind == SourceKind::broadcast) return true;
+  see();
   // A film that goes on at its place is at its beginning for a moment, and has no length.
   const bool again = attempts_ > 0;
   place_ = std::max(again ? place_ : 0, static_cast<double>(seen_.time) / 1000);

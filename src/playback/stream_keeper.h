@@ -61,6 +61,7 @@ class StreamKeeper final : public QObject {
   void onStateChanged();
   void tick();
   void look();
+  void see();
   bool comesBack();
   bool hasMoved();
   void interrupted();
