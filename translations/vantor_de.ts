@@ -21,6 +21,14 @@
         <source>No channels in this group</source>
         <translation>Keine Sender in dieser Gruppe</translation>
     </message>
+    <message>
+        <source>Previous group</source>
+        <translation>Vorige Gruppe</translation>
+    </message>
+    <message>
+        <source>Next group</source>
+        <translation>Nächste Gruppe</translation>
+    </message>
 </context>
 <context>
     <name>ConnectSheet</name>

@@ -21,6 +21,14 @@
         <source>No channels in this group</source>
         <translation>No hay canales en este grupo</translation>
     </message>
+    <message>
+        <source>Previous group</source>
+        <translation>Grupo anterior</translation>
+    </message>
+    <message>
+        <source>Next group</source>
+        <translation>Grupo siguiente</translation>
+    </message>
 </context>
 <context>
     <name>ConnectSheet</name>

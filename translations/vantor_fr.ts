@@ -21,6 +21,14 @@
         <source>No channels in this group</source>
         <translation>Aucune chaîne dans ce groupe</translation>
     </message>
+    <message>
+        <source>Previous group</source>
+        <translation>Groupe précédent</translation>
+    </message>
+    <message>
+        <source>Next group</source>
+        <translation>Groupe suivant</translation>
+    </message>
 </context>
 <context>
     <name>ConnectSheet</name>

@@ -29,17 +29,45 @@ Rectangle {
         scale: panel.zoom
         transformOrigin: Item.TopLeft
 
-        StyledText {
+        Row {
             id: heading
             x: Style.inset
-            y: 14
+            y: 8
             width: parent.width - 2 * Style.inset
-            text: "‹   " + panel.chooser.group + "   ›"
-            font: Style.font(17, Font.DemiBold)
-            color: Style.mint
-            elide: Text.ElideRight
-            Accessible.role: Accessible.Heading
-            Accessible.name: panel.chooser.group
+
+            // Beside each other, so that no name moves one away from under the pointer. The keys are
+            // the list's.
+            component GroupButton: IconButton {
+                required property int by
+                symbol: (by > 0) === mirrored ? "chevron.left" : "chevron.right"
+                color: Style.mint
+                focusPolicy: Qt.NoFocus
+                onClicked: panel.chooser.changeGroup(by)
+            }
+
+            GroupButton {
+                id: before
+                by: -1
+                help: qsTr("Previous group")
+            }
+
+            GroupButton {
+                id: after
+                by: 1
+                help: qsTr("Next group")
+            }
+
+            StyledText {
+                anchors.verticalCenter: parent.verticalCenter
+                leftPadding: Style.gap
+                rightPadding: Style.gap
+                width: parent.width - before.width - after.width
+                text: panel.chooser.group
+                font: Style.font(17, Font.DemiBold)
+                color: Style.mint
+                elide: Text.ElideRight
+                Accessible.role: Accessible.Heading
+            }
         }
 
         ChannelList {

@@ -33,10 +33,19 @@ FocusScope {
         hoverEnabled: true
         cursorShape: screen.remote.controlsShown ? Qt.ArrowCursor : Qt.BlankCursor
         onPositionChanged: screen.remote.moved()
-        onClicked: screen.player.tapPicture()
+        // Whether the last click was meant for the picture, and not for the list that lay over it.
+        property bool tapped: false
+        onClicked: {
+            tapped = !screen.remote.chooser;
+            if (tapped)
+                screen.player.tapPicture();
+            else
+                screen.remote.putChooserAway();
+        }
         onDoubleClicked: {
             // The first of the two clicks was no order to pause.
-            screen.player.tapPicture();
+            if (tapped)
+                screen.player.tapPicture();
             screen.remote.toggleFullScreen();
         }
         onWheel: wheel => screen.remote.changeVolume(wheel.angleDelta.y / 24)

@@ -26,6 +26,7 @@ Item {
 
         MouseArea {
             anchors.fill: parent
+            onClicked: panel.remote.putChooserAway()
             onDoubleClicked: panel.remote.toggleFullScreen()
         }
 

@@ -48,7 +48,12 @@ Item {
             visible: bar.remote.zapping
             symbol: "list"
             help: qsTr("List of channels")
-            onClicked: bar.remote.chooseChannel()
+            onClicked: {
+                if (bar.remote.chooser)
+                    bar.remote.putChooserAway();
+                else
+                    bar.remote.chooseChannel();
+            }
         }
 
         IconButton {

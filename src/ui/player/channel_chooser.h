@@ -39,6 +39,8 @@ class ChannelChooser final : public QObject {
   /// A key, as Qt names it: moves the highlight, goes to the next group, chooses. Whether it means
   /// something here.
   bool press(int key);
+  /// Goes on by so many groups, round and round.
+  Q_INVOKABLE void changeGroup(int by);
   /// Goes to the channel of a row, and is done.
   Q_INVOKABLE void choose(int row);
   /// The rows on screen, first to last, both included.
@@ -53,7 +55,6 @@ class ChannelChooser final : public QObject {
   /// False when it does not have the channel that plays.
   bool begin(const QString& category, const QString& search);
   void highlight(int row);
-  void changeGroup(int by);
   void onCatalogsChanged();
 
   AppModel& model_;

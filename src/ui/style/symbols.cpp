@@ -20,6 +20,7 @@ constexpr std::array symbols = {
     Symbol{QLatin1String("captions.bubble"), 0xF36A},
     Symbol{QLatin1String("checkmark"), 0xF12C},
     Symbol{QLatin1String("chevron.down"), 0xF140},
+    Symbol{QLatin1String("chevron.left"), 0xF141},
     Symbol{QLatin1String("chevron.right"), 0xF142},
     Symbol{QLatin1String("film"), 0xF230},
     Symbol{QLatin1String("folder"), 0xF256},

@@ -537,7 +537,11 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
     EXPECT_EQ(remote->chooser()->currentRow(), group == u"C"_s ? -1 : 0);
     EXPECT_EQ(find("text", u"No channels in this group"_s) != nullptr, group == u"C"_s);
   }
-  press(Qt::Key_Right);
+  for (const auto& [button, group] :
+       {std::pair("Next group", u"B"_s), {"Previous group", u"A"_s}, {"Next group", u"B"_s}}) {
+    click(appears("help", QString::fromLatin1(button)));
+    EXPECT_EQ(remote->chooser()->group(), group);
+  }
   click(appears("name", u"Title 5"_s));
   showPicture();
   EXPECT_EQ(title(), u"Title 5"_s);
@@ -554,6 +558,31 @@ TEST_F(FullScreenTest, TheListOfChannelsLiesOverThePicture) {
   EXPECT_EQ(title(), u"Title 4"_s);
   app->playback().stop();
   EXPECT_FALSE(remote->chooser());
+}
+
+TEST_F(FullScreenTest, ThePointerOpensTheListOfChannelsAndPutsItAway) {
+  play();
+  app->playback().setExpanded(true);
+  for (const bool full : {false, true}) {
+    remote->setFullScreen(full);
+    expectPictureOnly(full);
+    const QPoint beside =
+        overlay->mapToScene({overlay->width() - 20, overlay->height() / 2}).toPoint();
+    const std::function<void()> ends[] = {
+        [&] { click(appears("help", u"List of channels"_s)); },
+        [&] { QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, beside); },
+        [&] { doubleClick(beside); }};
+    for (const auto& end : ends) {
+      remote->moved();
+      click(appears("help", u"List of channels"_s));
+      EXPECT_TRUE(remote->chooser());
+      end();
+      EXPECT_FALSE(remote->chooser());
+      EXPECT_FALSE(app->playback().paused());
+      EXPECT_EQ(engine.takeCalls().count(u"pause"_s), 0);
+    }
+    EXPECT_EQ(remote->fullScreen(), !full) << "as after any double click";
+  }
 }
 
 TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
