@@ -37,6 +37,8 @@ Item {
 
         IconButton {
             implicitHeight: 32
+            // What it does would be seen only afterwards.
+            visible: !bar.remote.pictureOnly
             symbol: bar.player.expandSymbol
             help: qsTr("Expand player")
             size: 18

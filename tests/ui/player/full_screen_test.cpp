@@ -39,6 +39,7 @@ class FullScreenTest : public WindowTest {
     QTest::qWait(50);
     EXPECT_EQ(overlay->size() == window->contentItem()->size(), only);
     EXPECT_EQ(find("text", u"Live TV"_s) == nullptr, only);
+    EXPECT_FALSE(only && find("help", u"Expand player"_s));
   }
   void expectFull(bool full) {
     EXPECT_EQ(isFull(), full);
