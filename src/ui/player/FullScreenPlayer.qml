@@ -57,29 +57,6 @@ FocusScope {
         widestCard: 560
     }
 
-    Interruption {
-        player: screen.player
-    }
-
-    Text {
-        id: note
-        anchors.top: parent.top
-        anchors.right: parent.right
-        anchors.margins: screen.distantText
-        visible: text !== ""
-        text: screen.remote.note
-        textFormat: Text.PlainText
-        font: Style.font(screen.distantText, Font.DemiBold)
-        color: Style.focusWhite
-        style: Text.Outline
-        styleColor: "black"
-        Accessible.ignored: true
-
-        LiveRegion {
-            message: note.text
-        }
-    }
-
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width

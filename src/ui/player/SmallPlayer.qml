@@ -11,6 +11,8 @@ FocusScope {
     required property PlayerPane player
     required property PlayerRemote remote
     required property WindowActions window
+    // The width that the buttons have while they are shown.
+    readonly property real taken: buttons.visible ? buttons.width + 2 * Style.gap : 0
 
     Rectangle {
         anchors.fill: parent
@@ -41,17 +43,6 @@ FocusScope {
     Interruption {
         anchors.bottom: parent.bottom
         player: screen.player
-    }
-
-    LiveText {
-        anchors.margins: Style.gap
-        anchors.top: parent.top
-        anchors.left: parent.left
-        visible: text !== ""
-        text: screen.remote.note
-        font: Style.title2
-        style: Text.Outline
-        styleColor: "black"
     }
 
     Rectangle {

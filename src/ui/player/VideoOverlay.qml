@@ -9,8 +9,6 @@ PersistentVideoOverlay {
     required property PlayerPane player
     required property VideoFrameQueue frames
     required property PlayerRemote remote
-    required property ChannelBanner banner
-    required property ArtworkStore artwork
 
     Item {
         anchors.fill: parent
@@ -52,17 +50,5 @@ PersistentVideoOverlay {
         y: parent.height - height
         player: overlay.player
         placed: overlay.placed && !overlay.filling
-    }
-
-    OnDemand {
-        width: parent.width
-        visible: wanted
-        wanted: overlay.placed && overlay.remote.watching && overlay.banner.shown && !overlay.remote.chooser
-
-        sourceComponent: BannerPanel {
-            banner: overlay.banner
-            artwork: overlay.artwork
-            textSize: Style.distantSize(overlay.height)
-        }
     }
 }

@@ -169,8 +169,6 @@ FocusScope {
         frames: screen.views.frames
         filling: screen.views.remote.pictureOnly
         remote: screen.views.remote
-        banner: screen.views.banner
-        artwork: screen.views.artwork
     }
 
     Loader {
@@ -179,6 +177,16 @@ FocusScope {
         active: screen.views.remote.pictureOnly
         onLoaded: Keyboard.give(picture)
         sourceComponent: screen.views.remote.small ? smallPlayer : fullScreenPlayer
+    }
+
+    PictureNotes {
+        x: videoOverlay.x
+        y: videoOverlay.y
+        width: videoOverlay.width
+        height: videoOverlay.height
+        visible: videoOverlay.placed
+        views: screen.views
+        taken: (picture.item as SmallPlayer)?.taken ?? 0
     }
 
     Component {
@@ -214,20 +222,6 @@ FocusScope {
                 setSource("ChannelChooserPanel.qml", { chooser: chooser, artwork: screen.views.artwork });
             else
                 source = "";
-        }
-    }
-
-    OnDemand {
-        id: facts
-        readonly property int textSize: Style.distantSize(videoOverlay.height)
-        x: videoOverlay.x + (LayoutMirroring.enabled ? videoOverlay.width - width - textSize : textSize)
-        y: videoOverlay.y + textSize
-        visible: wanted
-        wanted: screen.views.statistics.shown && screen.views.remote.watching && !screen.views.remote.chooser
-
-        sourceComponent: StatisticsCard {
-            statistics: screen.views.statistics
-            textSize: facts.textSize
         }
     }
 

@@ -616,6 +616,44 @@ TEST_F(FullScreenTest, WhatIsKnownOfThePictureIsShown) {
   EXPECT_FALSE(views->statistics()->shown());
 }
 
+TEST_F(FullScreenTest, WhatIsToldOverThePictureOverlapsNothing) {
+  play();
+  engine.now.picture = {.codec = u"H264"_s, .size = QSize(1920, 1080), .rate = 25};
+  press(Qt::CTRL | Qt::Key_I);
+  const std::function<void()> places[] = {[&] { views->player()->toggleExpanded(); },
+                                          [&] { remote->setFullScreen(true); },
+                                          [&] { remote->setSmall(true); }};
+  const auto expectApart = [&] {
+    QList<QRectF> taken;
+    for (const char* kind :
+         {"BannerPanel", "InterruptionStrip", "StatisticsCard", "LiveText", "IconButton"})
+      if (const QQuickItem* item = find([&](const QQuickItem* one) {
+            return QByteArrayView(one->metaObject()->className()).startsWith(kind);
+          })) {
+        const QRectF place = item->mapRectToScene(item->boundingRect());
+        for (const QRectF& other : taken)
+          EXPECT_FALSE(place.intersects(other)) << kind << " over what begins at " << other.y();
+        taken.append(place);
+      }
+    return taken.size();
+  };
+  for (const auto& enter : places) {
+    enter();
+    press(Qt::Key_I, Qt::Key_Z);
+    clock.advance(1s);
+    QTest::qWait(50);
+    EXPECT_TRUE(find("text", remote->note())) << "what a key did is told everywhere";
+    EXPECT_EQ(expectApart(), 4);
+  }
+  remote->setFullScreen(true);
+  engine.now.state = EngineState::ended;
+  engine.announce();
+  press(Qt::Key_I, Qt::Key_Z);
+  QTest::qWait(50);
+  EXPECT_TRUE(find("text", views->player()->interruption()));
+  expectApart();
+}
+
 TEST_F(FullScreenTest, TheKeysAreListed) {
   play();
   for (const bool full : {false, true}) {
