@@ -66,9 +66,13 @@ PlayerRemote::PlayerRemote(AppModel& model, const Parts& parts, Clock& clock, QO
   connect(&zapping_, &Zapping::changed, this, &PlayerRemote::watchingChanged);
   connect(this, &PlayerRemote::watchingChanged, this, [this] {
     if (!zapping()) putChooserAway();
+  });
+  const auto forgetUnwatched = [this] {
     // What comes later would come as a surprise.
     if (!watching()) zapping_.takeBack();
-  });
+  };
+  connect(this, &PlayerRemote::pictureOnlyChanged, this, forgetUnwatched);
+  connect(&playback_, &Playback::expandedChanged, this, forgetUnwatched);
   connect(&playback_, &Playback::pictureShapeChanged, this, &PlayerRemote::pictureShapeChanged);
   connect(&model.browsing(), &Browsing::sectionChanged, this, &PlayerRemote::leavePicture);
   connect(&model, &AppModel::showingConnectChanged, this, &PlayerRemote::leavePicture);
@@ -256,7 +260,7 @@ bool PlayerRemote::escape() {
     putChooserAway();
     return true;
   }
-  if (zapping_.takeBack()) return true;
+  if (watching() && zapping_.takeBack()) return true;
   if (offersEpisode()) return nextEpisode_.refuse();
   if (!small_) return false;
   setSmall(false);
