@@ -39,7 +39,7 @@ QString resourceFolder() {
 Program::Program(const LaunchArguments& launch)
     : launch_(launch),
       log_(launch.isolated ? std::nullopt : std::optional<RunLog>(std::in_place, folders_.notes())),
-      preferences_(launch.isolated ? QString() : folders_.preferencesFile()),
+      preferences_(folders_.preferencesFile()),
       configuration_(transport_, preferences_, values_.endpoint, values_.fallback),
       secureStore_(credentials_, values_.bundleIdentifier),
       artwork_(transport_, clock_, artworkWorker_),
@@ -126,7 +126,7 @@ void Program::makeWindow() {
   // Little lies over anything else, and without a graphics card a depth test costs a tenth.
   graphics.setDepthBufferFor2D(false);
   window_->setGraphicsConfiguration(graphics);
-  windowPlace_ = std::make_unique<WindowPlace>(*window_, preferences_);
+  windowPlace_ = std::make_unique<WindowPlace>(*window_, launch_.isolated ? unkept_ : preferences_);
   PlayerRemote& remote = *views_.remote();
   connect(&remote, &PlayerRemote::smallChanged, windowPlace_.get(),
           [this, &remote] { windowPlace_->setSmall(remote.small()); });

@@ -76,7 +76,8 @@ class Program final : public QObject {
   // First, since everything may fail.
   std::optional<RunLog> log_;  // absent where saved state is not touched
   SystemClock clock_;
-  Preferences preferences_;
+  Preferences preferences_;  // in an isolated run for whoever signs in
+  Preferences unkept_{QString()};
   HTTPClient transport_;
   VantorConfiguration configuration_;
   SecretServiceStore credentials_;

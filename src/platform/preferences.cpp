@@ -44,6 +44,7 @@ struct Preferences::Writer {
       batch.swap(waiting);
     }
     if (batch.isEmpty() || file.isEmpty()) return;
+    makePrivateFolder(QFileInfo(file).absolutePath());
     QSettings settings(file, QSettings::IniFormat);
     for (auto it = batch.cbegin(); it != batch.cend(); ++it) {
       if (it.value())
@@ -59,10 +60,9 @@ struct Preferences::Writer {
 Preferences::Preferences(const QString& file) : writer_(std::make_shared<Writer>()) {
   writer_->file = file;
   if (file.isEmpty()) return;
-  const QString folder = QFileInfo(file).absolutePath();
-  makePrivateFolder(folder);
   // Earlier runs made them for everyone.
-  QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  QFile::setPermissions(QFileInfo(file).absolutePath(),
+                        QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   keepFromOthers(file);
   // Qt's lock of the file. Who is killed while making it leaves it empty, and every write would
   // wait half a minute for an owner.
