@@ -110,6 +110,13 @@ void player(Album& album) {
   stage.click(QCoreApplication::translate("TransportBar", "Sound output"));
   stage.shot(u"outputs"_s, u"The choice of a device for the sound"_s);
   stage.press(Qt::Key_Escape);
+  stage.views().remote()->setFullScreen(true);
+  stage.settle();
+  stage.click(QCoreApplication::translate("TransportBar", "Playback speed"));
+  stage.shot(u"full-screen-speeds"_s, u"A menu of the controls in full screen"_s);
+  stage.press(Qt::Key_Escape);
+  stage.views().remote()->setFullScreen(false);
+  stage.settle();
   stage.views().transport()->chooseDelay(150);
   stage.click(QCoreApplication::translate("TransportBar", "Sound and picture"));
   stage.shot(u"delays"_s, u"The choice of how far the sound is behind the picture"_s);

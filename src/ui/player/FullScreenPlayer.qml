@@ -12,6 +12,8 @@ FocusScope {
     required property PlayerPane player
     required property PlayerRemote remote
     required property TransportControls transport
+    // Of the controls.
+    required property real zoom
     readonly property int distantText: Style.distantSize(height)
 
     Binding {
@@ -60,7 +62,7 @@ FocusScope {
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width
-        height: controls.height * controls.zoom + 2 * Style.inset + 60
+        height: controls.height * screen.zoom + 2 * Style.inset + 60
         visible: screen.remote.controlsShown
         gradient: Gradient {
             GradientStop { position: 0; color: "transparent" }
@@ -76,14 +78,12 @@ FocusScope {
 
         FocusScope {
             id: controls
-            // As large as the screen allows, since it is far away.
-            readonly property real zoom: Math.max(1, screen.height / 900)
             anchors.bottom: parent.bottom
             anchors.bottomMargin: Style.inset
             x: Style.inset
-            width: (parent.width - 2 * Style.inset) / zoom
+            width: (parent.width - 2 * Style.inset) / screen.zoom
             height: rows.height
-            scale: zoom
+            scale: screen.zoom
             transformOrigin: Item.BottomLeft
             // The keys are the player's again.
             Keys.onEscapePressed: focus = false
@@ -96,7 +96,7 @@ FocusScope {
                     width: parent.width
                     player: screen.player
                     remote: screen.remote
-                    titleFont: Style.font(screen.distantText / controls.zoom, Font.DemiBold)
+                    titleFont: Style.font(screen.distantText / screen.zoom, Font.DemiBold)
                 }
 
                 TransportBar {

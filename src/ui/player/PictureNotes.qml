@@ -2,13 +2,16 @@ import QtQuick
 import Vantor.Style
 import Vantor.Ui
 
-// What is told over the picture, one below the other from its top, wherever the picture is.
+// What is told over the picture, wherever that is: one below the other from its top, and at its bottom
+// the next episode.
 Item {
     id: notes
 
     required property Views views
     // The width that buttons have at the end of the top.
     required property real taken
+    // Of the controls in full screen.
+    required property real zoom
     readonly property PlayerRemote remote: views.remote
     readonly property int textSize: Style.distantSize(height)
 
@@ -66,6 +69,21 @@ Item {
 
         sourceComponent: StatisticsCard {
             statistics: notes.views.statistics
+            textSize: notes.textSize
+        }
+    }
+
+    OnDemand {
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: notes.textSize
+        // Over the controls, which only full screen has in the picture.
+        anchors.bottomMargin: notes.remote.fullScreen ? 160 * notes.zoom : notes.textSize
+        visible: wanted
+        wanted: notes.remote.watching && !notes.remote.small && notes.views.nextEpisode.offered
+
+        sourceComponent: NextEpisodeCard {
+            next: notes.views.nextEpisode
             textSize: notes.textSize
         }
     }

@@ -8,6 +8,8 @@ FocusScope {
 
     required property Views views
     required property WindowActions window
+    // What the whole screen has over its picture is as large as it allows, since it is far away.
+    readonly property real distantZoom: views.remote.fullScreen ? Math.max(1, height / 900) : 1
 
     // The keys that nothing below took.
     Keys.onEscapePressed: {
@@ -186,6 +188,7 @@ FocusScope {
         height: videoOverlay.height
         visible: videoOverlay.placed
         views: screen.views
+        zoom: screen.distantZoom
         taken: (picture.item as SmallPlayer)?.taken ?? 0
     }
 
@@ -196,6 +199,7 @@ FocusScope {
             player: screen.views.player
             remote: screen.views.remote
             transport: screen.views.transport
+            zoom: screen.distantZoom
         }
     }
 
@@ -235,22 +239,5 @@ FocusScope {
 
         active: false
         sourceComponent: KeyList {}
-    }
-
-    OnDemand {
-        id: offer
-        readonly property int textSize: Style.distantSize(screen.height)
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        anchors.margins: textSize
-        // Over the controls.
-        anchors.bottomMargin: 160
-        visible: wanted
-        wanted: screen.views.remote.watching && !screen.views.remote.small && screen.views.nextEpisode.offered
-
-        sourceComponent: NextEpisodeCard {
-            next: screen.views.nextEpisode
-            textSize: offer.textSize
-        }
     }
 }

@@ -69,7 +69,7 @@ ApplicationWindow {
     Binding {
         target: Style
         property: "zoom"
-        value: shell.scale
+        value: shell.scale * shell.distantZoom
     }
 
     ShellScreen {

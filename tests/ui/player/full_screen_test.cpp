@@ -404,6 +404,10 @@ TEST_F(FullScreenTest, KeysGoRoundTracksAndMenusOpenOnWhatIsInForce) {
     const QQuickItem* row = appears("text", inForce);
     EXPECT_TRUE(QTest::qWaitFor([&] { return row->property("highlighted").toBool(); }));
     EXPECT_TRUE(row->property("marked").toBool());
+    const auto zoom = [](const QQuickItem* item) {
+      return item->mapRectToScene(item->boundingRect()).height() / item->height();
+    };
+    EXPECT_NEAR(zoom(row), zoom(find("help", QString::fromLatin1(button))), 0.001);
     press(Qt::Key_Escape);
     EXPECT_TRUE(eventually([&] { return !find("text", inForce); }));
   }
@@ -628,17 +632,19 @@ TEST_F(FullScreenTest, WhatIsToldOverThePictureOverlapsNothing) {
                                           [&] { remote->setFullScreen(true); },
                                           [&] { remote->setSmall(true); }};
   const auto expectApart = [&] {
+    QList<QQuickItem*> told{find("text", remote->note())};
+    for (const char* kind : {"BannerPanel", "InterruptionStrip", "StatisticsCard", "IconButton"})
+      told.append(find([&](const QQuickItem* item) {
+        return QByteArrayView(item->metaObject()->className()).startsWith(kind);
+      }));
+    told.removeAll(nullptr);
     QList<QRectF> taken;
-    for (const char* kind :
-         {"BannerPanel", "InterruptionStrip", "StatisticsCard", "LiveText", "IconButton"})
-      if (const QQuickItem* item = find([&](const QQuickItem* one) {
-            return QByteArrayView(one->metaObject()->className()).startsWith(kind);
-          })) {
-        const QRectF place = item->mapRectToScene(item->boundingRect());
-        for (const QRectF& other : taken)
-          EXPECT_FALSE(place.intersects(other)) << kind << " over what begins at " << other.y();
-        taken.append(place);
-      }
+    for (const QQuickItem* item : told) {
+      const QRectF place = item->mapRectToScene(item->boundingRect());
+      for (const QRectF& other : taken)
+        EXPECT_FALSE(place.intersects(other)) << item->metaObject()->className();
+      taken.append(place);
+    }
     return taken.size();
   };
   for (const auto& enter : places) {
@@ -704,6 +710,16 @@ TEST_F(FullScreenTest, TheNextEpisodeIsOfferedNearTheEnd) {
   EXPECT_FALSE(next.offered());
   playsAt(971);
   EXPECT_TRUE(next.offered());
+  app->playback().setExpanded(true);
+  for (const bool full : {false, true}) {
+    remote->setFullScreen(full);
+    QTest::qWait(50);
+    const QQuickItem* refusal = appears("text", u"Not now"_s);
+    const QQuickItem* stop = appears("help", u"Stop playback"_s);
+    EXPECT_LT(refusal->mapRectToScene(refusal->boundingRect()).bottom(),
+              stop->mapRectToScene(stop->boundingRect()).top());
+  }
+  app->playback().setExpanded(false);
   EXPECT_NE(find("text", next.title()), nullptr);
   press(Qt::Key_P, Qt::Key_Return, Qt::Key_Escape);
   EXPECT_EQ(playing(), u"episode:2"_s) << "the small window does not show the offer";
