@@ -40,19 +40,20 @@ Rectangle {
             keyRow = target;
         }
 
-        function showCurrent() {
-            if (!activeFocus)
-                positionViewAtIndex(rail.categories.currentRow, ListView.Contain);
-        }
-
         // When it has its size, and the rows of a section that was just entered.
-        Component.onCompleted: Qt.callLater(showCurrent)
+        Timer {
+            id: settling
+            interval: 0
+            running: true
+            onTriggered: if (!list.activeFocus)
+                list.positionViewAtIndex(rail.categories.currentRow, ListView.Contain)
+        }
 
         Connections {
             target: rail.categories
 
             function onModelReset() {
-                Qt.callLater(list.showCurrent);
+                settling.restart();
             }
         }
 
