@@ -12,7 +12,7 @@ inline const QString request = QStringLiteral("org.freedesktop.portal.Request");
 
 /// Takes back what was asked for; `object` is what the portal calls it.
 inline QDBusMessage closing(const QString& object) {
-  return QDBusMessage::createMethodCall(service, object, request, u"Close"_s);
+  return QDBusMessage::createMethodCall(service, object, request, QStringLiteral("Close"));
 }
 
 }  // namespace vantor::portal
