@@ -446,14 +446,6 @@
         <source>Stop playback</source>
         <translation>Wiedergabe beenden</translation>
     </message>
-    <message>
-        <source>Paused</source>
-        <translation>Angehalten</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>Läuft</translation>
-    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -998,6 +990,14 @@
     <message>
         <source>Interrupted. Trying again…</source>
         <translation>Unterbrochen. Neuer Versuch…</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
     </message>
 </context>
 <context>

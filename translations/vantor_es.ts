@@ -446,14 +446,6 @@
         <source>Stop playback</source>
         <translation>Detener la reproducción</translation>
     </message>
-    <message>
-        <source>Paused</source>
-        <translation>En pausa</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>En reproducción</translation>
-    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -998,6 +990,14 @@
     <message>
         <source>Interrupted. Trying again…</source>
         <translation>Interrumpido. Reintentando…</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>En reproducción</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
     </message>
 </context>
 <context>

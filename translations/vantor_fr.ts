@@ -446,14 +446,6 @@
         <source>Stop playback</source>
         <translation>Arrêter la lecture</translation>
     </message>
-    <message>
-        <source>Paused</source>
-        <translation>En pause</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>En lecture</translation>
-    </message>
 </context>
 <context>
     <name>PosterGrid</name>
@@ -998,6 +990,14 @@
     <message>
         <source>Interrupted. Trying again…</source>
         <translation>Interruption. Nouvelle tentative…</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>En lecture</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
     </message>
 </context>
 <context>

@@ -20,7 +20,7 @@ FocusScope {
         target: screen.remote
         property: "busy"
         // What a button is called lies over the window as a menu does, without the keys.
-        value: controls.activeFocus || !screen.activeFocus && screen.Window.active && T.Overlay.overlay?.visible === true
+        value: controls.activeFocus || pressed.active || !screen.activeFocus && screen.Window.active && T.Overlay.overlay?.visible === true
     }
     Component.onDestruction: remote.busy = false
 
@@ -103,6 +103,16 @@ FocusScope {
                     width: parent.width
                     transport: screen.transport
                 }
+            }
+        }
+
+        // Above them, since they keep a press to themselves. What is held must not go, nor what was
+        // clicked at once.
+        Item {
+            anchors.fill: parent
+
+            PointHandler {
+                id: pressed
             }
         }
     }

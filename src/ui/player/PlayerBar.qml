@@ -31,7 +31,7 @@ Item {
             implicitHeight: 32
             symbol: bar.player.playPauseSymbol
             help: qsTr("Play / pause")
-            Accessible.description: bar.player.playPauseSymbol === "play.fill" ? qsTr("Paused") : qsTr("Playing")
+            Accessible.description: bar.player.stateName
             onClicked: bar.player.togglePause()
         }
 

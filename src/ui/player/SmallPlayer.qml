@@ -65,7 +65,7 @@ FocusScope {
         Binding {
             target: screen.remote
             property: "busy"
-            value: row.activeFocus
+            value: row.activeFocus || pressed.active
         }
 
         FocusScope {
@@ -81,6 +81,7 @@ FocusScope {
                 IconButton {
                     symbol: screen.player.playPauseSymbol
                     help: qsTr("Play / pause")
+                    Accessible.description: screen.player.stateName
                     onClicked: screen.player.togglePause()
                 }
 
@@ -96,6 +97,15 @@ FocusScope {
                     help: qsTr("Stop playback")
                     onClicked: screen.player.stop()
                 }
+            }
+        }
+
+        // Above them, since they keep a press to themselves. What was clicked must not go at once.
+        Item {
+            anchors.fill: parent
+
+            PointHandler {
+                id: pressed
             }
         }
     }

@@ -60,6 +60,11 @@ bool PlayerPane::surfaceVisible() const {
   return playback_.source() && message().isEmpty() && !holdingFrame();
 }
 
+QString PlayerPane::stateName() const {
+  if (playback_.state() == PlaybackState::playing) return tr("Playing");
+  return playback_.state() == PlaybackState::paused ? tr("Paused") : QString();
+}
+
 QString PlayerPane::playPauseSymbol() const {
   return playback_.paused() ? u"play.fill"_s : u"pause.fill"_s;
 }

@@ -25,6 +25,7 @@ class PlayerPane final : public QObject {
   Q_PROPERTY(bool holdingFrame READ holdingFrame NOTIFY heldFrameChanged)
   Q_PROPERTY(bool surfaceVisible READ surfaceVisible NOTIFY changed)
   Q_PROPERTY(QString playPauseSymbol READ playPauseSymbol NOTIFY changed)
+  Q_PROPERTY(QString stateName READ stateName NOTIFY changed)
   Q_PROPERTY(QString expandSymbol READ expandSymbol NOTIFY changed)
 
  public:
@@ -42,6 +43,8 @@ class PlayerPane final : public QObject {
   /// Whether the engine's picture is shown where there is a place for it.
   bool surfaceVisible() const;
   QString playPauseSymbol() const;
+  /// "Playing", "Paused"; empty when it is neither.
+  QString stateName() const;
   QString expandSymbol() const;
 
   Q_INVOKABLE void togglePause();

@@ -198,8 +198,8 @@ void TransportControls::dragTo(double seconds) {
 void TransportControls::endSeek() {
   if (shown_ != Shown::drag) return;
   const PlaybackState state = playback_.state();
-  const bool goes =
-      state_.seekable() && state != PlaybackState::ended && state != PlaybackState::failed;
+  const bool goes = playback_.followed() && state_.seekable() && state != PlaybackState::ended &&
+                    state != PlaybackState::failed;
   shown_ = goes ? Shown::target : Shown::playback;
   playback_.seek(seekValue_);
   Q_EMIT positionChanged();

@@ -89,6 +89,15 @@ TEST_F(PlayerViewsTest, ADragMovesPlaybackOnceAtItsEnd) {
   controls.beginSeek();
   controls.endSeek();
   EXPECT_EQ(engine.calls, QStringList{u"setTime 45000"_s}) << "a broadcast stays where it is";
+
+  showMovie();
+  engine.now.state = EngineState::ended;
+  clock.advance(250ms);
+  playback.restart();
+  controls.beginSeek();
+  controls.dragTo(45);
+  controls.endSeek();
+  EXPECT_EQ(controls.sliderValue(), 30) << "nobody will tell where it is";
 }
 
 TEST_F(PlayerViewsTest, TheChoicesFollowWhatIsInForce) {
