@@ -26,7 +26,8 @@ AppModel::AppModel(AppServices services, std::unique_ptr<Playback> playback)
       details_(services_, announcements_, session_, guide_),
       notice_(announcements_, *this, &AppModel::noticeChanged),
       showingConnect_(announcements_, *this, &AppModel::showingConnectChanged),
-      showingSettings_(announcements_, *this, &AppModel::showingSettingsChanged) {
+      showingSettings_(announcements_, *this, &AppModel::showingSettingsChanged),
+      handOver_(announcements_, *this, &AppModel::handedOver) {
   playback_->onProgress = [this](const QString& id, double seconds, double duration) {
     if (!playback_->isLocal()) record_.storeProgress(id, seconds, duration);
   };

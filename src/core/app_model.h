@@ -124,6 +124,7 @@ class AppModel final : public QObject {
   Announced<std::optional<QString>> notice_;
   Announced<bool> showingConnect_;
   Announced<bool> showingSettings_;
+  Announcement handOver_;
   std::optional<MediaItem> handedOver_;  // the last entry that playback took
 
   std::stop_source startUpReading_;

@@ -37,14 +37,13 @@ void AppModel::play(MediaItem item) {
   else
     request.resume = record_.resumePosition(item.id).value_or(0);
   const std::optional<MediaItem> before = std::exchange(handedOver_, item);
-  playback_->play(request);
-  // A recording keeps what plays.
-  if (playback_->itemID() != item.id) {
+  if (!playback_->play(request)) {
     handedOver_ = before;
     return;
   }
-  Q_EMIT handedOver();
+  const Announcements::Scope scope(announcements_);
   record_.watch(item);
+  handOver_.note();
   if (habits_ && item.kind == LibraryKind::live) habits_->setLastChannel(item.id);
 }
 

@@ -6,7 +6,6 @@
 #include <QDBusPendingReply>
 #include <array>
 #include <chrono>
-#include <limits>
 
 #include "desktop/bus.h"
 #include "desktop/portal.h"
@@ -20,7 +19,6 @@ using namespace std::chrono_literals;
 
 constexpr uint idle = 8;  // flag of the portal and of the session manager
 constexpr auto patience = 5s;
-// A late answer has to be released, so it is waited for.
 
 const QString program = u"Vantor Player"_s;
 
@@ -105,6 +103,7 @@ void IdleInhibitor::ask(std::size_t service) {
   QDBusMessage message =
       QDBusMessage::createMethodCall(asked.name, asked.path, asked.interface, u"Inhibit"_s);
   message.setArguments(asked.arguments(application_));
+  // A late answer has to be released.
   auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(message, withoutLimit), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this,
           [this, answer, question = ++question_, service] {

@@ -66,11 +66,12 @@ std::optional<QString> Playback::itemID() const {
   return source() ? std::optional(source()->id) : std::nullopt;
 }
 
-void Playback::play(const PlayRequest& request) {
+bool Playback::play(const PlayRequest& request) {
   const Announcements::Scope scope(announcements_);
-  if (!mayChangeSource()) return;
+  if (!mayChangeSource()) return false;
   commanded_.note();
   start(request);
+  return true;
 }
 
 void Playback::retry() {

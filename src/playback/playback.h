@@ -37,8 +37,9 @@ class Playback final : public QObject {
            Output output);
   ~Playback() override;
 
-  /// Refused, with a notice, while a recording runs or is being saved; so is `retry`.
-  void play(const PlayRequest& request);
+  /// Refused, with a notice, while a recording runs or is being saved; so is `retry`. Whether the
+  /// source was taken.
+  bool play(const PlayRequest& request);
   /// Opens the current source again, from its beginning.
   void retry();
   /// Plays the current source from its beginning, without opening it again.

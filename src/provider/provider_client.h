@@ -38,10 +38,10 @@ class ProviderClient {
   static QCoro::Task<ProviderDetails> signIn(ProviderClient client, std::stop_token token);
   static QCoro::Task<Catalog> load(ProviderClient client, LibraryKind kind, OnPart onPart,
                                    std::stop_token token);
-  /// Absent when there are no categories to ask by.
   /// The answer for that category; empty when a server does not know what it has not named itself.
   static QCoro::Task<QByteArray> entriesOf(ProviderClient client, LibraryKind kind,
                                            AskedCategory category, std::stop_token token);
+  /// Absent when there are no categories to ask by.
   static QCoro::Task<std::optional<Catalog>> loadByCategory(ProviderClient client, LibraryKind kind,
                                                             QByteArray categories, OnPart onPart,
                                                             std::stop_token token);
