@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace vantor::bench {
 namespace {
 
-constexpr int frames = 300;
+constexpr int frames = 150;
 
 /// What each frame took: processor time of the main thread, making rows and handing them to the
 /// scene graph; then drawing, which a software renderer does with all there is.
