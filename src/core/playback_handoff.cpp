@@ -36,12 +36,13 @@ void AppModel::play(MediaItem item) {
     request.kind = SourceKind::broadcast;
   else
     request.resume = record_.resumePosition(item.id).value_or(0);
+  // What playback reports of the source before belongs to it.
+  const Announcements::Scope scope(announcements_);
   const std::optional<MediaItem> before = std::exchange(handedOver_, item);
   if (!playback_->play(request)) {
     handedOver_ = before;
     return;
   }
-  const Announcements::Scope scope(announcements_);
   record_.watch(item);
   handOver_.note();
   if (habits_ && item.kind == LibraryKind::live) habits_->setLastChannel(item.id);
